@@ -1,0 +1,21 @@
+# One place for the flags that every target shares.
+add_library(triaxlab_flags INTERFACE)
+target_include_directories(triaxlab_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_options(triaxlab_flags INTERFACE
+  -Wall -Wextra -Wconversion -Wshadow
+  # Sums are rounded at each step as the formulas tell; a fused multiply-add would change last digits.
+  -ffp-contract=off)
+if(TRIAXLAB_WERROR)
+  target_compile_options(triaxlab_flags INTERFACE -Werror)
+endif()
+if(TRIAXLAB_SANITIZE)
+  target_compile_options(triaxlab_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(triaxlab_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+find_program(TRIAXLAB_CCACHE ccache)
+if(TRIAXLAB_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+      ${TRIAXLAB_CCACHE})
+endif()

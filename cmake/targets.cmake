@@ -1,0 +1,24 @@
+# triaxlab_library(NAME SOURCES a.cpp ... LINKS lower floors and packages)
+# One static library for each folder of src/; the name is the folder's.
+function(triaxlab_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  if(ARG_SOURCES)
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_link_libraries(${name} PUBLIC triaxlab_flags ${ARG_LINKS})
+  else()
+    add_library(${name} INTERFACE)
+    target_link_libraries(${name} INTERFACE triaxlab_flags ${ARG_LINKS})
+  endif()
+endfunction()
+
+# triaxlab_test(NAME SOURCES a_test.cpp ... LINKS libraries [ENVIRONMENT A=b ...])
+# A test program on GoogleTest; each of its tests is one CTest test.
+function(triaxlab_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;ENVIRONMENT" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(${name} PRIVATE ${ARG_LINKS} triaxlab_flags GTest::gtest GTest::gmock GTest::gtest_main)
+  target_compile_definitions(${name} PRIVATE
+    TRIAXLAB_SAMPLES="${PROJECT_SOURCE_DIR}/samples" TRIAXLAB_SOURCE="${PROJECT_SOURCE_DIR}")
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES ENVIRONMENT "${ARG_ENVIRONMENT}")
+endfunction()

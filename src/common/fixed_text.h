@@ -1,0 +1,57 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <string_view>
+
+#include "common/gbk.h"
+#include "common/text_number.h"
+
+namespace triaxlab {
+
+/// `text` without the blanks (byte 32 and no other) at both ends.
+constexpr std::string_view Trim(std::string_view text) {
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+/// A text field of a record: N places of GBK, left-justified, blank-padded, never terminated. Blank to begin with.
+/// Bytes that came from a file stay as they are until the field is set.
+template <std::size_t N>
+class FixedText {
+ public:
+  static constexpr std::size_t kWidth = N;
+
+  constexpr FixedText() { m_places.fill(' '); }
+
+  /// All N places.
+  constexpr std::string_view view() const { return {m_places.data(), N}; }
+  constexpr std::string_view trimmed() const { return Trim(view()); }
+  constexpr bool isBlank() const { return trimmed().empty(); }
+  double number() const { return ParseNumber(view()); }
+  constexpr void clear() { m_places.fill(' '); }
+
+  constexpr bool operator==(const FixedText&) const = default;
+
+  /// Stores GBK text, cut at the width in front of the character that doesn't fit whole.
+  friend constexpr void SetText(FixedText& field, std::string_view gbk) {
+    const std::string_view kept = cutWhole(gbk, N);
+    std::copy(kept.begin(), kept.end(), field.m_places.begin());
+    std::fill(field.m_places.begin() + kept.size(), field.m_places.end(), ' ');
+  }
+
+ private:
+  std::array<char, N> m_places;
+};
+
+/// Stores a number through its format and the field's width. A value that is not finite is not stored, as the statement
+/// that would have stored it is abandoned.
+template <std::size_t N>
+void SetNumber(FixedText<N>& field, double value, NumberFormat format) {
+  if (std::isfinite(value)) SetText(field, FormatNumber(value, format));
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace triaxlab {
+
+using Bytes = std::vector<std::byte>;
+
+/// An open file at byte positions. Every failure is a UserError whose sentence names the file and the cause.
+class File {
+ public:
+  enum class Mode : std::uint8_t {
+    Read,    // must exist
+    Update,  // read and write; must exist
+    Create,  // read and write; made, or emptied if it exists
+    Shared,  // read and write; made if it doesn't exist, its content kept
+  };
+  File(std::filesystem::path path, Mode mode);
+  File(File&& other) noexcept;
+  File& operator=(File&& other) noexcept;
+  ~File();
+
+  const std::filesystem::path& path() const { return m_path; }
+  std::uint64_t size() const;
+  /// Fills `into` from `offset`; returns how many bytes there were before the end of the file.
+  std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) const;
+  /// Writes all of `from`; a gap beyond the end fills with zero bytes.
+  void writeAt(std::uint64_t offset, std::span<const std::byte> from);
+  void resize(std::uint64_t size);
+  /// Returns when the content is on the disk.
+  void sync();
+
+ private:
+  std::filesystem::path m_path;
+  int m_descriptor = -1;
+};
+
+bool fileExists(const std::filesystem::path& path);
+bool folderExists(const std::filesystem::path& path);
+/// True when files can be made in the folder.
+bool folderIsWritable(const std::filesystem::path& folder);
+
+/// The whole file, refused by UserError when it is larger than `limit`.
+Bytes readWholeFile(const std::filesystem::path& path, std::uint64_t limit);
+/// Writes beside the file, syncs, and renames over it: the old content stays until the new one stands.
+void writeWholeFile(const std::filesystem::path& path, std::span<const std::byte> content);
+
+void renameFile(const std::filesystem::path& from, const std::filesystem::path& to);
+void removeFile(const std::filesystem::path& path);
+/// Makes the names in a folder durable: call after a file in it was made, renamed or removed.
+void syncFolder(const std::filesystem::path& folder);
+/// Makes one folder and no missing parents. False when that can't be done; true also when it is there already.
+bool makeFolder(const std::filesystem::path& folder);
+
+/// The file of that name in the folder: as spelled, else the first in byte order that is equal but for the case of
+/// A to Z. Nothing when there is none or the folder can't be read.
+std::optional<std::filesystem::path> findFile(const std::filesystem::path& folder, std::string_view name);
+/// findFile, or the path as spelled for a file that is yet to be made.
+std::filesystem::path fileOrNew(const std::filesystem::path& folder, std::string_view name);
+/// Names of the files in a folder that begin with `prefix` and end with `suffix`, both without regard to the case of
+/// A to Z, in ascending order without regard to case. Empty when the folder can't be read.
+std::vector<std::string> listFiles(const std::filesystem::path& folder, std::string_view prefix,
+                                   std::string_view suffix);
+
+/// A stored path text in the system's own spelling: "\" parts folders. The text is UTF-8.
+std::filesystem::path pathFromText(std::string_view utf8);
+/// UTF-8, in the system's own spelling.
+std::string textOfPath(const std::filesystem::path& path);
+
+/// The bytes of a trivially copyable object, for reading and writing records whole.
+template <class T>
+std::span<const std::byte> bytesOf(const T& object) {
+  return std::as_bytes(std::span<const T, 1>(&object, 1));
+}
+template <class T>
+std::span<std::byte> writableBytesOf(T& object) {
+  return std::as_writable_bytes(std::span<T, 1>(&object, 1));
+}
+
+}  // namespace triaxlab

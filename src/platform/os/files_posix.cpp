@@ -1,0 +1,258 @@
+// Files on POSIX systems. Every call that a signal can interrupt is repeated; every failure names the file.
+#include <dirent.h>
+#include <fcntl.h>
+#include <fmt/core.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include "common/user_error.h"
+#include "platform/files.h"
+
+namespace triaxlab {
+namespace {
+
+/// The cause of a failed system call in the technician's language.
+std::string causeOf(int error) {
+  switch (error) {
+    case ENOENT:
+      return "没有这个文件或文件夹";
+    case EACCES:
+    case EPERM:
+      return "没有读写权限";
+    case EISDIR:
+      return "它是一个文件夹";
+    case ENOTDIR:
+      return "路径中有一段不是文件夹";
+    case ENOSPC:
+    case EDQUOT:
+      return "磁盘已满";
+    case EROFS:
+      return "磁盘是只读的";
+    case EIO:
+      return "磁盘读写错误";
+    case ENAMETOOLONG:
+      return "名称太长";
+    case EMFILE:
+    case ENFILE:
+      return "打开的文件太多";
+    default:
+      return std::strerror(error);
+  }
+}
+
+[[noreturn]] void fail(std::string_view deed, const std::filesystem::path& path, int error) {
+  throw UserError(fmt::format("{}“{}”失败：{}。", deed, textOfPath(path), causeOf(error)));
+}
+
+template <class Call>
+auto repeatInterrupted(Call call) {
+  auto result = call();
+  while (result < 0 && errno == EINTR) result = call();
+  return result;
+}
+
+char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+std::string lowered(std::string_view text) {
+  std::string result(text);
+  std::transform(result.begin(), result.end(), result.begin(), [](char c) { return lowered(c); });
+  return result;
+}
+
+/// The names in a folder, in no order; empty when it can't be read.
+std::vector<std::string> namesIn(const std::filesystem::path& folder) {
+  std::vector<std::string> names;
+  if (DIR* const open = opendir(folder.c_str())) {
+    while (const dirent* const entry = readdir(open)) names.emplace_back(entry->d_name);
+    closedir(open);
+  }
+  return names;
+}
+
+int openFlags(File::Mode mode) {
+  switch (mode) {
+    case File::Mode::Read:
+      return O_RDONLY;
+    case File::Mode::Update:
+      return O_RDWR;
+    case File::Mode::Create:
+      return O_RDWR | O_CREAT | O_TRUNC;
+    case File::Mode::Shared:
+      return O_RDWR | O_CREAT;
+  }
+  return O_RDONLY;
+}
+
+}  // namespace
+
+File::File(std::filesystem::path path, Mode mode) : m_path(std::move(path)) {
+  m_descriptor = repeatInterrupted([&] { return open(m_path.c_str(), openFlags(mode) | O_CLOEXEC, 0666); });
+  if (m_descriptor < 0) fail("打开文件", m_path, errno);
+  struct stat status {};
+  if (fstat(m_descriptor, &status) == 0 && !S_ISDIR(status.st_mode)) return;
+  const int error = S_ISDIR(status.st_mode) ? EISDIR : errno;
+  close(m_descriptor);
+  fail("打开文件", m_path, error);
+}
+
+File::File(File&& other) noexcept
+    : m_path(std::move(other.m_path)), m_descriptor(std::exchange(other.m_descriptor, -1)) {}
+
+File& File::operator=(File&& other) noexcept {
+  std::swap(m_path, other.m_path);
+  std::swap(m_descriptor, other.m_descriptor);
+  return *this;
+}
+
+File::~File() {
+  if (m_descriptor >= 0) close(m_descriptor);
+}
+
+std::uint64_t File::size() const {
+  struct stat status {};
+  if (fstat(m_descriptor, &status) != 0) fail("读取文件", m_path, errno);
+  return static_cast<std::uint64_t>(status.st_size);
+}
+
+std::size_t File::readAt(std::uint64_t offset, std::span<std::byte> into) const {
+  std::size_t done = 0;
+  while (done < into.size()) {
+    const ssize_t got = repeatInterrupted(
+        [&] { return pread(m_descriptor, into.data() + done, into.size() - done, static_cast<off_t>(offset + done)); });
+    if (got < 0) fail("读取文件", m_path, errno);
+    if (got == 0) break;
+    done += static_cast<std::size_t>(got);
+  }
+  return done;
+}
+
+void File::writeAt(std::uint64_t offset, std::span<const std::byte> from) {
+  std::size_t done = 0;
+  while (done < from.size()) {
+    const ssize_t put = repeatInterrupted([&] {
+      return pwrite(m_descriptor, from.data() + done, from.size() - done, static_cast<off_t>(offset + done));
+    });
+    if (put < 0) fail("写入文件", m_path, errno);
+    done += static_cast<std::size_t>(put);
+  }
+}
+
+void File::resize(std::uint64_t size) {
+  if (repeatInterrupted([&] { return ftruncate(m_descriptor, static_cast<off_t>(size)); }) != 0)
+    fail("写入文件", m_path, errno);
+}
+
+void File::sync() {
+  if (repeatInterrupted([&] { return fsync(m_descriptor); }) != 0) fail("写入文件", m_path, errno);
+}
+
+bool fileExists(const std::filesystem::path& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+}
+
+bool folderExists(const std::filesystem::path& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+bool folderIsWritable(const std::filesystem::path& folder) { return access(folder.c_str(), W_OK | X_OK) == 0; }
+
+Bytes readWholeFile(const std::filesystem::path& path, std::uint64_t limit) {
+  const File file(path, File::Mode::Read);
+  const std::uint64_t size = file.size();
+  if (size > limit)
+    throw UserError(fmt::format("文件“{}”太大：{} 字节，最多 {} 字节。", textOfPath(path), size, limit));
+  Bytes content(size);
+  content.resize(file.readAt(0, content));
+  return content;
+}
+
+void writeWholeFile(const std::filesystem::path& path, std::span<const std::byte> content) {
+  std::filesystem::path beside = path;
+  beside += ".new";
+  try {
+    File file(beside, File::Mode::Create);
+    file.writeAt(0, content);
+    file.sync();
+    struct stat old {};
+    if (stat(path.c_str(), &old) == 0) chmod(beside.c_str(), old.st_mode & 07777);
+    renameFile(beside, path);
+  } catch (const UserError&) {
+    unlink(beside.c_str());
+    throw;
+  }
+  syncFolder(path.parent_path());
+}
+
+void renameFile(const std::filesystem::path& from, const std::filesystem::path& to) {
+  if (rename(from.c_str(), to.c_str()) != 0) fail("写入文件", to, errno);
+}
+
+void removeFile(const std::filesystem::path& path) {
+  if (unlink(path.c_str()) != 0 && errno != ENOENT) fail("删除文件", path, errno);
+}
+
+void syncFolder(const std::filesystem::path& folder) {
+  const char* const name = folder.empty() ? "." : folder.c_str();
+  const int descriptor = repeatInterrupted([&] { return open(name, O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
+  if (descriptor < 0) fail("打开文件夹", folder, errno);
+  const int result = repeatInterrupted([&] { return fsync(descriptor); });
+  const int error = errno;
+  close(descriptor);
+  // Some network file systems can't sync a folder and say so with EINVAL; there is nothing more to be done there.
+  if (result != 0 && error != EINVAL) fail("写入文件夹", folder, error);
+}
+
+bool makeFolder(const std::filesystem::path& folder) {
+  return mkdir(folder.c_str(), 0777) == 0 || folderExists(folder);
+}
+
+std::optional<std::filesystem::path> findFile(const std::filesystem::path& folder, std::string_view name) {
+  if (name.empty() || name.find('/') != std::string_view::npos) return std::nullopt;
+  std::filesystem::path asSpelled = folder / std::string(name);
+  struct stat status {};
+  if (stat(asSpelled.c_str(), &status) == 0) return asSpelled;
+  const std::string wanted = lowered(name);
+  std::optional<std::string> first;
+  for (std::string& candidate : namesIn(folder))
+    if (lowered(candidate) == wanted && (!first || candidate < *first)) first = std::move(candidate);
+  if (!first) return std::nullopt;
+  return folder / *first;
+}
+
+std::filesystem::path fileOrNew(const std::filesystem::path& folder, std::string_view name) {
+  return findFile(folder, name).value_or(folder / std::string(name));
+}
+
+std::vector<std::string> listFiles(const std::filesystem::path& folder, std::string_view prefix,
+                                   std::string_view suffix) {
+  const std::string begin = lowered(prefix), end = lowered(suffix);
+  std::vector<std::string> names;
+  for (std::string& name : namesIn(folder)) {
+    const std::string low = lowered(name);
+    if (low.size() >= begin.size() + end.size() && low.starts_with(begin) && low.ends_with(end) &&
+        fileExists(folder / name))
+      names.push_back(std::move(name));
+  }
+  std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+    const std::string lowA = lowered(a), lowB = lowered(b);
+    return lowA != lowB ? lowA < lowB : a < b;
+  });
+  return names;
+}
+
+std::filesystem::path pathFromText(std::string_view utf8) {
+  std::string text(utf8);
+  std::replace(text.begin(), text.end(), '\\', '/');
+  return text;
+}
+
+std::string textOfPath(const std::filesystem::path& path) { return path.string(); }
+
+}  // namespace triaxlab

@@ -1,0 +1,28 @@
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <string>
+#include <thread>
+
+#include "platform/files.h"
+#include "platform/process.h"
+
+extern char** environ;  // NOLINT(readability-redundant-declaration): POSIX leaves its declaration to the program
+
+namespace triaxlab {
+
+void startProgram(const std::filesystem::path& program) {
+  // The tools are known by their Windows names; elsewhere the same name may stand without ".exe".
+  std::filesystem::path file = program;
+  if (!fileExists(file) || access(file.c_str(), X_OK) != 0) file.replace_extension();
+  if (!fileExists(file) || access(file.c_str(), X_OK) != 0) return;
+  std::string name = file.string();
+  char* arguments[] = {name.data(), nullptr};
+  pid_t child = 0;
+  if (posix_spawn(&child, name.c_str(), nullptr, nullptr, arguments, environ) != 0) return;
+  // Nobody waits for the tool itself, but its ended process must be collected.
+  std::thread([child] { waitpid(child, nullptr, 0); }).detach();
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/drawing_surface.h"
+
+namespace triaxlab {
+
+struct PageSize {
+  int width = 11906, height = 16838;  // twips
+  bool operator==(const PageSize&) const = default;
+};
+inline constexpr PageSize kA4{11906, 16838};
+inline constexpr PageSize kDotMatrixPage{11904, 15870};
+inline constexpr PageSize kA3SideBySide{23810, 16841};
+
+/// What turns pages into paper, a PDF, pictures or a recording. Pages come one after the other and are not kept.
+/// A file that can't be written is a UserError.
+class PageDevice {
+ public:
+  virtual ~PageDevice() = default;
+  /// Begins a page; the surface is valid until endPage.
+  virtual DrawingSurface& beginPage(PageSize size) = 0;
+  virtual void endPage() = 0;
+  /// Ends the document; what it wrote is complete only then.
+  virtual void finish() = 0;
+};
+
+}  // namespace triaxlab

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace triaxlab {
+
+/// Positioned writes to several files below one data folder that reach the disk all together or not at all.
+///
+/// Writes are collected in memory; reads through the update see them. `commit` writes them to a journal in the data
+/// folder, syncs it, applies it to the files, syncs them, and removes the journal. A program killed at any point leaves
+/// files that `recover` makes wholly old (incomplete journal) or wholly new (complete journal).
+class FileUpdate {
+ public:
+  explicit FileUpdate(std::filesystem::path dataFolder);
+  ~FileUpdate();  // what was not committed is dropped
+  FileUpdate(const FileUpdate&) = delete;
+  FileUpdate& operator=(const FileUpdate&) = delete;
+
+  bool exists(const std::filesystem::path& file) const;
+  std::uint64_t size(const std::filesystem::path& file) const;
+  /// As File::readAt, with the pending writes in place.
+  std::size_t readAt(const std::filesystem::path& file, std::uint64_t offset, std::span<std::byte> into) const;
+  /// The file is made by the commit when it doesn't exist.
+  void writeAt(const std::filesystem::path& file, std::uint64_t offset, std::span<const std::byte> from);
+  /// All or nothing. A failure before the journal is complete leaves everything old and is a UserError.
+  void commit();
+
+  /// Applies a complete journal of the data folder, drops an incomplete one. Called at start and before an open.
+  static void recover(const std::filesystem::path& dataFolder);
+
+ private:
+  struct State;
+  std::unique_ptr<State> m_state;
+};
+
+}  // namespace triaxlab

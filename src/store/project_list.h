@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "store/project_kinds.h"
+#include "store/workspace.h"
+
+namespace triaxlab {
+
+/// A row of the project browser, texts UTF-8 and trimmed.
+struct ProjectListRow {
+  std::string fileName;
+  std::string projectNo;  // the file name, when the file can't be read as a project file
+  std::string sampleCount;
+  std::string createdDate;
+  std::string processedDate;
+  std::string operatorName;
+};
+
+/// The project files of a kind by file name; at most 1001.
+std::vector<ProjectListRow> listProjects(const Workspace& workspace, ProjectKind kind);
+
+/// A row of a project's sample list, texts UTF-8 and trimmed.
+struct SampleListRow {
+  std::size_t recordIndex = 0;  // position in the file, from 0
+  bool deleteMark = false;
+  std::string sampleNo;
+  std::string boreholeNo;
+  std::string samplingDepth;
+};
+
+/// The samples of a project file with what the summary file knows of them. UserError as openProject.
+std::vector<SampleListRow> listSamples(const Workspace& workspace, ProjectKind kind, std::string_view fileName);
+
+}  // namespace triaxlab

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "common/user_error.h"
+#include "store/workspace.h"
+
+namespace triaxlab {
+
+/// One sample of an import that its project file already knows, as Form10 lists it.
+struct KnownSample {
+  std::size_t row;  // of the table; keepExisting[row] is the answer
+};
+
+/// Shown at a save of an import: lets the technician set keepExisting for the known samples. All flags are cleared
+/// before.
+using OverwriteChooser = std::function<void(Workspace& workspace, const std::vector<KnownSample>& known)>;
+
+/// What a save has to say when it is done. `errors` name what could not be written (a project number that can't be a
+/// file name, a full file); everything else was written.
+struct SaveReport {
+  std::string title;    // "保存数据"
+  std::string message;  // "三轴试验数据保存完毕"
+  std::vector<std::string> errors;
+};
+
+/// Saves the triaxial table into its project files and the summary files, all or nothing on disk.
+/// UserError when nothing was written (disk full, no right to write, data folder gone).
+SaveReport saveTriaxial(Workspace& workspace, const OverwriteChooser& chooseOverwrites);
+
+}  // namespace triaxlab

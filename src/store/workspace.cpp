@@ -1,0 +1,25 @@
+#include "store/workspace.h"
+
+#include <algorithm>
+
+namespace triaxlab {
+
+Workspace::Workspace()
+    : TriaxialSampleTable(kTableRows),
+      UnconfinedSampleTable(kTableRows),
+      K0SampleTable(kTableRows),
+      TK0SampleTable(kTableRows),
+      SampleDisplayTable(kTableRows) {}
+
+std::optional<std::string_view> Workspace::projectTestDate(std::string_view projectNo) const {
+  const auto row = std::find_if(ProjectDateTable.begin(), ProjectDateTable.end(),
+                                [projectNo](const ProjectDate& date) { return date.projectNo.trimmed() == projectNo; });
+  if (row == ProjectDateTable.end()) return std::nullopt;
+  return row->testDate.trimmed();
+}
+
+void Workspace::clearProjectDates() { ProjectDateTable.fill({}); }
+
+void Workspace::clearLocations() { std::fill(SampleDisplayTable.begin(), SampleDisplayTable.end(), SampleLocation{}); }
+
+}  // namespace triaxlab

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <array>
+#include <bitset>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "common/date.h"
+#include "common/fixed_text.h"
+#include "common/settings.h"
+#include "k0/record.h"
+#include "store/project_header.h"
+#include "triaxial/record.h"
+#include "unconfined/record.h"
+
+namespace triaxlab {
+
+/// Rows of every sample table: the largest number of samples that can be open.
+inline constexpr std::size_t kTableRows = 1001;
+/// Rows of the project date table.
+inline constexpr std::size_t kProjectDateRows = 101;
+/// The largest number of samples in a file; its four-place count ends one below.
+inline constexpr int kLargestSampleCount = 10000;
+
+/// Values of `activeDocument`: the window on which save, print and intervention act.
+enum ActiveDocument : std::int16_t {
+  kNoDocument = 0,
+  kForm1 = 1,
+  kForm2 = 2,
+  kForm7 = 7,
+  kForm4 = 10,
+  kForm6 = 20,
+  kForm9 = 30,
+};
+
+/// Borehole, depth and place of the sample in the same row of the sample table.
+struct SampleLocation {
+  FixedText<15> boreholeNo;
+  FixedText<15> samplingDepth;
+  FixedText<30> samplingSpot;
+  bool operator==(const SampleLocation&) const = default;
+};
+
+struct ProjectDate {
+  FixedText<15> projectNo;
+  FixedText<10> testDate;
+  bool operator==(const ProjectDate&) const = default;
+};
+
+/// Year, month and day under which a save dates a project; blank for today.
+struct ProcessingDate {
+  FixedText<4> year;
+  FixedText<2> month;
+  FixedText<2> day;
+
+  /// False when the three texts sum to 0 as numbers.
+  bool isSet() const { return year.number() + month.number() + day.number() != 0; }
+  bool operator==(const ProcessingDate&) const = default;
+};
+
+/// A text box of the document window over a field of each project's summary file.
+struct TitleText {
+  std::string text;    // GBK
+  bool typed = false;  // a typed text goes to every project of the table, another to the project that it came from
+};
+
+template <class Record>
+using SampleTable = std::vector<Record>;  // always kTableRows rows
+
+/// The tables and variables that all share, alive from start to end. Built by main and handed down by reference;
+/// windows and operations work on the rows in place, and a table outlives the closing of its window.
+struct Workspace {
+  Workspace();
+
+  std::filesystem::path applicationFolder;  // settings files and sibling tools
+  std::filesystem::path dataFolder;         // HSZS, ZMSJ and PTU
+  std::string sourceFolder = "c:\\qvb";     // UTF-8; folder of the current raw source
+  std::string winTriaxialDatxFolder;
+  std::string winUnconfinedDatxFolder;
+  std::optional<Date> fixedToday;  // taken as today, for results that can be repeated
+
+  Settings settings;
+
+  std::int16_t activeDocument = kNoDocument;
+  std::int16_t openDialogKind = 0;
+  bool rawImportPending = false;  // the table holds an import: a save first asks which known samples to overwrite
+
+  SampleTable<TriaxialSampleRecord> TriaxialSampleTable;
+  SampleTable<UnconfinedSampleRecord> UnconfinedSampleTable;
+  SampleTable<K0SampleRecord> K0SampleTable;
+  SampleTable<TK0SampleRecord> TK0SampleTable;
+  std::vector<SampleLocation> SampleDisplayTable;  // kTableRows
+  std::array<ProjectDate, kProjectDateRows> ProjectDateTable;
+  std::bitset<kTableRows> keepExisting;  // rows whose known sample a save of an import leaves alone
+
+  ProjectHeader projectHeader;
+  ProcessingDate processingDate;
+  FixedText<100> controlledDocNo;  // Text9
+  TitleText projectName;           // Text5
+  TitleText secondTitleLine;       // TextW(3)
+
+  Date today() const { return fixedToday.value_or(systemToday()); }
+  std::filesystem::path projectFolder() const { return dataFolder / "HSZS"; }
+  std::filesystem::path summaryFolder() const { return dataFolder / "ZMSJ"; }
+  std::filesystem::path pictureFolder() const { return dataFolder / "PTU"; }
+
+  /// The first row of ProjectDateTable with this project (trimmed); nothing when there is none.
+  std::optional<std::string_view> projectTestDate(std::string_view projectNo) const;
+  void clearProjectDates();
+  void clearLocations();
+};
+
+}  // namespace triaxlab

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+
+#include "triaxial/envelope.h"
+#include "triaxial/failure.h"
+#include "triaxial/record.h"
+#include "triaxial/stress_path.h"
+
+namespace triaxlab {
+
+/// The six plots of a triaxial sample; the values are those of `currentCurvePage`.
+enum class CurvePage : std::uint8_t {
+  StressStrain = 1,              // 主应力差与轴向应变曲线
+  StressRatioEnvelope = 2,       // 应力比强度包线
+  StressDifferenceEnvelope = 3,  // 应力差强度包线
+  StressPath = 4,                // 应力路径曲线
+  PorePressure = 5,              // 孔隙压力与轴向应变曲线
+  StressRatio = 6,               // 有效应力比与轴向应变曲线
+};
+
+/// What showing a page works out before anything is drawn.
+struct PageResults {
+  FailureRows failureRows;  // pages 2 and 3
+  Envelopes envelopes;      // pages 2 and 3
+  PathLine pathLine;        // page 4
+};
+
+/// The page that a sample really shows when `wanted` is asked for: methods other than CU have neither the envelope by
+/// ratio (page 3 takes its place) nor pages above 3 (page 1).
+CurvePage pageOf(const TriaxialSampleRecord& record, CurvePage wanted);
+
+/// Runs the page's failure mode and fits, storing their results in the record as a display of the page does.
+PageResults computePage(TriaxialSampleRecord& record, CurvePage page, NumberFormat cohesionFormat);
+
+}  // namespace triaxlab

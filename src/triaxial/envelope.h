@@ -1,0 +1,29 @@
+#pragma once
+
+#include "common/text_number.h"
+#include "triaxial/record.h"
+
+namespace triaxlab {
+
+/// One strength envelope in the plane of normal stress and shear stress.
+struct Envelope {
+  double tanPhi = 0;
+  double cohesion = 0;  // kPa
+  bool exists = false;  // false: circles only, no line
+};
+struct Envelopes {
+  Envelope total;
+  Envelope effective;  // for CU
+};
+
+/// Degrees of an angle given by its tangent, and the way back. The two use different values of pi on purpose.
+double degreesOfTangent(double tangent);
+double tangentOfDegrees(double degrees);
+
+/// The total fit of the opening pass over `failedStages` stages: stores frictionAngle, cohesionTenths and cohesionText.
+void fitTotalEnvelope(TriaxialSampleRecord& record, int failedStages, NumberFormat cohesionFormat);
+
+/// The envelopes of the sample on display: fitted and stored, or, once adjusted by hand, read back from the record.
+Envelopes envelopesOfPage(TriaxialSampleRecord& record, NumberFormat cohesionFormat);
+
+}  // namespace triaxlab

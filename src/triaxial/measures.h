@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "common/text_number.h"
+#include "triaxial/record.h"
+
+namespace triaxlab {
+
+/// A stage whose cell pressure reads as 0 is not used.
+inline bool StageUsed(const TriaxialSampleRecord& record, std::size_t stage) {
+  return record.cellPressure[stage].number() != 0;
+}
+
+/// The axial strain as its seven-digit text reads, percent. Compared with a strain limit in this form.
+inline double ReadStrain(const TriaxialSampleRecord& record, std::size_t stage, std::size_t row) {
+  return ThroughSevenDigits(record.axialStrain[row][stage]);
+}
+
+/// Limits of 35 to 220 tenths of a percent stand, any other becomes 150 in the record. Returns them in percent.
+PerStage<double> ClampFailureLimit(TriaxialSampleRecord& record);
+
+/// True for a test of several stages on one specimen, as captions and strain tables see it.
+inline bool isMultiStage(const TriaxialSampleRecord& record) { return record.shearMode == 2 || record.shearMode == 3; }
+
+}  // namespace triaxlab

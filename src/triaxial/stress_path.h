@@ -1,0 +1,16 @@
+#pragma once
+
+#include "triaxial/record.h"
+
+namespace triaxlab {
+
+/// The line through the effective failure points (centre, radius) of a CU sample. The angle shown is that of the line.
+struct PathLine {
+  double slope = 0;
+  double intercept = 0;  // kPa
+};
+
+/// Fitted and stored, or, once adjusted by hand, read back from the record.
+PathLine stressPathOfPage(TriaxialSampleRecord& record);
+
+}  // namespace triaxlab
