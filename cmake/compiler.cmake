@@ -12,6 +12,10 @@ if(TRIAXLAB_SANITIZE)
   target_compile_options(triaxlab_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(triaxlab_flags INTERFACE -fsanitize=address,undefined)
 endif()
+if(TRIAXLAB_FUZZ)
+  # libFuzzer steers by the branches that an input reaches, so the readers themselves are instrumented.
+  target_compile_options(triaxlab_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 find_program(TRIAXLAB_CCACHE ccache)
 if(TRIAXLAB_CCACHE)
