@@ -26,8 +26,8 @@ struct PageResults {
   PathLine pathLine;        // page 4
 };
 
-/// The page that a sample really shows when `wanted` is asked for: methods other than CU have neither the envelope by
-/// ratio (page 3 takes its place) nor pages above 3 (page 1).
+/// The page that a sample really shows when `wanted` is asked for: UU has no pages above 3 (page 1 takes their place),
+/// and only CU has the envelope by stress ratio (page 3 takes its place).
 CurvePage pageOf(const TriaxialSampleRecord& record, CurvePage wanted);
 
 /// Runs the page's failure mode and fits, storing their results in the record as a display of the page does.
