@@ -1,0 +1,158 @@
+#include "layering/include_rules.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <span>
+
+namespace triaxlab::layering {
+namespace {
+
+/// A folder of src/ and the floor that it stands on. A file includes from its own folder, from the folders around it
+/// (an implementation from its interface), and from lower floors.
+struct Room {
+  std::string_view folder;
+  int floor;
+};
+
+constexpr std::array kRooms{
+    Room{"common", 1},
+    Room{"platform", 2},
+    Room{"platform/jet", 2},
+    Room{"platform/os", 2},
+    Room{"platform/qt", 2},
+    Room{"platform/xls", 2},
+    Room{"k0", 3},
+    Room{"k0/charts", 3},
+    Room{"triaxial", 3},
+    Room{"triaxial/charts", 3},
+    Room{"unconfined", 3},
+    Room{"unconfined/charts", 3},
+    Room{"store", 4},
+    Room{"excel", 5},
+    Room{"importers", 5},
+    Room{"reports", 5},
+    Room{"k0/session", 6},
+    Room{"shell", 6},
+    Room{"triaxial/session", 6},
+    Room{"unconfined/session", 6},
+    Room{"cli", 7},
+    Room{"windows", 7},
+    Room{"", 8},  // main.cpp, which opens the doors of the house
+};
+
+constexpr std::array<std::string_view, 4> kKnowQt{"main.cpp", "windows/", "platform/qt/", "cli/page_devices.cpp"};
+constexpr std::array<std::string_view, 2> kKnowTheSystem{"platform/os/", "platform/jet/"};
+constexpr std::array<std::string_view, 1> kKnowJet{"platform/jet/"};
+constexpr std::array<std::string_view, 1> kKnowWorkbooks{"platform/xls/"};
+constexpr std::array<std::string_view, 1> kReadsArguments{"cli/"};
+
+/// Headers from outside the house that only some rooms know, each by how its name begins.
+struct Door {
+  std::string_view header;
+  std::span<const std::string_view> rooms;  // beginnings of paths
+};
+
+constexpr std::array kDoors{
+    Door{"Q", kKnowQt},
+    Door{"platform/qt/", kKnowQt},
+    Door{"unistd.h", kKnowTheSystem},
+    Door{"fcntl.h", kKnowTheSystem},
+    Door{"dirent.h", kKnowTheSystem},
+    Door{"sys/", kKnowTheSystem},
+    Door{"glib", kKnowJet},
+    Door{"mdb", kKnowJet},
+    Door{"sqlite3", kKnowJet},
+    Door{"xlsxwriter", kKnowWorkbooks},
+    Door{"CLI/", kReadsArguments},
+};
+
+std::string_view folderOf(std::string_view path) {
+  const auto slash = path.rfind('/');
+  return slash == std::string_view::npos ? std::string_view{} : path.substr(0, slash);
+}
+
+std::optional<int> floorOf(std::string_view folder) {
+  const auto* const room =
+      std::find_if(kRooms.begin(), kRooms.end(), [&](const Room& r) { return r.folder == folder; });
+  if (room == kRooms.end()) return std::nullopt;
+  return room->floor;
+}
+
+bool isWithin(std::string_view folder, std::string_view around) {
+  return folder == around || (folder.starts_with(around) && folder[around.size()] == '/');
+}
+
+/// Our own headers are told from src/ and have a folder of the house in front.
+bool isOurs(std::string_view header) {
+  const std::string_view top = header.substr(0, header.find('/'));
+  return top != header && std::any_of(kRooms.begin(), kRooms.end(), [&](const Room& r) { return r.folder == top; });
+}
+
+std::string floorViolation(const SourceFile& file, std::string_view header) {
+  const std::string_view from = folderOf(file.path), to = folderOf(header);
+  const std::optional<int> own = floorOf(from), other = floorOf(to);
+  if (!own) return {};  // told once for the whole file
+  if (!other) return fmt::format("{} includes {}, whose folder stands on no floor", file.path, header);
+  if (*other < *own || isWithin(from, to)) return {};
+  return fmt::format("{} (floor {}) includes {} (floor {})", file.path, *own, header, *other);
+}
+
+std::string doorViolation(const SourceFile& file, std::string_view header) {
+  for (const Door& door : kDoors) {
+    if (!header.starts_with(door.header)) continue;
+    const bool known = std::any_of(door.rooms.begin(), door.rooms.end(),
+                                   [&](std::string_view room) { return file.path.starts_with(room); });
+    if (!known) return fmt::format("{} includes {}, which only {} may", file.path, header, fmt::join(door.rooms, ", "));
+  }
+  return {};
+}
+
+std::string_view withoutBlanks(std::string_view text) {
+  const auto first = text.find_first_not_of(" \t");
+  return first == std::string_view::npos ? std::string_view{} : text.substr(first);
+}
+
+/// What the line includes, between its brackets or quotation marks; empty for any other line.
+std::string_view includeOf(std::string_view line) {
+  line = withoutBlanks(line);
+  if (!line.starts_with('#')) return {};
+  line = withoutBlanks(line.substr(1));
+  constexpr std::string_view kInclude = "include";
+  if (!line.starts_with(kInclude)) return {};
+  line = withoutBlanks(line.substr(kInclude.size()));
+  if (line.empty() || (line[0] != '<' && line[0] != '"')) return {};
+  const auto end = line.find(line[0] == '<' ? '>' : '"', 1);
+  return end == std::string_view::npos ? std::string_view{} : line.substr(1, end - 1);
+}
+
+}  // namespace
+
+std::vector<std::string> includesOf(std::string_view text) {
+  std::vector<std::string> includes;
+  while (!text.empty()) {
+    const auto end = std::min(text.find('\n'), text.size());
+    if (const std::string_view header = includeOf(text.substr(0, end)); !header.empty()) includes.emplace_back(header);
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return includes;
+}
+
+std::vector<std::string> violationsOf(const SourceFile& file) {
+  std::vector<std::string> found;
+  const auto add = [&found](std::string sentence) {
+    if (!sentence.empty()) found.push_back(std::move(sentence));
+  };
+  if (!floorOf(folderOf(file.path))) add(fmt::format("{}: the folder stands on no floor", file.path));
+  for (const std::string& header : includesOf(file.text)) {
+    if (header.find("..") != std::string::npos)
+      add(fmt::format("{} includes {}, not told from src", file.path, header));
+    if (isOurs(header)) add(floorViolation(file, header));
+    add(doorViolation(file, header));
+  }
+  return found;
+}
+
+}  // namespace triaxlab::layering

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace triaxlab::layering {
+
+/// A file of src/, its path told from there with "/".
+struct SourceFile {
+  std::string path;
+  std::string text;
+};
+
+/// What an #include names, in the order of the file.
+std::vector<std::string> includesOf(std::string_view text);
+
+/// One sentence for each #include of the file that a floor or a door forbids; empty when all is well.
+std::vector<std::string> violationsOf(const SourceFile& file);
+
+}  // namespace triaxlab::layering

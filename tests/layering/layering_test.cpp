@@ -1,0 +1,123 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "layering/include_rules.h"
+
+namespace triaxlab::layering {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::vector<SourceFile> filesOfTheHouse() {
+  const std::filesystem::path root = std::filesystem::path(TRIAXLAB_SOURCE) / "src";
+  std::vector<SourceFile> files;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
+    const auto extension = entry.path().extension();
+    if (extension != ".h" && extension != ".cpp") continue;
+    std::ifstream in(entry.path(), std::ios::binary);
+    files.push_back({std::filesystem::relative(entry.path(), root).generic_string(),
+                     std::string(std::istreambuf_iterator<char>(in), {})});
+  }
+  return files;
+}
+
+std::vector<std::string> violationsIn(std::string_view path, std::string_view include) {
+  return violationsOf({std::string(path), "#include " + std::string(include) + "\n"});
+}
+
+TEST(Layering, EveryIncludeOfTheHouseKeepsTheFloors) {
+  const auto files = filesOfTheHouse();
+  std::size_t includes = 0;
+  for (const SourceFile& file : files) {
+    includes += includesOf(file.text).size();
+    EXPECT_THAT(violationsOf(file), IsEmpty());
+  }
+  // Reading the wrong folder, or no include at all, must not pass for a tidy house.
+  EXPECT_GT(files.size(), 20U);
+  EXPECT_GT(includes, 100U);
+}
+
+TEST(Layering, IncludesAreFoundHoweverTheyAreWritten) {
+  EXPECT_THAT(includesOf("#pragma once\n#include <array>\n  #  include \"common/gbk.h\"\r\n// #include <no>\n"
+                         "#include<vector> // why\nint include;\n#include \"last.h\""),
+              ElementsAre("array", "common/gbk.h", "vector", "last.h"));
+}
+
+TEST(Layering, OwnFolderAndLowerFloorsAreOpen) {
+  EXPECT_THAT(violationsIn("common/gbk.cpp", "\"common/gbk.h\""), IsEmpty());
+  EXPECT_THAT(violationsIn("store/workspace.h", "\"triaxial/record.h\""), IsEmpty());
+  EXPECT_THAT(violationsIn("triaxial/session/curve_session.h", "\"triaxial/charts/frame.h\""), IsEmpty());
+  EXPECT_THAT(violationsIn("main.cpp", "\"windows/main_window.h\""), IsEmpty());
+}
+
+TEST(Layering, AnImplementationSeesItsInterface) {
+  EXPECT_THAT(violationsIn("platform/os/files_posix.cpp", "\"platform/files.h\""), IsEmpty());
+  EXPECT_THAT(violationsIn("triaxial/charts/frame.cpp", "\"triaxial/record.h\""), IsEmpty());
+}
+
+TEST(Layering, AHigherFloorIsRefused) {
+  EXPECT_THAT(violationsIn("common/gbk.cpp", "\"platform/files.h\""),
+              ElementsAre("common/gbk.cpp (floor 1) includes platform/files.h (floor 2)"));
+  EXPECT_THAT(violationsIn("triaxial/failure.cpp", "\"store/workspace.h\""),
+              ElementsAre("triaxial/failure.cpp (floor 3) includes store/workspace.h (floor 4)"));
+  EXPECT_THAT(violationsIn("triaxial/failure.cpp", "\"triaxial/session/curve_session.h\""),
+              ElementsAre("triaxial/failure.cpp (floor 3) includes triaxial/session/curve_session.h (floor 6)"));
+  EXPECT_THAT(violationsIn("windows/main_window.cpp", "<cli/run.h>"),
+              ElementsAre("windows/main_window.cpp (floor 7) includes cli/run.h (floor 7)"));
+}
+
+TEST(Layering, ANeighbourOnTheSameFloorIsRefused) {
+  EXPECT_THAT(violationsIn("triaxial/failure.cpp", "\"k0/record.h\""),
+              ElementsAre("triaxial/failure.cpp (floor 3) includes k0/record.h (floor 3)"));
+  EXPECT_THAT(violationsIn("importers/automatic.cpp", "\"reports/page.h\""),
+              ElementsAre("importers/automatic.cpp (floor 5) includes reports/page.h (floor 5)"));
+}
+
+TEST(Layering, AnInterfaceDoesNotSeeItsImplementation) {
+  EXPECT_THAT(violationsIn("platform/jet_database.h", "\"platform/jet/jet_reader.h\""),
+              ElementsAre("platform/jet_database.h (floor 2) includes platform/jet/jet_reader.h (floor 2)"));
+}
+
+TEST(Layering, OnlyTheWindowsAndTheQtDoorsKnowQt) {
+  constexpr const char* kOnly = ", which only main.cpp, windows/, platform/qt/, cli/page_devices.cpp may";
+  for (const char* const header : {"QString", "QtGlobal", "QtWidgets/QLabel"}) {
+    const std::string include = "<" + std::string(header) + ">";
+    for (const char* const path :
+         {"windows/curve_window.cpp", "platform/qt/painter_surface.cpp", "main.cpp", "cli/page_devices.cpp"})
+      EXPECT_THAT(violationsIn(path, include), IsEmpty());
+    for (const std::string path : {"common/gbk.cpp", "platform/os/files_posix.cpp",
+                                   "triaxial/session/curve_session.cpp", "cli/commands.cpp", "shell/startup.cpp"})
+      EXPECT_THAT(violationsIn(path, include), ElementsAre(path + " includes " + header + kOnly));
+  }
+  EXPECT_THAT(violationsIn("reports/print_job.cpp", "\"platform/qt/pdf_device.h\""),
+              ElementsAre(std::string("reports/print_job.cpp includes platform/qt/pdf_device.h") + kOnly));
+}
+
+TEST(Layering, ForeignPackagesStayBehindTheirDoors) {
+  EXPECT_THAT(violationsIn("platform/jet/jet_reader.cpp", "<mdbtools.h>"), IsEmpty());
+  EXPECT_THAT(violationsIn("importers/windows_edition.cpp", "<mdbtools.h>"),
+              ElementsAre("importers/windows_edition.cpp includes mdbtools.h, which only platform/jet/ may"));
+  EXPECT_THAT(violationsIn("store/file_update.cpp", "<unistd.h>"),
+              ElementsAre("store/file_update.cpp includes unistd.h, which only platform/os/, platform/jet/ may"));
+}
+
+TEST(Layering, AFolderThatNobodyKnowsIsRefused) {
+  EXPECT_THAT(violationsIn("helpers/misc.cpp", "<array>"),
+              ElementsAre("helpers/misc.cpp: the folder stands on no floor"));
+  EXPECT_THAT(violationsIn("store/workspace.cpp", "\"common/deep/gbk.h\""),
+              ElementsAre("store/workspace.cpp includes common/deep/gbk.h, whose folder stands on no floor"));
+}
+
+TEST(Layering, PathsAreToldFromTheRootOfTheSources) {
+  EXPECT_THAT(violationsIn("store/workspace.cpp", "\"../common/gbk.h\""),
+              ElementsAre("store/workspace.cpp includes ../common/gbk.h, not told from src"));
+}
+
+}  // namespace
+}  // namespace triaxlab::layering
