@@ -1,0 +1,48 @@
+#include "platform/qt/application.h"
+
+#include <QFont>
+#include <QGuiApplication>
+#include <QStringList>
+#include <clocale>
+
+#include "platform/drawing_surface.h"
+
+namespace triaxlab {
+namespace {
+
+/// Fonts that carry the widths of 宋体 (or come near them) stand first; a font that lacks a sign hands on to the next.
+void substituteFonts() {
+  const QStringList song{"SimSun", "NSimSun", "AR PL UMing CN", "Noto Serif CJK SC"};
+  QFont::insertSubstitutions(QString::fromUtf8(kSong), song);
+  QFont::insertSubstitutions(QString::fromUtf8(kSongRotated), song);
+  QFont::insertSubstitution(QString::fromUtf8(kArialNarrow), "Liberation Sans Narrow");
+}
+
+}  // namespace
+
+void prepareApplication() {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY") &&
+      qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  substituteFonts();
+}
+
+void restoreNumberLocale() { std::setlocale(LC_NUMERIC, "C"); }
+
+PaintingApplication::PaintingApplication() {
+  if (QCoreApplication::instance() != nullptr) return;
+  substituteFonts();
+  // Qt keeps references to both for the life of the application, and it may be made more than once.
+  static char name[] = "triaxlab";
+  static char option[] = "-platform";
+  static char offscreen[] = "offscreen";
+  static char* arguments[] = {name, option, offscreen, nullptr};
+  static int count = 0;
+  count = 3;
+  m_application = std::make_unique<QGuiApplication>(count, arguments);
+  restoreNumberLocale();
+}
+
+PaintingApplication::~PaintingApplication() = default;
+
+}  // namespace triaxlab

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <map>
+#include <string>
+#include <tuple>
+
+#include "platform/drawing_surface.h"
+
+class QPainter;
+
+namespace triaxlab {
+
+QColor colourOf(Colour colour);
+
+/// Draws through a QPainter whose unit is a twip. The painter is only borrowed: the surface must not outlive it.
+class PainterSurface : public DrawingSurface {
+ public:
+  /// What a line width of 1 is.
+  enum class Medium : std::uint8_t {
+    Screen,   // a logical pixel
+    Paper,    // 1/600 inch
+    Picture,  // 1/600 inch, but never less than a pixel of the picture
+  };
+  PainterSurface(QPainter& painter, Medium medium);
+
+  void line(Point from, Point to, Stroke stroke) override;
+  void box(Point corner, Point opposite, Stroke stroke, std::optional<Colour> fill) override;
+  void circle(Point centre, double radius, Stroke stroke, std::optional<Colour> fill) override;
+  void polyline(std::span<const Point> points, Stroke stroke) override;
+  void text(Point upperLeft, std::string_view utf8, const Font& font, Colour colour, bool rotated) override;
+
+ private:
+  void usePen(Stroke stroke);
+  void useFill(std::optional<Colour> fill);
+  const QFont& fontFor(const Font& font);
+
+  QPainter& m_painter;
+  Medium m_medium;
+  double m_pixelTwips;  // twips to a pixel of the device
+  using FontKey = std::tuple<std::string, double, bool>;
+  std::map<FontKey, QFont> m_fonts;
+};
+
+}  // namespace triaxlab
