@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <QStringList>
 #include <clocale>
 
@@ -18,9 +19,14 @@ void substituteFonts() {
   QFont::insertSubstitution(QString::fromUtf8(kArialNarrow), "Liberation Sans Narrow");
 }
 
+/// The toolkit's remarks about desktops and runtime folders are not for a technician's terminal; the environment
+/// variable QT_LOGGING_RULES brings them back.
+void silenceToolkit() { QLoggingCategory::setFilterRules("*.warning=false\n*.debug=false"); }
+
 }  // namespace
 
 void prepareApplication() {
+  silenceToolkit();
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY") &&
       qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -31,6 +37,7 @@ void restoreNumberLocale() { std::setlocale(LC_NUMERIC, "C"); }
 
 PaintingApplication::PaintingApplication() {
   if (QCoreApplication::instance() != nullptr) return;
+  silenceToolkit();
   substituteFonts();
   // Qt keeps references to both for the life of the application, and it may be made more than once.
   static char name[] = "triaxlab";

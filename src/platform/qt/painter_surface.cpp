@@ -5,6 +5,7 @@
 #include <QPen>
 #include <QPolygonF>
 #include <QString>
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -69,16 +70,19 @@ void PainterSurface::text(Point upperLeft, std::string_view utf8, const Font& fo
   if (utf8.empty()) return;
   const QString words = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
   const QFont& face = fontFor(font);
-  const double natural = QFontMetricsF(face).horizontalAdvance(words);
+  // The face is made in the device's own pixels, where its weight and shape are best, and brought to size by `unit`.
+  const double unit = textHeight(font) / face.pixelSize();
+  const double natural = QFontMetricsF(face).horizontalAdvance(words) * unit;
   const double ruled = textWidth(utf8, font);
+  // Advances differ in the last digits; only a font of other widths is stretched.
+  const bool stretched = natural > 0 && std::abs(ruled / natural - 1) > 0.002;
   m_painter.save();
   m_painter.setFont(face);
   m_painter.setPen(colourOf(colour));
   m_painter.translate(triaxlab::rounded(upperLeft));
   if (rotated) m_painter.rotate(-90);
   m_painter.translate(0, kBaseline * textHeight(font));
-  // Hinted advances differ in the last digits; only a font of other widths is stretched.
-  if (natural > 0 && std::abs(ruled / natural - 1) > 0.002) m_painter.scale(ruled / natural, 1);
+  m_painter.scale(stretched ? unit * ruled / natural : unit, unit);
   m_painter.drawText(QPointF(0, 0), words);
   m_painter.restore();
 }
@@ -106,7 +110,7 @@ const QFont& PainterSurface::fontFor(const Font& font) {
   if (isNew) {
     QFont& face = place->second;
     face.setFamily(QString::fromStdString(font.name));
-    face.setPixelSize(static_cast<int>(std::lround(textHeight(font))));
+    face.setPixelSize(std::max(1, static_cast<int>(std::lround(textHeight(font) / m_pixelTwips))));
     face.setBold(font.bold);
     // The same widths and line breaks on every device.
     face.setHintingPreference(QFont::PreferNoHinting);

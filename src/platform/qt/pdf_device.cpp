@@ -16,6 +16,7 @@ namespace {
 class PdfDevice : public PageDevice {
  public:
   explicit PdfDevice(std::filesystem::path file) : m_file(std::move(file)), m_writer(&m_content), m_painting(m_writer) {
+    m_content.open(QIODevice::WriteOnly);
     m_writer.setResolution(kTwipsPerInch);
     m_writer.setCreator("triaxlab");
   }
