@@ -1,0 +1,62 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+
+#include "triaxial/record.h"
+#include "triaxial/session/page_steps.h"
+#include "triaxial/session/sample_fields.h"
+
+namespace triaxlab {
+
+/// The table under the canvas: 12 lines of a first column and three columns a stage. Its cells are numbered as
+/// `Label2`: 16 times the line plus the column.
+inline constexpr int kTableLines = 12;
+inline constexpr int kTableColumns = 1 + 3 * static_cast<int>(kStages);
+inline constexpr int kTableCells = kTableLines * kTableColumns;
+
+/// One value of the results page.
+struct ResultCell {
+  std::size_t row = 0;  // 0 to 14, from σ3 to Af
+  std::size_t stage = 0;
+};
+
+/// The field behind a value of the results page; nothing for ⊙, R, ⊙′, R′, which follow from the curves.
+std::optional<EditableField> resultField(TriaxialSampleRecord& record, ResultCell cell);
+
+/// Which page of the table is shown, how far it is scrolled, and its texts as of the last refresh.
+class ResultTable {
+ public:
+  TablePage page() const { return m_page; }
+  int top() const { return m_top; }
+  int scrollMax() const;
+  const std::array<std::string, kTableColumns>& columnHeads() const { return m_columnHeads; }
+  const std::array<std::string, kTableCells>& cells() const { return m_cells; }
+  /// The value under Text2, while it is open.
+  std::optional<ResultCell> openCell() const { return m_openCell; }
+  /// The label under Text2. Pre: a cell is open.
+  int openLabel() const;
+
+  void reset() { *this = ResultTable(); }
+  /// Another page closes Text2; the rows of the results page and of the curves have nothing in common, so crossing
+  /// between them starts at the top.
+  void setPage(TablePage page);
+  /// Held within the range of the page; closes Text2.
+  void scroll(int top);
+  /// Opens Text2 over an editable value of the results page; any other cell closes it.
+  void select(int labelIndex);
+  void close() { m_openCell.reset(); }
+  /// Writes all texts anew from the record.
+  void refresh(const TriaxialSampleRecord& record);
+
+ private:
+  TablePage m_page = TablePage::Stresses;
+  int m_top = 0;
+  std::optional<ResultCell> m_openCell;
+  std::array<std::string, kTableColumns> m_columnHeads;
+  std::array<std::string, kTableCells> m_cells;
+};
+
+}  // namespace triaxlab

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "store/workspace.h"
+
+namespace triaxlab {
+
+inline constexpr int kListLines = 20;
+/// The last value of `VScroll1`, at which row 1000 stands on the last line.
+inline constexpr int kListScrollMax = static_cast<int>(kTableRows) - kListLines;
+
+/// Keys of `Text1` that may leave the cell.
+enum class ListKey : std::uint8_t { Up, Down, Left, Right, Enter, PageUp, PageDown };
+
+/// Where the cursor of a text box stands; both in an empty text.
+struct CursorPlace {
+  bool atStart = true;
+  bool atEnd = true;
+};
+
+/// Which cell of the sample list is chosen. The cells are numbered as `Label1`: two for the heads, then project and
+/// sample of each line.
+class SampleList {
+ public:
+  static constexpr int kFirstLabel = 2;
+  static constexpr int kLastLabel = 2 * kListLines + 1;
+
+  /// `currentLabelIndex`.
+  int labelIndex() const { return m_labelIndex; }
+  int line() const { return m_labelIndex / 2; }
+  bool onProject() const { return m_labelIndex % 2 == 0; }
+  /// VScroll1.Value
+  int top() const { return m_top; }
+  std::size_t row() const { return rowOfLine(line()); }
+  std::size_t rowOfLine(int line) const { return static_cast<std::size_t>(line - 1 + m_top); }
+
+  void reset() { *this = SampleList(); }
+  /// False for the heads and for what is no cell.
+  bool select(int labelIndex);
+  /// Held within the range.
+  void scroll(int top);
+  /// True when the key left the cell or would have but for the end of the list; false when it moves within the text.
+  bool key(ListKey key, CursorPlace cursor);
+
+ private:
+  void moveLine(int step);
+
+  int m_labelIndex = kFirstLabel;
+  int m_top = 0;
+};
+
+}  // namespace triaxlab
