@@ -1,0 +1,93 @@
+#include "store/project_kinds.h"
+
+#include <algorithm>
+
+#include "k0/record.h"
+#include "triaxial/record.h"
+#include "unconfined/record.h"
+
+namespace triaxlab {
+
+// File names and some titles have the letter O where the menus speak of K0 with the digit.
+const std::array<ProjectKindInfo, 5> kProjectKinds{{
+    {
+        .kind = ProjectKind::Triaxial,
+        .id = "triaxial",
+        .filePrefix = "WKSZ",
+        .recordSize = sizeof(TriaxialSampleRecord),
+        .sampleNoWidth = 14,
+        .hasEndText = true,
+        .versionTag = "V2.0",
+        .listCaption = "三轴试验数据文件列表",
+        .listHeading = "三轴试验数据表WKSZ(X).TXT ",
+        .openTitle = "打开三轴数据文件",
+        .saveMessage = "三轴试验数据保存完毕",
+    },
+    {
+        .kind = ProjectKind::Unconfined,
+        .id = "unconfined",
+        .filePrefix = "KWCX",
+        .recordSize = sizeof(UnconfinedSampleRecord),
+        .sampleNoWidth = 15,
+        .hasEndText = false,
+        .versionTag = "V2.0",
+        .listCaption = "无侧限试验数据文件列表",
+        .listHeading = "无侧限试验数据表KWCX(X).TXT ",
+        .openTitle = "打开无侧限数据文件",
+        .saveMessage = "无侧限试验数据保存完毕",
+    },
+    {
+        .kind = ProjectKind::K0,
+        .id = "k0",
+        .filePrefix = "KO",
+        .recordSize = sizeof(K0SampleRecord),
+        .sampleNoWidth = 15,
+        .hasEndText = false,
+        .versionTag = "",
+        .listCaption = "K0试验数据文件列表",
+        .listHeading = "K0试验数据表KO(X).TXT ",
+        .openTitle = "打开KO数据文件",
+        .saveMessage = "K0试验数据保存完毕",
+    },
+    {
+        .kind = ProjectKind::TK0,
+        .id = "tk0",
+        .filePrefix = "TKO",
+        .recordSize = sizeof(TK0SampleRecord),
+        .sampleNoWidth = 15,
+        .hasEndText = false,
+        .versionTag = "",
+        .listCaption = "TK0试验数据文件列表",
+        .listHeading = "TK0试验数据表TKO(X).TXT ",
+        .openTitle = "打开TKO数据文件",
+        .saveMessage = "TK0试验数据保存完毕",
+    },
+    {
+        .kind = ProjectKind::OldTriaxial,
+        .id = "old-triaxial",
+        .filePrefix = "KSZ",
+        .recordSize = 5966,  // never written: what is read from it is saved as a triaxial project
+        .sampleNoWidth = 14,
+        .hasEndText = false,
+        .versionTag = "",
+        .listCaption = "三轴试验数据文件列表",
+        .listHeading = "三轴试验数据表KSZ(X).TXT ",
+        .openTitle = "打开三轴数据文件",
+        .saveMessage = "三轴试验数据保存完毕",
+    },
+}};
+
+const ProjectKindInfo& infoOf(ProjectKind kind) {
+  const auto row = std::find_if(kProjectKinds.begin(), kProjectKinds.end(),
+                                [kind](const ProjectKindInfo& info) { return info.kind == kind; });
+  return row != kProjectKinds.end() ? *row : kProjectKinds.front();
+}
+
+std::optional<ProjectKind> projectKindOfId(std::string_view id) {
+  const auto row = std::find_if(kProjectKinds.begin(), kProjectKinds.end(),
+                                [id](const ProjectKindInfo& info) { return info.id == id; });
+  if (row == kProjectKinds.end()) return std::nullopt;
+  return row->kind;
+}
+
+}  // namespace triaxlab
