@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "importers/importer.h"
+#include "platform/dialogs.h"
+
+namespace triaxlab {
+
+/// What the selection window of a raw database shows besides its grid, UTF-8.
+struct SelectionState {
+  std::string label1;    // "文件总数: 05"; without a number while no database is open
+  std::string label2;    // "选中的试样组数：2"
+  bool canRead = false;  // Command1 处理 is enabled
+};
+
+/// Behind the selection window of every source: which database is open, which of its rows are marked. The window calls
+/// `load` when it is shown, `toggleMark` on a double click, `read` on 处理, and shows `columns`, `cell` and `state`.
+class ImportSelection {
+ public:
+  /// Reads the source folder of the settings into the workspace's sourceFolder; "c:\qvb" when it is empty.
+  ImportSelection(const Importer& importer, Workspace& workspace);
+
+  const Importer& importer() const { return m_importer; }
+
+  /// Opens the default file of the source folder; asks for a file when it isn't there. A cancelled question leaves the
+  /// grid empty. UserError when the file can't be read; the grid is empty then, too.
+  void load(Dialogs& dialogs);
+  /// Opens this database instead.
+  void open(const std::filesystem::path& sourcePath);
+
+  /// Heading and width of all columns: 序号, those of the source, 处理选择.
+  std::vector<GridColumn> columns() const;
+  std::size_t rowCount() const { return m_marked.size(); }
+  /// Text of a cell, UTF-8; rows count from 1, row 0 has the headings. Pre: row <= rowCount().
+  std::string cell(std::size_t row, std::size_t column) const;
+  bool isMarked(std::size_t row) const { return row >= 1 && row <= rowCount() && m_marked[row - 1]; }
+  SelectionState state() const;
+  /// What was damaged in the index of the open database; for the status bar.
+  Remarks remarks() const;
+
+  /// A double click on a row: marks it or takes the mark off. Row 0 and rows past the last are passed over. More than
+  /// 999 marks are refused with a message.
+  void toggleMark(std::size_t row, Dialogs& dialogs);
+
+  /// 处理: reads the marked rows into the tables of the workspace; see RawSource::read. The document window is then
+  /// prepared as for an opened project. Pre: state().canRead.
+  ImportReport read();
+
+ private:
+  const Importer& m_importer;
+  Workspace& m_workspace;
+  std::unique_ptr<RawSource> m_source;  // nothing while no database is open
+  std::vector<bool> m_marked;           // one a row of the grid
+  std::size_t m_markCount = 0;
+};
+
+}  // namespace triaxlab

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/user_error.h"
+#include "store/settings_file.h"
+#include "store/workspace.h"
+
+namespace triaxlab {
+
+/// A column of the selection grid. Headings are UTF-8, widths are twips.
+struct GridColumn {
+  std::string_view heading;
+  int width;
+};
+
+/// One entry of a database's index: a row of the selection grid.
+struct SourceRow {
+  std::vector<std::string> cells;  // UTF-8, one for each of the importer's columns
+  std::string projectNo;           // GBK, trimmed: what the project date table takes
+  std::string testDate;            // GBK, trimmed: yyyy/mm/dd as far as the database has it
+};
+
+/// What reading the marked rows brought.
+struct ImportReport {
+  std::size_t sampleRows = 0;  // rows of the sample table that the import filled, from 0 upward
+  Remarks remarks;             // what a damaged database could not give
+};
+
+/// A raw database that was opened: its index is read, its readings are not. The file is not held open.
+class RawSource {
+ public:
+  virtual ~RawSource() = default;
+  virtual std::span<const SourceRow> rows() const = 0;
+  /// What was damaged in the index.
+  virtual const Remarks& remarks() const = 0;
+  /// Reads the rows (numbers from 0, ascending) and replaces the sample table of the test's kind, the display table and
+  /// the project date table by what they hold; sets rawImportPending. The workspace changes in the last statements,
+  /// when nothing can fail any more. UserError: the file can't be read, more samples than the table has rows.
+  virtual ImportReport read(std::span<const std::size_t> marked, Workspace& workspace) const = 0;
+};
+
+/// One source of raw data: all that its window, its menu entry and its name on the command line differ in. An importer
+/// writes no file.
+struct Importer {
+  std::string_view id;           // on the command line; never renamed
+  std::string_view menuCommand;  // the command that shows the window
+  std::string_view form;         // object name of the window
+  std::string_view title;        // of the window, UTF-8 like all texts here
+  std::string_view defaultFile;  // in the source folder
+  SettingsField folderField;     // of qvb.sys, the source folder; a width of 0: the folder stays as the caller left it
+  std::string_view messageTitle;
+  ActiveDocument document;              // whose table is filled, and which window shows it then
+  std::span<const GridColumn> columns;  // between 序号 and 处理选择, which every grid has
+  /// Reads the index. UserError: the file is missing, a folder, unreadable. An empty file has no rows.
+  std::unique_ptr<RawSource> (*open)(const std::filesystem::path& path);
+};
+
+/// The sources of this version, in the order of the menu.
+std::span<const Importer* const> importers();
+/// Nothing when this version has no such source.
+const Importer* importerOfId(std::string_view id);
+const Importer* importerOfMenuCommand(std::string_view menuCommand);
+
+}  // namespace triaxlab
