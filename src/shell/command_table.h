@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace triaxlab {
+
+enum class CommandKind : std::uint8_t {
+  Submenu,         // on the menu bar when it has no parent
+  Entry,           //
+  Toggle,          // a checked entry that stands for a byte of qvb.sys
+  ExclusiveCheck,  // checked or not together with its companion
+};
+
+/// What a command does; `argument` and `target` of its row say with what.
+enum class Action : std::uint8_t {
+  None,                // a heading
+  NewDocument,         // argument: ActiveDocument
+  OpenProject,         // argument: openDialogKind
+  OpenNanjingFile,     //
+  Print,               // the dialog for activeDocument
+  PrintWithTK0Curves,  // the same, and for Form9 too
+  PrintSheets,         // target: dialog
+  PrintTK0Curves,      // target: dialog
+  SaveAsWorkbook,      //
+  Save,                //
+  SetSourceFolder,     // argument: openDialogKind of Form5
+  Exit,                //
+  Import,              // target: the importer's window
+  ShowCurves,          //
+  ShowCurvePage,       // argument: CurvePage
+  ShowDataTable,       //
+  Intervene,           //
+  ReprocessCurves,     //
+  FillTemplates,       //
+  FlipToggle,          //
+  StartTool,           // target: program; windowTitle
+  StartThisProgram,    // which runs already: nothing happens
+};
+
+/// One menu command; the rows stand in the order of the menu.
+struct Command {
+  std::string_view name;
+  std::string_view caption;
+  std::string_view parent;  // empty: on the menu bar
+  CommandKind kind = CommandKind::Entry;
+  Action action = Action::None;
+  std::int16_t argument = 0;
+  std::string_view target = {};
+  std::string_view windowTitle = {};
+  std::string_view shortcut = {};  // in the spelling of QKeySequence
+  bool lineAbove = false;          // a separator in front
+  bool built = true;               // false: this version doesn't have its work, so it is never enabled
+};
+
+std::span<const Command> commandTable();
+/// Null when there is no such command. Names count letter for letter.
+const Command* findCommand(std::string_view name);
+
+}  // namespace triaxlab

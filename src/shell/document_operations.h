@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string_view>
+
+#include "common/user_error.h"
+#include "store/project_file.h"
+#include "store/workspace.h"
+#include "triaxial/curve_page.h"
+
+namespace triaxlab {
+
+// What fills a table, up to the point where a document window can show it and a save can store it. Windows and the
+// command line start the same operations; the remarks are for the status bar or standard error.
+
+/// Reads a project file of the triaxial kind (name without folder), the locations of its samples and the English
+/// labels, and runs the opening pass. UserError as `openProject`; the workspace is then as it was.
+Remarks openTriaxialDocument(Workspace& workspace, std::string_view fileName, const RangeChooser& chooseRange);
+
+/// Goes on behind an importer that has filled the triaxial table: locations, English labels, opening pass; the
+/// controlledDocNo of the document before is dropped.
+Remarks importedTriaxialDocument(Workspace& workspace);
+
+/// An empty triaxial document for typing in.
+Remarks newTriaxialDocument(Workspace& workspace);
+
+/// Shows a page of every live sample, as paging through them would: the page's failure values and fits go into the
+/// records. A sample that doesn't have the page shows the one that takes its place.
+void showPageOfEverySample(Workspace& workspace, CurvePage page);
+
+}  // namespace triaxlab

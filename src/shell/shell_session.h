@@ -1,0 +1,88 @@
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "common/user_error.h"
+#include "platform/dialogs.h"
+#include "shell/command_states.h"
+#include "shell/error_display.h"
+#include "shell/shell_windows.h"
+#include "store/project_file.h"
+#include "store/workspace.h"
+
+namespace triaxlab {
+
+/// The session behind the main window: what the menu offers, what a command does, which document is active, what a
+/// closing window asks.
+///
+/// The main window triggers commands here, reports what happens to document windows, and takes menu and status texts
+/// from here at every ShellWindows::refresh and whenever a document window shows another sample.
+class ShellSession {
+ public:
+  /// The three outlive the session.
+  ShellSession(Workspace& workspace, Dialogs& dialogs, ShellWindows& windows);
+
+  // The menu
+  CommandState commandState(const Command& command) const;
+  /// Does what the command says. False when there is no such command or it is off: nothing happens then. A UserError on
+  /// the way is shown, and the command ends there.
+  bool trigger(std::string_view name);
+
+  // The status bar
+  /// 就绪 or the last remark; project; test date.
+  std::array<std::string, 3> statusTexts() const;
+  /// Shows them in the first panel until the next command.
+  void showRemarks(const Remarks& remarks);
+
+  // What happens to document windows
+  /// A document window came to the front.
+  void documentActivated(ActiveDocument document);
+  /// A person closes a document window: asks about unsaved changes and saves them. False when not all could be saved:
+  /// the window stays, since its changes would be lost.
+  bool mayClose(ActiveDocument document);
+  /// A document window is gone. The activation of the window that comes to the front is to follow.
+  void documentClosed(ActiveDocument document);
+  /// The main window closes: every document window gets its close step, front window first, then the program ends.
+  /// Nothing calls it off.
+  void endProgram();
+
+  // For the windows' own buttons and keys
+  /// Saves the document on which the commands act and shows what the save has to say. False when not all could be
+  /// written.
+  bool save();
+  /// Runs an operation; a UserError ends it, is shown, and gives false.
+  template <class Operation>
+  bool run(Operation&& operation) {
+    return runShowingErrors(m_dialogs, std::forward<Operation>(operation));
+  }
+
+ private:
+  struct Work;
+
+  void newDocument(const Command& command);
+  void openProject(const Command& command);
+  void import(const Command& command);
+  void print(const Command& command);
+  void saveCommand(const Command& command);
+  void exitCommand(const Command& command);
+  void showCurves(const Command& command);
+  void showCurvePage(const Command& command);
+  void startTool(const Command& command);
+  void stay(const Command& command);
+
+  bool mayReplace(ActiveDocument document);
+  void show(ActiveDocument document, const Remarks& remarks);
+
+  Workspace& m_workspace;
+  Dialogs& m_dialogs;
+  ShellWindows& m_windows;
+  CommandStates m_commands;
+  std::string m_remark;
+  bool m_ending = false;
+};
+
+}  // namespace triaxlab

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/user_error.h"
+#include "platform/dialogs.h"
+#include "store/workspace.h"
+#include "triaxial/curve_page.h"
+
+namespace triaxlab {
+
+class BrowserSession;
+class OverwriteSession;
+class RangeDialog;
+
+/// A loaded document window as the shell needs it: the window hands each call on to its session.
+class DocumentWindow {
+ public:
+  virtual ~DocumentWindow() = default;
+  /// The question of closing or replacing: true when there are unsaved changes and the person wants them saved.
+  virtual bool asksToSave(Dialogs& dialogs) const = 0;
+  virtual void markSaved() = 0;
+  /// Second and third panel of the status bar, project and test date of the sample on display; UTF-8.
+  virtual std::array<std::string, 2> statusPanels() const = 0;
+};
+
+/// The two exclusive checks of the menu as the sample on display sets them. One of them is always checked.
+struct EnvelopeEntries {
+  bool ratioEnabled = false;  // QUXIAN2; QUXIAN3 always is
+  bool ratioChecked = false;  // otherwise QUXIAN3 is checked
+};
+
+/// Form1.
+class CurveDocument : public DocumentWindow {
+ public:
+  virtual void showPage(CurvePage page) = 0;
+  virtual EnvelopeEntries envelopeEntries() const = 0;
+};
+
+/// The windows as the shell needs them, made by the main window. Dialogs are modal: the calls return when the dialog
+/// has closed.
+class ShellWindows {
+ public:
+  virtual ~ShellWindows() = default;
+
+  virtual void showBrowser(BrowserSession& session) = 0;            // OPENFORM
+  virtual void showRangeDialog(RangeDialog& dialog) = 0;            // Form21
+  virtual void showOverwriteDialog(OverwriteSession& session) = 0;  // Form10
+  virtual void showPrintDialog(std::string_view form) = 0;          // SETPRINTFORM
+  /// OPENFORM0 and its kin. The remarks of the import; nothing when the dialog was left without 处理.
+  virtual std::optional<Remarks> showImporter(std::string_view form) = 0;
+
+  /// Loads the document window when it isn't there, shows its table as if freshly loaded, and brings it to the front.
+  virtual void showDocument(ActiveDocument document) = 0;
+  /// Brings a loaded window to the front as it is.
+  virtual void raiseDocument(ActiveDocument document) = 0;
+  /// The loaded document windows, the front one first.
+  virtual std::vector<ActiveDocument> loadedDocuments() const = 0;
+  /// Null when the window isn't loaded.
+  virtual DocumentWindow* document(ActiveDocument document) = 0;
+  virtual CurveDocument* curveDocument() = 0;
+
+  /// Command states, captions or status texts may have changed: take them over from the shell session.
+  virtual void refresh() = 0;
+  /// Ends the process at once; nothing is asked any more.
+  virtual void endProgram() = 0;
+};
+
+}  // namespace triaxlab

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+
+#include "common/user_error.h"
+#include "store/workspace.h"
+
+namespace triaxlab {
+
+/// The folder of the running executable.
+std::filesystem::path executableFolder();
+/// This user's own data folder for the program; it need not exist.
+std::filesystem::path userDataFolder();
+
+/// The application folder of this run: the one named at the start, else the executable's, else, when that can't be
+/// written (an installed package), the user's own, which is made. Absolute.
+std::filesystem::path chooseApplicationFolder(const std::optional<std::filesystem::path>& named,
+                                              const std::filesystem::path& executable,
+                                              const std::filesystem::path& userData);
+
+/// Asked between making ZMSJ and PTU and everything that follows; false ends the start in silence.
+using InstanceCheck = std::function<bool()>;
+
+/// The steps of a start that concern folders and settings, in their order: qvb.sys is made when missing, the text
+/// settings and the toggles are read, the data folder and its three folders are found or made, a save that was cut off
+/// is completed or dropped, the source folders are read. `workspace.applicationFolder` is set by the caller.
+///
+/// Nothing here ends the program. Folders that can't be made are passed over in silence: the saves will tell. Settings
+/// that can't be read or written leave the defaults, and are told once, in the remarks.
+/// Nothing is returned when `isOnlyInstance` says no.
+std::optional<Remarks> startUp(Workspace& workspace, const InstanceCheck& isOnlyInstance);
+
+/// The same for the command line, which minds no other instance.
+Remarks startUp(Workspace& workspace);
+
+}  // namespace triaxlab
