@@ -26,6 +26,12 @@ inline std::optional<std::int16_t> toInt16(double value) { return detail::neares
 /// The nearest 32-bit integer, ties to even; nothing when it is out of range.
 inline std::optional<std::int32_t> toInt32(double value) { return detail::nearest<std::int32_t>(value); }
 
+/// The nearest single-precision number; nothing when it is out of range.
+inline std::optional<float> toSingle(double value) {
+  if (!(std::fabs(value) <= std::numeric_limits<float>::max())) return std::nullopt;
+  return static_cast<float>(value);
+}
+
 /// Int(x): the floor, Int(-3.5) is -4.
 inline double Int(double value) { return std::floor(value); }
 

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "common/gbk.h"
+#include "common/short_number.h"
 #include "common/text_number.h"
 
 namespace triaxlab {
@@ -31,7 +32,12 @@ class FixedText {
   constexpr std::string_view view() const { return {m_places.data(), N}; }
   constexpr std::string_view trimmed() const { return Trim(view()); }
   constexpr bool isBlank() const { return trimmed().empty(); }
-  double number() const { return ParseNumber(view()); }
+  /// What ParseNumber makes of the text.
+  double number() const {
+    if constexpr (detail::kFitsAWord<N>)
+      if (double whole = 0; detail::readWholeNumber<N>(m_places.data(), whole)) return whole;
+    return ParseNumber(view());
+  }
   constexpr void clear() { m_places.fill(' '); }
 
   constexpr bool operator==(const FixedText&) const = default;
@@ -43,15 +49,16 @@ class FixedText {
     std::fill(field.m_places.begin() + kept.size(), field.m_places.end(), ' ');
   }
 
+  /// Stores a number through its format and the field's width. A value that is not finite is not stored, as the
+  /// statement that would have stored it is abandoned.
+  friend void SetNumber(FixedText& field, double value, NumberFormat format) {
+    if constexpr (detail::kFitsAWord<N>)
+      if (format == NumberFormat::Whole && detail::writeWholeNumber<N>(field.m_places.data(), value)) return;
+    if (std::isfinite(value)) SetText(field, FormatNumber(value, format));
+  }
+
  private:
   std::array<char, N> m_places;
 };
-
-/// Stores a number through its format and the field's width. A value that is not finite is not stored, as the statement
-/// that would have stored it is abandoned.
-template <std::size_t N>
-void SetNumber(FixedText<N>& field, double value, NumberFormat format) {
-  if (std::isfinite(value)) SetText(field, FormatNumber(value, format));
-}
 
 }  // namespace triaxlab

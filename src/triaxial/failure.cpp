@@ -18,15 +18,14 @@ void raise(double& running, double value) {
   if (value > running) assignIf(running, toInt16(value));
 }
 
-Maxima findMaxima(const TriaxialSampleRecord& record, std::size_t stage, double strainLimit) {
+Maxima findMaxima(const TriaxialSampleRecord& record, std::size_t stage, double strainLimit,
+                  const StageCurves& curves) {
   const double sigma3 = record.cellPressure[stage].number();
   const bool oneSpecimen = record.shearMode == 2;
   Maxima found;
   for (std::size_t row = 0; row < kShearRows; ++row) {
-    if (!(ReadStrain(record, stage, row) <= strainLimit)) continue;
-    const double q = record.deviatorStress[row][stage].number();
-    const double u = record.porePressure[row][stage].number();
-    const double sigma3Eff = record.sigma3Eff[row][stage].number();
+    if (!withinLimit(record, stage, row, strainLimit)) continue;
+    const double q = curves.deviatorStress[row], u = curves.porePressure[row], sigma3Eff = curves.sigma3Eff[row];
     if (q > found.peak) {
       assignIf(found.peak, toInt16(q));
       found.poreAtPeak = u;
@@ -35,7 +34,7 @@ Maxima findMaxima(const TriaxialSampleRecord& record, std::size_t stage, double 
     raise(found.centreSum, 2 * sigma3 + q);
     raise(found.centreSumEff, 2 * sigma3 + q - 2 * u);
     raise(found.sigma1, q + sigma3);
-    raise(found.sigma1Eff, record.sigma1Eff[row][stage].number());
+    raise(found.sigma1Eff, curves.sigma1Eff[row]);
     if (oneSpecimen && sigma3Eff > found.sigma3Eff) found.sigma3Eff = sigma3Eff;
   }
   return found;
@@ -66,8 +65,7 @@ void storeCoefficientAf(TriaxialSampleRecord& record, std::size_t stage, const M
   if (b == 0) {
     record.coefficientAf[stage] = 0;
   } else if (const auto af = quotient(found.poreAtPeak, found.peak * b)) {
-    const auto stored = static_cast<float>(*af);
-    if (std::isfinite(stored)) record.coefficientAf[stage] = stored;
+    assignIf(record.coefficientAf[stage], toSingle(*af));
   }
 }
 
@@ -107,7 +105,7 @@ FailureRow readRow(const TriaxialSampleRecord& record, std::size_t stage, std::s
 FailureRow findPeakStress(const TriaxialSampleRecord& record, std::size_t stage, double strainLimit) {
   FailureRow failure;
   for (std::size_t row = 0; row < kShearRows; ++row)
-    if (ReadStrain(record, stage, row) <= strainLimit && record.deviatorStress[row][stage].number() > failure.q)
+    if (withinLimit(record, stage, row, strainLimit) && record.deviatorStress[row][stage].number() > failure.q)
       failure = readRow(record, stage, row);
   return failure;
 }
@@ -116,7 +114,7 @@ FailureRow findPeakRatio(const TriaxialSampleRecord& record, std::size_t stage, 
   FailureRow failure;
   double largest = 0;
   for (std::size_t row = 0; row < kShearRows; ++row) {
-    if (!(ReadStrain(record, stage, row) <= strainLimit)) continue;
+    if (!withinLimit(record, stage, row, strainLimit)) continue;
     const auto ratio = quotient(record.sigma1Eff[row][stage].number(), record.sigma3Eff[row][stage].number());
     if (!ratio || !(*ratio > largest)) continue;
     largest = *ratio;
@@ -142,18 +140,15 @@ void storeFailureRow(TriaxialSampleRecord& record, std::size_t stage, FailureMod
 
 }  // namespace
 
-int storeIndependentMaxima(TriaxialSampleRecord& record, const PerStage<double>& strainLimits) {
-  int failedStages = 0;
-  for (std::size_t stage = 0; stage < kStages; ++stage) {
-    if (!StageUsed(record, stage)) {
-      blankFailureValues(record, stage);
-      continue;
-    }
-    const Maxima found = findMaxima(record, stage, strainLimits[stage]);
-    storeMaxima(record, stage, found);
-    failedStages += found.peak != 0;
+bool storeIndependentMaxima(TriaxialSampleRecord& record, std::size_t stage, double strainLimit,
+                            const StageCurves& curves) {
+  if (!StageUsed(record, stage)) {
+    blankFailureValues(record, stage);
+    return false;
   }
-  return failedStages;
+  const Maxima found = findMaxima(record, stage, strainLimit, curves);
+  storeMaxima(record, stage, found);
+  return found.peak != 0;
 }
 
 FailureRows applyFailureMode(TriaxialSampleRecord& record, FailureMode mode) {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
 #include "triaxial/record.h"
+#include "triaxial/stage_curves.h"
 
 namespace triaxlab {
 
@@ -19,8 +21,10 @@ struct FailureRows {
   PerStage<std::string> failureStrainAtPeak;
 };
 
-/// The failure values on opening: each maximum of a stage on its own. Returns how many stages failed.
-int storeIndependentMaxima(TriaxialSampleRecord& record, const PerStage<double>& strainLimits);
+/// The failure values of a stage on opening: each maximum over the rows within the limit (percent) on its own, an
+/// unused stage blank. Stores the failure points and, unless it is known, Af. Returns whether the stage failed.
+bool storeIndependentMaxima(TriaxialSampleRecord& record, std::size_t stage, double strainLimit,
+                            const StageCurves& curves);
 
 /// Overrides the failure values of the used stages by those of the failure row that the mode finds.
 FailureRows applyFailureMode(TriaxialSampleRecord& record, FailureMode mode);

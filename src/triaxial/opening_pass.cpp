@@ -7,65 +7,81 @@
 #include "triaxial/envelope.h"
 #include "triaxial/failure.h"
 #include "triaxial/measures.h"
+#include "triaxial/stage_curves.h"
 
 namespace triaxlab {
 namespace {
 
-void correctNegativePorePressure(TriaxialSampleRecord& record, std::size_t stage) {
+/// Readings far below zero mean that the transducer was connected the other way round: the curve is turned about its
+/// lowest point. A second pass turns it again.
+void correctNegativePorePressure(TriaxialSampleRecord& record, std::size_t stage, StageCurves& curves) {
   double smallest = 100;
-  for (const auto& row : record.porePressure) smallest = std::min(smallest, row[stage].number());
+  for (const double u : curves.porePressure) smallest = std::min(smallest, u);
   if (!(smallest < -10)) return;
   for (std::size_t row = 0; row < kShearRows; ++row) {
-    const double u = record.porePressure[row][stage].number();
-    if (record.deviatorStress[row][stage].number() != 0 && u < 0)
-      SetNumber(record.porePressure[row][stage], 2 * smallest - u, NumberFormat::Whole);
+    double& u = curves.porePressure[row];
+    if (curves.deviatorStress[row] == 0 || !(u < 0)) continue;
+    FixedText<6>& text = record.porePressure[row][stage];
+    SetNumber(text, 2 * smallest - u, NumberFormat::Whole);
+    u = text.number();
   }
 }
 
 void computeCoefficientB(TriaxialSampleRecord& record, std::size_t stage) {
-  if (!(std::fabs(record.coefficientB[stage]) < 0.0001)) return;
-  const auto ratio = quotient(record.consolidationPorePressure[0][stage], record.cellPressure[stage].number());
-  if (!ratio) return;
-  const auto b = static_cast<float>(ParseNumber(FormatNumber(*ratio / 10, NumberFormat::Hundredths)));
-  record.coefficientB[stage] = b;
+  constexpr double kNotYetComputed = 0.0001;
+  Little<float>& b = record.coefficientB[stage];
+  if (!(std::fabs(b) < kNotYetComputed)) return;
+  const auto porePressure = quotient(record.consolidationPorePressure[0][stage], record.cellPressure[stage].number());
+  if (porePressure) assignIf(b, toSingle(ParseNumber(FormatNumber(*porePressure / 10, NumberFormat::Hundredths))));
 }
 
-void computeEffectiveCurves(TriaxialSampleRecord& record, std::size_t stage) {
+/// Rows without stress keep the effective stresses that they hold.
+void computeEffectiveCurves(TriaxialSampleRecord& record, std::size_t stage, StageCurves& curves) {
   const double sigma3 = record.cellPressure[stage].number();
   for (std::size_t row = 0; row < kShearRows; ++row) {
-    const double q = record.deviatorStress[row][stage].number();
-    if (q == 0) continue;
-    const double u = record.porePressure[row][stage].number();
-    SetNumber(record.sigma1Eff[row][stage], q + sigma3 - u, NumberFormat::Whole);
-    SetNumber(record.sigma3Eff[row][stage], sigma3 - u, NumberFormat::Whole);
+    const double q = curves.deviatorStress[row], u = curves.porePressure[row];
+    FixedText<6>& sigma1Eff = record.sigma1Eff[row][stage];
+    FixedText<6>& sigma3Eff = record.sigma3Eff[row][stage];
+    if (q != 0) {
+      SetNumber(sigma1Eff, q + sigma3 - u, NumberFormat::Whole);
+      SetNumber(sigma3Eff, sigma3 - u, NumberFormat::Whole);
+    }
+    curves.sigma1Eff[row] = sigma1Eff.number();
+    curves.sigma3Eff[row] = sigma3Eff.number();
   }
 }
 
-void blankEffectiveCurves(TriaxialSampleRecord& record, std::size_t stage) {
-  for (std::size_t row = 0; row < kShearRows; ++row) {
-    record.sigma1Eff[row][stage].clear();
-    record.sigma3Eff[row][stage].clear();
+void blankEffectiveCurves(TriaxialSampleRecord& record, std::size_t stage, StageCurves& curves) {
+  for (auto& row : record.sigma1Eff) row[stage].clear();
+  for (auto& row : record.sigma3Eff) row[stage].clear();
+  curves.sigma1Eff.fill(0);
+  curves.sigma3Eff.fill(0);
+}
+
+void reduceSample(TriaxialSampleRecord& record, NumberFormat cohesionFormat) {
+  const PerStage<double> limits = ClampFailureLimit(record);
+  int failedStages = 0;
+  for (std::size_t stage = 0; stage < kStages; ++stage) {
+    StageCurves curves;
+    readColumn(curves.deviatorStress, record.deviatorStress, stage);
+    readColumn(curves.porePressure, record.porePressure, stage);
+    correctNegativePorePressure(record, stage, curves);
+    if (record.testMethod == kCU && StageUsed(record, stage)) {
+      computeCoefficientB(record, stage);
+      computeEffectiveCurves(record, stage, curves);
+    } else {
+      blankEffectiveCurves(record, stage, curves);
+    }
+    failedStages += storeIndependentMaxima(record, stage, limits[stage], curves);
   }
+  if (failedStages >= 2 && record.adjustedFlag == 0) fitTotalEnvelope(record, failedStages, cohesionFormat);
 }
 
 }  // namespace
 
 void runOpeningPass(std::span<TriaxialSampleRecord> table, NumberFormat cohesionFormat) {
-  for (TriaxialSampleRecord& record : table) {
-    if (!isLive(record)) continue;
-    const PerStage<double> limits = ClampFailureLimit(record);
-    for (std::size_t stage = 0; stage < kStages; ++stage) {
-      correctNegativePorePressure(record, stage);
-      if (record.testMethod == kCU && StageUsed(record, stage)) {
-        computeCoefficientB(record, stage);
-        computeEffectiveCurves(record, stage);
-      } else {
-        blankEffectiveCurves(record, stage);
-      }
-    }
-    const int failedStages = storeIndependentMaxima(record, limits);
-    if (failedStages >= 2 && record.adjustedFlag == 0) fitTotalEnvelope(record, failedStages, cohesionFormat);
-  }
+  for (TriaxialSampleRecord& record : table)
+    if (isLive(record)) reduceSample(record, cohesionFormat);
 }
 
 }  // namespace triaxlab

@@ -27,8 +27,8 @@ PathLine fit(const TriaxialSampleRecord& record) {
 PathLine stressPathOfPage(TriaxialSampleRecord& record) {
   if (record.pathAdjustedFlag == 1) return {record.pathSlope, record.pathIntercept};
   const PathLine fitted = fit(record);
-  record.pathSlope = static_cast<float>(fitted.slope);
-  record.pathIntercept = static_cast<float>(fitted.intercept);
+  assignIf(record.pathSlope, toSingle(fitted.slope));
+  assignIf(record.pathIntercept, toSingle(fitted.intercept));
   return fitted;
 }
 
