@@ -186,7 +186,8 @@ std::string FormatNumber(float value, NumberFormat format) {
 }
 
 std::string FormatPadded(std::int64_t value, int width) {
-  std::string digits = std::to_string(value < 0 ? -value : value);
+  const auto magnitude = static_cast<std::uint64_t>(value);
+  std::string digits = std::to_string(value < 0 ? -magnitude : magnitude);
   if (const auto wanted = static_cast<std::size_t>(width); digits.size() < wanted)
     digits.insert(0, wanted - digits.size(), '0');
   return value < 0 ? "-" + digits : digits;
