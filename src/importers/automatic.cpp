@@ -1,0 +1,391 @@
+// HSZSJ.KU, the database of the fully automatic triaxial apparatus.
+//
+// A .KU file (see ku_file.h) with two forms of data block, told apart by a byte of the index entry. An older block is
+// a group count and then groups of five specimens; a group is one sample. A newer block is a byte that is passed over
+// and then specimens one by one; they find their sample by its number. The apparatus works out stresses on the initial
+// section, so the stress is corrected for the area here, while it is read. What recordCodeA and recordCodeB mean beyond
+// the unscaled stress of codes 12 and 13 is not known; they are carried along.
+//
+// `auto-old` is the reader of the apparatus's first years. It reads every block as an older one and takes the words as
+// they stand: no area correction, no sign coding, no gathering of specimens.
+#include <fmt/core.h>
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <type_traits>
+#include <utility>
+
+#include "common/conversions.h"
+#include "common/gbk.h"
+#include "importers/importer.h"
+#include "importers/ku_file.h"
+#include "importers/triaxial_import.h"
+
+namespace triaxlab {
+namespace {
+
+struct AutomaticTail {             // offset in the entry
+  std::uint8_t entryMethod = 0;    // 22  TestMethod
+  FixedText<4> entryProjectTail;   // 23  the project number from the seventh place on
+  std::uint8_t entryFormat = 0;    // 27  above 10: a newer block, and a character of the project number
+  FixedText<2> entryProjectTail2;  // 28  of a newer block
+};                                 // 30
+using AutomaticEntry = KuIndexEntry<AutomaticTail>;
+static_assert(sizeof(AutomaticTail) == 8 && sizeof(AutomaticEntry) == 30 && alignof(AutomaticEntry) == 1);
+static_assert(offsetof(AutomaticTail, entryProjectTail) == 1 && offsetof(AutomaticTail, entryFormat) == 5);
+
+/// Reading i of the shear phase stands at index i; index 0 is not used.
+using ShearWords = std::array<Little<std::int16_t>, kImportedShearRows>;
+using ConsolidationWords = std::array<Little<std::int16_t>, kImportedConsolidationRows>;
+
+struct AutoSpecimenRecord {                    // offset
+  std::uint8_t validMark = 0;                  //   0  255 on a stored specimen; older block only
+  std::uint8_t recordCodeA = 0;                //   1
+  std::uint8_t recordCodeB = 0;                //   2
+  std::uint8_t testMethod = 0;                 //   3  TestMethod
+  std::uint8_t shearMode = 0;                  //   4  2: a reading each 0.2 %, else each 0.4 %
+  FixedText<10> recordProjectNo;               //   5
+  FixedText<10> recordSampleNo;                //  15  empty: no specimen
+  Little<std::int16_t> rawCellPressure;        //  25  0.1 kPa
+  Little<std::int16_t> rawInitialHeight;       //  27  0.01 cm
+  Little<std::int16_t> rawConsolidatedHeight;  //  29  0.01 cm
+  Little<std::int16_t> rawInitialArea;         //  31  0.01 cm2
+  Little<std::int16_t> rawConsolidatedArea;    //  33  0.01 cm2
+  Little<std::int16_t> rawDrainage;            //  35  0.01 ml
+  Little<std::int16_t> rawShearRate;           //  37  1/1000 %/min
+  std::uint8_t rawStageFlag = 0;               //  39  becomes uuAdjustFlag
+  ConsolidationWords rawConsolidationPore;     //  40  0.1 kPa, reading k at k² minutes
+  ConsolidationWords rawConsolidationVolume;   //  90  0.01 ml, sign and magnitude
+  ShearWords rawStress;                        // 140  0.1 kPa, on the initial section
+  ShearWords rawPore;                          // 244  0.1 kPa, sign and magnitude
+  ShearWords rawVolume;                        // 348  0.01 ml; in an older block 0.001 ml
+  FixedText<8> recordEnd;                      // 452  not used
+};                                             // 460
+static_assert(sizeof(AutoSpecimenRecord) == 460 && alignof(AutoSpecimenRecord) == 1);
+static_assert(offsetof(AutoSpecimenRecord, recordProjectNo) == 5 && offsetof(AutoSpecimenRecord, recordSampleNo) == 15);
+static_assert(offsetof(AutoSpecimenRecord, rawCellPressure) == 25 && offsetof(AutoSpecimenRecord, rawShearRate) == 37);
+static_assert(offsetof(AutoSpecimenRecord, rawStageFlag) == 39);
+static_assert(offsetof(AutoSpecimenRecord, rawConsolidationPore) == 40);
+static_assert(offsetof(AutoSpecimenRecord, rawConsolidationVolume) == 90);
+static_assert(offsetof(AutoSpecimenRecord, rawStress) == 140 && offsetof(AutoSpecimenRecord, rawPore) == 244);
+static_assert(offsetof(AutoSpecimenRecord, rawVolume) == 348 && offsetof(AutoSpecimenRecord, recordEnd) == 452);
+static_assert(std::is_trivially_copyable_v<AutoSpecimenRecord>);
+
+constexpr std::uint8_t kLastOlderFormat = 10;
+constexpr std::uint8_t kValid = 255;
+constexpr std::uint8_t kMultiStage = 2;
+
+/// What the two readers of the file differ in.
+struct Reader {
+  bool knowsNewerBlocks;            // and the project numbers of ten places that go with them
+  bool undoesSignCoding;            // of pore pressure and consolidation volume
+  bool copiesStageFlag;             //
+  bool keepsConsolidatedSizesOfUU;  //
+  std::size_t consolidationPoreRows;
+  bool roundsVolumeToEven;  // else half away from zero
+  bool correctsForArea;
+  bool gathersSpecimens;
+};
+constexpr Reader kReader{.knowsNewerBlocks = true,
+                         .undoesSignCoding = true,
+                         .copiesStageFlag = true,
+                         .keepsConsolidatedSizesOfUU = false,
+                         .consolidationPoreRows = kImportedConsolidationRows,
+                         .roundsVolumeToEven = false,
+                         .correctsForArea = true,
+                         .gathersSpecimens = true};
+constexpr Reader kOldReader{.knowsNewerBlocks = false,
+                            .undoesSignCoding = false,
+                            .copiesStageFlag = false,
+                            .keepsConsolidatedSizesOfUU = true,
+                            .consolidationPoreRows = 21,
+                            .roundsVolumeToEven = true,
+                            .correctsForArea = false,
+                            .gathersSpecimens = false};
+
+bool isNewerBlock(const AutomaticEntry& entry, const Reader& reader) {
+  return reader.knowsNewerBlocks && entry.entryTail.entryFormat > kLastOlderFormat;
+}
+
+// ---- the index
+
+/// The places of the project number from the seventh on, put together before they are cut at a zero byte. An entry of a
+/// newer block has only one of them in the field where an older one has four.
+std::string projectTail(const AutomaticTail& tail, bool newerBlock) {
+  if (!newerBlock) return std::string(shownText(tail.entryProjectTail.view()));
+  const std::string_view inField = tail.entryProjectTail.trimmed();
+  std::string places(inField.empty() ? inField : inField.substr(inField.size() - 1));
+  places += static_cast<char>(tail.entryFormat);
+  places += tail.entryProjectTail2.view();
+  return std::string(shownText(places));
+}
+
+std::string methodText(std::uint8_t method) {
+  constexpr std::array kMethods{"", "UU", "CU", "CD"};
+  return method < kMethods.size() ? kMethods[method] : "";
+}
+
+SourceRow gridRow(const AutomaticEntry& entry, const Reader& reader) {
+  const bool newerBlock = isNewerBlock(entry, reader);
+  SourceRow row;
+  row.projectNo = shownText(entry.entryProjectNo.view());
+  row.projectNo += projectTail(entry.entryTail, newerBlock);
+  row.testDate = slashedEntryDate(entry.entryDate);
+  row.cells = {gbkToUtf8(row.projectNo), gbkToUtf8(row.testDate),
+               fmt::format("{}{}", entry.entryGroupCount, newerBlock ? "个" : "组"),
+               methodText(entry.entryTail.entryMethod)};
+  row.projectNo = Trim(row.projectNo);
+  return row;
+}
+
+// ---- the data blocks
+
+/// A data block as it stands in the file: groups of one specimen (newer) or five (older).
+struct Block {
+  bool newer = false;
+  std::size_t groupSize = kStages;
+  std::vector<AutoSpecimenRecord> specimens;
+  bool isWhole = true;
+};
+
+Block readBlock(const File& file, const AutomaticEntry& entry, const Reader& reader) {
+  Block block;
+  block.newer = isNewerBlock(entry, reader);
+  block.groupSize = block.newer ? 1 : kStages;
+  const std::uint64_t start = entry.entryDataOffset.value();
+  std::uint8_t groupCount = entry.entryGroupCount;
+  if (!block.newer) {
+    groupCount = 0;
+    block.isWhole = file.readAt(start, writableBytesOf(groupCount)) == sizeof groupCount;
+  }
+  block.specimens.resize(groupCount * block.groupSize);
+  const auto bytes = std::as_writable_bytes(std::span(block.specimens));
+  if (file.readAt(start + 1, bytes) < bytes.size()) block.isWhole = false;
+  return block;
+}
+
+/// A number field of hundredths; a word of 0 leaves it blank.
+void setHundredths(FixedText<6>& field, std::int16_t hundredths) {
+  if (hundredths != 0) SetNumber(field, hundredths / 100.0, NumberFormat::Hundredths);
+}
+
+std::int16_t readingOrZero(std::int16_t word) { return word == kNoReading ? std::int16_t{0} : word; }
+
+/// Fills one slot of a row from one specimen record.
+class SpecimenFiller {
+ public:
+  SpecimenFiller(const AutoSpecimenRecord& raw, bool newerBlock, const Reader& reader, TriaxialSampleRecord& row,
+                 std::size_t slot)
+      : m_raw(raw), m_newerBlock(newerBlock), m_reader(reader), m_row(row), m_slot(slot) {}
+
+  void fill() {
+    fillIdentity();
+    fillMeasures();
+    fillConsolidation();
+    fillShear();
+    if (m_reader.correctsForArea) correctForArea();
+  }
+
+ private:
+  void fillIdentity() {
+    m_row.testMethod = m_raw.testMethod;
+    m_row.shearMode = m_raw.shearMode;
+    m_row.recordCodeA = m_raw.recordCodeA;
+    m_row.recordCodeB = m_raw.recordCodeB;
+    SetText(m_row.projectNo, shownText(m_raw.recordProjectNo.view()));
+    SetText(m_row.sampleNo, shownText(m_raw.recordSampleNo.view()));
+    m_row.shearRate[m_slot] = m_raw.rawShearRate;
+    if (m_reader.copiesStageFlag) m_row.uuAdjustFlag = m_raw.rawStageFlag;
+  }
+
+  void fillMeasures() {
+    SetNumber(m_row.cellPressure[m_slot], m_raw.rawCellPressure / 10.0, NumberFormat::Whole);
+    setHundredths(m_row.initialHeight[m_slot], m_raw.rawInitialHeight);
+    setHundredths(m_row.initialArea[m_slot], m_raw.rawInitialArea);
+    setHundredths(m_row.consolidationDrainage[m_slot], m_raw.rawDrainage);
+    if (m_raw.testMethod == kUU && !m_reader.keepsConsolidatedSizesOfUU) return;
+    setHundredths(m_row.consolidatedHeight[m_slot], m_raw.rawConsolidatedHeight);
+    setHundredths(m_row.consolidatedArea[m_slot], m_raw.rawConsolidatedArea);
+  }
+
+  void fillConsolidation() {
+    for (std::size_t k = 0; k < m_reader.consolidationPoreRows; ++k)
+      m_row.consolidationPorePressure[k][m_slot] = readingOrZero(m_raw.rawConsolidationPore[k]);
+    for (std::size_t k = 0; k < kImportedConsolidationRows; ++k)
+      m_row.consolidationVolume[k][m_slot] = withSign(readingOrZero(m_raw.rawConsolidationVolume[k]));
+  }
+
+  void fillShear() {
+    const bool unscaledStress = m_newerBlock && (m_raw.recordCodeB == 12 || m_raw.recordCodeB == 13);
+    for (std::size_t reading = 1; reading < kImportedShearRows; ++reading) {
+      const std::int16_t stress = m_raw.rawStress[reading], pore = m_raw.rawPore[reading];
+      if (stress == 0 || stress == kNoReading) continue;
+      const std::size_t row = reading - 1;
+      SetNumber(m_row.deviatorStress[row][m_slot], unscaledStress ? stress : stress / 10.0, NumberFormat::Whole);
+      if (pore != kNoReading) SetNumber(m_row.porePressure[row][m_slot], withSign(pore) / 10.0, NumberFormat::Whole);
+      m_row.volumeChange[row][m_slot] = hundredthsOfVolume(readingOrZero(m_raw.rawVolume[reading]));
+    }
+  }
+
+  std::int16_t withSign(std::int16_t word) const {
+    return m_reader.undoesSignCoding ? fromSignAndMagnitude(word) : word;
+  }
+
+  std::int16_t hundredthsOfVolume(std::int16_t word) const {
+    if (m_newerBlock) return word;
+    const double hundredths = word / 10.0;
+    return static_cast<std::int16_t>(m_reader.roundsVolumeToEven ? std::nearbyint(hundredths) : std::round(hundredths));
+  }
+
+  /// The stress was worked out on the initial section. Reading 51 lies outside the correction.
+  void correctForArea() {
+    constexpr std::size_t kCorrectedRows = 50;
+    const bool multiStage = m_row.shearMode == kMultiStage;
+    const double step = multiStage ? 0.002 : 0.004;
+    const double used = multiStage && m_row.testMethod != kCU ? strainOfEarlierStages(m_row, m_slot) : 0;
+    for (std::size_t row = 0; row < kCorrectedRows; ++row) {
+      FixedText<6>& stress = m_row.deviatorStress[row][m_slot];
+      const double x = stress.number();
+      if (x == 0) continue;
+      const auto corrected = correctedStress(x, static_cast<double>(row + 1) * step + used, row);
+      if (corrected) SetNumber(stress, *corrected, NumberFormat::Whole);
+    }
+  }
+
+  /// `strain` is a fraction. Nothing: the row stays as it was read.
+  std::optional<double> correctedStress(double x, double strain, std::size_t row) const {
+    const double initialArea = m_row.initialArea[m_slot].number();
+    const double consolidatedArea = m_row.consolidatedArea[m_slot].number();
+    double result = 0;
+    switch (m_row.testMethod) {
+      case kUU:
+        result = x * (1 - strain);
+        break;
+      case kCU:
+        if (consolidatedArea == 0) return std::nullopt;
+        result = x * (1 - strain) * initialArea / consolidatedArea;
+        break;
+      case kCD:
+        return drainedStress(x, strain, row);
+      default:
+        return std::nullopt;
+    }
+    if (result == 0) return std::nullopt;
+    return result;
+  }
+
+  /// On the section of what volume and height are left. The two forms of the older block differ on purpose: one takes
+  /// the height in hundredths, the other the consolidated area above the line.
+  std::optional<double> drainedStress(double x, double strain, std::size_t row) const {
+    const bool multiStage = m_row.shearMode == kMultiStage;
+    const double consolidatedArea = m_row.consolidatedArea[m_slot].number();
+    double h0 = m_row.consolidatedHeight[m_slot].number();
+    if (!m_newerBlock && multiStage) h0 /= 100;
+    const double numerator = !m_newerBlock && !multiStage ? consolidatedArea : m_row.initialArea[m_slot].number();
+    const double drained = std::abs(m_row.volumeChange[row][m_slot] / 100.0);
+    const double volume = consolidatedArea * h0 - drained;
+    const double height = h0 - strain * h0;
+    if (volume == 0 || height == 0) return std::nullopt;
+    return x * numerator / (volume / height);
+  }
+
+  const AutoSpecimenRecord& m_raw;
+  bool m_newerBlock;
+  const Reader& m_reader;
+  TriaxialSampleRecord& m_row;
+  std::size_t m_slot;
+};
+
+bool counts(const AutoSpecimenRecord& raw, bool newerBlock) {
+  return !shownText(raw.recordSampleNo.view()).empty() && (newerBlock || raw.validMark == kValid);
+}
+
+/// A group without a specimen leaves its row blank in an older block; in a newer one there is no group to leave.
+void addGroup(std::span<const AutoSpecimenRecord> group, const Block& block, const Reader& reader,
+              TriaxialImport& import) {
+  bool any = false;
+  for (std::size_t slot = 0; slot < group.size(); ++slot) {
+    if (!counts(group[slot], block.newer)) continue;
+    SpecimenFiller(group[slot], block.newer, reader, import.row(), slot).fill();
+    any = true;
+  }
+  if (block.newer && !any) return;
+  if (reader.gathersSpecimens)
+    import.mergeOrKeepRow();
+  else
+    import.keepRow();
+}
+
+// ---- the source
+
+class AutomaticSource : public RawSource {
+ public:
+  AutomaticSource(std::filesystem::path path, const Reader& reader) : m_path(std::move(path)), m_reader(reader) {
+    m_index = readKuIndex<AutomaticTail>(File(m_path, File::Mode::Read), m_remarks);
+    for (const AutomaticEntry& entry : m_index) m_rows.push_back(gridRow(entry, reader));
+  }
+
+  std::span<const SourceRow> rows() const override { return m_rows; }
+  const Remarks& remarks() const override { return m_remarks; }
+
+  ImportReport read(std::span<const std::size_t> marked, Workspace& workspace) const override {
+    const File file(m_path, File::Mode::Read);
+    TriaxialImport import;
+    Remarks remarks;
+    for (const std::size_t row : marked) {
+      import.addProjectDate(m_rows.at(row));
+      const Block block = readBlock(file, m_index.at(row), m_reader);
+      if (!block.isWhole) remarks.push_back(cutShortRemark(file, fmt::format("第{}行的数据", row + 1)));
+      for (std::size_t at = 0; at < block.specimens.size(); at += block.groupSize)
+        addGroup(std::span(block.specimens).subspan(at, block.groupSize), block, m_reader, import);
+    }
+    return import.store(workspace, std::move(remarks));
+  }
+
+ private:
+  std::filesystem::path m_path;
+  const Reader& m_reader;
+  std::vector<AutomaticEntry> m_index;
+  std::vector<SourceRow> m_rows;
+  Remarks m_remarks;
+};
+
+constexpr std::array kColumns{GridColumn{"工程编号", 1500}, GridColumn{"试验日期", 1500}, GridColumn{"组 数", 800},
+                              GridColumn{"方法", 600}};
+
+template <const Reader& reader>
+std::unique_ptr<RawSource> openAutomatic(const std::filesystem::path& path) {
+  return std::make_unique<AutomaticSource>(path, reader);
+}
+
+constexpr Importer kShared{.id = "",
+                           .menuCommand = "",
+                           .form = "",
+                           .title = "全自动三轴试验原始数据库",
+                           .defaultFile = "HSZSJ.KU",
+                           .folderField = {2000, 170},
+                           .messageTitle = "打开三轴试验数据",
+                           .document = kForm1,
+                           .columns = kColumns,
+                           .open = nullptr};
+
+constexpr Importer entry(std::string_view id, std::string_view menuCommand, std::string_view form,
+                         decltype(Importer::open) open) {
+  Importer importer = kShared;
+  importer.id = id;
+  importer.menuCommand = menuCommand;
+  importer.form = form;
+  importer.open = open;
+  return importer;
+}
+
+}  // namespace
+
+extern constinit const Importer kAutomaticImporter = entry("auto", "NEWSZ", "OPENFORM0", openAutomatic<kReader>);
+extern constinit const Importer kAutomaticOldImporter =
+    entry("auto-old", "OLDSZ1", "OPENFORM0OLD", openAutomatic<kOldReader>);
+
+}  // namespace triaxlab

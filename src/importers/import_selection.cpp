@@ -1,0 +1,90 @@
+#include "importers/import_selection.h"
+
+#include <fmt/core.h>
+
+#include <utility>
+
+#include "common/gbk.h"
+#include "common/text_number.h"
+#include "platform/files.h"
+#include "store/settings_file.h"
+
+namespace triaxlab {
+namespace {
+
+constexpr GridColumn kNumberColumn{"序号", 930};
+constexpr GridColumn kMarkColumn{"处理选择", 1000};
+constexpr const char* kMark = "处理";
+constexpr const char* kDefaultSourceFolder = "c:\\qvb";
+
+/// The limit in effect is one less than the message says.
+constexpr std::size_t kMostMarks = 999;
+constexpr const char* kTooManyMarks = "对不起，你所选择的试样太多，最多只能处理1000个....";
+
+FileQuestion questionFor(const Importer& importer, const std::filesystem::path& initial) {
+  return {std::string(importer.title), fmt::format("Log Files ({0})|{0}|All  Files (*.*)|*.*", importer.defaultFile),
+          initial};
+}
+
+}  // namespace
+
+ImportSelection::ImportSelection(const Importer& importer, Workspace& workspace)
+    : m_importer(importer), m_workspace(workspace) {
+  if (importer.folderField.width == 0) return;
+  const std::string folder = sharedSettings(workspace).readText(importer.folderField);
+  workspace.sourceFolder = folder.empty() ? kDefaultSourceFolder : gbkToUtf8(folder);
+}
+
+void ImportSelection::load(Dialogs& dialogs) {
+  const std::filesystem::path folder = pathFromText(m_workspace.sourceFolder);
+  if (const auto file = findFile(folder, m_importer.defaultFile)) return open(*file);
+  const auto& start = folderExists(folder) ? folder : m_workspace.applicationFolder;
+  if (const auto chosen = dialogs.chooseFile(questionFor(m_importer, start / m_importer.defaultFile))) open(*chosen);
+}
+
+void ImportSelection::open(const std::filesystem::path& sourcePath) {
+  m_source.reset();
+  m_marked.clear();
+  m_markCount = 0;
+  m_source = m_importer.open(sourcePath);
+  m_marked.assign(m_source->rows().size(), false);
+}
+
+std::vector<GridColumn> ImportSelection::columns() const {
+  std::vector<GridColumn> columns{kNumberColumn};
+  columns.insert(columns.end(), m_importer.columns.begin(), m_importer.columns.end());
+  columns.push_back(kMarkColumn);
+  return columns;
+}
+
+std::string ImportSelection::cell(std::size_t row, std::size_t column) const {
+  if (row == 0) return std::string(columns().at(column).heading);
+  if (column == 0) return FormatPadded(static_cast<std::int64_t>(row), 3);
+  if (column > m_importer.columns.size()) return isMarked(row) ? kMark : "";
+  return m_source->rows()[row - 1].cells.at(column - 1);
+}
+
+SelectionState ImportSelection::state() const {
+  const std::string fileCount = m_source ? FormatPadded(static_cast<std::int64_t>(rowCount()), 2) : "";
+  return {"文件总数: " + fileCount, fmt::format("选中的试样组数：{}", m_markCount), m_markCount != 0};
+}
+
+Remarks ImportSelection::remarks() const { return m_source ? m_source->remarks() : Remarks{}; }
+
+void ImportSelection::toggleMark(std::size_t row, Dialogs& dialogs) {
+  if (row == 0 || row > rowCount()) return;
+  const bool mark = !m_marked[row - 1];
+  if (mark && m_markCount == kMostMarks)
+    return dialogs.message(m_importer.messageTitle, kTooManyMarks, MessageIcon::Information);
+  m_marked[row - 1] = mark;
+  m_markCount = mark ? m_markCount + 1 : m_markCount - 1;
+}
+
+ImportReport ImportSelection::read() {
+  std::vector<std::size_t> marked;
+  for (std::size_t row = 0; row < m_marked.size(); ++row)
+    if (m_marked[row]) marked.push_back(row);
+  return m_source->read(marked, m_workspace);
+}
+
+}  // namespace triaxlab

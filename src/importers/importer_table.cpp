@@ -1,0 +1,32 @@
+#include <algorithm>
+#include <array>
+
+#include "importers/importer.h"
+
+namespace triaxlab {
+
+// A new source is a file that defines its importer, one line here, and its name in the list below.
+extern const Importer kAutomaticOldImporter;
+extern const Importer kAutomaticImporter;
+
+namespace {
+
+constexpr std::array kImporters{&kAutomaticOldImporter, &kAutomaticImporter};
+
+const Importer* find(std::string_view Importer::*column, std::string_view wanted) {
+  const auto* const found = std::find_if(kImporters.begin(), kImporters.end(),
+                                         [=](const Importer* importer) { return importer->*column == wanted; });
+  return found == kImporters.end() ? nullptr : *found;
+}
+
+}  // namespace
+
+std::span<const Importer* const> importers() { return kImporters; }
+
+const Importer* importerOfId(std::string_view id) { return find(&Importer::id, id); }
+
+const Importer* importerOfMenuCommand(std::string_view menuCommand) {
+  return find(&Importer::menuCommand, menuCommand);
+}
+
+}  // namespace triaxlab

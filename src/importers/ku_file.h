@@ -1,0 +1,88 @@
+#pragma once
+
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+#include "common/fixed_text.h"
+#include "common/little.h"
+#include "common/user_error.h"
+#include "platform/files.h"
+
+namespace triaxlab {
+
+// The .KU files of the older controllers: a signed 16-bit count, that many index entries of 30 bytes, and further on
+// the data blocks that the entries point at. Little-endian; text is GBK. A file that was cut short is read as far as it
+// goes: what is missing is blank text and 0.
+
+/// The count of a file is believed up to here; the entries behind are not listed.
+inline constexpr int kMostIndexEntries = 100;
+
+/// Stored two words, the high one first, each little-endian.
+class HighWordFirst {
+ public:
+  constexpr HighWordFirst() = default;
+  constexpr explicit HighWordFirst(std::uint32_t value)
+      : m_high(static_cast<std::uint16_t>(value >> 16)), m_low(static_cast<std::uint16_t>(value)) {}
+  constexpr std::uint32_t value() const { return std::uint32_t{m_high} << 16 | std::uint32_t{m_low}; }
+
+ private:
+  Little<std::uint16_t> m_high, m_low;
+};
+
+/// The last eight bytes of an entry differ by source.
+template <class Tail>
+struct KuIndexEntry {                  // offset
+  std::uint8_t entryFlag = 0;          //  0  not used
+  FixedText<6> entryProjectNo;         //  1  the first six places
+  FixedText<8> entryDate;              //  7  yyyymmdd
+  std::uint8_t entryGroupCount = 0;    // 15  sample groups in the block
+  HighWordFirst entryDataOffset;       // 16  where the block begins
+  Little<std::int16_t> entryReserved;  // 20  not used
+  Tail entryTail;                      // 22
+};                                     // 30
+
+/// A 16-bit word that holds sign and magnitude: the top bit means minus.
+constexpr std::int16_t fromSignAndMagnitude(std::int16_t word) {
+  return static_cast<std::int16_t>(word < 0 ? -(word + 32768) : word);
+}
+
+/// The controllers write this word where they took no reading.
+inline constexpr std::int16_t kNoReading = -30000;
+
+/// What a text box shows of a foreign text: up to the first zero byte, without the blanks around it.
+std::string_view shownText(std::string_view text);
+
+/// yyyy/mm/dd of an entry's date, as far as it is one.
+std::string slashedEntryDate(const FixedText<8>& entryDate);
+
+/// The sentence for a file that ends in front of what it promises.
+std::string cutShortRemark(const File& file, std::string_view whatIsMissing);
+
+/// The entries that the count promises, at most 100, and the file holds. An entry that the end cuts counts.
+template <class Tail>
+std::vector<KuIndexEntry<Tail>> readKuIndex(const File& file, Remarks& remarks) {
+  using Entry = KuIndexEntry<Tail>;
+  static_assert(sizeof(Entry) == 30 && std::is_trivially_copyable_v<Entry>);
+  static_assert(offsetof(Entry, entryDataOffset) == 16 && offsetof(Entry, entryTail) == 22);
+
+  Little<std::int16_t> count;
+  const std::size_t countBytes = file.readAt(0, writableBytesOf(count));
+  const int wanted = count < kMostIndexEntries ? int{count} : kMostIndexEntries;
+  if (wanted <= 0) return {};
+
+  std::vector<Entry> entries(static_cast<std::size_t>(wanted));
+  const auto bytes = std::as_writable_bytes(std::span(entries));
+  const std::size_t got = countBytes < sizeof count ? 0 : file.readAt(sizeof count, bytes);
+  entries.resize((got + sizeof(Entry) - 1) / sizeof(Entry));
+  if (got < bytes.size()) remarks.push_back(cutShortRemark(file, "索引"));
+  return entries;
+}
+
+}  // namespace triaxlab

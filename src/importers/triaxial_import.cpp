@@ -1,0 +1,139 @@
+#include "importers/triaxial_import.h"
+
+#include <algorithm>
+#include <optional>
+#include <span>
+#include <utility>
+
+#include "common/fixed_text.h"
+#include "common/user_error.h"
+#include "triaxial/measures.h"
+
+namespace triaxlab {
+namespace {
+
+using Record = TriaxialSampleRecord;
+
+bool isSameSample(const Record& a, const Record& b) {
+  return a.sampleNo == b.sampleNo && a.projectNo == b.projectNo && a.testMethod == b.testMethod;
+}
+
+template <class Rows>
+void copyRows(const Rows& from, std::size_t fromSlot, Rows& into, std::size_t intoSlot, std::size_t count) {
+  for (std::size_t row = 0; row < count; ++row) into[row][intoSlot] = from[row][fromSlot];
+}
+
+/// All that a source gives of one specimen but its pressure.
+void copySpecimen(const Record& from, std::size_t fromSlot, Record& into, std::size_t intoSlot) {
+  into.shearRate[intoSlot] = from.shearRate[fromSlot];
+  into.initialHeight[intoSlot] = from.initialHeight[fromSlot];
+  into.consolidatedHeight[intoSlot] = from.consolidatedHeight[fromSlot];
+  into.initialArea[intoSlot] = from.initialArea[fromSlot];
+  into.consolidatedArea[intoSlot] = from.consolidatedArea[fromSlot];
+  into.consolidationDrainage[intoSlot] = from.consolidationDrainage[fromSlot];
+  const auto copy = [&](auto member, std::size_t count) {
+    copyRows(from.*member, fromSlot, into.*member, intoSlot, count);
+  };
+  copy(&Record::consolidationPorePressure, kImportedConsolidationRows);
+  copy(&Record::consolidationVolume, kImportedConsolidationRows);
+  copy(&Record::deviatorStress, kImportedShearRows);
+  copy(&Record::porePressure, kImportedShearRows);
+  copy(&Record::volumeChange, kImportedShearRows);
+}
+
+std::optional<std::size_t> slotOfPressure(const Record& record, double pressure) {
+  for (std::size_t slot = 0; slot < kStages; ++slot)
+    if (record.cellPressure[slot].number() == pressure) return slot;
+  return std::nullopt;
+}
+
+/// A sixth pressure finds no free slot and is dropped in silence, as the technician knows it from five places.
+void mergeSpecimens(const Record& from, Record& into) {
+  for (std::size_t slot = 0; slot < kStages; ++slot) {
+    const double pressure = from.cellPressure[slot].number();
+    if (pressure == 0) continue;
+    if (const auto known = slotOfPressure(into, pressure)) {
+      copySpecimen(from, slot, into, *known);
+    } else if (const auto unused = slotOfPressure(into, 0)) {
+      copySpecimen(from, slot, into, *unused);
+      into.cellPressure[*unused] = from.cellPressure[slot];
+    }
+  }
+}
+
+std::array<float, kShearRows> evenStrains(double step) {
+  std::array<float, kShearRows> strains{};
+  for (std::size_t row = 0; row < kShearRows; ++row)
+    strains[row] = static_cast<float>(static_cast<double>(row + 1) * step);
+  return strains;
+}
+
+/// Seconds at which the apparatus reads: k² minutes, the last reading after a day.
+std::int32_t consolidationSeconds(std::size_t row) {
+  constexpr std::int32_t kDay = 86400;
+  const auto k = static_cast<std::int32_t>(row);
+  return row + 1 == kImportedConsolidationRows ? kDay : k * k * 60;
+}
+
+}  // namespace
+
+void FillSampleTimeAxes(TriaxialSampleRecord& row) {
+  static const auto narrow = evenStrains(0.2), wide = evenStrains(0.4);
+  const auto& strains = isMultiStage(row) ? narrow : wide;
+  for (std::size_t i = 0; i < kShearRows; ++i) row.axialStrain[i].fill(strains[i]);
+
+  for (std::size_t k = 0; k < kImportedConsolidationRows; ++k) {
+    for (std::size_t slot = 0; slot < kStages; ++slot) {
+      // The first slot counts as read by its pore pressure alone.
+      const bool drained = slot != 0 && row.consolidationVolume[k][slot] != 0;
+      const bool isRead = row.consolidationPorePressure[k][slot] != 0 || drained;
+      row.consolidationTime[k][slot] = isRead ? consolidationSeconds(k) : 0;
+    }
+  }
+}
+
+double strainOfEarlierStages(const TriaxialSampleRecord& row, std::size_t stage) {
+  constexpr std::size_t kMostRows = 50;
+  double strain = 0;
+  for (std::size_t earlier = 0; earlier < stage; ++earlier) {
+    std::size_t rows = 1;
+    while (rows < kMostRows && row.deviatorStress[rows][earlier].number() != 0) ++rows;
+    strain += static_cast<double>(rows) * 0.002;
+  }
+  return strain;
+}
+
+TriaxialImport::TriaxialImport() : m_table(kTableRows) {}
+
+void TriaxialImport::addProjectDate(const SourceRow& source) {
+  if (m_projectDateCount == m_projectDates.size())
+    throw UserError("选中的工程太多，最多只能处理101个，数据没有读入。请减少选中的行。");
+  ProjectDate& date = m_projectDates[m_projectDateCount++];
+  SetText(date.projectNo, source.projectNo);
+  SetText(date.testDate, source.testDate);
+}
+
+void TriaxialImport::keepRow() {
+  if (m_sampleCursor == kTableRows) throw UserError("选中的试样超过1001个，数据没有读入。请减少选中的行，分几次处理。");
+  ++m_sampleCursor;
+}
+
+void TriaxialImport::mergeOrKeepRow() {
+  const auto earlier = std::span(m_table).first(m_sampleCursor);
+  const auto same = std::find_if(earlier.begin(), earlier.end(),
+                                 [this](const Record& record) { return isSameSample(record, row()); });
+  if (same == earlier.end()) return keepRow();
+  mergeSpecimens(row(), *same);
+  row() = {};
+}
+
+ImportReport TriaxialImport::store(Workspace& workspace, Remarks remarks) {
+  std::for_each_n(m_table.begin(), m_sampleCursor, FillSampleTimeAxes);
+  workspace.TriaxialSampleTable.swap(m_table);
+  workspace.ProjectDateTable = m_projectDates;
+  workspace.clearLocations();
+  workspace.rawImportPending = true;
+  return {m_sampleCursor, std::move(remarks)};
+}
+
+}  // namespace triaxlab
