@@ -353,8 +353,8 @@ class AutomaticSource : public RawSource {
   Remarks m_remarks;
 };
 
-constexpr std::array kColumns{GridColumn{"工程编号", 1500}, GridColumn{"试验日期", 1500}, GridColumn{"组 数", 800},
-                              GridColumn{"方法", 600}};
+constexpr std::array kColumns{SourceColumn{"工程编号", 1500}, SourceColumn{"试验日期", 1500},
+                              SourceColumn{"组 数", 800}, SourceColumn{"方法", 600}};
 
 template <const Reader& reader>
 std::unique_ptr<RawSource> openAutomatic(const std::filesystem::path& path) {

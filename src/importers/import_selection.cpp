@@ -12,8 +12,8 @@
 namespace triaxlab {
 namespace {
 
-constexpr GridColumn kNumberColumn{"序号", 930};
-constexpr GridColumn kMarkColumn{"处理选择", 1000};
+constexpr SourceColumn kNumberColumn{"序号", 930};
+constexpr SourceColumn kMarkColumn{"处理选择", 1000};
 constexpr const char* kMark = "处理";
 constexpr const char* kDefaultSourceFolder = "c:\\qvb";
 
@@ -50,8 +50,8 @@ void ImportSelection::open(const std::filesystem::path& sourcePath) {
   m_marked.assign(m_source->rows().size(), false);
 }
 
-std::vector<GridColumn> ImportSelection::columns() const {
-  std::vector<GridColumn> columns{kNumberColumn};
+std::vector<SourceColumn> ImportSelection::columns() const {
+  std::vector<SourceColumn> columns{kNumberColumn};
   columns.insert(columns.end(), m_importer.columns.begin(), m_importer.columns.end());
   columns.push_back(kMarkColumn);
   return columns;

@@ -35,7 +35,7 @@ class ImportSelection {
   void open(const std::filesystem::path& sourcePath);
 
   /// Heading and width of all columns: 序号, those of the source, 处理选择.
-  std::vector<GridColumn> columns() const;
+  std::vector<SourceColumn> columns() const;
   std::size_t rowCount() const { return m_marked.size(); }
   /// Text of a cell, UTF-8; rows count from 1, row 0 has the headings. Pre: row <= rowCount().
   std::string cell(std::size_t row, std::size_t column) const;

@@ -14,8 +14,8 @@
 
 namespace triaxlab {
 
-/// A column of the selection grid. Headings are UTF-8, widths are twips.
-struct GridColumn {
+/// A column of a selection grid. Headings are UTF-8, widths are twips.
+struct SourceColumn {
   std::string_view heading;
   int width;
 };
@@ -56,8 +56,8 @@ struct Importer {
   std::string_view defaultFile;  // in the source folder
   SettingsField folderField;     // of qvb.sys, the source folder; a width of 0: the folder stays as the caller left it
   std::string_view messageTitle;
-  ActiveDocument document;              // whose table is filled, and which window shows it then
-  std::span<const GridColumn> columns;  // between 序号 and 处理选择, which every grid has
+  ActiveDocument document;                // whose table is filled, and which window shows it then
+  std::span<const SourceColumn> columns;  // between 序号 and 处理选择, which every grid has
   /// Reads the index. UserError: the file is missing, a folder, unreadable. An empty file has no rows.
   std::unique_ptr<RawSource> (*open)(const std::filesystem::path& path);
 };
