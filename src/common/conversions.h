@@ -14,9 +14,13 @@ namespace triaxlab {
 namespace detail {
 template <class Integer>
 std::optional<Integer> nearest(double value) {
-  const double rounded = std::nearbyint(value);  // ties to even in the default rounding mode, which nobody changes
-  if (!(rounded >= std::numeric_limits<Integer>::min() && rounded <= std::numeric_limits<Integer>::max()))
-    return std::nullopt;
+  constexpr double kLowest = std::numeric_limits<Integer>::min(), kHighest = std::numeric_limits<Integer>::max();
+  if (!(value > kLowest - 1 && value < kHighest + 1)) return std::nullopt;
+  // std::nearbyint without its call: so far from 0 a double has no places for a fraction, and the sum is rounded to the
+  // nearest whole number, ties to even in the default rounding mode, which nobody changes.
+  constexpr double kNoFractions = 0x1.8p52;
+  const double rounded = (value + kNoFractions) - kNoFractions;
+  if (rounded < kLowest || rounded > kHighest) return std::nullopt;
   return static_cast<Integer>(rounded);
 }
 }  // namespace detail

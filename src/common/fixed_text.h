@@ -57,6 +57,14 @@ class FixedText {
     if (std::isfinite(value)) SetText(field, FormatNumber(value, format));
   }
 
+  /// SetNumber, and the number that the field reads as afterwards: rounded, and cut at the width.
+  friend double SetAndRead(FixedText& field, double value, NumberFormat format) {
+    if constexpr (detail::kFitsAWord<N>)
+      if (format == NumberFormat::Whole && detail::writeWholeNumber<N>(field.m_places.data(), value)) return value;
+    SetNumber(field, value, format);
+    return field.number();
+  }
+
  private:
   std::array<char, N> m_places;
 };

@@ -21,9 +21,7 @@ void correctNegativePorePressure(TriaxialSampleRecord& record, std::size_t stage
   for (std::size_t row = 0; row < kShearRows; ++row) {
     double& u = curves.porePressure[row];
     if (curves.deviatorStress[row] == 0 || !(u < 0)) continue;
-    FixedText<6>& text = record.porePressure[row][stage];
-    SetNumber(text, 2 * smallest - u, NumberFormat::Whole);
-    u = text.number();
+    u = SetAndRead(record.porePressure[row][stage], 2 * smallest - u, NumberFormat::Whole);
   }
 }
 
@@ -42,12 +40,9 @@ void computeEffectiveCurves(TriaxialSampleRecord& record, std::size_t stage, Sta
     const double q = curves.deviatorStress[row], u = curves.porePressure[row];
     FixedText<6>& sigma1Eff = record.sigma1Eff[row][stage];
     FixedText<6>& sigma3Eff = record.sigma3Eff[row][stage];
-    if (q != 0) {
-      SetNumber(sigma1Eff, q + sigma3 - u, NumberFormat::Whole);
-      SetNumber(sigma3Eff, sigma3 - u, NumberFormat::Whole);
-    }
-    curves.sigma1Eff[row] = sigma1Eff.number();
-    curves.sigma3Eff[row] = sigma3Eff.number();
+    const bool stressed = q != 0;
+    curves.sigma1Eff[row] = stressed ? SetAndRead(sigma1Eff, q + sigma3 - u, NumberFormat::Whole) : sigma1Eff.number();
+    curves.sigma3Eff[row] = stressed ? SetAndRead(sigma3Eff, sigma3 - u, NumberFormat::Whole) : sigma3Eff.number();
   }
 }
 
