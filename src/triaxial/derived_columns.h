@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "triaxial/record.h"
+
+namespace triaxlab {
+
+/// What the tables of readings show beside each other; none but the stored columns are kept in the record.
+enum class DerivedColumn : std::uint8_t {
+  Strain,             // εi, %
+  DeviatorStress,     // σ1-σ3, kPa, as stored
+  Sigma1,             // σ1, kPa
+  HalfSum,            // (σ1+σ3)/2, kPa
+  HalfDifference,     // (σ1-σ3)/2, kPa
+  PorePressure,       // u, kPa, as stored
+  VolumeChange,       // ΔVi, ml
+  Sigma1Eff,          // σ1′, kPa, as stored
+  Sigma3Eff,          // σ3′, kPa, as stored
+  HalfDifferenceEff,  // (σ1′-σ3′)/2, kPa
+  HalfSumEff,         // (σ1′+σ3′)/2, kPa
+  RatioEff,           // σ1′/σ3′
+};
+
+/// The column's text (GBK) in a row of a stage. Empty when the row has no stress, when one of the values that go into
+/// the column reads as 0, and when the result does not fit the 16-bit integer through which two of the columns pass.
+std::string derivedText(const TriaxialSampleRecord& record, std::size_t stage, std::size_t row, DerivedColumn column);
+
+}  // namespace triaxlab
