@@ -64,8 +64,8 @@ double sumOf(const ShearRows<FixedText<6>>& column) {
 double parseOnce(const Table& table) {
   double sum = 0;
   for (const TriaxialSampleRecord& record : table)
-    sum += sumOf(record.deviatorStress) + sumOf(record.porePressure) + sumOf(record.sigma1Eff) +
-           sumOf(record.sigma3Eff);
+    sum +=
+        sumOf(record.deviatorStress) + sumOf(record.porePressure) + sumOf(record.sigma1Eff) + sumOf(record.sigma3Eff);
   return sum;
 }
 
