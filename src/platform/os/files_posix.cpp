@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -18,36 +19,46 @@ namespace {
 
 /// The cause of a failed system call in the technician's language.
 std::string causeOf(int error) {
-  switch (error) {
-    case ENOENT:
-      return "没有这个文件或文件夹";
-    case EACCES:
-    case EPERM:
-      return "没有读写权限";
-    case EISDIR:
-      return "它是一个文件夹";
-    case ENOTDIR:
-      return "路径中有一段不是文件夹";
-    case ENOSPC:
-    case EDQUOT:
-      return "磁盘已满";
-    case EROFS:
-      return "磁盘是只读的";
-    case EIO:
-      return "磁盘读写错误";
-    case ENAMETOOLONG:
-      return "名称太长";
-    case EMFILE:
-    case ENFILE:
-      return "打开的文件太多";
-    default:
-      return std::strerror(error);
-  }
+  struct Cause {
+    int error;
+    const char* words;
+  };
+  static constexpr std::array kCauses{
+      Cause{ENOENT, "没有这个文件或文件夹"},
+      Cause{EACCES, "没有读写权限"},
+      Cause{EPERM, "没有读写权限"},
+      Cause{EBADF, "没有读写权限"},  // a file opened to be read, written to
+      Cause{EISDIR, "它是一个文件夹"},
+      Cause{ENOTDIR, "路径中有一段不是文件夹"},
+      Cause{ELOOP, "路径中的链接绕成一圈"},
+      Cause{ENOSPC, "磁盘已满"},
+      Cause{EDQUOT, "磁盘已满"},
+      Cause{EFBIG, "文件超过系统允许的大小"},
+      Cause{EROFS, "磁盘是只读的"},
+      Cause{EIO, "磁盘读写错误"},
+      Cause{ENXIO, "磁盘已断开"},
+      Cause{ENODEV, "磁盘已断开"},
+      Cause{ESTALE, "网络磁盘已断开"},
+      Cause{ETIMEDOUT, "网络磁盘没有回答"},
+      Cause{EBUSY, "它正被别的程序使用"},
+      Cause{ETXTBSY, "它正被别的程序使用"},
+      Cause{ENAMETOOLONG, "名称太长"},
+      Cause{EMFILE, "打开的文件太多"},
+      Cause{ENFILE, "打开的文件太多"},
+      Cause{ENOMEM, "内存不足"},
+  };
+  const auto* const known =
+      std::find_if(kCauses.begin(), kCauses.end(), [error](const Cause& cause) { return cause.error == error; });
+  if (known != kCauses.end()) return known->words;
+  return fmt::format("系统错误 {}（{}）", error, std::strerror(error));
 }
 
 [[noreturn]] void fail(std::string_view deed, const std::filesystem::path& path, int error) {
   throw UserError(fmt::format("{}“{}”失败：{}。", deed, textOfPath(path), causeOf(error)));
 }
+
+/// The system ends a name at a zero byte, and would reach for another file than the one meant.
+bool holdsZeroByte(const std::filesystem::path& path) { return path.native().find('\0') != std::string::npos; }
 
 template <class Call>
 auto repeatInterrupted(Call call) {
@@ -91,6 +102,7 @@ int openFlags(File::Mode mode) {
 }  // namespace
 
 File::File(std::filesystem::path path, Mode mode) : m_path(std::move(path)) {
+  if (holdsZeroByte(m_path)) fail("打开文件", m_path, ENOENT);
   m_descriptor = repeatInterrupted([&] { return open(m_path.c_str(), openFlags(mode) | O_CLOEXEC, 0666); });
   if (m_descriptor < 0) fail("打开文件", m_path, errno);
   struct stat status {};
@@ -153,15 +165,17 @@ void File::sync() {
 
 bool fileExists(const std::filesystem::path& path) {
   struct stat status {};
-  return stat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+  return !holdsZeroByte(path) && stat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
 }
 
 bool folderExists(const std::filesystem::path& path) {
   struct stat status {};
-  return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+  return !holdsZeroByte(path) && stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-bool folderIsWritable(const std::filesystem::path& folder) { return access(folder.c_str(), W_OK | X_OK) == 0; }
+bool folderIsWritable(const std::filesystem::path& folder) {
+  return faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
 
 Bytes readWholeFile(const std::filesystem::path& path, std::uint64_t limit) {
   const File file(path, File::Mode::Read);
@@ -173,7 +187,11 @@ Bytes readWholeFile(const std::filesystem::path& path, std::uint64_t limit) {
   return content;
 }
 
-void writeWholeFile(const std::filesystem::path& path, std::span<const std::byte> content) {
+void writeWholeFile(const std::filesystem::path& named, std::span<const std::byte> content) {
+  // A link is left standing: the file that it names is replaced.
+  std::error_code noFileYet;
+  std::filesystem::path path = std::filesystem::canonical(named, noFileYet);
+  if (noFileYet) path = named;
   std::filesystem::path beside = path;
   beside += ".new";
   try {
@@ -214,7 +232,8 @@ bool makeFolder(const std::filesystem::path& folder) {
 }
 
 std::optional<std::filesystem::path> findFile(const std::filesystem::path& folder, std::string_view name) {
-  if (name.empty() || name.find('/') != std::string_view::npos) return std::nullopt;
+  if (name.empty() || name == "." || name == ".." || name.find_first_of(std::string_view("/\0", 2)) != name.npos)
+    return std::nullopt;
   std::filesystem::path asSpelled = folder / std::string(name);
   struct stat status {};
   if (stat(asSpelled.c_str(), &status) == 0) return asSpelled;

@@ -1,0 +1,57 @@
+#include "platform/process.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <thread>
+
+#include "platform/files.h"
+#include "platform/temporary_folder.h"
+
+namespace triaxlab {
+namespace {
+
+/// A tool that leaves a mark when it ran.
+void writeTool(const std::filesystem::path& path, const std::filesystem::path& mark) {
+  std::ofstream(path) << "#!/bin/sh\necho done > '" << mark.string() << "'\n";
+  std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+}
+
+bool appears(const std::filesystem::path& file) {
+  for (int tenths = 0; tenths < 100; ++tenths) {
+    if (fileExists(file)) return true;
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+  }
+  return false;
+}
+
+TEST(StartProgram, StartsAToolBesideUs) {
+  const TemporaryFolder folder;
+  writeTool(folder / "SZBB.exe", folder / "mark");
+  startProgram(folder / "SZBB.exe");
+  EXPECT_TRUE(appears(folder / "mark"));
+}
+
+TEST(StartProgram, AToolMayStandWithoutItsExtension) {
+  const TemporaryFolder folder;
+  writeTool(folder / "SZBB", folder / "mark");
+  startProgram(folder / "SZBB.exe");
+  EXPECT_TRUE(appears(folder / "mark"));
+}
+
+TEST(StartProgram, WhatCanNotBeStartedIsSilent) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directory(folder / "folder.exe");
+  std::ofstream(folder / "text.exe") << "no program";
+  std::ofstream(folder / "broken.exe") << "\x7f"
+                                          "ELF and nothing more";
+  std::filesystem::permissions(folder / "broken.exe", std::filesystem::perms::owner_all);
+  for (const char* const name : {"missing.exe", "folder.exe", "text.exe", "broken.exe", "folder.exe/inside"})
+    EXPECT_NO_THROW(startProgram(folder / name)) << name;
+}
+
+}  // namespace
+}  // namespace triaxlab
