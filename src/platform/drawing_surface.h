@@ -31,6 +31,7 @@ enum class Colour : std::uint8_t {
 struct Stroke {
   Colour colour = Colour::Black;
   int width = 1;
+  bool operator==(const Stroke&) const = default;
 };
 
 inline constexpr const char* kSong = "宋体";
@@ -41,6 +42,7 @@ struct Font {
   std::string name = kSong;  // the font asked for, never its substitute
   double size = 10.5;        // point
   bool bold = false;
+  bool operator==(const Font&) const = default;
 };
 
 /// Width of a UTF-8 text by rule, never by the fonts installed: ten twips a GBK byte and point (eight for
