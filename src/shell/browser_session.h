@@ -22,17 +22,22 @@ struct GridColumn {
   int width = 0;
 };
 
-/// The session behind the project browser (OPENFORM). The kind of file is `openDialogKind` of the workspace.
+/// The session behind the project browser (OPENFORM). The kind of file is `openDialogKind` of the workspace, 1 so far.
+/// The hint speaks of the letter T; only Enter, the double click and Labelcz open. Sorting and the sample list are off.
 class BrowserSession {
  public:
   /// Lists the project files; row 1, column 1 is current.
   BrowserSession(Workspace& workspace, Dialogs& dialogs, RangeChooser chooseRange);
 
-  std::string_view caption() const;    // of the window
-  std::string_view listName() const;   // Labelname
-  std::string_view openLabel() const;  // Labelcz
-  std::string_view listLabel() const;  // Labelsize
-  std::string_view hint() const;
+  static constexpr std::string_view kSortByProject = "工程编号排序";                       // Command1
+  static constexpr std::string_view kSortByDate = "创建日期排序";                          // Command2
+  static constexpr std::string_view kSorting = "正在排序中，请稍候......";                 // Labelp
+  static constexpr std::string_view kOpen = "打开文件\n恢复所选中的工程数据";              // Labelcz
+  static constexpr std::string_view kSampleList = "土样列表\n对所选工程进行土样编号排序";  // Labelsize
+  static constexpr std::string_view kHint = "鼠标双击或按\"T\"键选择要处理的文件";
+
+  std::string_view caption() const;   // of the window
+  std::string_view listName() const;  // Labelname
 
   std::vector<GridColumn> columns() const;
   /// Data rows of the grid, at least 1: a folder without files shows one empty row.
@@ -55,7 +60,7 @@ class BrowserSession {
   Workspace& m_workspace;
   Dialogs& m_dialogs;
   RangeChooser m_chooseRange;
-  ProjectKind m_kind;
+  const ProjectKindInfo& m_kind;
   std::vector<ProjectListRow> m_rows;
   int m_currentRow = 1, m_currentColumn = 1;
   std::optional<Remarks> m_opened;

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
+#include <initializer_list>
 #include <string_view>
 #include <vector>
 
@@ -40,6 +39,9 @@ class CommandStates {
   struct Switches {
     bool visible = true, enabled = true;
   };
+  void turn(std::string_view name, bool on);
+  void turn(std::initializer_list<std::string_view> names, bool on);
+
   std::vector<Switches> m_switches;  // by row of the command table
 };
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace triaxlab {
@@ -15,28 +16,28 @@ enum class CommandKind : std::uint8_t {
 
 /// What a command does; `argument` and `target` of its row say with what.
 enum class Action : std::uint8_t {
-  None,                // a heading
-  NewDocument,         // argument: ActiveDocument
-  OpenProject,         // argument: openDialogKind
-  OpenNanjingFile,     //
-  Print,               // the dialog for activeDocument
-  PrintWithTK0Curves,  // the same, and for Form9 too
-  PrintSheets,         // target: dialog
-  PrintTK0Curves,      // target: dialog
-  SaveAsWorkbook,      //
-  Save,                //
-  SetSourceFolder,     // argument: openDialogKind of Form5
-  Exit,                //
-  Import,              // target: the importer's window
-  ShowCurves,          //
-  ShowCurvePage,       // argument: CurvePage
-  ShowDataTable,       //
-  Intervene,           //
-  ReprocessCurves,     //
-  FillTemplates,       //
-  FlipToggle,          //
-  StartTool,           // target: program; windowTitle
-  StartThisProgram,    // which runs already: nothing happens
+  None,              // a heading
+  NewDocument,       // argument: ActiveDocument
+  OpenProject,       // argument: openDialogKind
+  OpenNanjingFile,   //
+  Print,             // the dialog for activeDocument
+  PrintWithTK0,      // the same, and for Form9 too
+  PrintSheets,       // target: dialog
+  PrintTK0Curves,    // target: dialog
+  SaveAsWorkbook,    //
+  Save,              //
+  SetSourceFolder,   // argument: openDialogKind of Form5
+  Exit,              //
+  Import,            // target: the importer's window
+  ShowCurves,        //
+  ShowCurvePage,     // argument: CurvePage
+  ShowDataTable,     //
+  Intervene,         //
+  ReprocessCurves,   //
+  FillTemplates,     //
+  FlipToggle,        //
+  StartTool,         // target: program; windowTitle
+  StartThisProgram,  // which runs already: nothing happens
 };
 
 /// One menu command; the rows stand in the order of the menu.
@@ -55,6 +56,8 @@ struct Command {
 };
 
 std::span<const Command> commandTable();
+/// What the status bar says of a command under the pointer, UTF-8.
+std::string commandHelp(const Command& command);
 /// Null when there is no such command. Names count letter for letter.
 const Command* findCommand(std::string_view name);
 

@@ -42,6 +42,9 @@ class OverwriteSession {
   void keepAll();
 
  private:
+  /// Null outside the list and the page.
+  const KnownSample* sampleAt(int index) const;
+
   Workspace& m_workspace;
   std::vector<KnownSample> m_known;
   int m_scroll = 0;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -41,8 +40,8 @@ class ShellSession {
   // What happens to document windows
   /// A document window came to the front.
   void documentActivated(ActiveDocument document);
-  /// A person closes a document window: asks about unsaved changes and saves them. False when not all could be saved:
-  /// the window stays, since its changes would be lost.
+  /// A document is to be closed or replaced: asks about unsaved changes and saves them; goes on after either answer.
+  /// False when not all could be saved: the document stays, since its changes would be lost.
   bool mayClose(ActiveDocument document);
   /// A document window is gone. The activation of the window that comes to the front is to follow.
   void documentClosed(ActiveDocument document);
@@ -72,9 +71,7 @@ class ShellSession {
   void showCurves(const Command& command);
   void showCurvePage(const Command& command);
   void startTool(const Command& command);
-  void stay(const Command& command);
 
-  bool mayReplace(ActiveDocument document);
   void show(ActiveDocument document, const Remarks& remarks);
 
   Workspace& m_workspace;

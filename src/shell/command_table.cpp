@@ -1,0 +1,214 @@
+#include "shell/command_table.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+#include "store/workspace.h"
+
+namespace triaxlab {
+namespace {
+
+using Name = std::string_view;
+
+constexpr Command submenu(Name name, Name caption, Name parent = {}) {
+  return {.name = name, .caption = caption, .parent = parent, .kind = CommandKind::Submenu};
+}
+constexpr Command entry(Name name, Name caption, Name parent, Action action, std::int16_t argument = 0) {
+  return {.name = name, .caption = caption, .parent = parent, .action = action, .argument = argument};
+}
+constexpr Command dialog(Name name, Name caption, Name parent, Action action, Name form) {
+  return {.name = name, .caption = caption, .parent = parent, .action = action, .target = form};
+}
+constexpr Command importer(Name name, Name caption, Name form) {
+  return dialog(name, caption, "RZMOPEN", Action::Import, form);
+}
+constexpr Command curvePage(Name name, Name caption, std::int16_t page, Name shortcut,
+                            CommandKind kind = CommandKind::Entry) {
+  return {.name = name,
+          .caption = caption,
+          .parent = "QUXIAN",
+          .kind = kind,
+          .action = Action::ShowCurvePage,
+          .argument = page,
+          .shortcut = shortcut};
+}
+constexpr Command toggle(Name name, Name caption) {
+  return {.name = name,
+          .caption = caption,
+          .parent = "SETUPMIDU",
+          .kind = CommandKind::Toggle,
+          .action = Action::FlipToggle};
+}
+constexpr Command tool(Name name, Name caption, Name parent, Name program, Name windowTitle) {
+  return {.name = name,
+          .caption = caption,
+          .parent = parent,
+          .action = Action::StartTool,
+          .target = program,
+          .windowTitle = windowTitle};
+}
+
+constexpr Command withKey(Command command, Name shortcut) {
+  command.shortcut = shortcut;
+  return command;
+}
+constexpr Command belowLine(Command command) {
+  command.lineAbove = true;
+  return command;
+}
+constexpr Command doing(Command command, Action action) {
+  command.action = action;
+  return command;
+}
+/// Stands in the menu, but its work is not part of this version.
+constexpr Command later(Command command) {
+  command.built = false;
+  return command;
+}
+
+using A = Action;
+using K = CommandKind;
+
+// Shortcuts leave alone what the documents use: letters and digits, arrows, End, Enter, PageUp, PageDown, F4 and F5.
+constexpr std::array kCommands{
+    submenu("RZMFILE", "文件"),
+    submenu("NEW0", "新建", "RZMFILE"),
+    withKey(entry("NEW", "新建WKSZ（X）.TXT", "NEW0", A::NewDocument, kForm1), "Ctrl+N"),
+    later(entry("NEW1", "新建KWCX（X）.TXT", "NEW0", A::NewDocument, kForm4)),
+    later(entry("NK0", "新建K0工程", "NEW0", A::NewDocument, kForm6)),
+    submenu("DAKAI", "打开", "RZMFILE"),
+    withKey(entry("ZMOPEN", "打开WKSZ（X）.TXT", "DAKAI", A::OpenProject, 1), "Ctrl+O"),
+    later(entry("ZMOPENOLD", "打开KSZ（X）.TXT", "DAKAI", A::OpenProject, 101)),
+    later(entry("ZMOPEN0", "打开KWCX（X）.TXT", "DAKAI", A::OpenProject, 2)),
+    later(entry("OK0", "打开K0（X）.TXT", "DAKAI", A::OpenProject, 10)),
+    later(entry("TK0", "打开TK0（X）.TXT", "DAKAI", A::OpenProject, 20)),
+    later(belowLine(entry("OPENNJ", "打开南京数据文件*.SZD", "DAKAI", A::OpenNanjingFile))),
+    belowLine(withKey(entry("ZMPRINT", "打印", "RZMFILE", A::Print), "Ctrl+P")),
+    later(entry("SAVEASEXCEL", "另存为Excel文件", "RZMFILE", A::SaveAsWorkbook)),
+    withKey(entry("ZMSAVE", "保存", "RZMFILE", A::Save), "Ctrl+S"),
+    belowLine(submenu("SET0", "设置", "RZMFILE")),
+    later(entry("SHEZHI2", "QVB98三轴源文件所在目录", "SET0", A::SetSourceFolder, 3)),
+    later(entry("SHEZHI", "全自动三轴源文件所在目录", "SET0", A::SetSourceFolder, 1)),
+    later(entry("XSHEZHI1", "新QVB三轴源文件所在目录", "SET0", A::SetSourceFolder, 5)),
+    later(entry("SHEZHI1", "无侧限源文件所在目录", "SET0", A::SetSourceFolder, 2)),
+    later(entry("XSHEZHI2", "新无侧限源文件所在目录", "SET0", A::SetSourceFolder, 6)),
+    later(entry("SHEZHI3", "Ko源文件所在目录", "SET0", A::SetSourceFolder, 4)),
+    later(entry("XSHEZHI3", "新Ko源文件所在目录", "SET0", A::SetSourceFolder, 7)),
+    later(entry("TK0SZ", "TKo源文件所在目录", "SET0", A::SetSourceFolder, 8)),
+    later(entry("WINSZ", "WIN版三轴源文件所在目录", "SET0", A::SetSourceFolder, 10)),
+    later(entry("WINWCX", "WIN版无侧限源文件所在目录", "SET0", A::SetSourceFolder, 11)),
+    later(entry("WINSZDAT", "WIN版三轴DATX格式文件所在目录", "SET0", A::SetSourceFolder, 12)),
+    later(entry("WINWCXDAT", "WIN版无侧限DATX格式文件所在目录", "SET0", A::SetSourceFolder, 13)),
+    belowLine(withKey(entry("ZMEXIT", "退出", "RZMFILE", A::Exit), "Ctrl+Q")),
+
+    submenu("RZMOPEN", "打开"),
+    later(importer("OWINSZ", "WIN版三轴", "OPENFORMWIN")),
+    later(importer("OWINSZDAT", "WIN版三轴SZ(X).DATX", "OPENFORMWINDAT")),
+    later(importer("OLDSZ", "QVB98 三轴", "OPENFORM1")),
+    importer("OLDSZ1", "全自动三轴(老版本)", "OPENFORM0OLD"),
+    importer("NEWSZ", "全自动三轴", "OPENFORM0"),
+    later(importer("NEWSZ2", "新QVB三轴", "OPENFORM10")),
+    later(importer("RGSZ", "人工输入三轴", "OPENFORMZ")),
+    later(belowLine(importer("WUCEXIAN", "无侧限抗压强度", "OPENFORM3"))),
+    later(importer("XWUCEXIAN", "新无侧限", "OPENFORM30")),
+    later(importer("OWINWCX", "WIN版无侧限", "OPENFORMWINWCX")),
+    later(importer("OWINWCXDAT", "WIN版无侧限WCX(X).DATX", "OPENFORMWINWCXDAT")),
+    later(belowLine(importer("k0", "K0", "OPENFORM2"))),
+    later(importer("Xk0", "新K0", "OPENFORM20")),
+    later(importer("TXk0", "TK0", "OPENFORM21")),
+
+    submenu("RZMEDIT", "编辑"),
+    entry("RZMSAVE", "保存", "RZMEDIT", A::Save),
+    later(belowLine(entry("RZMGANYU", "干预", "RZMEDIT", A::Intervene))),
+    later(entry("RQUXIAN", "重处理曲线", "RZMEDIT", A::ReprocessCurves)),
+
+    submenu("RZMVIEW", "视图"),
+    doing(submenu("QUXIAN", "曲线", "RZMVIEW"), A::ShowCurves),
+    curvePage("QUXIAN1", "主应力差与轴向应变曲线", 1, "Ctrl+1"),
+    curvePage("QUXIAN2", "应力比强度包线", 2, "Ctrl+2", K::ExclusiveCheck),
+    curvePage("QUXIAN3", "应力差强度包线", 3, "Ctrl+3", K::ExclusiveCheck),
+    curvePage("QUXIAN4", "应力路径曲线", 4, "Ctrl+4"),
+    curvePage("QUXIAN5", "孔隙压力与轴向应变曲线", 5, "Ctrl+5"),
+    curvePage("QUXIAN6", "有效应力比与轴向应变曲线", 6, "Ctrl+6"),
+    later(entry("SHUJUBIAO", "数据表", "RZMVIEW", A::ShowDataTable)),
+
+    submenu("RZMPRINT0", "打印"),
+    entry("RZMPRINT", "打印", "RZMPRINT0", A::PrintWithTK0),
+    later(dialog("RZMPRINT1", "设置打印", "RZMPRINT0", A::PrintSheets, "SETPRINTFORM3")),
+    later(dialog("PTK0", "打印TK0曲线", "RZMPRINT0", A::PrintTK0Curves, "SETPRINTFORM0")),
+    later(belowLine(entry("PEXCEL", "Excel模板输出/打印", "RZMPRINT0", A::FillTemplates))),
+    submenu("RZMYULAN", "预览", "RZMPRINT0"),
+
+    submenu("SETUPMIDU", "设置"),
+    later(toggle("SENGLISH", "英文版")),
+    later(toggle("MIDU", "提供密度")),
+    later(toggle("DYQYDD", "打印提供取样地点")),
+    later(toggle("WXCS", "调整时显示物性参数")),
+    later(toggle("WCX16", "采集含16台无侧限")),
+    later(toggle("PGCMC", "不打印工程名称")),
+    later(toggle("SAMETY", "相同试样保存时合并不同压力")),
+    belowLine(tool("SAZHOU8", "邓肯模型", "SETUPMIDU", "ZMSZ8CS.exe", "QVB三轴试验数据处理邓肯模型参数")),
+    tool("SAZHOU9", "三轴E-B", "SETUPMIDU", "ZMSZEB.exe", "QVB三轴试验数据处理E-B模型参数"),
+    tool("YLLJ", "三轴应力路径", "SETUPMIDU", "ZMSZyllj.exe", "三轴应力路径试验数据处理"),
+
+    submenu("RZMWINDOW", "窗口"),
+    tool("RZMWL", "物理试验数据处理", "RZMWINDOW", "zmwl.exe", "QVB物理试验数据处理"),
+    tool("RZMGJ", "固结(黄土压缩)试验数据处理", "RZMWINDOW", "zmgj.exe", "QVB固结（黄土压缩）试验数据处理"),
+    doing(tool("RZMSZ", "三轴试验数据处理", "RZMWINDOW", "", "QVB三轴试验数据处理"), A::StartThisProgram),
+    tool("RZMZJ", "直接剪切试验数据处理", "RZMWINDOW", "zmzj.exe", "QVB直剪试验数据处理"),
+    tool("RZMZB", "土工试验成果总表处理", "RZMWINDOW", "zmzb.exe", "QVB成果总表处理"),
+    tool("RZMLW", "试验数据文件管理", "RZMWINDOW", "zmlw.exe", "QVB数据文件管理"),
+    tool("TIJI", "体积变形摸量", "RZMWINDOW", "zmtj.exe", "QVB体积变形模量试验数据处理"),
+    tool("RENGONG", "试验数据人工输入", "RZMWINDOW", "zmlr.exe", "QVB三轴试验数据录入"),
+};
+
+/// Help by action; "{}" is the caption.
+struct Help {
+  Action action;
+  const char* text;
+};
+constexpr Help kHelp[] = {
+    {A::NewDocument, "新建一个空的试验数据文件，用键盘录入"},
+    {A::OpenProject, "从列表中选择一个试验数据文件打开"},
+    {A::OpenNanjingFile, "读入南京三轴仪的原始数据文件"},
+    {A::Print, "打印当前窗口的试验成果"},
+    {A::PrintWithTK0, "打印当前窗口的试验成果"},
+    {A::PrintSheets, "设置版面并打印三轴试验成果图表"},
+    {A::PrintTK0Curves, "打印TK0试验的沉降时间曲线"},
+    {A::SaveAsWorkbook, "把三轴试验数据另存为Excel文件"},
+    {A::Save, "把当前窗口的试验数据保存到工程文件"},
+    {A::SetSourceFolder, "设置{}"},
+    {A::Exit, "结束程序"},
+    {A::Import, "从原始数据库读入选中的试样：{}"},
+    {A::ShowCurves, "显示三轴试验曲线窗口"},
+    {A::ShowCurvePage, "显示{}"},
+    {A::ShowDataTable, "显示三轴试验数据表"},
+    {A::Intervene, "用键盘或鼠标修正当前曲线、包线"},
+    {A::ReprocessCurves, "取消人工干预，重新计算当前土样"},
+    {A::FillTemplates, "用Excel模板输出或打印"},
+    {A::FlipToggle, "打开或关闭：{}"},
+    {A::StartTool, "启动{}"},
+    {A::StartThisProgram, "本程序正在运行"},
+};
+
+}  // namespace
+
+std::string commandHelp(const Command& command) {
+  const auto* const row =
+      std::find_if(std::begin(kHelp), std::end(kHelp), [&](const Help& help) { return help.action == command.action; });
+  if (row == std::end(kHelp)) return std::string(command.caption);
+  return fmt::format(fmt::runtime(row->text), command.caption);
+}
+
+std::span<const Command> commandTable() { return kCommands; }
+
+const Command* findCommand(std::string_view name) {
+  const auto* const found =
+      std::find_if(kCommands.begin(), kCommands.end(), [&](const Command& command) { return command.name == name; });
+  return found == kCommands.end() ? nullptr : found;
+}
+
+}  // namespace triaxlab

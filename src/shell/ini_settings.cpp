@@ -1,0 +1,290 @@
+#include "shell/ini_settings.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "common/conversions.h"
+#include "common/fixed_text.h"
+#include "common/gbk.h"
+#include "common/text_number.h"
+#include "platform/files.h"
+
+namespace triaxlab {
+namespace {
+
+// ---- Keys
+
+/// On by its presence alone; what follows it does not matter.
+struct FlagValue {
+  bool LaboratoryHabits::*flag;
+};
+/// The number directly behind the key.
+struct NumberValue {
+  int LaboratoryHabits::*number;
+  int least, most;
+};
+/// The text between the next brackets.
+struct BracketedValue {
+  std::string LaboratoryHabits::*text;
+};
+struct HabitKey {
+  std::string_view key;
+  std::variant<FlagValue, NumberValue, BracketedValue> value;
+};
+
+using H = LaboratoryHabits;
+constexpr std::array kHabitKeys{
+    HabitKey{"[工程编号大于20字节]", FlagValue{&H::wideProjectNo}},
+    HabitKey{"[无侧限打印高度变化值]", FlagValue{&H::unconfinedHeightChange}},
+    HabitKey{"[三轴每个土样都打印试验方法和取土深度]", FlagValue{&H::methodAndDepthOnEverySample}},
+    HabitKey{"[三轴应力差人工干预后自动调整原始数据]", FlagValue{&H::autoAdjustRawData}},
+    HabitKey{"[三轴打印探井号]", FlagValue{&H::trialPitNumber}},
+    HabitKey{"[三轴无侧限显示50%峰值应变值]", FlagValue{&H::strainAtHalfPeak}},
+    HabitKey{"[三轴打印钻孔编号]", FlagValue{&H::printBoreholeNumber}},
+    HabitKey{"[三轴成果输出不打印试验方法]", FlagValue{&H::omitTestMethod}},
+    HabitKey{"[不打印页码/日期/数据表]", FlagValue{&H::omitPageDateTable}},
+    HabitKey{"[三轴不打印试验日期]", FlagValue{&H::omitTriaxialTestDate}},
+    HabitKey{"[无侧限不打印钢环系数]", FlagValue{&H::omitRingCoefficient}},
+    HabitKey{"[K0不打印试验日期]", FlagValue{&H::omitK0TestDate}},
+    HabitKey{"[TK0不打印试验日期]", FlagValue{&H::omitTK0TestDate}},
+    HabitKey{"[无侧限不打印试验日期]", FlagValue{&H::omitUnconfinedTestDate}},
+    HabitKey{"[三轴曲线输出Fliove格式]", FlagValue{&H::compactEnvelope}},
+    HabitKey{"[按工程编号打开win三轴]", FlagValue{&H::winTriaxialByProject}},
+    HabitKey{"[三轴试验取50点]", FlagValue{&H::take50Points}},
+    HabitKey{"[三轴含受控文件号]", FlagValue{&H::controlledDocNo}},
+    HabitKey{"[三轴表格编号]", BracketedValue{&H::formNumber}},
+    HabitKey{"[无侧限最大应变]", NumberValue{&H::unconfinedLargestStrain, 10, 50}},
+    HabitKey{"[第页]", BracketedValue{&H::pageLabel}},
+    HabitKey{"[三轴C]", NumberValue{&H::cohesionDecimals, 0, 4}},
+    HabitKey{"[无侧限灵敏度]", NumberValue{&H::sensitivityDecimals, 0, 4}},
+    HabitKey{"[三轴试验方法后加]", BracketedValue{&H::methodSuffix}},
+    HabitKey{"[工程编号]", BracketedValue{&H::projectNoLabel}},
+};
+
+template <class Owner>
+struct LabelKey {
+  std::string_view key;
+  std::string Owner::*label;
+};
+
+constexpr std::array kListLabelKeys{
+    LabelKey<H>{"[土样编号]=", &H::sampleNoLabel},
+    LabelKey<H>{"[钻孔号]=", &H::boreholeLabel},
+};
+
+using E = EnglishLabels;
+constexpr std::array kEnglishLabelKeys{
+    LabelKey<E>{"[三轴试验成果曲线]=", &E::resultCurve},
+    LabelKey<E>{"[一个试样多级不固结不排水试验]=", &E::multiStageUU},
+    LabelKey<E>{"[固结不排水试验]=", &E::testCU},
+    LabelKey<E>{"[不固结不排水试验]=", &E::testUU},
+    LabelKey<E>{"[工程编号]=", &E::projectNo},
+    LabelKey<E>{"[工程名称]=", &E::projectName},
+    LabelKey<E>{"[土样编号]=", &E::sampleNo},
+    LabelKey<E>{"[钻孔编号]=", &E::boreholeNo},
+    LabelKey<E>{"[试验日期]=", &E::testDate},
+    LabelKey<E>{"[取样深度]=", &E::samplingDepth},
+    LabelKey<E>{"[取样地点]=", &E::samplingSpot},
+    LabelKey<E>{"[主应力差与轴向应变曲线]=", &E::stressStrainCurve},
+    LabelKey<E>{"[应力差强度包线]=", &E::stressDifferenceEnvelope},
+    LabelKey<E>{"[试验]=", &E::testedBy},
+    LabelKey<E>{"[校核]=", &E::checkedBy},
+    LabelKey<E>{"[报告日期]=", &E::reportDate},
+    LabelKey<E>{"[仪器编号]=", &E::apparatusNo},
+};
+
+struct MarginKey {
+  std::string_view key;
+  double ChartLayout::*twips;
+};
+constexpr std::array kMarginKeys{
+    MarginKey{"[上边距]", &ChartLayout::topMarginTwips},
+    MarginKey{"[下边距]", &ChartLayout::bottomMarginTwips},
+};
+constexpr int kLeastMargin = 5, kLargestMargin = 100;  // mm
+constexpr double kTwipsPerMillimetre = 57.2;           // 1/25.4 inch is 56.7; the pages are laid out with this
+
+// ---- Lines
+
+constexpr char kFileEnd = 26;
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view kComment = ";", kChartComment = "';";
+
+template <class Keys>
+bool holdsAKey(std::string_view text, const Keys& keys) {
+  return std::any_of(keys.begin(), keys.end(),
+                     [&](const auto& key) { return text.find(key.key) != std::string_view::npos; });
+}
+
+/// The file as UTF-8. Laboratories have GBK files of many years, but today's editors write UTF-8, with or without its
+/// mark, and a laboratory must not lose its settings in silence. Keys are searched in the UTF-8 text and never in GBK,
+/// where the second byte of a character can be a "[".
+template <class Keys>
+std::string decoded(std::span<const std::byte> bytes, const Keys& keys) {
+  std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+  text = text.substr(0, text.find(kFileEnd));
+  if (text.starts_with(kUtf8Mark)) return std::string(text.substr(kUtf8Mark.size()));
+  std::string asGbk = gbkToUtf8(text);
+  if (holdsAKey(asGbk, keys)) return asGbk;
+  // A chart file may hold numbered texts alone; then its Chinese tells.
+  if (holdsAKey(text, keys) || utf8ToGbkExactly(text)) return std::string(text);
+  return asGbk;
+}
+
+/// Calls `take` with each trimmed line that is neither blank nor a comment, until it returns false.
+template <class Take>
+void forEachLine(std::string_view text, std::string_view commentMarks, Take take) {
+  while (!text.empty()) {
+    const std::size_t end = text.find('\n');
+    std::string_view line = text.substr(0, end);
+    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    line = Trim(line);
+    if (line.empty() || commentMarks.find(line.front()) != std::string_view::npos) continue;
+    if (!take(line)) return;
+  }
+}
+
+/// What stands behind the key in a line; nothing when the line doesn't hold it.
+std::optional<std::string_view> behind(std::string_view line, std::string_view key) {
+  const std::size_t at = line.find(key);
+  if (at == std::string_view::npos) return std::nullopt;
+  return line.substr(at + key.size());
+}
+
+/// The trimmed text between the first "[" and the first "]", when they stand in this order; otherwise empty.
+std::string_view bracketed(std::string_view rest) {
+  const std::size_t open = rest.find('['), close = rest.find(']');
+  if (open == std::string_view::npos || close == std::string_view::npos || close < open) return {};
+  return Trim(rest.substr(open + 1, close - open - 1));
+}
+
+/// A whole number within its limits; nothing when it is past 16 bits, so that the setting keeps what it held.
+std::optional<int> limitedNumber(std::string_view rest, int least, int most) {
+  const std::optional<std::int16_t> number = toInt16(ParseNumber(rest));
+  if (!number) return std::nullopt;
+  return std::clamp<int>(*number, least, most);
+}
+
+bool setUnlessEmpty(std::string& target, std::string_view value) {
+  if (value.empty()) return false;
+  target = value;
+  return true;
+}
+
+struct TakeHabit {
+  LaboratoryHabits& habits;
+  std::string_view rest;  // behind the key
+
+  void operator()(const FlagValue& value) const { habits.*value.flag = true; }
+  void operator()(const NumberValue& value) const {
+    assignIf(habits.*value.number, limitedNumber(rest, value.least, value.most));
+  }
+  void operator()(const BracketedValue& value) const { setUnlessEmpty(habits.*value.text, bracketed(rest)); }
+};
+
+/// "[" two digits text "]": the text of a slot. The closing bracket may be missing.
+void takeSlot(std::string_view line, ChartLayout& layout) {
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  if (line.size() < 3 || line[0] != '[' || !isDigit(line[1]) || !isDigit(line[2])) return;
+  const auto slot = static_cast<std::size_t>((line[1] - '0') * 10 + (line[2] - '0'));
+  if (slot < 1 || slot >= layout.slot.size()) return;
+  const std::string_view text = line.substr(3);
+  layout.slot[slot] = text.substr(0, text.find(']'));
+}
+
+/// The content of a settings file; nothing when it is missing, or can't be used, which a remark then tells.
+std::optional<Bytes> contentOf(const Workspace& workspace, std::string_view name, Remarks& remarks) {
+  const auto path = findFile(workspace.applicationFolder, name);
+  if (!path) return std::nullopt;
+  try {
+    return readWholeFile(*path, kLargestTextFile);
+  } catch (const UserError& error) {
+    remarks.push_back(fmt::format("{}这个设置文件没有读入，按默认设置运行。", error.what()));
+    return std::nullopt;
+  }
+}
+
+}  // namespace
+
+void applyHabits(std::span<const std::byte> zmqvb, LaboratoryHabits& habits) {
+  forEachLine(decoded(zmqvb, kHabitKeys), kComment, [&](std::string_view line) {
+    for (const HabitKey& key : kHabitKeys)
+      if (const auto rest = behind(line, key.key)) std::visit(TakeHabit{habits, *rest}, key.value);
+    return true;
+  });
+}
+
+void applyListLabels(std::span<const std::byte> sz, LaboratoryHabits& habits) {
+  std::array<bool, kListLabelKeys.size()> found{};
+  forEachLine(decoded(sz, kListLabelKeys), kComment, [&](std::string_view line) {
+    for (std::size_t k = 0; k < found.size(); ++k)
+      if (const auto rest = behind(line, kListLabelKeys[k].key); rest && !found[k])
+        found[k] = setUnlessEmpty(habits.*kListLabelKeys[k].label, bracketed(*rest));
+    return !std::all_of(found.begin(), found.end(), [](bool f) { return f; });
+  });
+}
+
+void applyEnglishLabels(std::span<const std::byte> esz, EnglishLabels& labels) {
+  forEachLine(decoded(esz, kEnglishLabelKeys), kComment, [&](std::string_view line) {
+    for (const auto& key : kEnglishLabelKeys)
+      if (const auto rest = behind(line, key.key)) setUnlessEmpty(labels.*key.label, bracketed(*rest));
+    return true;
+  });
+}
+
+void applyChartLayout(std::span<const std::byte> szshezhi, ChartLayout& layout) {
+  forEachLine(decoded(szshezhi, kMarginKeys), kChartComment, [&](std::string_view line) {
+    for (const MarginKey& key : kMarginKeys)
+      if (const auto rest = behind(line, key.key))
+        if (const auto millimetres = limitedNumber(*rest, kLeastMargin, kLargestMargin))
+          layout.*key.twips = *millimetres * kTwipsPerMillimetre;
+    if (!holdsAKey(line, kMarginKeys)) takeSlot(line, layout);
+    return true;
+  });
+}
+
+ChartLayout defaultChartLayout(const LaboratoryHabits& habits) {
+  ChartLayout layout;
+  layout.slot[1] = "三  轴  试  验  成  果  图  表";
+  layout.slot[2] = ":" + habits.projectNoLabel;
+  layout.slot[6] = "试验审核人:";
+  layout.slot[7] = "试验负责人:";
+  layout.slot[8] = "日期：";
+  layout.slot[9] = habits.sampleNoLabel + ":";
+  return layout;
+}
+
+Remarks ReadIniSettings(Workspace& workspace) {
+  Remarks remarks;
+  LaboratoryHabits habits;
+  if (const auto content = contentOf(workspace, "zmqvb.ini", remarks)) applyHabits(*content, habits);
+  if (const auto content = contentOf(workspace, "sz.ini", remarks)) applyListLabels(*content, habits);
+  workspace.settings.habits = habits;
+  return remarks;
+}
+
+Remarks ReadEnglishLabels(Workspace& workspace) {
+  Remarks remarks;
+  EnglishLabels labels;
+  if (const auto content = contentOf(workspace, "esz.ini", remarks)) applyEnglishLabels(*content, labels);
+  workspace.settings.english = labels;
+  return remarks;
+}
+
+Remarks ReadChartLayout(Workspace& workspace) {
+  Remarks remarks;
+  ChartLayout layout = defaultChartLayout(workspace.settings.habits);
+  if (const auto content = contentOf(workspace, "szshezhi.txt", remarks)) applyChartLayout(*content, layout);
+  workspace.settings.chart = layout;
+  return remarks;
+}
+
+}  // namespace triaxlab

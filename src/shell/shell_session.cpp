@@ -1,0 +1,204 @@
+#include "shell/shell_session.h"
+
+#include <fmt/ranges.h>
+
+#include <algorithm>
+#include <iterator>
+#include <vector>
+
+#include "platform/process.h"
+#include "shell/browser_session.h"
+#include "shell/document_operations.h"
+#include "shell/ini_settings.h"
+#include "shell/overwrite_session.h"
+#include "shell/range_dialog.h"
+#include "shell/start_up.h"
+#include "shell/tools.h"
+#include "store/save_project.h"
+
+namespace triaxlab {
+namespace {
+
+constexpr std::string_view kReady = "就绪";
+
+/// The print dialog for each document. TK0 curves have a print command of their own, so the file menu's does nothing
+/// for them.
+struct PrintDialog {
+  ActiveDocument document;
+  std::string_view form;
+  bool fromFileMenu;
+};
+constexpr PrintDialog kPrintDialogs[] = {
+    {kForm1, "SETPRINTFORM", true}, {kForm2, "Form30", true}, {kForm7, "Form3", true},
+    {kForm4, "Form3", true},        {kForm6, "Form3", true},  {kForm9, "Form3", false},
+};
+
+/// Form1, Form2 and Form7 leave activeDocument as it is when they unload.
+constexpr bool isNoDocumentAfter(ActiveDocument closed) {
+  return closed == kForm4 || closed == kForm6 || closed == kForm9;
+}
+
+}  // namespace
+
+struct ShellSession::Work {
+  Action action;
+  void (ShellSession::*run)(const Command&);
+};
+
+ShellSession::ShellSession(Workspace& workspace, Dialogs& dialogs, ShellWindows& windows)
+    : m_workspace(workspace), m_dialogs(dialogs), m_windows(windows) {}
+
+CommandState ShellSession::commandState(const Command& command) const {
+  const CurveDocument* const curves = m_windows.curveDocument();
+  return m_commands.of(command, {m_workspace.settings.toggles, curves ? curves->envelopeEntries() : EnvelopeEntries{}});
+}
+
+bool ShellSession::trigger(std::string_view name) {
+  static constexpr Work kWork[] = {
+      {Action::NewDocument, &ShellSession::newDocument},
+      {Action::OpenProject, &ShellSession::openProject},
+      {Action::Print, &ShellSession::print},
+      {Action::PrintWithTK0, &ShellSession::print},
+      {Action::Save, &ShellSession::saveCommand},
+      {Action::Exit, &ShellSession::exitCommand},
+      {Action::Import, &ShellSession::import},
+      {Action::ShowCurves, &ShellSession::showCurves},
+      {Action::StartTool, &ShellSession::startTool},
+      {Action::ShowCurvePage, &ShellSession::showCurvePage},
+  };
+  const Command* const command = findCommand(name);
+  if (command == nullptr) return false;
+  const CommandState state = commandState(*command);
+  if (!state.visible || !state.enabled) return false;
+  m_remark.clear();
+  const auto* const work =
+      std::find_if(std::begin(kWork), std::end(kWork), [&](const Work& w) { return w.action == command->action; });
+  // Headings do nothing, and this program runs already.
+  if (work != std::end(kWork)) run([&] { (this->*work->run)(*command); });
+  if (!m_ending) m_windows.refresh();
+  return true;
+}
+
+std::array<std::string, 3> ShellSession::statusTexts() const {
+  std::array<std::string, 3> texts{m_remark.empty() ? std::string(kReady) : m_remark, "", ""};
+  const std::vector<ActiveDocument> loaded = m_windows.loadedDocuments();
+  if (loaded.empty()) return texts;
+  if (const DocumentWindow* const front = m_windows.document(loaded.front())) {
+    const auto panels = front->statusPanels();
+    std::copy(panels.begin(), panels.end(), texts.begin() + 1);
+  }
+  return texts;
+}
+
+void ShellSession::showRemarks(const Remarks& remarks) {
+  m_remark = fmt::format("{}", fmt::join(remarks, " "));
+  m_windows.refresh();
+}
+
+void ShellSession::documentActivated(ActiveDocument document) {
+  m_workspace.activeDocument = document;
+  m_commands.documentActivated(document);
+  m_windows.refresh();
+}
+
+bool ShellSession::mayClose(ActiveDocument document) {
+  const DocumentWindow* const window = m_windows.document(document);
+  return window == nullptr || !window->asksToSave(m_dialogs) || save();
+}
+
+void ShellSession::documentClosed(ActiveDocument document) {
+  m_commands.documentClosed(document);
+  if (isNoDocumentAfter(document)) m_workspace.activeDocument = kNoDocument;
+  m_windows.refresh();
+}
+
+void ShellSession::endProgram() {
+  if (m_ending) return;
+  m_ending = true;
+  for (const ActiveDocument document : m_windows.loadedDocuments()) mayClose(document);
+  m_windows.endProgram();
+}
+
+bool ShellSession::save() {
+  bool complete = false;
+  run([&] {
+    const SaveReport report =
+        saveTriaxial(m_workspace, [&](Workspace& workspace, const std::vector<KnownSample>& known) {
+          OverwriteSession session(workspace, known);
+          m_windows.showOverwriteDialog(session);
+        });
+    m_dialogs.message(report.title, report.message, MessageIcon::None);
+    complete = report.errors.empty();
+    if (!complete) throw UserError(fmt::format("{}", fmt::join(report.errors, "\n")));
+  });
+  // What could not be written counts as unsaved, so that nobody closes it away without being asked again.
+  if (DocumentWindow* const window = m_windows.document(kForm1); complete && window != nullptr) window->markSaved();
+  m_windows.refresh();
+  return complete;
+}
+
+void ShellSession::show(ActiveDocument document, const Remarks& remarks) {
+  m_windows.showDocument(document);
+  documentActivated(document);
+  showRemarks(remarks);
+}
+
+// ---- What the commands do
+
+void ShellSession::newDocument(const Command& command) {
+  const auto document = static_cast<ActiveDocument>(command.argument);
+  if (mayClose(document)) show(document, newTriaxialDocument(m_workspace));
+}
+
+void ShellSession::openProject(const Command& command) {
+  m_workspace.openDialogKind = command.argument;
+  if (!mayClose(kForm1)) return;
+  BrowserSession browser(m_workspace, m_dialogs, [&](int sampleCount) {
+    RangeDialog range(sampleCount);
+    m_windows.showRangeDialog(range);
+    return range.range();
+  });
+  m_windows.showBrowser(browser);
+  if (browser.opened()) show(kForm1, *browser.opened());
+}
+
+void ShellSession::import(const Command& command) {
+  std::optional<Remarks> remarks = m_windows.showImporter(command.target);
+  if (!remarks) return;
+  const Remarks more = importedTriaxialDocument(m_workspace);
+  remarks->insert(remarks->end(), more.begin(), more.end());
+  show(kForm1, *remarks);
+}
+
+void ShellSession::print(const Command& command) {
+  const auto* const dialog =
+      std::find_if(std::begin(kPrintDialogs), std::end(kPrintDialogs),
+                   [&](const PrintDialog& row) { return row.document == m_workspace.activeDocument; });
+  if (dialog == std::end(kPrintDialogs)) return;
+  if (command.action == Action::Print && !dialog->fromFileMenu) return;
+  showRemarks(ReadIniSettings(m_workspace));
+  m_windows.showPrintDialog(dialog->form);
+}
+
+void ShellSession::saveCommand(const Command&) { save(); }
+
+void ShellSession::exitCommand(const Command&) { endProgram(); }
+
+void ShellSession::showCurves(const Command&) {
+  m_windows.raiseDocument(kForm1);
+  documentActivated(kForm1);
+}
+
+void ShellSession::showCurvePage(const Command& command) {
+  if (CurveDocument* const curves = m_windows.curveDocument())
+    curves->showPage(static_cast<CurvePage>(command.argument));
+  showCurves(command);
+}
+
+// A tool that is missing is passed over in silence; one that runs already is started a second time.
+void ShellSession::startTool(const Command& command) {
+  const std::array folders{m_workspace.applicationFolder, executableFolder()};
+  if (const auto tool = findTool(folders, command.target)) startProgram(*tool);
+}
+
+}  // namespace triaxlab

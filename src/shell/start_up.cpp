@@ -1,0 +1,157 @@
+#include "shell/start_up.h"
+
+#include <fmt/core.h>
+
+#include <array>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+#include "common/fixed_text.h"
+#include "common/gbk.h"
+#include "common/text_number.h"
+#include "platform/files.h"
+#include "shell/ini_settings.h"
+#include "shell/toggles.h"
+#include "store/file_update.h"
+#include "store/settings_file.h"
+
+namespace triaxlab {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// In front of the data folder stands one character that carries nothing but "this field is set".
+constexpr char kFolderMarker = '9';
+constexpr SettingsField kDataFolderBehindMarker{kDataFolderField.position + 1, kDataFolderField.width - 1};
+
+constexpr SettingsField kSourceFolderField{20, 170};
+constexpr SettingsField kDatxFolderField{1, 170};  // of SZDATX.sys and WCXDATX.sys
+constexpr std::string_view kUsualSourceFolder = "c:\\qvb";
+
+void append(Remarks& remarks, const Remarks& more) { remarks.insert(remarks.end(), more.begin(), more.end()); }
+
+std::string readUtf8(const SettingsFile& settings, SettingsField field) { return gbkToUtf8(settings.readText(field)); }
+
+/// The application folder as the field can hold it. Nothing when it doesn't fit whole: a cut path would name another
+/// folder.
+std::optional<std::string> storableFolder(const fs::path& folder) {
+  const std::string text = textOfPath(folder);
+  std::optional<std::string> gbk = utf8ToGbkExactly(text);
+  if (!gbk || gbk->size() > kDataFolderBehindMarker.width || Trim(*gbk).size() != gbk->size()) return std::nullopt;
+  return gbk;
+}
+
+/// Stores the application folder as the data folder of a new settings file.
+void storeDataFolder(const Workspace& workspace, SettingsFile& settings, Remarks& remarks) {
+  const auto folder = storableFolder(workspace.applicationFolder);
+  if (!folder) {
+    remarks.push_back(fmt::format("文件夹“{}”的名称太长或含有 GBK 以外的字符，不能存入设置文件，本次运行用它存放数据。",
+                                  textOfPath(workspace.applicationFolder)));
+    return;
+  }
+  try {
+    settings.writeText(kDataFolderField, kFolderMarker + *folder);
+  } catch (const UserError& error) {
+    remarks.push_back(fmt::format("{}设置不能保存，本次按默认设置运行。", error.what()));
+  }
+}
+
+bool beginsWithDrive(std::string_view text) {
+  const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
+  return text.size() >= 2 && isLetter(text[0]) && text[1] == ':';
+}
+
+/// The folder that a stored text names. One without a root is taken from the application folder, unless it begins with
+/// a drive: where there are no drives such a folder doesn't exist, and that is what reads and saves then find.
+fs::path storedFolder(const Workspace& workspace, std::string_view text) {
+  if (text.empty()) return workspace.applicationFolder;
+  const fs::path folder = pathFromText(text);
+  return beginsWithDrive(text) ? folder : workspace.applicationFolder / folder;
+}
+
+/// Makes a folder inside the data folder, unless it is there in some spelling. Failure is silent: the saves will tell.
+void provideFolder(const Workspace& workspace, const char* name) {
+  if (!findFile(workspace.dataFolder, name)) makeFolder(workspace.dataFolder / name);
+}
+
+/// Completes or drops the save during which the program was killed.
+void recoverSave(const Workspace& workspace, Remarks& remarks) {
+  try {
+    FileUpdate::recover(workspace.dataFolder);
+  } catch (const UserError& error) {
+    remarks.push_back(error.what());
+  }
+}
+
+void readDatxFolders(Workspace& workspace) {
+  struct DatxFolder {
+    std::string_view file;
+    std::string Workspace::*folder;
+  };
+  constexpr std::array kFolders{DatxFolder{"WCXDATX.sys", &Workspace::winUnconfinedDatxFolder},
+                                DatxFolder{"SZDATX.sys", &Workspace::winTriaxialDatxFolder}};
+  for (const DatxFolder& datx : kFolders) {
+    const std::string stored = readUtf8({workspace.applicationFolder, datx.file}, kDatxFolderField);
+    workspace.*datx.folder = stored.empty() ? textOfPath(workspace.applicationFolder) : stored;
+  }
+}
+
+}  // namespace
+
+fs::path executableFolder() {
+  std::error_code ignored;
+  return fs::read_symlink("/proc/self/exe", ignored).parent_path();
+}
+
+fs::path userDataFolder() {
+  const auto folderNamedBy = [](const char* variable) -> fs::path {
+    const char* const value = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe): read before any thread starts
+    return value != nullptr ? value : "";
+  };
+  const fs::path shared = folderNamedBy("XDG_DATA_HOME");
+  return (shared.is_absolute() ? shared : folderNamedBy("HOME") / ".local/share") / "triaxlab";
+}
+
+fs::path chooseApplicationFolder(const std::optional<fs::path>& named, const fs::path& executable,
+                                 const fs::path& userData) {
+  std::error_code ignored;  // what can't be made is told when the settings can't be written
+  fs::path folder = executable;
+  if (named) {
+    folder = *named;
+  } else if (!folderIsWritable(executable)) {
+    folder = userData;
+    fs::create_directories(folder, ignored);
+  }
+  folder = fs::absolute(folder, ignored).lexically_normal();
+  return folder.has_filename() ? folder : folder.parent_path();  // "/lab/" names the folder "/lab"
+}
+
+std::optional<Remarks> startUp(Workspace& workspace, const InstanceCheck& isOnlyInstance) {
+  Remarks remarks;
+  SettingsFile settings = sharedSettings(workspace);
+  const bool isNew = ParseNumber(settings.readText(kDataFolderField)) == 0;
+  if (isNew) storeDataFolder(workspace, settings, remarks);
+  append(remarks, ReadIniSettings(workspace));
+  workspace.dataFolder =
+      isNew ? workspace.applicationFolder : storedFolder(workspace, readUtf8(settings, kDataFolderBehindMarker));
+  workspace.processingDate = {};
+  provideFolder(workspace, "ZMSJ");
+  provideFolder(workspace, "PTU");
+  readToggles(workspace);
+  if (!isOnlyInstance()) return std::nullopt;
+
+  workspace.sourceFolder = readUtf8(settings, kSourceFolderField);
+  if (workspace.sourceFolder.empty()) workspace.sourceFolder = kUsualSourceFolder;
+  provideFolder(workspace, "HSZS");
+  recoverSave(workspace, remarks);
+  readDatxFolders(workspace);
+  return remarks;
+}
+
+Remarks startUp(Workspace& workspace) {
+  return startUp(workspace, [] { return true; }).value_or(Remarks{});
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,50 @@
+#include "shell/toggles.h"
+
+#include <algorithm>
+#include <array>
+
+#include "store/settings_file.h"
+
+namespace triaxlab {
+namespace {
+
+using T = Toggles;
+// The two circle bytes are inverted, so that a new file prints both.
+constexpr std::array kToggleBytes{
+    ToggleByte{kDotMatrixByte.position, &T::dotMatrixPrinter, 1, 0, ""},
+    ToggleByte{1765, &T::showPhysicalIndices, 1, 0, "WXCS"},
+    ToggleByte{kEffectiveCirclesByte.position, &T::printEffectiveCircles, 0, 1, ""},
+    ToggleByte{kTotalCirclesByte.position, &T::printTotalCircles, 0, 1, ""},
+    ToggleByte{3010, &T::printDensity, 1, 0, "MIDU"},
+    ToggleByte{3011, &T::printSamplingSpot, 1, 0, "DYQYDD"},
+    ToggleByte{27000, &T::sixteenUnconfined, 1, 0, "WCX16"},
+    ToggleByte{27001, &T::omitProjectName, 1, 0, "PGCMC"},
+    ToggleByte{27002, &T::mergePressures, 1, 0, "SAMETY"},
+    ToggleByte{27003, &T::english, 1, 0, "SENGLISH"},
+};
+
+}  // namespace
+
+std::span<const ToggleByte> toggleBytes() { return kToggleBytes; }
+
+const ToggleByte* toggleOfCommand(std::string_view command) {
+  if (command.empty()) return nullptr;
+  const auto* const found = std::find_if(kToggleBytes.begin(), kToggleBytes.end(),
+                                         [&](const ToggleByte& byte) { return byte.command == command; });
+  return found == kToggleBytes.end() ? nullptr : found;
+}
+
+void readToggles(Workspace& workspace) {
+  const SettingsFile settings = sharedSettings(workspace);
+  for (const ToggleByte& byte : kToggleBytes)
+    workspace.settings.toggles.*byte.toggle = settings.readByte(byte.position) == byte.on;
+}
+
+void setToggle(Workspace& workspace, bool Toggles::*toggle, bool on) {
+  workspace.settings.toggles.*toggle = on;
+  const auto* const byte = std::find_if(kToggleBytes.begin(), kToggleBytes.end(),
+                                        [&](const ToggleByte& candidate) { return candidate.toggle == toggle; });
+  sharedSettings(workspace).writeByte(byte->position, on ? byte->on : byte->off);
+}
+
+}  // namespace triaxlab
