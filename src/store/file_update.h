@@ -15,24 +15,30 @@ namespace triaxlab {
 ///
 /// Writes are collected in memory; reads through the update see them. `commit` writes them to a journal in the data
 /// folder, syncs it, applies it to the files, syncs them, and removes the journal. A program killed at any point leaves
-/// files that `recover` makes wholly old (incomplete journal) or wholly new (complete journal).
+/// files that `recover` makes wholly old (incomplete journal) or wholly new (complete journal). Files are named by
+/// their path, which is that of a file in a folder of the data folder; any other is refused by UserError.
 class FileUpdate {
  public:
+  /// Recovers first, so that an older save that was interrupted is complete before anything is read.
   explicit FileUpdate(std::filesystem::path dataFolder);
   ~FileUpdate();  // what was not committed is dropped
   FileUpdate(const FileUpdate&) = delete;
   FileUpdate& operator=(const FileUpdate&) = delete;
 
+  /// UserError when a folder has the file's name.
   bool exists(const std::filesystem::path& file) const;
   std::uint64_t size(const std::filesystem::path& file) const;
   /// As File::readAt, with the pending writes in place.
   std::size_t readAt(const std::filesystem::path& file, std::uint64_t offset, std::span<std::byte> into) const;
   /// The file is made by the commit when it doesn't exist.
   void writeAt(const std::filesystem::path& file, std::uint64_t offset, std::span<const std::byte> from);
-  /// All or nothing. A failure before the journal is complete leaves everything old and is a UserError.
+  /// All or nothing. A failure while the journal is written or the files are lengthened, where a full disk shows, takes
+  /// everything back; a later one leaves the journal, with which the next recover completes the files. Both are
+  /// UserErrors whose sentence says which.
   void commit();
 
   /// Applies a complete journal of the data folder, drops an incomplete one. Called at start and before an open.
+  /// UserError when a complete journal still can't be applied; the files must then not be read.
   static void recover(const std::filesystem::path& dataFolder);
 
  private:

@@ -18,16 +18,21 @@ struct KnownSample {
 /// before.
 using OverwriteChooser = std::function<void(Workspace& workspace, const std::vector<KnownSample>& known)>;
 
-/// What a save has to say when it is done. `errors` name what could not be written (a project number that can't be a
-/// file name, a full file); everything else was written.
+/// What a save has to say when it is done.
 struct SaveReport {
   std::string title;    // "保存数据"
   std::string message;  // "三轴试验数据保存完毕"
+  /// What could not be written: a project number that can't be a file name, a damaged file, a full file, each with the
+  /// rows that it concerns. Everything else was written.
   std::vector<std::string> errors;
+  Remarks remarks;  // the samples are saved, the processing date in qvb.sys is not
 };
 
-/// Saves the triaxial table into its project files and the summary files, all or nothing on disk.
-/// UserError when nothing was written (disk full, no right to write, data folder gone).
+/// Saves the triaxial table into its project files and the summary files, all or nothing on disk. The specimens of each
+/// saved row are left in order of their pressures, and with the toggle for merging a row holds all that its file does.
+/// A table without a live row writes nothing, and the report says the same.
+/// UserError when nothing was written (disk full, no right to write, data folder gone, no row that could be saved); the
+/// workspace is then as it was.
 SaveReport saveTriaxial(Workspace& workspace, const OverwriteChooser& chooseOverwrites);
 
 }  // namespace triaxlab

@@ -1,24 +1,29 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
+#include <functional>
+#include <span>
+#include <string>
 #include <string_view>
 
-#include "store/summary_record.h"
+#include "common/user_error.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
 
-class FileUpdate;
-
-/// ZMSJ\KHZ<projectNo>.txt of the data folder.
+/// ZMSJ\KHZ<projectNo>.txt of the data folder; an empty path for a number that can't be part of a file name.
 std::filesystem::path summaryPath(const Workspace& workspace, std::string_view projectNo);
 
-/// Fills the display table from the summary files of the projects in the triaxial table, and the title texts of the
-/// first live row's project. A missing file leaves its rows blank.
-void readTriaxialLocations(Workspace& workspace);
+/// Calls `visit` with the place in `sampleNumbers` (GBK, trimmed) and what the project's summary file knows of that
+/// sample; when the file holds several records of one number, the last call counts. A missing file knows nothing.
+/// UserError when it can't be read or its head is damaged.
+void visitLocations(const Workspace& workspace, std::string_view projectNo, std::span<const std::string> sampleNumbers,
+                    const std::function<void(std::size_t, const SampleLocation&)>& visit);
 
-/// Writes the "NO." section, the sampling spot and the whole "SZ:" section of every live triaxial row into the summary
-/// file of its project; all other bytes stay. Part of the same update as the save.
-void updateTriaxialSummary(const Workspace& workspace, FileUpdate& update);
+/// Fills the display table from the summary files of the projects in the triaxial table, and the title texts from that
+/// of the first live row's project. Rows that no file knows stay as they are, which an open and an import left blank.
+/// A summary file that can't be read is a remark.
+Remarks readTriaxialLocations(Workspace& workspace);
 
 }  // namespace triaxlab

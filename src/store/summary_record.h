@@ -73,9 +73,13 @@ struct SummaryRecord {                           // offset
   FixedText<42> htSection;                       // 1903
   FixedText<426> psSection;                      // 1945
   FixedText<138> cbSection;                      // 2371
-  FixedText<76> zjSection;                       // 2509
+  FixedText<3> zjTag;                            // 2509  "ZJ:"
+  std::array<FixedText<10>, 2> zjDates;          // 2512
+  FixedText<1> zjFlag;                           // 2532
+  FixedText<50> zjUnread;                        // 2533
+  FixedText<2> zjEnd;                            // 2583
   FixedText<3> szTag;                            // 2585  "SZ:"
-  FixedText<10> szText;                          // 2588
+  FixedText<10> szDate;                          // 2588
   FixedText<10> testDateSz;                      // 2598
   FixedText<1> testMethod;                       // 2608  0 or blank: no triaxial result
   FixedText<31> szUnread;                        // 2609
@@ -114,9 +118,13 @@ static_assert(offsetof(SummaryRecord, cvSection) == 1598);
 static_assert(offsetof(SummaryRecord, htSection) == 1903);
 static_assert(offsetof(SummaryRecord, psSection) == 1945);
 static_assert(offsetof(SummaryRecord, cbSection) == 2371);
-static_assert(offsetof(SummaryRecord, zjSection) == 2509);
+static_assert(offsetof(SummaryRecord, zjTag) == 2509);
+static_assert(offsetof(SummaryRecord, zjDates) == 2512);
+static_assert(offsetof(SummaryRecord, zjFlag) == 2532);
+static_assert(offsetof(SummaryRecord, zjUnread) == 2533);
+static_assert(offsetof(SummaryRecord, zjEnd) == 2583);
 static_assert(offsetof(SummaryRecord, szTag) == 2585);
-static_assert(offsetof(SummaryRecord, szText) == 2588);
+static_assert(offsetof(SummaryRecord, szDate) == 2588);
 static_assert(offsetof(SummaryRecord, testDateSz) == 2598);
 static_assert(offsetof(SummaryRecord, testMethod) == 2608);
 static_assert(offsetof(SummaryRecord, szUnread) == 2609);

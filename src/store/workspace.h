@@ -61,10 +61,12 @@ struct ProcessingDate {
   bool operator==(const ProcessingDate&) const = default;
 };
 
-/// A text box of the document window over a field of each project's summary file.
+/// A text box of the document window over a field of each project's summary file. A typed text is saved to every
+/// project of the table, another to the project that it came from.
 struct TitleText {
-  std::string text;    // GBK
-  bool typed = false;  // a typed text goes to every project of the table, another to the project that it came from
+  std::string text;       // GBK
+  bool typed = false;     // since it was read
+  std::string projectNo;  // whose summary file it was read from, or would be if that existed
 };
 
 template <class Record>

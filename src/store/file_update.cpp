@@ -1,0 +1,317 @@
+#include "store/file_update.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <set>
+#include <utility>
+
+#include "common/user_error.h"
+#include "store/journal.h"
+
+namespace triaxlab {
+namespace {
+
+/// Brings what a journal carries into the files, in an order in which a full disk can still be taken back: first every
+/// file is opened for writing and lengthened, which takes all the space that is needed and touches no old byte, then
+/// the bytes inside the old lengths are written.
+class JournalApplication {
+ public:
+  JournalApplication(const std::filesystem::path& dataFolder, const std::vector<JournalFile>& files,
+                     const JournalData& data)
+      : m_dataFolder(dataFolder), m_files(files), m_data(data) {}
+
+  /// What a failure leaves can be finished later, or undone by `shorten`.
+  void lengthen() {
+    m_before.reserve(m_files.size());
+    for (const JournalFile& file : m_files) lengthenFile(file);
+    for (const std::filesystem::path& folder : m_foldersWithNewFiles) syncFolder(folder);
+  }
+
+  void shorten() {
+    for (std::size_t i = 0; i < m_before.size(); ++i) {
+      const std::filesystem::path path = pathOf(m_files[i]);
+      if (m_before[i].existed) {
+        File file(path, File::Mode::Update);
+        file.resize(m_before[i].size);
+        file.sync();
+      } else {
+        removeFile(path);
+      }
+    }
+    for (const std::filesystem::path& folder : m_foldersWithNewFiles) syncFolder(folder);
+  }
+
+  /// Pre: `lengthen` has returned.
+  void overwrite() {
+    for (std::size_t i = 0; i < m_files.size(); ++i)
+      if (reachesBelow(m_files[i], m_before[i].size)) overwriteFile(m_files[i], m_before[i].size);
+  }
+
+ private:
+  struct Before {
+    bool existed;
+    std::uint64_t size;
+  };
+
+  std::filesystem::path pathOf(const JournalFile& file) const { return m_dataFolder / pathFromText(file.path); }
+
+  static bool reachesBelow(const JournalFile& file, std::uint64_t end) {
+    return std::any_of(file.pieces.begin(), file.pieces.end(),
+                       [end](const JournalPiece& piece) { return piece.offset < end; });
+  }
+
+  void lengthenFile(const JournalFile& journalFile) {
+    const std::filesystem::path path = pathOf(journalFile);
+    const bool existed = fileExists(path);
+    File file(path, File::Mode::Shared);
+    const std::uint64_t size = file.size();
+    m_before.push_back({existed, size});
+    if (!existed) m_foldersWithNewFiles.insert(path.parent_path());
+    bool longer = !existed;
+    for (const JournalPiece& piece : journalFile.pieces) {
+      const std::uint64_t inside = size > piece.offset ? std::min(size - piece.offset, piece.size) : 0;
+      if (inside == piece.size) continue;
+      write(file, {piece.offset + inside, piece.size - inside, piece.dataPosition + inside});
+      longer = true;
+    }
+    if (longer) file.sync();
+  }
+
+  void overwriteFile(const JournalFile& journalFile, std::uint64_t oldSize) {
+    File file(pathOf(journalFile), File::Mode::Update);
+    for (const JournalPiece& piece : journalFile.pieces)
+      if (piece.offset < oldSize)
+        write(file, {piece.offset, std::min(piece.size, oldSize - piece.offset), piece.dataPosition});
+    file.sync();
+  }
+
+  void write(File& file, const JournalPiece& piece) {
+    std::uint64_t at = piece.offset;
+    m_data.read(piece.dataPosition, piece.size, [&](std::span<const std::byte> bytes) {
+      file.writeAt(at, bytes);
+      at += bytes.size();
+    });
+  }
+
+  const std::filesystem::path& m_dataFolder;
+  const std::vector<JournalFile>& m_files;
+  const JournalData& m_data;
+  std::vector<Before> m_before;
+  std::set<std::filesystem::path> m_foldersWithNewFiles;
+};
+
+/// Makes a journal void; false when it stands as it was. A journal that can't be removed is emptied.
+bool dropJournal(const std::filesystem::path& journal) {
+  bool isVoid = !fileExists(journal);
+  if (isVoid) return true;
+  try {
+    removeFile(journal);
+    isVoid = true;
+    syncFolder(journal.parent_path());
+  } catch (const UserError&) {
+    // What is said about this save doesn't depend on it: a journal that stays, or comes back after a power cut, holds
+    // what the files hold already, or else the caller is told by the result.
+    if (isVoid) return true;
+    try {
+      File(journal, File::Mode::Update).resize(0);
+      isVoid = true;
+    } catch (const UserError&) {
+    }
+  }
+  return isVoid;
+}
+
+[[noreturn]] void failUnchanged(const UserError& cause) {
+  throw UserError(fmt::format("数据没有保存，原有文件没有改动。{}", cause.what()));
+}
+
+[[noreturn]] void failUnfinished(const std::filesystem::path& journal, const UserError& cause) {
+  throw UserError(
+      fmt::format("保存的数据已完整记入“{}”，但还没有全部写入各文件；排除故障后，下次打开或保存时自动写完。{}",
+                  textOfPath(journal), cause.what()));
+}
+
+/// The pieces of one file by their place; no two overlap.
+using PendingPieces = std::map<std::uint64_t, JournalPiece>;
+
+std::uint64_t endOf(const PendingPieces& pieces) {
+  return pieces.empty() ? 0 : pieces.rbegin()->second.offset + pieces.rbegin()->second.size;
+}
+
+/// Takes [begin, end) out of the pieces; what a piece has on either side of it stays.
+void cutOut(PendingPieces& pieces, std::uint64_t begin, std::uint64_t end) {
+  auto piece = pieces.upper_bound(begin);
+  if (piece != pieces.begin()) --piece;
+  while (piece != pieces.end() && piece->first < end) {
+    const JournalPiece whole = piece->second;
+    const std::uint64_t wholeEnd = whole.offset + whole.size;
+    if (wholeEnd <= begin) {
+      ++piece;
+      continue;
+    }
+    piece = pieces.erase(piece);
+    if (whole.offset < begin) pieces[whole.offset] = {whole.offset, begin - whole.offset, whole.dataPosition};
+    if (wholeEnd > end) pieces[end] = {end, wholeEnd - end, whole.dataPosition + (end - whole.offset)};
+  }
+}
+
+/// Neighbours in the file that are neighbours in the data become one piece, and so one write.
+std::vector<JournalPiece> joined(const PendingPieces& pieces) {
+  std::vector<JournalPiece> result;
+  for (const auto& [offset, piece] : pieces) {
+    if (!result.empty() && result.back().offset + result.back().size == offset &&
+        result.back().dataPosition + result.back().size == piece.dataPosition)
+      result.back().size += piece.size;
+    else
+      result.push_back(piece);
+  }
+  return result;
+}
+
+}  // namespace
+
+struct FileUpdate::State {
+  std::filesystem::path dataFolder;
+  std::map<std::string, PendingPieces> files;  // by the path below the data folder
+  JournalBuffer data;
+  /// What was asked for last: a save reads thousands of records of one file.
+  std::filesystem::path lastPath;
+  std::string lastKey;
+  std::string openKey;
+  std::optional<File> open;
+
+  /// Its key, which is also its path in the journal.
+  const std::string& keyOf(const std::filesystem::path& file) {
+    if (file.native() == lastPath.native()) return lastKey;
+    std::string key = textOfPath(file.lexically_relative(dataFolder).generic_string());
+    if (!isJournalPath(key))
+      throw UserError(fmt::format("“{}”不在数据文件夹“{}”之内。", textOfPath(file), textOfPath(dataFolder)));
+    lastPath = file;
+    return lastKey = key;
+  }
+
+  const PendingPieces* pending(const std::string& key) const {
+    const auto found = files.find(key);
+    return found != files.end() ? &found->second : nullptr;
+  }
+
+  /// The file on the disk, or nothing.
+  const File* onDisk(const std::string& key, const std::filesystem::path& path) {
+    if (open && openKey == key) return &*open;
+    if (!fileExists(path)) return nullptr;
+    open.emplace(path, File::Mode::Read);
+    openKey = key;
+    return &*open;
+  }
+};
+
+FileUpdate::FileUpdate(std::filesystem::path dataFolder) : m_state(std::make_unique<State>()) {
+  m_state->dataFolder = std::move(dataFolder);
+  recover(m_state->dataFolder);
+}
+
+FileUpdate::~FileUpdate() = default;
+
+bool FileUpdate::exists(const std::filesystem::path& file) const {
+  if (folderExists(file)) throw UserError(fmt::format("“{}”应为文件，却是一个文件夹。", textOfPath(file)));
+  return m_state->pending(m_state->keyOf(file)) || fileExists(file);
+}
+
+std::uint64_t FileUpdate::size(const std::filesystem::path& file) const {
+  const std::string key = m_state->keyOf(file);
+  const File* const disk = m_state->onDisk(key, file);
+  const PendingPieces* const pieces = m_state->pending(key);
+  return std::max(disk ? disk->size() : 0, pieces ? endOf(*pieces) : 0);
+}
+
+std::size_t FileUpdate::readAt(const std::filesystem::path& file, std::uint64_t offset,
+                               std::span<std::byte> into) const {
+  const std::string key = m_state->keyOf(file);
+  const File* const disk = m_state->onDisk(key, file);
+  std::size_t got = disk ? disk->readAt(offset, into) : 0;
+  const PendingPieces* const pieces = m_state->pending(key);
+  if (!pieces) return got;
+  const std::uint64_t end = std::min(offset + into.size(), std::max(offset + got, endOf(*pieces)));
+  if (end <= offset) return 0;
+  std::fill(into.begin() + static_cast<std::ptrdiff_t>(got), into.end(), std::byte{0});
+  auto piece = pieces->upper_bound(offset);
+  if (piece != pieces->begin()) --piece;
+  for (; piece != pieces->end() && piece->first < end; ++piece) {
+    const auto& [at, pieceSize, position] = piece->second;
+    const std::uint64_t from = std::max(at, offset), to = std::min(at + pieceSize, end);
+    if (from >= to) continue;
+    auto target = into.begin() + static_cast<std::ptrdiff_t>(from - offset);
+    m_state->data.read(position + (from - at), to - from, [&target](std::span<const std::byte> bytes) {
+      target = std::copy(bytes.begin(), bytes.end(), target);
+    });
+  }
+  return end - offset;
+}
+
+void FileUpdate::writeAt(const std::filesystem::path& file, std::uint64_t offset, std::span<const std::byte> from) {
+  if (from.empty()) return;
+  PendingPieces& pieces = m_state->files[m_state->keyOf(file)];
+  const auto same = pieces.find(offset);
+  if (same != pieces.end() && same->second.size == from.size()) {
+    m_state->data.overwrite(same->second.dataPosition, from);
+    return;
+  }
+  cutOut(pieces, offset, offset + from.size());
+  pieces[offset] = {offset, from.size(), m_state->data.append(from)};
+}
+
+void FileUpdate::commit() {
+  State& state = *m_state;
+  if (state.files.empty()) return;
+  state.open.reset();
+  std::vector<JournalFile> files;
+  for (const auto& [path, pieces] : state.files) files.push_back({path, joined(pieces)});
+  const std::filesystem::path journal = state.dataFolder / kJournalName;
+  try {
+    writeJournal(journal, files, state.data);
+  } catch (const UserError& cause) {
+    if (!dropJournal(journal)) failUnfinished(journal, cause);
+    failUnchanged(cause);
+  }
+  JournalApplication application(state.dataFolder, files, state.data);
+  try {
+    application.lengthen();
+  } catch (const UserError& cause) {
+    try {
+      application.shorten();
+    } catch (const UserError&) {
+      failUnfinished(journal, cause);
+    }
+    if (!dropJournal(journal)) failUnfinished(journal, cause);
+    failUnchanged(cause);
+  }
+  try {
+    application.overwrite();
+  } catch (const UserError& cause) {
+    failUnfinished(journal, cause);
+  }
+  dropJournal(journal);
+  state.files.clear();
+  state.data = {};
+}
+
+void FileUpdate::recover(const std::filesystem::path& dataFolder) {
+  const std::filesystem::path journal = dataFolder / kJournalName;
+  if (!fileExists(journal)) return;
+  const std::optional<FoundJournal> found = FoundJournal::open(journal);
+  if (found) {
+    JournalApplication application(dataFolder, found->files(), *found);
+    try {
+      application.lengthen();
+      application.overwrite();
+    } catch (const UserError& cause) {
+      failUnfinished(journal, cause);
+    }
+  }
+  dropJournal(journal);
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,274 @@
+#include "store/journal.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <limits>
+#include <utility>
+
+#include "common/little.h"
+#include "common/user_error.h"
+
+namespace triaxlab {
+namespace {
+
+constexpr std::array<char, 8> kBeginMark{'T', 'X', 'J', 'R', 'N', 'L', '1', '\n'};
+constexpr std::array<char, 8> kEndMark{'E', 'N', 'D', 'T', 'X', 'J', '1', '\n'};
+
+/// Unit of reading and writing, and of the checksum.
+constexpr std::size_t kBlock = std::size_t{1} << 20;
+/// No project or summary file comes near these; a journal that goes beyond them is not one of ours.
+constexpr std::uint64_t kLargestFile = std::numeric_limits<std::int32_t>::max();
+constexpr std::uint64_t kLargestIndex = std::uint64_t{16} << 20;
+
+struct JournalHead {
+  std::array<char, 8> mark = kBeginMark;
+  Little<std::uint64_t> indexSize;
+  Little<std::uint64_t> dataSize;
+};
+static_assert(sizeof(JournalHead) == 24);
+
+struct IndexFile {
+  Little<std::uint16_t> pathLength;
+  Little<std::uint32_t> pieceCount;
+};
+static_assert(sizeof(IndexFile) == 6);
+
+struct IndexPiece {
+  Little<std::uint64_t> offset;
+  Little<std::uint64_t> size;
+  Little<std::uint64_t> dataPosition;
+};
+static_assert(sizeof(IndexPiece) == 24);
+
+struct JournalFoot {
+  Little<std::uint64_t> checksum;
+  std::array<char, 8> mark = kEndMark;
+};
+static_assert(sizeof(JournalFoot) == 16);
+
+/// Tells a journal that was cut or torn by a crash from a whole one, eight bytes at a time. Writer and reader must add
+/// the same spans: the head, the index, and the data in blocks.
+class Checksum {
+ public:
+  void add(std::span<const std::byte> bytes) {
+    while (bytes.size() >= sizeof(std::uint64_t)) {
+      Little<std::uint64_t> word;
+      std::memcpy(&word, bytes.data(), sizeof word);
+      mix(word);
+      bytes = bytes.subspan(sizeof word);
+    }
+    for (const std::byte byte : bytes) mix(std::to_integer<std::uint64_t>(byte) + 1);
+  }
+  std::uint64_t value() const { return m_value; }
+
+ private:
+  void mix(std::uint64_t word) {
+    m_value = (m_value ^ word) * 0x9E3779B97F4A7C15;
+    m_value ^= m_value >> 29;
+  }
+  std::uint64_t m_value = 0x7472696178313936;
+};
+
+void append(Bytes& to, std::span<const std::byte> bytes) { to.insert(to.end(), bytes.begin(), bytes.end()); }
+
+Bytes indexOf(const std::vector<JournalFile>& files) {
+  Bytes index;
+  for (const JournalFile& file : files) {
+    const IndexFile head{static_cast<std::uint16_t>(file.path.size()), static_cast<std::uint32_t>(file.pieces.size())};
+    append(index, bytesOf(head));
+    append(index, std::as_bytes(std::span(file.path)));
+    for (const JournalPiece& piece : file.pieces) {
+      const IndexPiece entry{piece.offset, piece.size, piece.dataPosition};
+      append(index, bytesOf(entry));
+    }
+  }
+  return index;
+}
+
+/// Takes a T off the front of `bytes`; false when there is none.
+template <class T>
+bool take(std::span<const std::byte>& bytes, T& value) {
+  if (bytes.size() < sizeof value) return false;
+  std::memcpy(&value, bytes.data(), sizeof value);
+  bytes = bytes.subspan(sizeof value);
+  return true;
+}
+
+/// Reads an index, with every place in it checked. No byte of the data belongs to two pieces, so the pieces together
+/// are not larger than the data: an index can't ask for more disk than its journal takes.
+class IndexParser {
+ public:
+  IndexParser(std::span<const std::byte> index, std::uint64_t dataSize)
+      : m_rest(index), m_dataSize(dataSize), m_unclaimed(dataSize) {}
+
+  std::optional<std::vector<JournalFile>> files() {
+    std::vector<JournalFile> files;
+    while (!m_rest.empty())
+      if (!takeFile(files.emplace_back())) return std::nullopt;
+    return files;
+  }
+
+ private:
+  bool takeFile(JournalFile& file) {
+    IndexFile head;
+    if (!take(m_rest, head) || m_rest.size() < head.pathLength) return false;
+    file.path.assign(reinterpret_cast<const char*>(m_rest.data()), head.pathLength);
+    m_rest = m_rest.subspan(head.pathLength);
+    if (!isJournalPath(file.path) || m_rest.size() / sizeof(IndexPiece) < head.pieceCount) return false;
+    file.pieces.resize(head.pieceCount);
+    return std::all_of(file.pieces.begin(), file.pieces.end(),
+                       [this](JournalPiece& piece) { return takePiece(piece); });
+  }
+
+  bool takePiece(JournalPiece& piece) {
+    IndexPiece entry;
+    if (!take(m_rest, entry)) return false;
+    piece = {entry.offset, entry.size, entry.dataPosition};
+    if (piece.size > m_unclaimed || piece.dataPosition > m_dataSize - piece.size) return false;
+    m_unclaimed -= piece.size;
+    return piece.size <= kLargestFile && piece.offset <= kLargestFile - piece.size;
+  }
+
+  std::span<const std::byte> m_rest;
+  std::uint64_t m_dataSize, m_unclaimed;
+};
+
+template <class T>
+bool readObject(const File& file, std::uint64_t offset, T& object) {
+  return file.readAt(offset, writableBytesOf(object)) == sizeof object;
+}
+
+/// The head of a journal whose sizes agree with that of its file.
+std::optional<JournalHead> plausibleHead(const File& file) {
+  JournalHead head;
+  if (!readObject(file, 0, head) || head.mark != kBeginMark) return std::nullopt;
+  const std::uint64_t size = file.size(), frame = sizeof(JournalHead) + sizeof(JournalFoot);
+  if (size < frame || head.indexSize > kLargestIndex || head.indexSize > size - frame) return std::nullopt;
+  if (head.dataSize != size - frame - head.indexSize) return std::nullopt;
+  return head;
+}
+
+/// Adds `size` bytes of the file to the checksum, in the blocks in which they were written.
+bool addData(const File& file, std::uint64_t offset, std::uint64_t size, Checksum& checksum) {
+  Bytes block(std::min<std::uint64_t>(kBlock, size));
+  for (std::uint64_t done = 0; done < size; done += block.size()) {
+    block.resize(std::min<std::uint64_t>(kBlock, size - done));
+    if (file.readAt(offset + done, block) != block.size()) return false;
+    checksum.add(block);
+  }
+  return true;
+}
+
+bool isSomething(const std::filesystem::path& path) {
+  std::error_code ignored;
+  return std::filesystem::symlink_status(path, ignored).type() != std::filesystem::file_type::not_found;
+}
+
+bool isPathPart(std::string_view part) {
+  constexpr std::string_view kNeverInNames = "/\\:";
+  return !part.empty() && part != "." && part != ".." && part.find_first_of(kNeverInNames) == part.npos &&
+         std::none_of(part.begin(), part.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; });
+}
+
+}  // namespace
+
+bool isJournalPath(std::string_view path) {
+  const std::size_t slash = path.find('/');
+  return path.size() <= std::numeric_limits<std::uint16_t>::max() && slash != path.npos &&
+         isPathPart(path.substr(0, slash)) && isPathPart(path.substr(slash + 1));
+}
+
+std::span<std::byte> JournalBuffer::blockPart(std::uint64_t position, std::uint64_t size) const {
+  const std::uint64_t inBlock = position % kBlock;
+  return {m_blocks[position / kBlock].get() + inBlock, std::min<std::uint64_t>(size, kBlock - inBlock)};
+}
+
+std::uint64_t JournalBuffer::append(std::span<const std::byte> bytes) {
+  const std::uint64_t position = m_size;
+  m_size += bytes.size();
+  while (m_blocks.size() * kBlock < m_size) m_blocks.push_back(std::make_unique_for_overwrite<std::byte[]>(kBlock));
+  overwrite(position, bytes);
+  return position;
+}
+
+void JournalBuffer::overwrite(std::uint64_t position, std::span<const std::byte> bytes) {
+  while (!bytes.empty()) {
+    const std::span<std::byte> part = blockPart(position, bytes.size());
+    std::memcpy(part.data(), bytes.data(), part.size());
+    position += part.size();
+    bytes = bytes.subspan(part.size());
+  }
+}
+
+void JournalBuffer::read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const {
+  while (size > 0) {
+    const std::span<const std::byte> part = blockPart(position, size);
+    visit(part);
+    position += part.size();
+    size -= part.size();
+  }
+}
+
+void writeJournal(const std::filesystem::path& journal, const std::vector<JournalFile>& files,
+                  const JournalBuffer& data) {
+  const Bytes index = indexOf(files);
+  JournalHead head;
+  head.indexSize = index.size();
+  head.dataSize = data.size();
+  if (isSomething(journal)) removeFile(journal);  // it may be a link to somewhere else
+  File file(journal, File::Mode::Create);
+  std::uint64_t end = 0;
+  Checksum checksum;
+  const auto put = [&](std::span<const std::byte> bytes) {
+    file.writeAt(end, bytes);
+    end += bytes.size();
+  };
+  const auto putChecked = [&](std::span<const std::byte> bytes) {
+    checksum.add(bytes);
+    put(bytes);
+  };
+  putChecked(bytesOf(head));
+  putChecked(index);
+  data.read(0, data.size(), putChecked);
+  JournalFoot foot;
+  foot.checksum = checksum.value();
+  put(bytesOf(foot));
+  file.sync();
+  syncFolder(journal.parent_path());
+}
+
+std::optional<FoundJournal> FoundJournal::open(const std::filesystem::path& journal) {
+  File file(journal, File::Mode::Read);
+  const std::optional<JournalHead> head = plausibleHead(file);
+  if (!head) return std::nullopt;
+  Bytes index(head->indexSize);
+  const std::uint64_t dataStart = sizeof(JournalHead) + index.size(), dataEnd = dataStart + head->dataSize;
+  JournalFoot foot;
+  if (file.readAt(sizeof(JournalHead), index) != index.size() || !readObject(file, dataEnd, foot)) return std::nullopt;
+  Checksum checksum;
+  checksum.add(bytesOf(*head));
+  checksum.add(index);
+  if (foot.mark != kEndMark || !addData(file, dataStart, head->dataSize, checksum)) return std::nullopt;
+  if (foot.checksum != checksum.value()) return std::nullopt;
+  std::optional<std::vector<JournalFile>> files = IndexParser(index, head->dataSize).files();
+  if (!files) return std::nullopt;
+  return FoundJournal(std::move(file), dataStart, std::move(*files));
+}
+
+FoundJournal::FoundJournal(File file, std::uint64_t dataStart, std::vector<JournalFile> files)
+    : m_file(std::move(file)), m_dataStart(dataStart), m_files(std::move(files)) {}
+
+void FoundJournal::read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const {
+  Bytes block(std::min<std::uint64_t>(kBlock, size));
+  for (std::uint64_t done = 0; done < size; done += block.size()) {
+    block.resize(std::min<std::uint64_t>(kBlock, size - done));
+    if (m_file.readAt(m_dataStart + position + done, block) != block.size())
+      throw UserError(fmt::format("读取文件“{}”失败：它变短了。", textOfPath(m_file.path())));
+    visit(block);
+  }
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace triaxlab {
+
+// The journal of a save: the file `journal` in the data folder. It holds every byte that the save is about to write and
+// says where it belongs, so that a save that was interrupted can be finished. All numbers are little-endian.
+//
+//    0  8  mark "TXJRNL1\n"
+//    8  8  size of the index
+//   16  8  size of the data
+//   24     index: for each file  path length 2, count of pieces 4, path, and for each piece
+//          place in the file 8, size 8, place in the data 8
+//          data: the bytes of the pieces
+//          checksum of all before 8, end mark "ENDTXJ1\n" 8
+//
+// A path is "folder/file" below the data folder, UTF-8; any other path makes the whole journal void, so no journal can
+// name a file outside. A journal counts only when its size, marks, checksum and every place in it are right; a cut or
+// damaged one means that the save had not begun to change anything.
+
+inline constexpr std::string_view kJournalName = "journal";
+
+/// Some bytes of a file, and where the journal's data hold them.
+struct JournalPiece {
+  std::uint64_t offset = 0;  // in the file
+  std::uint64_t size = 0;
+  std::uint64_t dataPosition = 0;
+};
+
+struct JournalFile {
+  std::string path;
+  std::vector<JournalPiece> pieces;
+};
+
+/// True for a path that a journal may name: one folder and one file in it, neither of them "." or "..".
+bool isJournalPath(std::string_view path);
+
+/// The bytes that a journal carries, wherever they are.
+class JournalData {
+ public:
+  using Visitor = std::function<void(std::span<const std::byte>)>;
+
+  virtual ~JournalData() = default;
+  /// Calls `visit` with the bytes from `position` on, `size` of them in all, in order and in one or several spans.
+  virtual void read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const = 0;
+};
+
+/// Bytes collected in memory for a journal. They lie in blocks, so that a large save is never copied to grow.
+class JournalBuffer : public JournalData {
+ public:
+  std::uint64_t size() const { return m_size; }
+  /// Returns the position of the first byte.
+  std::uint64_t append(std::span<const std::byte> bytes);
+  void overwrite(std::uint64_t position, std::span<const std::byte> bytes);
+  void read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const override;
+
+ private:
+  std::span<std::byte> blockPart(std::uint64_t position, std::uint64_t size) const;
+
+  std::vector<std::unique_ptr<std::byte[]>> m_blocks;
+  std::uint64_t m_size = 0;
+};
+
+/// Writes a complete journal and returns when it is on the disk.
+void writeJournal(const std::filesystem::path& journal, const std::vector<JournalFile>& files,
+                  const JournalBuffer& data);
+
+/// A journal file that was found complete.
+class FoundJournal : public JournalData {
+ public:
+  /// Nothing when the journal is cut, damaged, or not one of ours. UserError when it can't be read at all.
+  static std::optional<FoundJournal> open(const std::filesystem::path& journal);
+
+  const std::vector<JournalFile>& files() const { return m_files; }
+  void read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const override;
+
+ private:
+  FoundJournal(File file, std::uint64_t dataStart, std::vector<JournalFile> files);
+
+  File m_file;
+  std::uint64_t m_dataStart;
+  std::vector<JournalFile> m_files;
+};
+
+}  // namespace triaxlab

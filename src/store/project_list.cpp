@@ -1,0 +1,74 @@
+#include "store/project_list.h"
+
+#include "platform/files.h"
+#include "store/file_update.h"
+#include "store/project_frame.h"
+#include "store/summary_file.h"
+
+namespace triaxlab {
+namespace {
+
+constexpr std::size_t kLargestList = 1001;
+
+template <std::size_t N>
+std::string shown(const FixedText<N>& field) {
+  return gbkToUtf8(field.trimmed());
+}
+
+ProjectListRow rowOf(const std::filesystem::path& path, const std::string& fileName) {
+  ProjectListRow row;
+  row.fileName = fileName;
+  row.projectNo = fileName;
+  ProjectHeader header;
+  try {
+    if (File(path, File::Mode::Read).readAt(0, writableBytesOf(header)) < sizeof header) return row;
+  } catch (const UserError&) {
+    return row;  // listed by its name alone; opening it says what is wrong
+  }
+  if (!claimedCount(header.sampleCount.view())) return row;
+  row.projectNo = shown(header.projectNo);
+  row.sampleCount = shown(header.sampleCount);
+  row.createdDate = shown(header.createdDate);
+  row.processedDate = shown(header.processedDate);
+  row.operatorName = shown(header.operatorName);
+  return row;
+}
+
+}  // namespace
+
+std::vector<ProjectListRow> listProjects(const Workspace& workspace, ProjectKind kind) {
+  FileUpdate::recover(workspace.dataFolder);
+  std::vector<std::string> names = listFiles(workspace.projectFolder(), infoOf(kind).filePrefix, ".TXT");
+  if (names.size() > kLargestList) names.resize(kLargestList);
+  std::vector<ProjectListRow> rows;
+  rows.reserve(names.size());
+  for (const std::string& name : names) rows.push_back(rowOf(workspace.projectFolder() / pathFromText(name), name));
+  return rows;
+}
+
+std::vector<SampleListRow> listSamples(const Workspace& workspace, ProjectKind kind, std::string_view fileName) {
+  FileUpdate::recover(workspace.dataFolder);
+  const ProjectKindInfo& info = infoOf(kind);
+  const File file(findProjectFile(workspace.projectFolder(), info, fileName), File::Mode::Read);
+  const ProjectHead head = readProjectHead(readerOf(file), info, file.path());
+  const std::vector<SampleIndexEntry> index = loadSampleIndex(readerOf(file), info, head.sampleCount);
+  std::vector<SampleListRow> rows(index.size());
+  std::vector<std::string> numbers(index.size());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    numbers[i] = index[i].sampleNo.trimmed();
+    rows[i].recordIndex = i;
+    rows[i].sampleNo = gbkToUtf8(numbers[i]);
+  }
+  try {
+    const auto fillRow = [&rows](std::size_t i, const SampleLocation& location) {
+      rows[i].boreholeNo = shown(location.boreholeNo);
+      rows[i].samplingDepth = shown(location.samplingDepth);
+    };
+    visitLocations(workspace, head.header.projectNo.trimmed(), numbers, fillRow);
+  } catch (const UserError&) {
+    // A list without boreholes is still the list of the samples; opening the project tells of the damaged summary file.
+  }
+  return rows;
+}
+
+}  // namespace triaxlab
