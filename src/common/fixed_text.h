@@ -52,20 +52,25 @@ class FixedText {
   /// Stores a number through its format and the field's width. A value that is not finite is not stored, as the
   /// statement that would have stored it is abandoned.
   friend void SetNumber(FixedText& field, double value, NumberFormat format) {
-    if constexpr (detail::kFitsAWord<N>)
-      if (format == NumberFormat::Whole && detail::writeWholeNumber<N>(field.m_places.data(), value)) return;
+    if (double written = 0; field.setWhole(value, format, written)) return;
     if (std::isfinite(value)) SetText(field, FormatNumber(value, format));
   }
 
   /// SetNumber, and the number that the field reads as afterwards: rounded, and cut at the width.
   friend double SetAndRead(FixedText& field, double value, NumberFormat format) {
-    if constexpr (detail::kFitsAWord<N>)
-      if (format == NumberFormat::Whole && detail::writeWholeNumber<N>(field.m_places.data(), value)) return value;
+    if (double written = 0; field.setWhole(value, format, written)) return written;
     SetNumber(field, value, format);
     return field.number();
   }
 
  private:
+  /// False when the number isn't of the short form, and then nothing is stored.
+  bool setWhole(double value, NumberFormat format, double& written) {
+    if constexpr (detail::kFitsAWord<N>)
+      return format == NumberFormat::Whole && detail::writeWholeNumber<N>(m_places.data(), value, written);
+    return false;
+  }
+
   std::array<char, N> m_places;
 };
 

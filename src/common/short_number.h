@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -72,23 +73,31 @@ inline constexpr auto kThreeDigits = [] {
   return digits;
 }();
 
-/// Numbers of up to six digits, as far as the field holds them.
+/// Writes the value rounded to a whole number of up to six digits, as far as the field holds them, and says which
+/// number it was. Just below a half the decimal rendering decides, which is the general functions' business.
 template <std::size_t N>
-bool writeWholeNumber(char* places, double value) {
+bool writeWholeNumber(char* places, double value, double& written) {
   static_assert(kFitsAWord<N>);
-  constexpr std::array kPowersOfTen{1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
-  constexpr double kBeyond = kPowersOfTen[std::min<std::size_t>(N, 6)], kBeyondNegative = kPowersOfTen[N - 1];
-  if (!(value > -kBeyondNegative && value < kBeyond)) return false;
-  const auto whole = static_cast<std::int32_t>(value);
-  if (whole != value) return false;
+  constexpr std::array<std::uint32_t, 7> kPowersOfTen{1, 10, 100, 1000, 10000, 100000, 1000000};
+  constexpr std::uint32_t kBeyond = kPowersOfTen[std::min<std::size_t>(N, 6)], kBeyondNegative = kPowersOfTen[N - 1];
+  if (!(value > -double{kBeyondNegative} && value < kBeyond)) return false;
+  auto whole = static_cast<std::int32_t>(value);
+  if (const double fraction = std::fabs(value - whole); fraction != 0) {
+    if (fraction > 0.49 && fraction < 0.5) return false;
+    if (fraction >= 0.5) whole += value < 0 ? -1 : 1;
+    if (whole == static_cast<std::int32_t>(kBeyond) || whole == -static_cast<std::int32_t>(kBeyondNegative))
+      return false;
+  }
+  written = whole;
 
-  const auto magnitude = static_cast<std::uint32_t>(whole < 0 ? -whole : whole);
+  const bool negative = whole < 0;
+  const auto magnitude = static_cast<std::uint32_t>(negative ? -whole : whole);
   const std::uint64_t digits = kThreeDigits[magnitude / 1000] | std::uint64_t{kThreeDigits[magnitude % 1000]} << 24;
   constexpr std::uint64_t kLastDigit = std::uint64_t{1} << 40;  // stays even when it is 0
   const auto leadingZeros = static_cast<unsigned>(std::countr_zero(digits | kLastDigit)) & ~7U;
   constexpr std::uint64_t kSixZeros = kEachByte * '0' >> 16;
   std::uint64_t text = (digits | kSixZeros) >> leadingZeros | kEachByte * ' ' << (48 - leadingZeros);
-  if (whole < 0) text = text << 8 | '-';
+  if (negative) text = text << 8 | '-';
   std::memcpy(places, &text, N);
   return true;
 }

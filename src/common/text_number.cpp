@@ -1,9 +1,10 @@
 #include "common/text_number.h"
 
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
+#include <cstdint>
 #include <limits>
 
 namespace triaxlab {
@@ -11,6 +12,12 @@ namespace {
 
 constexpr std::array kPowersOfTen{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                   1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+constexpr int kMostDigits = 16;  // of a whole power of ten that is needed below
+
+std::uint64_t wholePowerOfTen(int power) {
+  return static_cast<std::uint64_t>(kPowersOfTen[static_cast<std::size_t>(power)]);
+}
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -76,60 +83,55 @@ double convertExactly(const ScannedNumber& number) {
   return value;
 }
 
-/// `digits` significant decimal digits of a finite value: 0.d1d2d3... x 10^exponent.
-struct DecimalDigits {
-  std::array<char, 15> digit{};
-  int count = 0;
-  int exponent = 0;
+/// A magnitude as a person reads it: digits x 10^power.
+struct Decimal {
+  std::uint64_t digits = 0;
+  int power = 0;
 };
 
+/// Correctly rounded to that many significant digits.
 template <class T>
-DecimalDigits render(T value, int significant) {
+Decimal render(T magnitude, int significant) {
   std::array<char, 40> text{};
-  // Scientific form: d.ddd...e[+-]xx
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), std::fabs(value),
-                                 std::chars_format::scientific, significant - 1);
-  DecimalDigits decimal;
+  // d.ddd...e[+-]xx
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), magnitude, std::chars_format::scientific, significant - 1);
+  Decimal decimal;
   const char* at = text.data();
   for (; *at != 'e'; ++at)
-    if (*at != '.') decimal.digit[static_cast<std::size_t>(decimal.count++)] = *at;
+    if (*at != '.') decimal.digits = decimal.digits * 10 + static_cast<unsigned>(*at - '0');
   ++at;
-  const bool negative = *at == '-';
-  int exponent = 0;
-  std::from_chars(at + 1, end.ptr, exponent);
-  decimal.exponent = (negative ? -exponent : exponent) + 1;
+  if (*at == '+') ++at;  // from_chars knows the minus only
+  std::from_chars(at, end.ptr, decimal.power);
+  decimal.power -= significant - 1;
   return decimal;
 }
 
-/// The slow, general road: decimal digits rounded half away from zero at the last decimal that the format shows.
-template <class T>
-std::string roundDecimally(T value, int decimals, int significant) {
-  const DecimalDigits rendered = render(value, significant);
-  const int kept = rendered.exponent + decimals;  // digits in front of the cut; may be negative
-  std::string digits(rendered.digit.data(), static_cast<std::size_t>(rendered.count));
-  if (kept < 0) {
-    digits = "0";
-  } else if (kept < rendered.count) {
-    const bool up = digits[static_cast<std::size_t>(kept)] >= '5';
-    digits.resize(static_cast<std::size_t>(kept));
-    digits.insert(digits.begin(), '0');
-    if (up) {
-      std::size_t at = digits.size() - 1;
-      while (digits[at] == '9') digits[at--] = '0';
-      ++digits[at];
-    }
-  } else {
-    digits.append(static_cast<std::size_t>(kept - rendered.count), '0');
+// Between these bounds a float times the power of ten that makes seven digits of it is exact in a double: 24 bits of
+// the float and at most 28 of 5^12.
+constexpr float kLeastExact = 1e-6F, kBeyondExact = 1e7F;
+
+/// For each binary exponent of a float, from that of kLeastExact on, the power of ten that makes seven digits of the
+/// least float with it. A larger float may need one less.
+constexpr int kLeastExponent = -20;
+constexpr auto kPowerBySize = [] {
+  std::array<std::int8_t, 44> powers{};
+  double least = 0x1p-20;
+  for (auto& power : powers) {
+    for (double scaled = least; scaled < 1e6; scaled *= 10) ++power;
+    least *= 2;
   }
-  // `digits` is now a whole number of units of the last decimal.
-  const std::size_t firstDigit = digits.find_first_not_of('0');
-  const bool zero = firstDigit == std::string::npos;
-  digits.erase(0, zero ? digits.size() : firstDigit);
-  const auto wanted = static_cast<std::size_t>(decimals) + 1;
-  if (digits.size() < wanted) digits.insert(0, wanted - digits.size(), '0');
-  if (decimals > 0) digits.insert(digits.size() - static_cast<std::size_t>(decimals), 1, '.');
-  if (value < 0 && !zero) digits.insert(digits.begin(), '-');
-  return digits;
+  return powers;
+}();
+
+/// A float's seven significant digits.
+Decimal renderSeven(float magnitude) {
+  if (!(magnitude >= kLeastExact && magnitude < kBeyondExact)) return render(magnitude, 7);
+  const int exponent = static_cast<int>(std::bit_cast<std::uint32_t>(magnitude) >> 23) - 127;
+  int power = kPowerBySize[static_cast<std::size_t>(exponent - kLeastExponent)];
+  double scaled = magnitude * kPowersOfTen[static_cast<std::size_t>(power)];
+  if (scaled >= 1e7) scaled = magnitude * kPowersOfTen[static_cast<std::size_t>(--power)];
+  return {static_cast<std::uint64_t>(std::nearbyint(scaled)), -power};
 }
 
 /// Prints n units of the last decimal with the point inserted.
@@ -144,6 +146,25 @@ std::string printUnits(std::uint64_t n, int decimals, bool negative) {
   }
   if (negative) *--at = '-';
   return {at, static_cast<std::size_t>(end - at)};
+}
+
+/// The decimal number rounded half away from zero at the last decimal.
+std::string print(const Decimal& magnitude, int decimals, bool negative) {
+  if (magnitude.power >= 0 && magnitude.digits != 0) {
+    std::string text = printUnits(magnitude.digits, 0, negative);
+    text.append(static_cast<std::size_t>(magnitude.power), '0');
+    if (decimals > 0) text.append(1, '.').append(static_cast<std::size_t>(decimals), '0');
+    return text;
+  }
+  const int shift = magnitude.power + decimals;
+  std::uint64_t units = 0;
+  if (shift >= 0) {
+    units = magnitude.digits * wholePowerOfTen(shift);
+  } else if (-shift <= kMostDigits) {  // otherwise all digits stand behind the place that rounds
+    const std::uint64_t unit = wholePowerOfTen(-shift);
+    units = (magnitude.digits + unit / 2) / unit;
+  }
+  return printUnits(units, decimals, negative && units != 0);
 }
 
 }  // namespace
@@ -170,27 +191,32 @@ std::string FormatNumber(double value, NumberFormat format) {
   if (!std::isfinite(value)) return {};
   const int decimals = static_cast<int>(format);
   const double magnitude = std::fabs(value);
-  if (!(magnitude < 1e9)) return roundDecimally(value, decimals, 15);
   const double scaled = magnitude * kPowersOfTen[static_cast<std::size_t>(decimals)];
-  auto units = static_cast<std::uint64_t>(scaled);
-  const double fraction = scaled - static_cast<double>(units);
-  // Near a half only the 15 digits themselves can tell which way they round.
-  if (std::fabs(fraction - 0.5) < 0.01) return roundDecimally(value, decimals, 15);
-  units += fraction > 0.5;
-  return printUnits(units, decimals, value < 0 && units != 0);
+  if (magnitude < 1e9) {
+    auto units = static_cast<std::uint64_t>(scaled);
+    const double fraction = scaled - static_cast<double>(units);
+    // Fifteen digits of such a value differ from it by less than a hundredth of a unit, so they decide near a half
+    // only.
+    if (std::fabs(fraction - 0.5) > 0.01) {
+      units += fraction > 0.5;
+      return printUnits(units, decimals, value < 0 && units != 0);
+    }
+  }
+  return print(render(magnitude, 15), decimals, value < 0);
 }
 
 std::string FormatNumber(float value, NumberFormat format) {
   if (!std::isfinite(value)) return {};
-  return roundDecimally(value, static_cast<int>(format), 7);
+  return print(renderSeven(std::fabs(value)), static_cast<int>(format), value < 0);
 }
 
 std::string FormatPadded(std::int64_t value, int width) {
-  const auto magnitude = static_cast<std::uint64_t>(value);
-  std::string digits = std::to_string(value < 0 ? -magnitude : magnitude);
+  const auto bits = static_cast<std::uint64_t>(value);
+  const std::string digits = std::to_string(value < 0 ? -bits : bits);
+  std::string text(value < 0 ? 1 : 0, '-');
   if (const auto wanted = static_cast<std::size_t>(width); digits.size() < wanted)
-    digits.insert(0, wanted - digits.size(), '0');
-  return value < 0 ? "-" + digits : digits;
+    text.append(wanted - digits.size(), '0');
+  return text.append(digits);
 }
 
 std::string PlainNumber(double value) {
@@ -202,11 +228,17 @@ std::string PlainNumber(double value) {
 }
 
 double ThroughSevenDigits(float value) {
-  std::array<char, 32> text{};
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific, 6);
-  double parsed = value;
-  std::from_chars(text.data(), end.ptr, parsed);
-  return parsed;
+  const float magnitude = std::fabs(value);
+  if (!(magnitude >= kLeastExact && magnitude < kBeyondExact)) {
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific, 6);
+    double parsed = value;
+    std::from_chars(text.data(), end.ptr, parsed);
+    return parsed;
+  }
+  const Decimal decimal = renderSeven(magnitude);
+  const double read = static_cast<double>(decimal.digits) / kPowersOfTen[static_cast<std::size_t>(-decimal.power)];
+  return value < 0 ? -read : read;
 }
 
 }  // namespace triaxlab

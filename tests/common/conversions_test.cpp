@@ -48,6 +48,14 @@ TEST(ToInt32, TiesAndRange) {
     EXPECT_EQ(toInt32(value), std::nullopt) << value;
 }
 
+TEST(ToSingle, RoundsOrHasNoValue) {
+  EXPECT_EQ(toSingle(0.1), 0.1F);
+  EXPECT_EQ(toSingle(-16777217.0), -16777216.0F);  // 25 bits: half way, to even
+  EXPECT_EQ(toSingle(1e-60), 0.0F);
+  EXPECT_EQ(toSingle(std::numeric_limits<float>::max()), std::numeric_limits<float>::max());
+  for (const double value : {1e39, -1e39, kInfinity, kNoNumber}) EXPECT_EQ(toSingle(value), std::nullopt) << value;
+}
+
 TEST(Int, IsTheFloor) {
   EXPECT_EQ(Int(3.5), 3);
   EXPECT_EQ(Int(-3.5), -4);

@@ -110,6 +110,40 @@ TEST(SetNumber, StoresTheTextThatFits) {
   EXPECT_EQ(stress.view(), "1234.5");
 }
 
+template <std::size_t N>
+testing::AssertionResult storesItsText(double value, NumberFormat format) {
+  FixedText<N> field, expected, read;
+  SetText(expected, FormatNumber(value, format));
+  SetText(field, "#######");
+  SetNumber(field, value, format);
+  const double number = SetAndRead(read, value, format);
+  if (field == expected && read == expected && number == ParseNumber(expected.view()))
+    return testing::AssertionSuccess();
+  return testing::AssertionFailure() << value << " stores \"" << field.view() << "\", not \"" << expected.view() << '"';
+}
+
+TEST(SetNumber, StoresWhatFormatNumberWritesInFieldsOfAnyWidth) {
+  const auto storesEverywhere = [](double value) {
+    for (const NumberFormat format : {NumberFormat::Whole, NumberFormat::Tenths, NumberFormat::Hundredths})
+      for (const auto& result :
+           {storesItsText<3>(value, format), storesItsText<4>(value, format), storesItsText<5>(value, format),
+            storesItsText<6>(value, format), storesItsText<7>(value, format), storesItsText<9>(value, format)})
+        if (!result) return result;
+    return testing::AssertionSuccess();
+  };
+  for (int n = -11'000; n <= 11'000; ++n) {
+    ASSERT_TRUE(storesEverywhere(n));
+    ASSERT_TRUE(storesEverywhere(n + 0.5));
+    ASSERT_TRUE(storesEverywhere(n / 100.0));
+  }
+  for (const double edge : {1e5, 1e6, 1e7, 1e8, 1e9, 1e15, 2147483648.0, 4294967296.0, 1e300})
+    for (const double value : {edge - 1, edge - 0.5, edge, edge + 1}) {
+      ASSERT_TRUE(storesEverywhere(value));
+      ASSERT_TRUE(storesEverywhere(-value));
+    }
+  ASSERT_TRUE(storesEverywhere(-0.0));
+}
+
 TEST(SetNumber, AValueThatIsNoneIsNotStored) {
   FixedText<6> stress;
   SetText(stress, "88");

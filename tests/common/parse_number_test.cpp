@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "common/fixed_text.h"
 #include "common/text_number.h"
 
 namespace triaxlab {
@@ -56,6 +57,24 @@ testing::AssertionResult readsAsTheSlowWay(std::string_view text) {
   return testing::AssertionFailure() << '"' << text << "\" reads " << actual << ", not " << expected;
 }
 
+template <std::size_t N>
+testing::AssertionResult fieldReadsAsTheSlowWay(std::string_view text) {
+  FixedText<N> field;
+  SetText(field, text);
+  const double expected = parsedSlowly(field.view()), actual = field.number();
+  if (expected == actual) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << '"' << field.view() << "\" in a field reads " << actual << ", not " << expected;
+}
+
+/// The text by itself, and in fields that it fills, that cut it, and that pad it.
+testing::AssertionResult readsEverywhereAsTheSlowWay(std::string_view text) {
+  for (const auto& result : {readsAsTheSlowWay(text), fieldReadsAsTheSlowWay<3>(text), fieldReadsAsTheSlowWay<4>(text),
+                             fieldReadsAsTheSlowWay<5>(text), fieldReadsAsTheSlowWay<6>(text),
+                             fieldReadsAsTheSlowWay<7>(text), fieldReadsAsTheSlowWay<9>(text)})
+    if (!result) return result;
+  return testing::AssertionSuccess();
+}
+
 constexpr std::string_view kAlphabet = " +-.0123456789EeDdx";
 
 TEST(ParseNumber, ReadsWhatTheTechnicianWouldRead) {
@@ -78,7 +97,7 @@ TEST(ParseNumber, EveryTextOfUpToFourCharacters) {
     std::string text(size, kAlphabet.front());
     std::string places(size, '\0');  // the number of each character in the alphabet, counted like an odometer
     for (std::size_t turned = 0; turned < size;) {
-      ASSERT_TRUE(readsAsTheSlowWay(text));
+      ASSERT_TRUE(readsEverywhereAsTheSlowWay(text));
       for (turned = 0; turned < size; ++turned) {
         char& place = places[turned];
         place = static_cast<char>((place + 1) % static_cast<int>(kAlphabet.size()));
@@ -95,7 +114,21 @@ TEST(ParseNumber, AMillionTextsOfSixCharacters) {
   for (int i = 0; i < 1'000'000; ++i) {
     for (char& c : text) c = kAlphabet[random() % kAlphabet.size()];
     ASSERT_TRUE(readsAsTheSlowWay(text));
+    ASSERT_TRUE(fieldReadsAsTheSlowWay<6>(text));
   }
+}
+
+TEST(ParseNumber, WholeNumbersInFields) {
+  for (int n = -1'100'000; n <= 1'100'000; n += 7) ASSERT_TRUE(readsEverywhereAsTheSlowWay(std::to_string(n)));
+  // Any byte may stand before, behind or among the digits.
+  for (int byte = 0; byte < 256; ++byte)
+    for (std::size_t place = 0; place < 7; ++place) {
+      std::string text = "1234567";
+      text[place] = static_cast<char>(byte);
+      ASSERT_TRUE(readsEverywhereAsTheSlowWay(text));
+      text.replace(place, std::string::npos, 1, static_cast<char>(byte));
+      ASSERT_TRUE(readsEverywhereAsTheSlowWay(text));
+    }
 }
 
 TEST(ParseNumber, NumbersOfAllWidthsAndMagnitudes) {
