@@ -36,8 +36,8 @@ inline constexpr std::array<const char*, 3> kDateParts{"年", "月", "日"};    
 inline constexpr std::array<const char*, kStages> kStageColumns{"P1", "P2", "P3", "P4", "P5"};  // table head
 }  // namespace curve_captions
 
-/// A key on the read-only boxes of shear mode and method.
-enum class MethodKey : std::uint8_t { End, One, Two, Three };
+/// A key on the read-only boxes of shear mode and method: End turns `uuAdjustFlag` over, a digit is the new value.
+enum class MethodKey : std::uint8_t { End = 0, One = 1, Two = 2, Three = 3 };
 
 /// A menu entry as the window in front sets it.
 struct MenuEntryState {
@@ -145,7 +145,7 @@ class CurveSession {
   /// beyond the field's width; the state tells what was taken. Every change goes into the record at once.
   void edit(Box box, std::string_view utf8);
   /// The box that was typed in lost the focus: it shows the stored text again.
-  void finishTyping();
+  void finishTyping() { m_typed.reset(); }
   /// A key on Text6(box), 0 or 1. False when the key means nothing there.
   bool keyOnMethodField(int box, MethodKey key);
   /// Command8: stores the five strain limits and draws the page anew.
@@ -155,7 +155,8 @@ class CurveSession {
   bool isChanged() const { return m_changed; }
   /// A change that another window made to the same sample.
   void markChanged() { m_changed = true; }
-  void markSaved() { m_changed = false; }
+  /// A save went well. It may have put the specimens of a sample in another order, so the sample is shown anew.
+  void markSaved();
   /// The question of closing: true when there are unsaved changes and the person wants them saved.
   bool asksToSave(Dialogs& dialogs) const;
 
@@ -167,14 +168,18 @@ class CurveSession {
   };
 
   TriaxialSampleRecord& record() const;
-  EditableField fieldOf(Box box) const;
+  /// Nothing for Text2 while it is closed.
+  std::optional<EditableField> fieldOf(Box box) const;
 
   void showSample();
   void enterPage(CurvePage page);
   void drawPage();
-  void refreshTable();
   void setTablePage(TablePage page);
+
   std::string boxText(Box box) const;
+  void fillList(CurveState& state) const;
+  void fillFields(CurveState& state) const;
+  void fillTable(CurveState& state) const;
 
   Workspace& m_workspace;
   SampleList m_list;

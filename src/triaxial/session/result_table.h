@@ -7,7 +7,7 @@
 
 #include "triaxial/record.h"
 #include "triaxial/session/page_steps.h"
-#include "triaxial/session/sample_fields.h"
+#include "triaxial/session/result_rows.h"
 
 namespace triaxlab {
 
@@ -17,21 +17,14 @@ inline constexpr int kTableLines = 12;
 inline constexpr int kTableColumns = 1 + 3 * static_cast<int>(kStages);
 inline constexpr int kTableCells = kTableLines * kTableColumns;
 
-/// One value of the results page.
-struct ResultCell {
-  std::size_t row = 0;  // 0 to 14, from σ3 to Af
-  std::size_t stage = 0;
-};
-
-/// The field behind a value of the results page; nothing for ⊙, R, ⊙′, R′, which follow from the curves.
-std::optional<EditableField> resultField(TriaxialSampleRecord& record, ResultCell cell);
-
 /// Which page of the table is shown, how far it is scrolled, and its texts as of the last refresh.
 class ResultTable {
  public:
   TablePage page() const { return m_page; }
+  /// VScroll2.Value
   int top() const { return m_top; }
   int scrollMax() const;
+  /// Texts of the second head line, UTF-8; the results page has none.
   const std::array<std::string, kTableColumns>& columnHeads() const { return m_columnHeads; }
   const std::array<std::string, kTableCells>& cells() const { return m_cells; }
   /// The value under Text2, while it is open.
@@ -40,8 +33,8 @@ class ResultTable {
   int openLabel() const;
 
   void reset() { *this = ResultTable(); }
-  /// Another page closes Text2; the rows of the results page and of the curves have nothing in common, so crossing
-  /// between them starts at the top.
+  /// Another page closes Text2. The lines of the results page and the rows of the curves have nothing in common, so
+  /// going from one to the other starts at the top.
   void setPage(TablePage page);
   /// Held within the range of the page; closes Text2.
   void scroll(int top);
@@ -52,6 +45,9 @@ class ResultTable {
   void refresh(const TriaxialSampleRecord& record);
 
  private:
+  void refreshResults(const TriaxialSampleRecord& record);
+  void refreshRows(const TriaxialSampleRecord& record);
+
   TablePage m_page = TablePage::Stresses;
   int m_top = 0;
   std::optional<ResultCell> m_openCell;

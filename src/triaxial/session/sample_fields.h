@@ -42,12 +42,6 @@ EditableField editable(FixedText<N>& field) {
   return {N, std::string(field.trimmed()), [&field](std::string_view gbk) { SetText(field, gbk); }};
 }
 
-/// The part of a typed or pasted text (UTF-8) that a box takes, as GBK: without the characters that GBK doesn't have
-/// and without control characters, cut in front of the character that doesn't fit whole.
-std::string takenText(std::string_view utf8, std::size_t width);
-/// A text of a record as windows show it, UTF-8: what is no GBK is a "?".
-std::string shownText(std::string_view gbk);
-
 /// The field of a box that belongs to the sample in a table row or to all samples: every box but Text1, Text2 and
 /// Text8. An index that the box doesn't have is a std::out_of_range.
 EditableField sampleField(Workspace& workspace, std::size_t row, Box box);

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace triaxlab {
+
+/// The part of a typed or pasted text (UTF-8) that a box takes, as GBK: without the characters that GBK doesn't have
+/// and without control characters, cut in front of the character that doesn't fit whole.
+std::string takenText(std::string_view utf8, std::size_t width);
+
+/// A text of a record as windows show it, UTF-8: a byte that is no GBK is a "?".
+std::string shownText(std::string_view gbk);
+
+}  // namespace triaxlab
