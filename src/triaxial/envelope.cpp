@@ -74,7 +74,7 @@ Envelope envelopeOfPage(const TriaxialSampleRecord& record, const EnvelopeFields
   const auto count = std::count_if(fields.radius.begin(), fields.radius.end(), failed);
   if (count < 2) return {};
   const auto fitted = fit(record, fields, static_cast<int>(count));
-  if (!fitted) return readBack(fields);
+  if (!fitted) return fields.text.isBlank() ? Envelope{} : readBack(fields);
   store(fields, *fitted, cohesionFormat);
   return *fitted;
 }

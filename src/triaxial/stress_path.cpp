@@ -25,6 +25,7 @@ PathLine fit(const TriaxialSampleRecord& record) {
 }  // namespace
 
 PathLine stressPathOfPage(TriaxialSampleRecord& record) {
+  if (record.testMethod != kCU) return {};
   if (record.pathAdjustedFlag == 1) return {record.pathSlope, record.pathIntercept};
   const PathLine fitted = fit(record);
   assignIf(record.pathSlope, toSingle(fitted.slope));

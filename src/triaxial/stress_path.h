@@ -10,7 +10,8 @@ struct PathLine {
   double intercept = 0;  // kPa
 };
 
-/// Fitted and stored, or, once adjusted by hand, read back from the record.
+/// Fitted and stored, or, once adjusted by hand, read back from the record. Other methods have none; their records stay
+/// as they are.
 PathLine stressPathOfPage(TriaxialSampleRecord& record);
 
 }  // namespace triaxlab
