@@ -1,0 +1,102 @@
+#include "triaxial/charts/curve_points.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "triaxial/measures.h"
+
+namespace triaxlab {
+namespace {
+
+/// The curves that `pointOf`(stage, row) gives; it has none for a row that isn't drawn.
+template <class PointOf>
+ChartCurves curvesOf(const TriaxialSampleRecord& record, const PointOf& pointOf) {
+  ChartCurves curves;
+  for (std::size_t stage = 0; stage < kStages; ++stage) {
+    if (!StageUsed(record, stage)) continue;
+    for (std::size_t row = 0; row < kShearRows; ++row)
+      if (const std::optional<Point> point = pointOf(stage, row)) curves[stage].push_back(*point);
+  }
+  return curves;
+}
+
+/// Puts the origin in front of each curve against strain. On one specimen a later stage goes on from where the stage
+/// before it was unloaded, so the first of its points, the origin, is left out.
+ChartCurves fromOrigin(const TriaxialSampleRecord& record, ChartCurves curves) {
+  const bool laterStagesGoOn = record.shearMode == 2 && record.uuAdjustFlag == 0;
+  for (std::size_t stage = 0; stage < kStages; ++stage)
+    if (!curves[stage].empty() && !(laterStagesGoOn && stage > 0)) curves[stage].insert(curves[stage].begin(), Point{});
+  return curves;
+}
+
+bool hasStress(const TriaxialSampleRecord& record, std::size_t stage, std::size_t row) {
+  return plottedNumber(record.deviatorStress[row][stage]) != 0;
+}
+
+/// Nothing for a strain that no specimen can have: a damaged field.
+std::optional<Point> atStrain(const TriaxialSampleRecord& record, std::size_t stage, std::size_t row, double y) {
+  constexpr double kWhole = 100;
+  const double strain = record.axialStrain[row][stage];
+  if (!(std::abs(strain) <= kWhole)) return std::nullopt;
+  return Point{strain, y};
+}
+
+struct EffectiveStresses {
+  double sigma1, sigma3;
+};
+std::optional<EffectiveStresses> effectiveStresses(const TriaxialSampleRecord& record, std::size_t stage,
+                                                   std::size_t row) {
+  const EffectiveStresses stresses{plottedNumber(record.sigma1Eff[row][stage]),
+                                   plottedNumber(record.sigma3Eff[row][stage])};
+  if (!hasStress(record, stage, row) || stresses.sigma1 == 0 || stresses.sigma3 == 0) return std::nullopt;
+  return stresses;
+}
+
+}  // namespace
+
+ChartCurves stressStrainCurves(const TriaxialSampleRecord& record, const CurveAdjustment* adjustment) {
+  const auto& stresses = adjustment ? adjustment->workCurve : record.deviatorStress;
+  return fromOrigin(record, curvesOf(record, [&](std::size_t stage, std::size_t row) -> std::optional<Point> {
+                      // A curve that slides to the left shows a later row at the strain of an earlier one.
+                      const std::size_t shift =
+                          adjustment ? static_cast<std::size_t>(std::max<int>(adjustment->stageShift[stage], 0)) : 0;
+                      if (row + shift >= kShearRows) return std::nullopt;
+                      const double stress = plottedNumber(stresses[row + shift][stage]);
+                      if (stress == 0) return std::nullopt;
+                      return atStrain(record, stage, row, stress);
+                    }));
+}
+
+ChartCurves porePressureCurves(const TriaxialSampleRecord& record) {
+  return fromOrigin(record, curvesOf(record, [&](std::size_t stage, std::size_t row) -> std::optional<Point> {
+                      const auto& pressure = record.porePressure[row][stage];
+                      if (!hasStress(record, stage, row) || pressure.isBlank()) return std::nullopt;
+                      return atStrain(record, stage, row, plottedNumber(pressure));
+                    }));
+}
+
+ChartCurves stressRatioCurves(const TriaxialSampleRecord& record) {
+  return fromOrigin(record, curvesOf(record, [&](std::size_t stage, std::size_t row) -> std::optional<Point> {
+                      const auto stresses = effectiveStresses(record, stage, row);
+                      if (!stresses) return std::nullopt;
+                      return atStrain(record, stage, row, stresses->sigma1 / stresses->sigma3);
+                    }));
+}
+
+ChartCurves stressPaths(const TriaxialSampleRecord& record) {
+  return curvesOf(record, [&](std::size_t stage, std::size_t row) -> std::optional<Point> {
+    const auto stresses = effectiveStresses(record, stage, row);
+    if (!stresses) return std::nullopt;
+    return Point{(stresses->sigma1 + stresses->sigma3) / 2, (stresses->sigma1 - stresses->sigma3) / 2};
+  });
+}
+
+CurveReach reachOf(const ChartCurves& curves) {
+  CurveReach reach;
+  for (const auto& curve : curves)
+    for (const Point& point : curve)
+      reach = {std::max(reach.x, point.x), std::max(reach.y, point.y), std::max(reach.depth, -point.y)};
+  return reach;
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cmath>
+#include <vector>
+
+#include "platform/drawing_surface.h"
+#include "triaxial/charts/curve_chart.h"
+#include "triaxial/record.h"
+
+namespace triaxlab {
+
+/// The number of a field as a chart takes it. Beyond six digits, which only an exponent in a damaged field can make, it
+/// is none and counts as 0.
+template <std::size_t N>
+double plottedNumber(const FixedText<N>& field) {
+  constexpr double kSixDigits = 999999;
+  const double value = field.number();
+  return std::abs(value) <= kSixDigits ? value : 0;
+}
+
+/// The points of each stage's curve, in values of the axes. Stages that are not used have none, and so has a stage
+/// without a reading; rows without stress are passed over.
+using ChartCurves = PerStage<std::vector<Point>>;
+
+/// Axial strain (%), deviator stress (kPa), from the origin; the working curves of an adjustment, if there is one.
+/// A later stage of one specimen begins at its first row, unless the sample's flag says otherwise.
+ChartCurves stressStrainCurves(const TriaxialSampleRecord& record, const CurveAdjustment* adjustment);
+/// Axial strain (%), pore pressure (kPa), from the origin as above.
+ChartCurves porePressureCurves(const TriaxialSampleRecord& record);
+/// Axial strain (%), ratio of the effective principal stresses, from the origin as above.
+ChartCurves stressRatioCurves(const TriaxialSampleRecord& record);
+/// Centre and radius of the effective stress circle of each row (kPa).
+ChartCurves stressPaths(const TriaxialSampleRecord& record);
+
+/// The largest y and x of all curves, the smallest y; at least, and at most, 0.
+struct CurveReach {
+  double x = 0, y = 0, depth = 0;  // depth: how far y goes below 0
+};
+CurveReach reachOf(const ChartCurves& curves);
+
+}  // namespace triaxlab
