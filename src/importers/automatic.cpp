@@ -174,6 +174,14 @@ void setHundredths(FixedText<6>& field, std::int16_t hundredths) {
 
 std::int16_t readingOrZero(std::int16_t word) { return word == kNoReading ? std::int16_t{0} : word; }
 
+SampleIdentity identityOf(const AutoSpecimenRecord& raw) {
+  SampleIdentity identity;
+  SetText(identity.projectNo, shownText(raw.recordProjectNo.view()));
+  SetText(identity.sampleNo, shownText(raw.recordSampleNo.view()));
+  identity.testMethod = raw.testMethod;
+  return identity;
+}
+
 /// Fills one slot of a row from one specimen record.
 class SpecimenFiller {
  public:
@@ -191,12 +199,13 @@ class SpecimenFiller {
 
  private:
   void fillIdentity() {
-    m_row.testMethod = m_raw.testMethod;
     m_row.shearMode = m_raw.shearMode;
     m_row.recordCodeA = m_raw.recordCodeA;
     m_row.recordCodeB = m_raw.recordCodeB;
-    SetText(m_row.projectNo, shownText(m_raw.recordProjectNo.view()));
-    SetText(m_row.sampleNo, shownText(m_raw.recordSampleNo.view()));
+    const SampleIdentity identity = identityOf(m_raw);
+    m_row.projectNo = identity.projectNo;
+    m_row.sampleNo = identity.sampleNo;
+    m_row.testMethod = identity.testMethod;
     m_row.shearRate[m_slot] = m_raw.rawShearRate;
     if (m_reader.copiesStageFlag) m_row.uuAdjustFlag = m_raw.rawStageFlag;
   }
@@ -299,24 +308,40 @@ class SpecimenFiller {
   std::size_t m_slot;
 };
 
-bool counts(const AutoSpecimenRecord& raw, bool newerBlock) {
-  return !shownText(raw.recordSampleNo.view()).empty() && (newerBlock || raw.validMark == kValid);
+// ---- groups of specimens
+
+/// One specimen of a newer block, or up to five of an older one, as they stand in the file.
+struct Group {
+  bool inNewerBlock;
+  std::span<const AutoSpecimenRecord> slots;
+
+  /// The valid mark is looked at in an older block only.
+  bool hasSpecimen(std::size_t slot) const {
+    const AutoSpecimenRecord& raw = slots[slot];
+    return !shownText(raw.recordSampleNo.view()).empty() && (inNewerBlock || raw.validMark == kValid);
+  }
+};
+
+/// The last specimen of a group names it. Nothing for a group without one.
+std::optional<SampleIdentity> identityOf(const Group& group) {
+  for (std::size_t slot = group.slots.size(); slot-- > 0;)
+    if (group.hasSpecimen(slot)) return identityOf(group.slots[slot]);
+  return std::nullopt;
 }
 
-/// A group without a specimen leaves its row blank in an older block; in a newer one there is no group to leave.
-void addGroup(std::span<const AutoSpecimenRecord> group, const Block& block, const Reader& reader,
-              TriaxialImport& import) {
-  bool any = false;
-  for (std::size_t slot = 0; slot < group.size(); ++slot) {
-    if (!counts(group[slot], block.newer)) continue;
-    SpecimenFiller(group[slot], block.newer, reader, import.row(), slot).fill();
-    any = true;
+/// All groups of a block that take part. An older block leaves a blank row for a group without a specimen; in a newer
+/// block it is no group.
+void addGroups(const Block& block, const Reader& reader, std::vector<Group>& groups, TriaxialImportPlan& plan) {
+  using Gathering = TriaxialImportPlan::Gathering;
+  const std::span<const AutoSpecimenRecord> specimens = block.specimens;
+  for (std::size_t at = 0; at < specimens.size(); at += block.groupSize) {
+    const Group group{block.newer, specimens.subspan(at, block.groupSize)};
+    const auto identity = identityOf(group);
+    if (block.newer && !identity) continue;
+    plan.addGroup(identity.value_or(SampleIdentity{}),
+                  reader.gathersSpecimens ? Gathering::BySample : Gathering::OwnRow);
+    groups.push_back(group);
   }
-  if (block.newer && !any) return;
-  if (reader.gathersSpecimens)
-    import.mergeOrKeepRow();
-  else
-    import.keepRow();
 }
 
 // ---- the source
@@ -333,16 +358,24 @@ class AutomaticSource : public RawSource {
 
   ImportReport read(std::span<const std::size_t> marked, Workspace& workspace) const override {
     const File file(m_path, File::Mode::Read);
-    TriaxialImport import;
+    std::vector<Block> blocks;  // whose specimens the groups point at
+    blocks.reserve(marked.size());
+    std::vector<Group> groups;
+    TriaxialImportPlan plan;
     Remarks remarks;
     for (const std::size_t row : marked) {
-      import.addProjectDate(m_rows.at(row));
-      const Block block = readBlock(file, m_index.at(row), m_reader);
+      plan.addProjectDate(m_rows.at(row));
+      const Block& block = blocks.emplace_back(readBlock(file, m_index.at(row), m_reader));
       if (!block.isWhole) remarks.push_back(cutShortRemark(file, fmt::format("第{}行的数据", row + 1)));
-      for (std::size_t at = 0; at < block.specimens.size(); at += block.groupSize)
-        addGroup(std::span(block.specimens).subspan(at, block.groupSize), block, m_reader, import);
+      addGroups(block, m_reader, groups, plan);
     }
-    return import.store(workspace, std::move(remarks));
+    const auto fill = [&](std::size_t number, TriaxialSampleRecord& record) {
+      const Group& group = groups[number];
+      for (std::size_t slot = 0; slot < group.slots.size(); ++slot)
+        if (group.hasSpecimen(slot))
+          SpecimenFiller(group.slots[slot], group.inNewerBlock, m_reader, record, slot).fill();
+    };
+    return plan.carryOut(workspace, fill, std::move(remarks));
   }
 
  private:

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <span>
 #include <utility>
 
 #include "common/fixed_text.h"
@@ -13,10 +12,6 @@ namespace triaxlab {
 namespace {
 
 using Record = TriaxialSampleRecord;
-
-bool isSameSample(const Record& a, const Record& b) {
-  return a.sampleNo == b.sampleNo && a.projectNo == b.projectNo && a.testMethod == b.testMethod;
-}
 
 template <class Rows>
 void copyRows(const Rows& from, std::size_t fromSlot, Rows& into, std::size_t intoSlot, std::size_t count) {
@@ -103,37 +98,48 @@ double strainOfEarlierStages(const TriaxialSampleRecord& row, std::size_t stage)
   return strain;
 }
 
-TriaxialImport::TriaxialImport() : m_table(kTableRows) {}
-
-void TriaxialImport::addProjectDate(const SourceRow& source) {
-  if (m_projectDateCount == m_projectDates.size())
+void TriaxialImportPlan::addProjectDate(const SourceRow& source) {
+  if (m_projectDates.size() == kProjectDateRows)
     throw UserError("选中的工程太多，最多只能处理101个，数据没有读入。请减少选中的行。");
-  ProjectDate& date = m_projectDates[m_projectDateCount++];
+  ProjectDate& date = m_projectDates.emplace_back();
   SetText(date.projectNo, source.projectNo);
   SetText(date.testDate, source.testDate);
 }
 
-void TriaxialImport::keepRow() {
-  if (m_sampleCursor == kTableRows) throw UserError("选中的试样超过1001个，数据没有读入。请减少选中的行，分几次处理。");
-  ++m_sampleCursor;
+void TriaxialImportPlan::addGroup(const SampleIdentity& identity, Gathering gathering) {
+  m_places.push_back(placeOf(identity, gathering));
 }
 
-void TriaxialImport::mergeOrKeepRow() {
-  const auto earlier = std::span(m_table).first(m_sampleCursor);
-  const auto same = std::find_if(earlier.begin(), earlier.end(),
-                                 [this](const Record& record) { return isSameSample(record, row()); });
-  if (same == earlier.end()) return keepRow();
-  mergeSpecimens(row(), *same);
-  row() = {};
+TriaxialImportPlan::Place TriaxialImportPlan::placeOf(const SampleIdentity& identity, Gathering gathering) {
+  if (gathering == Gathering::BySample) {
+    const auto same = std::find(m_rows.begin(), m_rows.end(), identity);
+    if (same != m_rows.end()) return {static_cast<std::size_t>(same - m_rows.begin()), true};
+  }
+  if (m_rows.size() == kTableRows) throw UserError("选中的试样超过1001个，数据没有读入。请减少选中的行，分几次处理。");
+  m_rows.push_back(identity);
+  return {m_rows.size() - 1, false};
 }
 
-ImportReport TriaxialImport::store(Workspace& workspace, Remarks remarks) {
-  std::for_each_n(m_table.begin(), m_sampleCursor, FillSampleTimeAxes);
-  workspace.TriaxialSampleTable.swap(m_table);
-  workspace.ProjectDateTable = m_projectDates;
+ImportReport TriaxialImportPlan::carryOut(Workspace& workspace, const Fill& fill, Remarks remarks) const {
+  auto& table = workspace.TriaxialSampleTable;
+  std::fill(table.begin(), table.end(), Record{});
   workspace.clearLocations();
+  workspace.clearProjectDates();
+  std::copy(m_projectDates.begin(), m_projectDates.end(), workspace.ProjectDateTable.begin());
+
+  for (std::size_t group = 0; group < m_places.size(); ++group) {
+    const Place& place = m_places[group];
+    if (place.joins) {
+      Record specimens;
+      fill(group, specimens);
+      mergeSpecimens(specimens, table[place.row]);
+    } else {
+      fill(group, table[place.row]);
+    }
+  }
+  std::for_each_n(table.begin(), m_rows.size(), FillSampleTimeAxes);
   workspace.rawImportPending = true;
-  return {m_sampleCursor, std::move(remarks)};
+  return {m_rows.size(), std::move(remarks)};
 }
 
 }  // namespace triaxlab

@@ -2,7 +2,9 @@
 
 #include <array>
 #include <cstddef>
-#include <memory>
+#include <cstdint>
+#include <functional>
+#include <vector>
 
 #include "importers/importer.h"
 #include "store/workspace.h"
@@ -22,31 +24,44 @@ void FillSampleTimeAxes(TriaxialSampleRecord& row);
 /// row without stress. An unused slot in front counts as one row.
 double strainOfEarlierStages(const TriaxialSampleRecord& row, std::size_t stage);
 
-/// The table, dates and row counter that an import builds apart from the workspace, so that an import which fails
-/// leaves the tables as they were.
-class TriaxialImport {
+/// What makes two groups of specimens one sample.
+struct SampleIdentity {
+  FixedText<15> projectNo;
+  FixedText<14> sampleNo;
+  std::uint8_t testMethod = 0;
+  bool operator==(const SampleIdentity&) const = default;
+};
+
+/// Which row of the triaxial table each group of specimens goes to, and the dates of the projects: worked out from the
+/// plain content of a database before the workspace is touched, so that an import which can't be done changes nothing.
+class TriaxialImportPlan {
  public:
-  TriaxialImport();
+  enum class Gathering : std::uint8_t {
+    OwnRow,    // a row for each group
+    BySample,  // the specimens of a group join the earlier row of their sample, if there is one
+  };
+  /// Fills a blank row from the group with this number, counted from 0 in the order of addGroup. Doesn't throw.
+  using Fill = std::function<void(std::size_t group, TriaxialSampleRecord& row)>;
 
   /// The next row of the project date table. UserError when it is full.
   void addProjectDate(const SourceRow& source);
-  /// The row that is filled next, blank to begin with.
-  TriaxialSampleRecord& row() { return m_sampleCursor < kTableRows ? m_table[m_sampleCursor] : m_rowTooMany; }
-  /// Goes on to the next row. UserError when the table is full.
-  void keepRow();
-  /// If an earlier row has the same sample number, project and method, the specimens of this row go over to it, a
-  /// pressure that it has replaced and a new one into its first free slot; this row is blank again. Otherwise keepRow.
-  void mergeOrKeepRow();
+  /// UserError when the group needs a row and the table is full.
+  void addGroup(const SampleIdentity& identity, Gathering gathering);
 
-  /// Fills the axes of all rows and hands everything over to the workspace.
-  ImportReport store(Workspace& workspace, Remarks remarks);
+  /// Clears the tables of the workspace and fills them. A specimen that joins a row replaces the one of its pressure,
+  /// or takes the first free slot. Nothing fails here.
+  ImportReport carryOut(Workspace& workspace, const Fill& fill, Remarks remarks) const;
 
  private:
-  SampleTable<TriaxialSampleRecord> m_table;
-  TriaxialSampleRecord m_rowTooMany;  // a specimen behind the last row may still belong to an earlier one
-  std::array<ProjectDate, kProjectDateRows> m_projectDates;
-  std::size_t m_projectDateCount = 0;
-  std::size_t m_sampleCursor = 0;
+  struct Place {
+    std::size_t row;
+    bool joins;  // an earlier group has this row
+  };
+  Place placeOf(const SampleIdentity& identity, Gathering gathering);
+
+  std::vector<SampleIdentity> m_rows;
+  std::vector<Place> m_places;  // one a group
+  std::vector<ProjectDate> m_projectDates;
 };
 
 }  // namespace triaxlab

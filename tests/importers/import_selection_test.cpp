@@ -1,0 +1,201 @@
+#include "importers/import_selection.h"
+
+#include <optional>
+
+#include "importers/import_fixture.h"
+#include "store/settings_file.h"
+
+namespace triaxlab::testing {
+namespace {
+
+/// Answers questions for a file from what the test put down, and writes down every message.
+class TestDialogs : public Dialogs {
+ public:
+  void message(std::string_view title, std::string_view text, MessageIcon icon) override {
+    messages.push_back(std::string(title) + "|" + std::string(text));
+    icons.push_back(icon);
+  }
+  bool ask(std::string_view, std::string_view, MessageIcon) override { return true; }
+  std::optional<std::filesystem::path> chooseFile(const FileQuestion& question) override {
+    questions.push_back(question);
+    return answer;
+  }
+  std::optional<std::filesystem::path> chooseFileToSave(const FileQuestion&) override { return std::nullopt; }
+  std::optional<std::string> input(std::string_view, std::string_view, std::string_view) override {
+    return std::nullopt;
+  }
+
+  std::optional<std::filesystem::path> answer;
+  std::vector<std::string> messages;
+  std::vector<MessageIcon> icons;
+  std::vector<FileQuestion> questions;
+};
+
+class Selection : public ImportTest {
+ protected:
+  Selection() {
+    workspace.applicationFolder = folder.path() / "app";
+    std::filesystem::create_directory(workspace.applicationFolder);
+  }
+  void storeSourceFolder(const std::string& text) { sharedSettings(workspace).writeText({2000, 170}, text); }
+
+  static std::string threeRows() {
+    Entry second = newerEntry({Specimen{.sampleNo = "S-2"}});
+    second.projectNo = "P2";
+    return kuFile({olderEntry({{Specimen{}}}), second, newerEntry({Specimen{.sampleNo = "S-3"}})});
+  }
+
+  TestDialogs dialogs;
+};
+
+TEST_F(Selection, OpensTheDatabaseOfTheSourceFolder) {
+  folder.write("raw/hszsj.ku", threeRows());  // whatever the case of its letters
+  storeSourceFolder((folder.path() / "raw").string());
+  ImportSelection selection(*importerOfId("auto"), workspace);
+  EXPECT_EQ(workspace.sourceFolder, (folder.path() / "raw").string());
+  selection.load(dialogs);
+  EXPECT_TRUE(dialogs.questions.empty());
+  EXPECT_EQ(selection.rowCount(), 3U);
+  EXPECT_EQ(selection.state().label1, "文件总数: 03");
+  EXPECT_EQ(selection.state().label2, "选中的试样组数：0");
+  EXPECT_FALSE(selection.state().canRead);
+}
+
+TEST_F(Selection, TheGridHasANumberInFrontAndTheMarkBehind) {
+  ImportSelection selection(*importerOfId("auto"), workspace);
+  selection.open(folder.write("HSZSJ.KU", threeRows()));
+  const char* const headings[] = {"序号", "工程编号", "试验日期", "组 数", "方法", "处理选择"};
+  const int widths[] = {930, 1500, 1500, 800, 600, 1000};
+  ASSERT_EQ(selection.columns().size(), 6U);
+  for (std::size_t column = 0; column < 6; ++column) {
+    EXPECT_EQ(selection.columns()[column].heading, headings[column]);
+    EXPECT_EQ(selection.columns()[column].width, widths[column]);
+    EXPECT_EQ(selection.cell(0, column), headings[column]);
+  }
+  selection.toggleMark(2, dialogs);
+  const char* const second[] = {"002", "P2", "2024/04/12", "1个", "UU", "处理"};
+  for (std::size_t column = 0; column < 6; ++column) EXPECT_EQ(selection.cell(2, column), second[column]);
+  EXPECT_EQ(selection.cell(3, 0), "003");
+  EXPECT_EQ(selection.cell(3, 5), "");
+}
+
+TEST_F(Selection, ABlankSourceFolderIsTheDefaultAndAFileIsAskedFor) {
+  ImportSelection selection(*importerOfId("auto"), workspace);
+  EXPECT_EQ(workspace.sourceFolder, "c:\\qvb");
+  selection.load(dialogs);
+  ASSERT_EQ(dialogs.questions.size(), 1U);
+  EXPECT_EQ(dialogs.questions[0].filter, "Log Files (HSZSJ.KU)|HSZSJ.KU|All  Files (*.*)|*.*");
+  EXPECT_EQ(dialogs.questions[0].initial, workspace.applicationFolder / "HSZSJ.KU");  // the folder isn't there
+
+  // Cancelled: an empty grid.
+  EXPECT_EQ(selection.rowCount(), 0U);
+  EXPECT_EQ(selection.state().label1, "文件总数: ");
+  EXPECT_FALSE(selection.state().canRead);
+  EXPECT_TRUE(selection.remarks().empty());
+}
+
+TEST_F(Selection, AFileChosenElsewhereLeavesTheSourceFolder) {
+  std::filesystem::create_directory(folder.path() / "empty");
+  storeSourceFolder((folder.path() / "empty").string());
+  dialogs.answer = folder.write("elsewhere/other.ku", threeRows());
+  ImportSelection selection(*importerOfId("auto-old"), workspace);
+  selection.load(dialogs);
+  ASSERT_EQ(dialogs.questions.size(), 1U);
+  EXPECT_EQ(dialogs.questions[0].initial, folder.path() / "empty" / "HSZSJ.KU");
+  EXPECT_EQ(selection.rowCount(), 3U);
+  EXPECT_EQ(workspace.sourceFolder, (folder.path() / "empty").string());
+  EXPECT_EQ(sharedSettings(workspace).readText({2000, 170}), (folder.path() / "empty").string());
+}
+
+TEST_F(Selection, AFileThatCannotBeReadLeavesTheGridEmpty) {
+  ImportSelection selection(*importerOfId("auto"), workspace);
+  selection.open(folder.write("HSZSJ.KU", threeRows()));
+  selection.toggleMark(1, dialogs);
+  EXPECT_THROW(selection.open(folder.path() / "missing.ku"), UserError);
+  EXPECT_EQ(selection.rowCount(), 0U);
+  EXPECT_FALSE(selection.state().canRead);
+  EXPECT_EQ(selection.state().label2, "选中的试样组数：0");
+}
+
+TEST_F(Selection, ADoubleClickTogglesTheMark) {
+  ImportSelection selection(*importerOfId("auto"), workspace);
+  selection.open(folder.write("HSZSJ.KU", threeRows()));
+  selection.toggleMark(1, dialogs);
+  selection.toggleMark(3, dialogs);
+  EXPECT_EQ(selection.state().label2, "选中的试样组数：2");
+  EXPECT_TRUE(selection.state().canRead);
+  EXPECT_TRUE(selection.isMarked(1));
+  selection.toggleMark(1, dialogs);
+  EXPECT_FALSE(selection.isMarked(1));
+  EXPECT_EQ(selection.cell(1, 5), "");
+  selection.toggleMark(3, dialogs);
+  EXPECT_FALSE(selection.state().canRead);
+}
+
+TEST_F(Selection, TheHeadingAndRowsPastTheLastAreNotMarked) {
+  ImportSelection selection(*importerOfId("auto"), workspace);
+  selection.open(folder.write("HSZSJ.KU", threeRows()));
+  selection.toggleMark(0, dialogs);
+  selection.toggleMark(4, dialogs);
+  EXPECT_FALSE(selection.isMarked(0));
+  EXPECT_FALSE(selection.isMarked(4));
+  EXPECT_EQ(selection.state().label2, "选中的试样组数：0");
+}
+
+TEST_F(Selection, ReadsTheMarkedRows) {
+  ImportSelection selection(*importerOfId("auto"), workspace);
+  selection.open(folder.write("HSZSJ.KU", threeRows()));
+  selection.toggleMark(3, dialogs);
+  selection.toggleMark(2, dialogs);
+  EXPECT_EQ(selection.read().sampleRows, 2U);
+  EXPECT_EQ(row(0).sampleNo.trimmed(), "S-2");  // in the order of the grid
+  EXPECT_EQ(row(1).sampleNo.trimmed(), "S-3");
+  EXPECT_TRUE(workspace.rawImportPending);
+}
+
+TEST_F(Selection, TellsWhatIsMissingOfTheIndex) {
+  ImportSelection selection(*importerOfId("auto"), workspace);
+  selection.open(folder.write("HSZSJ.KU", threeRows().substr(0, 40)));
+  EXPECT_EQ(selection.rowCount(), 2U);
+  EXPECT_EQ(selection.state().label1, "文件总数: 02");
+  EXPECT_EQ(selection.remarks().size(), 1U);
+}
+
+// ---- the limit of marks, with a source of more rows than a .KU index lists
+
+class LongSource : public RawSource {
+ public:
+  std::span<const SourceRow> rows() const override { return m_rows; }
+  const Remarks& remarks() const override { return m_remarks; }
+  ImportReport read(std::span<const std::size_t> marked, Workspace&) const override { return {marked.size(), {}}; }
+
+ private:
+  std::vector<SourceRow> m_rows = std::vector<SourceRow>(1200);
+  Remarks m_remarks;
+};
+
+std::unique_ptr<RawSource> openLong(const std::filesystem::path&) { return std::make_unique<LongSource>(); }
+
+TEST_F(Selection, MoreThan999MarksAreRefused) {
+  Importer importer = *importerOfId("auto");
+  importer.open = openLong;
+  ImportSelection selection(importer, workspace);
+  selection.open("anywhere");
+  for (std::size_t row = 1; row <= 999; ++row) selection.toggleMark(row, dialogs);
+  EXPECT_TRUE(dialogs.messages.empty());
+  selection.toggleMark(1000, dialogs);
+  EXPECT_EQ(dialogs.messages,
+            std::vector<std::string>{"打开三轴试验数据|对不起，你所选择的试样太多，最多只能处理1000个...."});
+  EXPECT_EQ(dialogs.icons, std::vector{MessageIcon::Information});
+  EXPECT_EQ(selection.cell(1000, 5), "");
+  EXPECT_EQ(selection.state().label2, "选中的试样组数：999");
+  EXPECT_TRUE(selection.state().canRead);
+  // A mark that is taken off makes room for another.
+  selection.toggleMark(500, dialogs);
+  selection.toggleMark(1000, dialogs);
+  EXPECT_EQ(dialogs.messages.size(), 1U);
+  EXPECT_EQ(selection.read().sampleRows, 999U);
+}
+
+}  // namespace
+}  // namespace triaxlab::testing

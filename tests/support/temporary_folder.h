@@ -1,0 +1,48 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+namespace triaxlab::testing {
+
+/// An empty folder that is gone with all its content at the end of the test.
+class TemporaryFolder {
+ public:
+  TemporaryFolder() {
+    std::string name = (std::filesystem::temp_directory_path() / "triaxlab-test-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) std::abort();
+    m_path = name;
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  ~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(m_path, ignored);
+  }
+
+  const std::filesystem::path& path() const { return m_path; }
+
+  /// Makes the file, and its folders below this one.
+  std::filesystem::path write(const std::filesystem::path& name, std::string_view bytes) const {
+    const std::filesystem::path file = m_path / name;
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::binary) << bytes;
+    return file;
+  }
+  std::string read(const std::filesystem::path& name) const {
+    std::ifstream file(m_path / name, std::ios::binary);
+    EXPECT_TRUE(file.is_open()) << name;
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+ private:
+  std::filesystem::path m_path;
+};
+
+}  // namespace triaxlab::testing
