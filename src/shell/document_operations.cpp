@@ -11,15 +11,10 @@ namespace {
 
 void append(Remarks& remarks, const Remarks& more) { remarks.insert(remarks.end(), more.begin(), more.end()); }
 
-/// What happens to a freshly filled table before it is shown. A summary file that can't be read doesn't keep the
-/// samples from being shown: their places stay blank, and a remark says why.
+/// What happens to a freshly filled table before it is shown.
 void prepareTriaxialTable(Workspace& workspace, Remarks& remarks) {
   append(remarks, ReadEnglishLabels(workspace));
-  try {
-    readTriaxialLocations(workspace);
-  } catch (const UserError& error) {
-    remarks.push_back(error.what());
-  }
+  append(remarks, readTriaxialLocations(workspace));
   runOpeningPass(workspace.TriaxialSampleTable, workspace.settings.habits.cohesionFormat());
 }
 

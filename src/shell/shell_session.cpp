@@ -128,6 +128,7 @@ bool ShellSession::save() {
           m_windows.showOverwriteDialog(session);
         });
     m_dialogs.message(report.title, report.message, MessageIcon::None);
+    showRemarks(report.remarks);
     complete = report.errors.empty();
     if (!complete) throw UserError(fmt::format("{}", fmt::join(report.errors, "\n")));
   });

@@ -71,11 +71,6 @@ fs::path storedFolder(const Workspace& workspace, std::string_view text) {
   return beginsWithDrive(text) ? folder : workspace.applicationFolder / folder;
 }
 
-/// Makes a folder inside the data folder, unless it is there in some spelling. Failure is silent: the saves will tell.
-void provideFolder(const Workspace& workspace, const char* name) {
-  if (!findFile(workspace.dataFolder, name)) makeFolder(workspace.dataFolder / name);
-}
-
 /// Completes or drops the save during which the program was killed.
 void recoverSave(const Workspace& workspace, Remarks& remarks) {
   try {
@@ -137,14 +132,15 @@ std::optional<Remarks> startUp(Workspace& workspace, const InstanceCheck& isOnly
   workspace.dataFolder =
       isNew ? workspace.applicationFolder : storedFolder(workspace, readUtf8(settings, kDataFolderBehindMarker));
   workspace.processingDate = {};
-  provideFolder(workspace, "ZMSJ");
-  provideFolder(workspace, "PTU");
+  // Folders that can't be made are passed over: the saves will tell.
+  makeFolder(workspace.summaryFolder());
+  makeFolder(workspace.pictureFolder());
   readToggles(workspace);
   if (!isOnlyInstance()) return std::nullopt;
 
   workspace.sourceFolder = readUtf8(settings, kSourceFolderField);
   if (workspace.sourceFolder.empty()) workspace.sourceFolder = kUsualSourceFolder;
-  provideFolder(workspace, "HSZS");
+  makeFolder(workspace.projectFolder());
   recoverSave(workspace, remarks);
   readDatxFolders(workspace);
   return remarks;

@@ -12,6 +12,7 @@
 #include "common/fixed_text.h"
 #include "common/settings.h"
 #include "k0/record.h"
+#include "platform/files.h"
 #include "store/project_header.h"
 #include "triaxial/record.h"
 #include "unconfined/record.h"
@@ -105,9 +106,10 @@ struct Workspace {
   TitleText secondTitleLine;       // TextW(3)
 
   Date today() const { return fixedToday.value_or(systemToday()); }
-  std::filesystem::path projectFolder() const { return dataFolder / "HSZS"; }
-  std::filesystem::path summaryFolder() const { return dataFolder / "ZMSJ"; }
-  std::filesystem::path pictureFolder() const { return dataFolder / "PTU"; }
+  // A data folder that comes from elsewhere may spell them in small letters.
+  std::filesystem::path projectFolder() const { return fileOrNew(dataFolder, "HSZS"); }
+  std::filesystem::path summaryFolder() const { return fileOrNew(dataFolder, "ZMSJ"); }
+  std::filesystem::path pictureFolder() const { return fileOrNew(dataFolder, "PTU"); }
 
   /// The first row of ProjectDateTable with this project (trimmed); nothing when there is none.
   std::optional<std::string_view> projectTestDate(std::string_view projectNo) const;
