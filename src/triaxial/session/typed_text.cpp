@@ -22,7 +22,7 @@ std::string shownText(std::string_view gbk) {
   constexpr std::string_view kNoCharacter = "\uFFFD";
   std::string utf8 = gbkToUtf8(gbk);
   for (auto at = utf8.find(kNoCharacter); at != std::string::npos; at = utf8.find(kNoCharacter, at + 1))
-    utf8.replace(at, kNoCharacter.size(), "?");
+    utf8.replace(at, kNoCharacter.size(), 1, '?');
   return utf8;
 }
 

@@ -2,13 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <optional>
-#include <span>
 #include <string>
-#include <string_view>
+#include <variant>
 #include <vector>
 
-#include "platform/drawing_surface.h"
+#include "platform/recording_surface.h"
 #include "triaxial/session/hand_made_samples.h"
 
 namespace triaxlab {
@@ -17,26 +15,25 @@ namespace {
 using testing::Contains;
 using testing::Not;
 
-/// Keeps the texts and the curves of a drawing.
-struct Sketch : DrawingSurface {
-  void line(Point, Point, Stroke) override {}
-  void box(Point, Point, Stroke, std::optional<Colour>) override {}
-  void circle(Point, double, Stroke, std::optional<Colour>) override {}
-  void polyline(std::span<const Point> points, Stroke) override { curves.emplace_back(points.begin(), points.end()); }
-  void text(Point, std::string_view utf8, const Font&, Colour, bool) override { texts.emplace_back(utf8); }
-
+/// The texts and the curves of a drawing.
+struct Drawing {
   std::vector<std::string> texts;
-  std::vector<std::vector<Point>> curves;
+  std::vector<DrawnPolyline> curves;
+
+  explicit Drawing(const CurveSession& session) {
+    RecordingSurface surface;
+    session.draw(surface);
+    for (const DrawnOperation& operation : surface.operations()) {
+      if (const auto* text = std::get_if<DrawnText>(&operation)) texts.push_back(text->text);
+      if (const auto* curve = std::get_if<DrawnPolyline>(&operation)) curves.push_back(*curve);
+    }
+  }
 };
 
 struct CurveSessionPicture : testing::Test {
   SessionFixture fixture{cuSample(), uuSample()};
   CurveSession session{fixture.workspace};
-  Sketch drawn() const {
-    Sketch sketch;
-    session.draw(sketch);
-    return sketch;
-  }
+  Drawing drawn() const { return Drawing(session); }
 };
 
 TEST_F(CurveSessionPicture, DrawsThePageOnDisplay) {
@@ -65,7 +62,7 @@ TEST_F(CurveSessionPicture, CohesionIsShownWithTheLaboratorysDecimals) {
 }
 
 TEST_F(CurveSessionPicture, StaysAsDrawnUntilTheSampleIsShownAgain) {
-  const Sketch before = drawn();
+  const Drawing before = drawn();
   SetText(fixture.sample(0).deviatorStress[1][1], "900");
   EXPECT_EQ(drawn().curves, before.curves);
   session.edit({BoxName::Text7, 0}, "500");
@@ -79,9 +76,9 @@ TEST_F(CurveSessionPicture, AnEmptySlotHasItsFrameOnEveryPage) {
   session.keyOnMethodField(1, MethodKey::Two);
   for (int page = 1; page <= 6; ++page) {
     session.showPage(page);
-    const Sketch sketch = drawn();
-    EXPECT_FALSE(sketch.texts.empty()) << page;
-    EXPECT_TRUE(sketch.curves.empty()) << page;
+    const Drawing drawing = drawn();
+    EXPECT_FALSE(drawing.texts.empty()) << page;
+    EXPECT_TRUE(drawing.curves.empty()) << page;
   }
 }
 

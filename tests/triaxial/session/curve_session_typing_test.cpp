@@ -258,6 +258,11 @@ TEST_F(CurveSessionTyping, AStrainLimitRoundsToTenthsTiesToEven) {
   session.edit({BoxName::Text8, 3}, "-15");
   session.applyStrainLimits();
   EXPECT_THAT(sample.failureStrainLimit, ElementsAre(122, 128, 150, 150, 150));
+  // The range is asked of the number as typed: 34.8 and 220.4 would round into it.
+  session.edit({BoxName::Text8, 0}, "3.48");
+  session.edit({BoxName::Text8, 1}, "22.04");
+  session.applyStrainLimits();
+  EXPECT_THAT(sample.failureStrainLimit, ElementsAre(150, 150, 150, 150, 150));
 }
 
 TEST_F(CurveSessionTyping, ALowerStrainLimitFindsAnotherFailureRow) {
