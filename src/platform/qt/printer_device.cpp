@@ -13,11 +13,9 @@ namespace {
 
 class PrinterDevice : public PageDevice {
  public:
-  explicit PrinterDevice(int copies) : m_printer(QPrinterInfo::defaultPrinter()), m_painting(m_printer) {
+  explicit PrinterDevice(QPrinter& printer) : m_printer(printer), m_painting(printer) {
     m_printer.setFullPage(true);
     m_printer.setResolution(kTwipsPerInch);
-    m_printer.setCopyCount(copies);
-    m_printer.setDocName("triaxlab");
   }
 
   DrawingSurface& beginPage(PageSize size) override {
@@ -30,14 +28,28 @@ class PrinterDevice : public PageDevice {
   void finish() override { m_painting.end(); }
 
  private:
-  QPrinter m_printer;
+  QPrinter& m_printer;
   PagedPainting m_painting;
+};
+
+/// A member of this comes before the device that draws on it.
+struct DefaultPrinter {
+  QPrinter printer{QPrinterInfo::defaultPrinter()};
+};
+class DefaultPrinterDevice : private DefaultPrinter, public PrinterDevice {
+ public:
+  explicit DefaultPrinterDevice(int copies) : PrinterDevice(printer) {
+    printer.setCopyCount(copies);
+    printer.setDocName("triaxlab");
+  }
 };
 
 }  // namespace
 
 bool hasPrinter() { return !QPrinterInfo::defaultPrinter().isNull(); }
 
-std::unique_ptr<PageDevice> makePrinterDevice(int copies) { return std::make_unique<PrinterDevice>(copies); }
+std::unique_ptr<PageDevice> makePrinterDevice(int copies) { return std::make_unique<DefaultPrinterDevice>(copies); }
+
+std::unique_ptr<PageDevice> makePageDeviceOn(QPrinter& printer) { return std::make_unique<PrinterDevice>(printer); }
 
 }  // namespace triaxlab

@@ -4,6 +4,8 @@
 
 #include "platform/page_device.h"
 
+class QPrinter;
+
 namespace triaxlab {
 
 /// True when the system has a printer to send pages to.
@@ -11,5 +13,8 @@ bool hasPrinter();
 
 /// The system's default printer, with no further dialog. Pre: hasPrinter(). `copies` is 1 to 99.
 std::unique_ptr<PageDevice> makePrinterDevice(int copies);
+
+/// Pages on a printer that somebody else owns and that outlives the device: that of a preview.
+std::unique_ptr<PageDevice> makePageDeviceOn(QPrinter& printer);
 
 }  // namespace triaxlab

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QTableView>
+#include <functional>
+#include <vector>
+
+namespace triaxlab {
+
+/// What a grid shows, asked of a session at each look.
+struct GridContent {
+  struct Column {
+    QString heading;
+    int width = 0;  // twips
+  };
+  std::vector<Column> columns;
+  std::function<int()> rowCount;                     // data rows
+  std::function<QString(int row, int column)> cell;  // row 1 is the first data row
+};
+
+class GridModel : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  GridModel(GridContent content, QObject* parent);
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+  void contentChanged();
+  void rowChanged(int row);
+
+ private:
+  GridContent m_content;
+};
+
+/// A list of rows under fixed heads. Column 0 holds the row's number and is fixed like the heads.
+class GridView : public QTableView {
+  Q_OBJECT
+
+ public:
+  GridView(QWidget* parent, const GridContent& content);
+
+  /// Row of the current cell, from 1; 0 when there is none.
+  int currentRow() const { return currentIndex().row() + 1; }
+  void setCurrentCell(int row, int column);
+  void contentChanged() { m_model->contentChanged(); }
+  void rowChanged(int row) { m_model->rowChanged(row); }
+
+ signals:
+  void rowDoubleClicked(int row);
+  void enterPressed();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+ private:
+  GridModel* m_model;
+};
+
+}  // namespace triaxlab

@@ -1,0 +1,88 @@
+#include "windows/importer_window.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+#include "shell/error_display.h"
+#include "windows/grid_view.h"
+#include "windows/layout.h"
+#include "windows/words.h"
+
+namespace triaxlab {
+namespace {
+
+constexpr Place kWindow{0, 0, 9000, 7500};
+constexpr Place kFileCount{200, 150, 3000, 300}, kMarkCount{3400, 150, 3500, 300};
+constexpr Place kGrid{200, 540, 8600, 5900};
+constexpr Place kRead{1500, 6700, 1400, 450}, kOutput{3400, 6700, 1800, 450}, kReturn{5700, 6700, 1400, 450};
+
+GridContent contentOf(const ImportSelection& selection) {
+  GridContent content;
+  for (const auto& column : selection.columns()) content.columns.push_back({words(column.heading), column.width});
+  content.rowCount = [&selection] { return static_cast<int>(selection.rowCount()); };
+  content.cell = [&selection](int row, int column) {
+    return words(selection.cell(static_cast<std::size_t>(row), static_cast<std::size_t>(column)));
+  };
+  return content;
+}
+
+}  // namespace
+
+ImporterWindow::ImporterWindow(QWidget* parent, ImportSelection& selection, Dialogs& dialogs)
+    : QDialog(parent),
+      m_selection(selection),
+      m_dialogs(dialogs),
+      m_grid(put(new GridView(this, contentOf(selection)), "Grid1", kGrid)),
+      m_fileCount(put(new QLabel(this), "Label1", kFileCount)),
+      m_markCount(put(new QLabel(this), "Label2", kMarkCount)) {
+  setObjectName(words(selection.importer().form));
+  setWindowTitle(words(selection.importer().title));
+  setFixedSize(rectangle(kWindow).size());
+  makeButtons();
+  connect(m_grid, &GridView::rowDoubleClicked, this, &ImporterWindow::toggleMark);
+  connect(m_grid, &GridView::enterPressed, m_read, &QPushButton::click);
+  load();
+}
+
+void ImporterWindow::makeButtons() {
+  m_read = put(new QPushButton("处理", this), "Command1", kRead);
+  m_read->setDefault(true);
+  connect(m_read, &QPushButton::clicked, this, &ImporterWindow::read);
+  auto* const leave = put(new QPushButton("返回", this), "Command2", kReturn);
+  leave->setAutoDefault(false);
+  connect(leave, &QPushButton::clicked, this, &QDialog::reject);
+  // Stands there and does nothing.
+  put(new QPushButton("输出接口数据", this), "Command3", kOutput)->setAutoDefault(false);
+}
+
+void ImporterWindow::load() {
+  runShowingErrors(m_dialogs, [this] { m_selection.load(m_dialogs); });
+  m_grid->contentChanged();
+  m_grid->setCurrentCell(1, 1);
+  m_grid->setFocus();
+  refresh();
+}
+
+void ImporterWindow::toggleMark(int row) {
+  m_selection.toggleMark(static_cast<std::size_t>(row), m_dialogs);
+  m_grid->rowChanged(row);
+  refresh();
+}
+
+void ImporterWindow::read() {
+  const bool done = runShowingErrors(m_dialogs, [this] {
+    const ImportReport report = m_selection.read();
+    m_remarks = m_selection.remarks();
+    m_remarks->insert(m_remarks->end(), report.remarks.begin(), report.remarks.end());
+  });
+  if (done) accept();
+}
+
+void ImporterWindow::refresh() {
+  const SelectionState now = m_selection.state();
+  m_fileCount->setText(words(now.label1));
+  m_markCount->setText(words(now.label2));
+  m_read->setEnabled(now.canRead);
+}
+
+}  // namespace triaxlab

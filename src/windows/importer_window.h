@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QDialog>
+#include <optional>
+
+#include "common/user_error.h"
+#include "importers/import_selection.h"
+#include "platform/dialogs.h"
+
+class QLabel;
+class QPushButton;
+
+namespace triaxlab {
+
+class GridView;
+
+/// The selection window of a raw database: what it holds, which rows are to be read. One window serves all sources; it
+/// carries the name of the source's own (OPENFORM0 and its kin).
+class ImporterWindow : public QDialog {
+  Q_OBJECT
+
+ public:
+  ImporterWindow(QWidget* parent, ImportSelection& selection, Dialogs& dialogs);
+
+  /// What the import has to say; nothing when the window was left without reading.
+  const std::optional<Remarks>& remarks() const { return m_remarks; }
+
+ private:
+  void makeButtons();
+  void load();
+  void toggleMark(int row);
+  void read();
+  void refresh();
+
+  ImportSelection& m_selection;
+  Dialogs& m_dialogs;
+  GridView* m_grid;
+  QLabel *m_fileCount, *m_markCount;
+  QPushButton* m_read = nullptr;
+  std::optional<Remarks> m_remarks;
+};
+
+}  // namespace triaxlab

@@ -1,0 +1,216 @@
+#include "windows/main_window.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QProgressBar>
+#include <QScreen>
+#include <QStatusBar>
+
+#include "importers/import_selection.h"
+#include "windows/importer_window.h"
+#include "windows/layout.h"
+#include "windows/menu_bar.h"
+#include "windows/overwrite_window.h"
+#include "windows/project_browser_window.h"
+#include "windows/range_window.h"
+#include "windows/triaxial_curve_window.h"
+#include "windows/triaxial_print_window.h"
+#include "windows/words.h"
+
+namespace triaxlab {
+namespace {
+
+constexpr QSize kFirstSize(pixels(16800), pixels(11400));
+constexpr int kProgressWidth = pixels(3000);
+/// Where a frame keeps which document it holds.
+constexpr const char* kDocumentProperty = "activeDocument";
+
+ActiveDocument documentOf(const QMdiSubWindow* frame) {
+  return static_cast<ActiveDocument>(frame->property(kDocumentProperty).toInt());
+}
+
+}  // namespace
+
+MDIForm1::MDIForm1(Workspace& workspace, Dialogs& dialogs)
+    : m_workspace(workspace),
+      m_dialogs(dialogs),
+      m_shell(workspace, dialogs, *this),
+      m_menu(new CommandMenuBar(this, m_shell)),
+      m_area(new QMdiArea(this)) {
+  setObjectName("MDIForm1");
+  setWindowTitle(kProgramTitle);
+  setMenuBar(m_menu);
+  m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  setCentralWidget(m_area);
+  makeStatusBar();
+  connect(m_menu, &CommandMenuBar::entryShown, this, [this](const QString& caption) {
+    if (caption.isEmpty()) return refreshStatusBar();
+    m_panels[0]->setText(caption);
+  });
+  connect(m_menu->menu("RZMWINDOW"), &QMenu::aboutToShow, this, &MDIForm1::listOpenWindows);
+  connect(m_area, &QMdiArea::subWindowActivated, this, &MDIForm1::documentCameToFront);
+  placeOnScreen();
+  refresh();
+}
+
+MDIForm1::~MDIForm1() {
+  // Frames that go down one by one would still activate each other.
+  m_area->disconnect(this);
+}
+
+void MDIForm1::makeStatusBar() {
+  statusBar()->setObjectName("StatusBar1");
+  static constexpr std::array kStretches{3, 2, 1};
+  for (int i = 0; i < static_cast<int>(m_panels.size()); ++i) {
+    auto* const panel = new QLabel(statusBar());
+    panel->setObjectName(arrayName("StatusBar1", i + 1));
+    panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    panel->setTextFormat(Qt::PlainText);
+    statusBar()->addWidget(panel, kStretches.at(static_cast<std::size_t>(i)));
+    m_panels.at(static_cast<std::size_t>(i)) = panel;
+  }
+  m_progress = new QProgressBar(statusBar());
+  m_progress->setObjectName("ProgressBar1");
+  m_progress->setFixedWidth(kProgressWidth);
+  statusBar()->addPermanentWidget(m_progress);
+  m_progress->hide();
+}
+
+void MDIForm1::placeOnScreen() {
+  const QRect available = screen()->availableGeometry();
+  const QSize size = kFirstSize.boundedTo(available.size());
+  resize(size);
+  move(available.center() - QPoint(size.width() / 2, size.height() / 2));
+}
+
+void MDIForm1::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  m_shell.endProgram();
+}
+
+// ---- dialogs
+
+void MDIForm1::showBrowser(BrowserSession& session) { OPENFORM(this, session).exec(); }
+
+void MDIForm1::showRangeDialog(RangeDialog& dialog) { Form21(QApplication::activeWindow(), dialog).exec(); }
+
+void MDIForm1::showOverwriteDialog(OverwriteSession& session) { Form10(this, session).exec(); }
+
+void MDIForm1::showPrintDialog(std::string_view) {
+  if (!m_form1) return;
+  PrintOptions options(m_workspace, m_form1->sampleRow());
+  SETPRINTFORM(this, options, m_workspace, m_dialogs).exec();
+}
+
+std::optional<Remarks> MDIForm1::showImporter(std::string_view form) {
+  for (const Importer* const importer : importers()) {
+    if (importer->form != form) continue;
+    ImportSelection selection(*importer, m_workspace);
+    ImporterWindow window(this, selection, m_dialogs);
+    window.exec();
+    return window.remarks();
+  }
+  return std::nullopt;
+}
+
+// ---- documents
+
+void MDIForm1::loadForm1() {
+  m_form1 = new Form1(m_workspace, m_shell);
+  QMdiSubWindow* const frame = m_area->addSubWindow(m_form1);
+  frame->setProperty(kDocumentProperty, static_cast<int>(kForm1));
+  frame->setAttribute(Qt::WA_DeleteOnClose);
+  connect(m_form1, &Form1::sampleShown, this, &MDIForm1::refresh);
+  connect(m_form1, &Form1::closed, this, [this, frame] {
+    // The frame is deleted only when the event loop gets to it; nobody may find it meanwhile.
+    frame->setProperty(kDocumentProperty, static_cast<int>(kNoDocument));
+    m_form1 = nullptr;
+    m_shell.documentClosed(kForm1);
+  });
+  frame->adjustSize();
+  frame->move(0, 0);
+}
+
+void MDIForm1::showDocument(ActiveDocument document) {
+  if (document != kForm1) return;
+  if (m_form1) {
+    m_form1->load();
+  } else {
+    loadForm1();
+  }
+  raiseDocument(document);
+}
+
+void MDIForm1::raiseDocument(ActiveDocument document) {
+  QMdiSubWindow* const frame = frameOf(document);
+  if (frame == nullptr) return;
+  frame->widget()->show();
+  frame->show();
+  m_area->setActiveSubWindow(frame);
+}
+
+void MDIForm1::documentCameToFront(QMdiSubWindow* frame) {
+  // The area tells "none" whenever another window of the desktop takes the front; the document stays the active one.
+  if (frame == nullptr || documentOf(frame) == kNoDocument) return;
+  m_shell.documentActivated(documentOf(frame));
+}
+
+QMdiSubWindow* MDIForm1::frameOf(ActiveDocument document) const {
+  for (QMdiSubWindow* const frame : m_area->subWindowList())
+    if (documentOf(frame) == document) return frame;
+  return nullptr;
+}
+
+std::vector<ActiveDocument> MDIForm1::loadedDocuments() const {
+  std::vector<ActiveDocument> documents;
+  const QList<QMdiSubWindow*> frames = m_area->subWindowList(QMdiArea::StackingOrder);
+  for (auto frame = frames.rbegin(); frame != frames.rend(); ++frame)
+    if (documentOf(*frame) != kNoDocument) documents.push_back(documentOf(*frame));
+  return documents;
+}
+
+DocumentWindow* MDIForm1::document(ActiveDocument document) {
+  return document == kForm1 ? static_cast<DocumentWindow*>(m_form1.data()) : nullptr;
+}
+
+CurveDocument* MDIForm1::curveDocument() { return m_form1; }
+
+// ---- menu and status bar
+
+void MDIForm1::refresh() {
+  m_menu->refresh();
+  refreshStatusBar();
+}
+
+void MDIForm1::refreshStatusBar() {
+  const std::array<std::string, 3> texts = m_shell.statusTexts();
+  for (std::size_t i = 0; i < texts.size(); ++i) m_panels.at(i)->setText(words(texts.at(i)));
+}
+
+void MDIForm1::listOpenWindows() {
+  QMenu* const menu = m_menu->menu("RZMWINDOW");
+  static constexpr const char* kOpenWindow = "openWindow";
+  for (QAction* const entry : menu->actions())
+    if (entry->property(kOpenWindow).toBool()) delete entry;
+  const auto mark = [](QAction* entry) { entry->setProperty(kOpenWindow, true); };
+  if (!loadedDocuments().empty()) mark(menu->addSeparator());
+  for (const ActiveDocument document : loadedDocuments()) {
+    QAction* const entry = menu->addAction(frameOf(document)->windowTitle());
+    mark(entry);
+    connect(entry, &QAction::triggered, this, [this, document] { raiseDocument(document); });
+  }
+}
+
+void MDIForm1::endProgram() {
+  hide();
+  QCoreApplication::exit(0);
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+#include <array>
+
+#include "platform/dialogs.h"
+#include "shell/shell_session.h"
+#include "shell/shell_windows.h"
+#include "store/workspace.h"
+
+class QLabel;
+class QMdiArea;
+class QMdiSubWindow;
+class QProgressBar;
+
+namespace triaxlab {
+
+class CommandMenuBar;
+class Form1;
+
+/// The main window: menu, status bar, and the document windows as its children.
+class MDIForm1 : public QMainWindow, private ShellWindows {
+  Q_OBJECT
+
+ public:
+  /// Workspace and dialogs outlive the window.
+  MDIForm1(Workspace& workspace, Dialogs& dialogs);
+  ~MDIForm1() override;
+
+  /// Shown in the first panel of the status bar until the next command.
+  void showRemarks(const Remarks& remarks) { m_shell.showRemarks(remarks); }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  // ShellWindows
+  void showBrowser(BrowserSession& session) override;
+  void showRangeDialog(RangeDialog& dialog) override;
+  void showOverwriteDialog(OverwriteSession& session) override;
+  void showPrintDialog(std::string_view form) override;
+  std::optional<Remarks> showImporter(std::string_view form) override;
+  void showDocument(ActiveDocument document) override;
+  void raiseDocument(ActiveDocument document) override;
+  std::vector<ActiveDocument> loadedDocuments() const override;
+  DocumentWindow* document(ActiveDocument document) override;
+  CurveDocument* curveDocument() override;
+  void refresh() override;
+  void endProgram() override;
+
+  void makeStatusBar();
+  void placeOnScreen();
+  void refreshStatusBar();
+  void listOpenWindows();
+  void loadForm1();
+  void documentCameToFront(QMdiSubWindow* frame);
+  QMdiSubWindow* frameOf(ActiveDocument document) const;
+
+  Workspace& m_workspace;
+  Dialogs& m_dialogs;
+  ShellSession m_shell;
+  CommandMenuBar* m_menu;
+  QMdiArea* m_area;
+  std::array<QLabel*, 3> m_panels{};
+  QProgressBar* m_progress = nullptr;
+  QPointer<Form1> m_form1;
+};
+
+}  // namespace triaxlab

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QDialog>
+
+#include "shell/browser_session.h"
+
+namespace triaxlab {
+
+class GridView;
+
+/// The list of project files of one kind; a double click, Enter or 打开文件 opens the chosen one.
+class OPENFORM : public QDialog {
+  Q_OBJECT
+
+ public:
+  OPENFORM(QWidget* parent, BrowserSession& session);
+
+ private:
+  void makeLabels();
+  void open();
+
+  BrowserSession& m_session;
+  GridView* m_grid;
+};
+
+}  // namespace triaxlab

@@ -1,0 +1,263 @@
+#include "windows/triaxial_curve_window.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QWheelEvent>
+#include <optional>
+#include <utility>
+
+#include "windows/click_label.h"
+#include "windows/record_edit.h"
+#include "windows/words.h"
+
+namespace triaxlab {
+namespace {
+
+template <class Key>
+struct KeyRow {
+  int toolkitKey;
+  Key key;
+};
+constexpr KeyRow<ListKey> kListKeys[] = {
+    {Qt::Key_Up, ListKey::Up},         {Qt::Key_Down, ListKey::Down},         {Qt::Key_Left, ListKey::Left},
+    {Qt::Key_Right, ListKey::Right},   {Qt::Key_Return, ListKey::Enter},      {Qt::Key_Enter, ListKey::Enter},
+    {Qt::Key_PageUp, ListKey::PageUp}, {Qt::Key_PageDown, ListKey::PageDown},
+};
+constexpr KeyRow<MethodKey> kMethodKeys[] = {{Qt::Key_End, MethodKey::End},
+                                             {Qt::Key_1, MethodKey::One},
+                                             {Qt::Key_2, MethodKey::Two},
+                                             {Qt::Key_3, MethodKey::Three}};
+
+template <class Key, std::size_t N>
+std::optional<Key> keyOf(const QKeyEvent& event, const KeyRow<Key> (&table)[N]) {
+  for (const KeyRow<Key>& row : table)
+    if (row.toolkitKey == event.key()) return row.key;
+  return std::nullopt;
+}
+
+void showValue(QScrollBar* bar, int value) {
+  const QSignalBlocker blocked(bar);
+  bar->setValue(value);
+}
+
+/// Lays an edit box over the label that it stands for.
+void showOverlay(RecordEdit* box, const OverlayState& now, const ClickLabel* label) {
+  if (now.visible) {
+    box->setGeometry(label->geometry());
+    box->showText(words(now.text));
+  }
+  box->setVisible(now.visible);
+}
+
+CursorPlace cursorOf(const RecordEdit& edit) {
+  return {.atStart = edit.cursorPosition() == 0, .atEnd = edit.cursorPosition() == edit.text().size()};
+}
+
+}  // namespace
+
+Form1::Form1(Workspace& workspace, ShellSession& shell)
+    : m_shell(shell),
+      m_session(workspace),
+      m_controls(this, [this](DrawingSurface& surface) { m_session.draw(surface); }) {
+  setObjectName("Form1");
+  setWindowTitle(curve_captions::kTitle);
+  setMinimumSize(curveWindowSize());
+  connectList();
+  connectPages();
+  connectEdits();
+  connectMethodKeys();
+  refresh();
+}
+
+Form1::~Form1() {
+  // A box that loses the focus while the window goes down has nobody to tell any more.
+  for (const auto& [edit, box] : m_controls.edits) edit->disconnect(this);
+}
+
+template <class Operation>
+void Form1::act(Operation&& operation) {
+  m_shell.run(std::forward<Operation>(operation));
+  refresh();
+}
+
+// ---- what a person does
+
+void Form1::connectList() {
+  for (int i = 0; i < static_cast<int>(m_controls.label1.size()); ++i)
+    connect(m_controls.label1.at(static_cast<std::size_t>(i)), &ClickLabel::clicked, this, [this, i] {
+      act([&] { m_session.selectLabel(i); });
+      startTyping(m_controls.text1);
+    });
+  connect(m_controls.vScroll1, &QScrollBar::valueChanged, this,
+          [this](int top) { act([&] { m_session.scrollList(top); }); });
+  m_controls.text1->onKey = [this](const QKeyEvent& event) { return keyInList(event); };
+}
+
+bool Form1::keyInList(const QKeyEvent& event) {
+  const std::optional<ListKey> key = keyOf(event, kListKeys);
+  if (!key || event.modifiers().testFlag(Qt::ShiftModifier)) return false;
+  bool leftCell = false;
+  act([&] { leftCell = m_session.keyInList(*key, cursorOf(*m_controls.text1)); });
+  if (leftCell) startTyping(m_controls.text1);
+  return leftCell;
+}
+
+void Form1::connectPages() {
+  const auto onClick = [this](QPushButton* button, void (CurveSession::*step)()) {
+    connect(button, &QPushButton::clicked, this, [this, step] { act([&] { (m_session.*step)(); }); });
+  };
+  onClick(m_controls.command3, &CurveSession::previousPage);
+  onClick(m_controls.command4, &CurveSession::nextPage);
+  onClick(m_controls.command1, &CurveSession::previousTablePage);
+  onClick(m_controls.command2, &CurveSession::nextTablePage);
+  onClick(m_controls.command8, &CurveSession::applyStrainLimits);
+  connect(m_controls.vScroll2, &QScrollBar::valueChanged, this,
+          [this](int top) { act([&] { m_session.scrollTable(top); }); });
+  for (int i = 0; i < kTableCells; ++i)
+    connect(m_controls.label2.at(static_cast<std::size_t>(i)), &ClickLabel::clicked, this, [this, i] {
+      act([&] { m_session.selectTableCell(i); });
+      startTyping(m_controls.text2);
+    });
+}
+
+void Form1::connectEdits() {
+  for (const auto& [edit, box] : m_controls.edits) {
+    connect(edit, &QLineEdit::textEdited, this,
+            [this, named = box](const QString& text) { act([&] { m_session.edit(named, utf8(text)); }); });
+    connect(edit, &RecordEdit::focusLeft, this, [this] { act([&] { m_session.finishTyping(); }); });
+  }
+}
+
+void Form1::connectMethodKeys() {
+  for (int i = 0; i < static_cast<int>(m_controls.text6.size()); ++i)
+    m_controls.text6.at(static_cast<std::size_t>(i))->onKey = [this, i](const QKeyEvent& event) {
+      const std::optional<MethodKey> key = keyOf(event, kMethodKeys);
+      bool taken = false;
+      if (key) act([&] { taken = m_session.keyOnMethodField(i, *key); });
+      return taken;
+    };
+}
+
+void Form1::startTyping(RecordEdit* overlay) {
+  if (!overlay->isVisible()) return;
+  overlay->setFocus();
+  overlay->selectAll();
+}
+
+void Form1::closeEvent(QCloseEvent* event) {
+  if (!m_shell.mayClose(kForm1)) return event->ignore();
+  event->accept();
+  emit closed();
+}
+
+void Form1::wheelEvent(QWheelEvent* event) {
+  const bool overList = event->position().x() < m_controls.picture1->x();
+  const bool overTable = event->position().y() > m_controls.picture1->geometry().bottom();
+  if (overList)
+    m_controls.vScroll1->event(event);
+  else if (overTable)
+    m_controls.vScroll2->event(event);
+}
+
+// ---- what the shell asks
+
+void Form1::load() {
+  m_session.load();
+  refresh();
+}
+
+void Form1::showPage(CurvePage page) {
+  m_session.showPage(static_cast<int>(page));
+  refresh();
+}
+
+EnvelopeEntries Form1::envelopeEntries() const {
+  const CurveState now = m_session.state();
+  return {.ratioEnabled = now.QUXIAN2.enabled, .ratioChecked = now.QUXIAN2.checked};
+}
+
+std::array<std::string, 2> Form1::statusPanels() const {
+  const CurveState now = m_session.state();
+  return {now.projectPanel, now.datePanel};
+}
+
+// ---- what the window shows
+
+void Form1::refresh() {
+  // A box that is hidden while it has the focus loses it, which changes the state on the way.
+  m_refreshAgain = true;
+  if (m_isRefreshing) return;
+  m_isRefreshing = true;
+  while (std::exchange(m_refreshAgain, false)) showState();
+  m_isRefreshing = false;
+  emit sampleShown();
+}
+
+void Form1::showState() {
+  const CurveState now = m_session.state();
+  showList(now);
+  showFields(now);
+  showStages(now);
+  showTable(now);
+  if (m_pictureShown != m_session.pictureNumber()) {
+    m_pictureShown = m_session.pictureNumber();
+    m_controls.picture1->redraw();
+  }
+}
+
+void Form1::showList(const CurveState& now) {
+  for (std::size_t line = 0; line < now.list.size(); ++line) {
+    const bool chosen = static_cast<int>(line) == now.selectedLine;
+    const auto show = [chosen](ClickLabel* label, const std::string& text) {
+      label->setText(words(text));
+      label->setMarked(chosen);
+    };
+    show(m_controls.label5.at(line), now.list.at(line).number);
+    show(m_controls.label1.at(2 * line), now.list.at(line).project);
+    show(m_controls.label1.at(2 * line + 1), now.list.at(line).sample);
+  }
+  showValue(m_controls.vScroll1, now.listTop);
+  showOverlay(m_controls.text1, now.text1, m_controls.label1.at(static_cast<std::size_t>(now.text1.labelIndex)));
+}
+
+void Form1::showFields(const CurveState& now) {
+  m_controls.text3->showText(words(now.text3));
+  m_controls.text4->showText(words(now.text4));
+  for (std::size_t i = 0; i < now.text6.size(); ++i) m_controls.text6.at(i)->showText(words(now.text6.at(i)));
+  for (std::size_t i = 0; i < now.text7.size(); ++i) m_controls.text7.at(i)->showText(words(now.text7.at(i)));
+  for (std::size_t i = 0; i < now.locationLabels.size(); ++i)
+    m_controls.locationCaptions.at(i)->setText(words(now.locationLabels.at(i)));
+  m_controls.text5->showText(words(now.text5));
+  for (std::size_t i = 0; i < now.textW.size(); ++i) m_controls.textW.at(i)->showText(words(now.textW.at(i)));
+  m_controls.text9->showText(words(now.text9));
+  m_controls.text9->setVisible(now.text9Visible);
+  m_controls.text9Caption->setVisible(now.text9Visible);
+}
+
+void Form1::showStages(const CurveState& now) {
+  m_controls.label8->setVisible(now.strainLimitsVisible);
+  m_controls.command8->setVisible(now.strainLimitsVisible);
+  for (std::size_t stage = 0; stage < kStages; ++stage) {
+    m_controls.text8.at(stage)->showText(words(now.text8.at(stage)));
+    m_controls.text8.at(stage)->setVisible(now.strainLimitsVisible);
+  }
+  m_controls.label4->setText(words(now.label4));
+  m_controls.label4->setVisible(now.label4Visible);
+  m_controls.command5->setVisible(now.command5Visible);
+  m_controls.command5->setEnabled(now.command5Enabled);
+}
+
+void Form1::showTable(const CurveState& now) {
+  for (std::size_t i = 0; i < now.columnHeads.size(); ++i)
+    m_controls.columnHeads.at(i)->setText(words(now.columnHeads.at(i)));
+  for (std::size_t i = 0; i < now.label2.size(); ++i) m_controls.label2.at(i)->setText(words(now.label2.at(i)));
+  const QSignalBlocker blocked(m_controls.vScroll2);
+  m_controls.vScroll2->setRange(0, now.tableScrollMax);
+  m_controls.vScroll2->setValue(now.tableTop);
+  showOverlay(m_controls.text2, now.text2, m_controls.label2.at(static_cast<std::size_t>(now.text2.labelIndex)));
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QWidget>
+
+#include "shell/shell_session.h"
+#include "shell/shell_windows.h"
+#include "triaxial/session/curve_session.h"
+#include "windows/triaxial_curve_layout.h"
+
+class QKeyEvent;
+
+namespace triaxlab {
+
+/// The triaxial curve window: list of samples, curves, results and fields of the sample on display.
+class Form1 : public QWidget, public CurveDocument {
+  Q_OBJECT
+
+ public:
+  /// Both outlive the window.
+  Form1(Workspace& workspace, ShellSession& shell);
+  ~Form1() override;
+
+  /// Shows the table of the workspace as a window that was just opened.
+  void load();
+  std::size_t sampleRow() const { return m_session.sampleRow(); }
+
+  // CurveDocument
+  bool asksToSave(Dialogs& dialogs) const override { return m_session.asksToSave(dialogs); }
+  void markSaved() override { m_session.markSaved(); }
+  std::array<std::string, 2> statusPanels() const override;
+  void showPage(CurvePage page) override;
+  EnvelopeEntries envelopeEntries() const override;
+
+ signals:
+  /// Another sample, or the same one after a change: menu and status bar follow.
+  void sampleShown();
+  void closed();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  void connectList();
+  void connectPages();
+  void connectEdits();
+  void connectMethodKeys();
+  bool keyInList(const QKeyEvent& event);
+
+  /// Does what the person asked of the session, then shows its state. What goes wrong is told.
+  template <class Operation>
+  void act(Operation&& operation);
+  void startTyping(RecordEdit* overlay);
+
+  /// The one place where the session's state becomes widgets.
+  void refresh();
+  void showState();
+  void showList(const CurveState& now);
+  void showFields(const CurveState& now);
+  void showStages(const CurveState& now);
+  void showTable(const CurveState& now);
+
+  ShellSession& m_shell;
+  CurveSession m_session;
+  CurveControls m_controls;
+  std::uint64_t m_pictureShown = 0;
+  bool m_isRefreshing = false, m_refreshAgain = false;
+};
+
+}  // namespace triaxlab
