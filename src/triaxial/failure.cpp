@@ -159,7 +159,7 @@ FailureRows applyFailureMode(TriaxialSampleRecord& record, FailureMode mode) {
     if (!StageUsed(record, stage)) continue;
     const FailureRow at = find(record, stage, limits[stage]);
     storeFailureRow(record, stage, mode, at);
-    // A stress below 2 kPa is the touch of the piston and no failure to be told of.
+    // The row of a peak below 2 kPa is not told of; its values are stored all the same.
     if (!at.found || (mode == FailureMode::PeakStress && at.q < 2)) continue;
     if (record.testMethod != kCD)
       SetText(rows.failureStressAtPeak[stage], record.porePressure[at.row][stage].trimmed());

@@ -12,8 +12,8 @@
 namespace triaxlab {
 namespace {
 
-/// Readings far below zero mean that the transducer was connected the other way round: the curve is turned about its
-/// lowest point. A second pass turns it again.
+/// A curve that falls below -10 kPa is turned about its lowest reading, as far as it is negative and under stress. It is
+/// not remembered that this was done: a second pass turns it again.
 void correctNegativePorePressure(TriaxialSampleRecord& record, std::size_t stage, StageCurves& curves) {
   double smallest = 100;
   for (const double u : curves.porePressure) smallest = std::min(smallest, u);
