@@ -134,49 +134,73 @@ bool dropJournal(const std::filesystem::path& journal) {
                   textOfPath(journal), cause.what()));
 }
 
-/// The pieces of one file by their place; no two overlap.
-using PendingPieces = std::map<std::uint64_t, JournalPiece>;
+/// What is to be written to one file, by its place there. No two overlap.
+using PendingWrites = std::map<std::uint64_t, std::span<const std::byte>>;
 
-std::uint64_t endOf(const PendingPieces& pieces) {
-  return pieces.empty() ? 0 : pieces.rbegin()->second.offset + pieces.rbegin()->second.size;
+std::uint64_t endOf(const PendingWrites& writes) {
+  return writes.empty() ? 0 : writes.rbegin()->first + writes.rbegin()->second.size();
 }
 
-/// Takes [begin, end) out of the pieces; what a piece has on either side of it stays.
-void cutOut(PendingPieces& pieces, std::uint64_t begin, std::uint64_t end) {
-  auto piece = pieces.upper_bound(begin);
-  if (piece != pieces.begin()) --piece;
-  while (piece != pieces.end() && piece->first < end) {
-    const JournalPiece whole = piece->second;
-    const std::uint64_t wholeEnd = whole.offset + whole.size;
-    if (wholeEnd <= begin) {
-      ++piece;
+/// Takes [begin, end) out of the writes; what one has on either side of it stays.
+void cutOut(PendingWrites& writes, std::uint64_t begin, std::uint64_t end) {
+  auto write = writes.upper_bound(begin);
+  if (write != writes.begin()) --write;
+  while (write != writes.end() && write->first < end) {
+    const auto [at, bytes] = *write;
+    const std::uint64_t itsEnd = at + bytes.size();
+    if (itsEnd <= begin) {
+      ++write;
       continue;
     }
-    piece = pieces.erase(piece);
-    if (whole.offset < begin) pieces[whole.offset] = {whole.offset, begin - whole.offset, whole.dataPosition};
-    if (wholeEnd > end) pieces[end] = {end, wholeEnd - end, whole.dataPosition + (end - whole.offset)};
+    write = writes.erase(write);
+    if (at < begin) writes[at] = bytes.first(begin - at);
+    if (itsEnd > end) writes[end] = bytes.subspan(end - at);
   }
 }
 
-/// Neighbours in the file that are neighbours in the data become one piece, and so one write.
-std::vector<JournalPiece> joined(const PendingPieces& pieces) {
-  std::vector<JournalPiece> result;
-  for (const auto& [offset, piece] : pieces) {
-    if (!result.empty() && result.back().offset + result.back().size == offset &&
-        result.back().dataPosition + result.back().size == piece.dataPosition)
-      result.back().size += piece.size;
-    else
-      result.push_back(piece);
+/// The writes as pieces of a journal, their bytes at the end of `data`. Neighbours in the file that are neighbours in
+/// memory, as the rows of a table are, become one piece and so one write.
+std::vector<JournalPiece> piecesOf(const PendingWrites& writes, JournalSpans& data) {
+  std::vector<JournalPiece> pieces;
+  for (auto write = writes.begin(); write != writes.end();) {
+    const auto [offset, first] = *write;
+    std::size_t size = 0;
+    while (write != writes.end() && write->first == offset + size && write->second.data() == first.data() + size) {
+      size += write->second.size();
+      ++write;
+    }
+    pieces.push_back({offset, size, data.append({first.data(), size})});
   }
-  return result;
+  return pieces;
 }
+
+/// Keeps copies of bytes. They lie in large blocks one behind the other, so that what is written in order is one piece.
+class KeptBytes {
+ public:
+  std::span<const std::byte> keep(std::span<const std::byte> bytes) {
+    if (m_free.size() < bytes.size()) {
+      const std::size_t size = std::max(kBlock, bytes.size());
+      m_blocks.push_back(std::make_unique_for_overwrite<std::byte[]>(size));
+      m_free = {m_blocks.back().get(), size};
+    }
+    const std::span<std::byte> kept = m_free.first(bytes.size());
+    std::ranges::copy(bytes, kept.begin());
+    m_free = m_free.subspan(bytes.size());
+    return kept;
+  }
+
+ private:
+  static constexpr std::size_t kBlock = std::size_t{1} << 20;
+  std::vector<std::unique_ptr<std::byte[]>> m_blocks;
+  std::span<std::byte> m_free;
+};
 
 }  // namespace
 
 struct FileUpdate::State {
   std::filesystem::path dataFolder;
-  std::map<std::string, PendingPieces> files;  // by the path below the data folder
-  JournalBuffer data;
+  std::map<std::string, PendingWrites> files;  // by the path below the data folder
+  KeptBytes kept;
   /// What was asked for last: a save reads thousands of records of one file.
   std::filesystem::path lastPath;
   std::string lastKey;
@@ -193,7 +217,7 @@ struct FileUpdate::State {
     return lastKey = key;
   }
 
-  const PendingPieces* pending(const std::string& key) const {
+  const PendingWrites* pending(const std::string& key) const {
     const auto found = files.find(key);
     return found != files.end() ? &found->second : nullptr;
   }
@@ -223,44 +247,40 @@ bool FileUpdate::exists(const std::filesystem::path& file) const {
 std::uint64_t FileUpdate::size(const std::filesystem::path& file) const {
   const std::string key = m_state->keyOf(file);
   const File* const disk = m_state->onDisk(key, file);
-  const PendingPieces* const pieces = m_state->pending(key);
-  return std::max(disk ? disk->size() : 0, pieces ? endOf(*pieces) : 0);
+  const PendingWrites* const writes = m_state->pending(key);
+  return std::max(disk ? disk->size() : 0, writes ? endOf(*writes) : 0);
 }
 
 std::size_t FileUpdate::readAt(const std::filesystem::path& file, std::uint64_t offset,
                                std::span<std::byte> into) const {
   const std::string key = m_state->keyOf(file);
   const File* const disk = m_state->onDisk(key, file);
-  std::size_t got = disk ? disk->readAt(offset, into) : 0;
-  const PendingPieces* const pieces = m_state->pending(key);
-  if (!pieces) return got;
-  const std::uint64_t end = std::min(offset + into.size(), std::max(offset + got, endOf(*pieces)));
+  const std::size_t got = disk ? disk->readAt(offset, into) : 0;
+  const PendingWrites* const writes = m_state->pending(key);
+  if (!writes) return got;
+  const std::uint64_t end = std::min(offset + into.size(), std::max(offset + got, endOf(*writes)));
   if (end <= offset) return 0;
-  std::fill(into.begin() + static_cast<std::ptrdiff_t>(got), into.end(), std::byte{0});
-  auto piece = pieces->upper_bound(offset);
-  if (piece != pieces->begin()) --piece;
-  for (; piece != pieces->end() && piece->first < end; ++piece) {
-    const auto& [at, pieceSize, position] = piece->second;
-    const std::uint64_t from = std::max(at, offset), to = std::min(at + pieceSize, end);
-    if (from >= to) continue;
-    auto target = into.begin() + static_cast<std::ptrdiff_t>(from - offset);
-    m_state->data.read(position + (from - at), to - from, [&target](std::span<const std::byte> bytes) {
-      target = std::copy(bytes.begin(), bytes.end(), target);
-    });
+  std::ranges::fill(into.subspan(got), std::byte{0});
+  auto write = writes->upper_bound(offset);
+  if (write != writes->begin()) --write;
+  for (; write != writes->end() && write->first < end; ++write) {
+    const auto& [at, bytes] = *write;
+    const std::uint64_t from = std::max(at, offset), to = std::min(at + bytes.size(), end);
+    if (from < to) std::ranges::copy(bytes.subspan(from - at, to - from), into.subspan(from - offset).begin());
   }
   return end - offset;
 }
 
 void FileUpdate::writeAt(const std::filesystem::path& file, std::uint64_t offset, std::span<const std::byte> from) {
+  writeInPlace(file, offset, m_state->kept.keep(from));
+}
+
+void FileUpdate::writeInPlace(const std::filesystem::path& file, std::uint64_t offset,
+                              std::span<const std::byte> from) {
   if (from.empty()) return;
-  PendingPieces& pieces = m_state->files[m_state->keyOf(file)];
-  const auto same = pieces.find(offset);
-  if (same != pieces.end() && same->second.size == from.size()) {
-    m_state->data.overwrite(same->second.dataPosition, from);
-    return;
-  }
-  cutOut(pieces, offset, offset + from.size());
-  pieces[offset] = {offset, from.size(), m_state->data.append(from)};
+  PendingWrites& writes = m_state->files[m_state->keyOf(file)];
+  cutOut(writes, offset, offset + from.size());
+  writes[offset] = from;
 }
 
 void FileUpdate::commit() {
@@ -268,15 +288,16 @@ void FileUpdate::commit() {
   if (state.files.empty()) return;
   state.open.reset();
   std::vector<JournalFile> files;
-  for (const auto& [path, pieces] : state.files) files.push_back({path, joined(pieces)});
+  JournalSpans data;
+  for (const auto& [path, writes] : state.files) files.push_back({path, piecesOf(writes, data)});
   const std::filesystem::path journal = state.dataFolder / kJournalName;
   try {
-    writeJournal(journal, files, state.data);
+    writeJournal(journal, files, data);
   } catch (const UserError& cause) {
     if (!dropJournal(journal)) failUnfinished(journal, cause);
     failUnchanged(cause);
   }
-  JournalApplication application(state.dataFolder, files, state.data);
+  JournalApplication application(state.dataFolder, files, data);
   try {
     application.lengthen();
   } catch (const UserError& cause) {
@@ -295,7 +316,7 @@ void FileUpdate::commit() {
   }
   dropJournal(journal);
   state.files.clear();
-  state.data = {};
+  state.kept = {};
 }
 
 void FileUpdate::recover(const std::filesystem::path& dataFolder) {

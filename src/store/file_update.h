@@ -30,8 +30,10 @@ class FileUpdate {
   std::uint64_t size(const std::filesystem::path& file) const;
   /// As File::readAt, with the pending writes in place.
   std::size_t readAt(const std::filesystem::path& file, std::uint64_t offset, std::span<std::byte> into) const;
-  /// The file is made by the commit when it doesn't exist.
+  /// Keeps a copy of the bytes. The file is made by the commit when it doesn't exist.
   void writeAt(const std::filesystem::path& file, std::uint64_t offset, std::span<const std::byte> from);
+  /// As writeAt, without the copy: the bytes must stay where and as they are until the commit has returned.
+  void writeInPlace(const std::filesystem::path& file, std::uint64_t offset, std::span<const std::byte> from);
   /// All or nothing. A failure while the journal is written or the files are lengthened, where a full disk shows, takes
   /// everything back; a later one leaves the journal, with which the next recover completes the files. Both are
   /// UserErrors whose sentence says which.

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -17,7 +19,7 @@ namespace {
 constexpr std::array<char, 8> kBeginMark{'T', 'X', 'J', 'R', 'N', 'L', '1', '\n'};
 constexpr std::array<char, 8> kEndMark{'E', 'N', 'D', 'T', 'X', 'J', '1', '\n'};
 
-/// Unit of reading and writing, and of the checksum.
+/// Unit of reading.
 constexpr std::size_t kBlock = std::size_t{1} << 20;
 /// No project or summary file comes near these; a journal that goes beyond them is not one of ours.
 constexpr std::uint64_t kLargestFile = std::numeric_limits<std::int32_t>::max();
@@ -39,9 +41,8 @@ static_assert(sizeof(IndexFile) == 6);
 struct IndexPiece {
   Little<std::uint64_t> offset;
   Little<std::uint64_t> size;
-  Little<std::uint64_t> dataPosition;
 };
-static_assert(sizeof(IndexPiece) == 24);
+static_assert(sizeof(IndexPiece) == 16);
 
 struct JournalFoot {
   Little<std::uint64_t> checksum;
@@ -49,27 +50,51 @@ struct JournalFoot {
 };
 static_assert(sizeof(JournalFoot) == 16);
 
-/// Tells a journal that was cut or torn by a crash from a whole one, eight bytes at a time. Writer and reader must add
-/// the same spans: the head, the index, and the data in blocks.
+/// Tells a journal that was cut or torn by a crash from a whole one. Bytes are taken in groups of four words, each word
+/// into a lane of its own, which a processor works on side by side; in how many spans they come makes no difference.
 class Checksum {
  public:
   void add(std::span<const std::byte> bytes) {
-    while (bytes.size() >= sizeof(std::uint64_t)) {
-      Little<std::uint64_t> word;
-      std::memcpy(&word, bytes.data(), sizeof word);
-      mix(word);
-      bytes = bytes.subspan(sizeof word);
+    while (m_pending > 0 && !bytes.empty()) {
+      addByte(bytes.front());
+      bytes = bytes.subspan(1);
     }
-    for (const std::byte byte : bytes) mix(std::to_integer<std::uint64_t>(byte) + 1);
+    for (; bytes.size() >= sizeof(Group); bytes = bytes.subspan(sizeof(Group))) {
+      Group group;
+      std::memcpy(&group, bytes.data(), sizeof group);
+      mixGroup(group);
+    }
+    for (const std::byte byte : bytes) addByte(byte);
   }
-  std::uint64_t value() const { return m_value; }
+
+  /// Of all that was added; nothing is added afterwards.
+  std::uint64_t value() {
+    std::uint64_t result = m_pending;
+    for (const std::uint64_t lane : m_lanes) result = mixed(result, lane);
+    for (std::size_t i = 0; i < m_pending; ++i) result = mixed(result, std::to_integer<std::uint64_t>(m_started[i]));
+    return result;
+  }
 
  private:
-  void mix(std::uint64_t word) {
-    m_value = (m_value ^ word) * 0x9E3779B97F4A7C15;
-    m_value ^= m_value >> 29;
+  using Group = std::array<Little<std::uint64_t>, 4>;
+
+  static std::uint64_t mixed(std::uint64_t value, std::uint64_t word) {
+    value = (value ^ word) * 0x9E3779B97F4A7C15;
+    return value ^ (value >> 29);
   }
-  std::uint64_t m_value = 0x7472696178313936;
+  void mixGroup(const Group& group) {
+    for (std::size_t lane = 0; lane < m_lanes.size(); ++lane) m_lanes[lane] = mixed(m_lanes[lane], group[lane]);
+  }
+  void addByte(std::byte byte) {
+    m_started[m_pending++] = byte;
+    if (m_pending < m_started.size()) return;
+    mixGroup(std::bit_cast<Group>(m_started));
+    m_pending = 0;
+  }
+
+  std::array<std::uint64_t, 4> m_lanes{1, 2, 3, 4};
+  std::array<std::byte, sizeof(Group)> m_started{};  // the first m_pending of them wait for the rest of their group
+  std::size_t m_pending = 0;
 };
 
 void append(Bytes& to, std::span<const std::byte> bytes) { to.insert(to.end(), bytes.begin(), bytes.end()); }
@@ -81,7 +106,7 @@ Bytes indexOf(const std::vector<JournalFile>& files) {
     append(index, bytesOf(head));
     append(index, std::as_bytes(std::span(file.path)));
     for (const JournalPiece& piece : file.pieces) {
-      const IndexPiece entry{piece.offset, piece.size, piece.dataPosition};
+      const IndexPiece entry{piece.offset, piece.size};
       append(index, bytesOf(entry));
     }
   }
@@ -97,17 +122,17 @@ bool take(std::span<const std::byte>& bytes, T& value) {
   return true;
 }
 
-/// Reads an index, with every place in it checked. No byte of the data belongs to two pieces, so the pieces together
-/// are not larger than the data: an index can't ask for more disk than its journal takes.
+/// Reads an index, with every number in it checked. The pieces are exactly as large as the data, so an index can't ask
+/// for more disk than its journal takes.
 class IndexParser {
  public:
-  IndexParser(std::span<const std::byte> index, std::uint64_t dataSize)
-      : m_rest(index), m_dataSize(dataSize), m_unclaimed(dataSize) {}
+  IndexParser(std::span<const std::byte> index, std::uint64_t dataSize) : m_rest(index), m_dataSize(dataSize) {}
 
   std::optional<std::vector<JournalFile>> files() {
     std::vector<JournalFile> files;
     while (!m_rest.empty())
       if (!takeFile(files.emplace_back())) return std::nullopt;
+    if (m_dataTaken != m_dataSize) return std::nullopt;
     return files;
   }
 
@@ -126,14 +151,15 @@ class IndexParser {
   bool takePiece(JournalPiece& piece) {
     IndexPiece entry;
     if (!take(m_rest, entry)) return false;
-    piece = {entry.offset, entry.size, entry.dataPosition};
-    if (piece.size > m_unclaimed || piece.dataPosition > m_dataSize - piece.size) return false;
-    m_unclaimed -= piece.size;
-    return piece.size <= kLargestFile && piece.offset <= kLargestFile - piece.size;
+    piece = {entry.offset, entry.size, m_dataTaken};
+    if (piece.size > m_dataSize - m_dataTaken || piece.size > kLargestFile || piece.offset > kLargestFile - piece.size)
+      return false;
+    m_dataTaken += piece.size;
+    return true;
   }
 
   std::span<const std::byte> m_rest;
-  std::uint64_t m_dataSize, m_unclaimed;
+  std::uint64_t m_dataSize, m_dataTaken = 0;
 };
 
 template <class T>
@@ -151,7 +177,7 @@ std::optional<JournalHead> plausibleHead(const File& file) {
   return head;
 }
 
-/// Adds `size` bytes of the file to the checksum, in the blocks in which they were written.
+/// Adds `size` bytes of the file to the checksum.
 bool addData(const File& file, std::uint64_t offset, std::uint64_t size, Checksum& checksum) {
   Bytes block(std::min<std::uint64_t>(kBlock, size));
   for (std::uint64_t done = 0; done < size; done += block.size()) {
@@ -181,39 +207,27 @@ bool isJournalPath(std::string_view path) {
          isPathPart(path.substr(0, slash)) && isPathPart(path.substr(slash + 1));
 }
 
-std::span<std::byte> JournalBuffer::blockPart(std::uint64_t position, std::uint64_t size) const {
-  const std::uint64_t inBlock = position % kBlock;
-  return {m_blocks[position / kBlock].get() + inBlock, std::min<std::uint64_t>(size, kBlock - inBlock)};
-}
-
-std::uint64_t JournalBuffer::append(std::span<const std::byte> bytes) {
+std::uint64_t JournalSpans::append(std::span<const std::byte> bytes) {
   const std::uint64_t position = m_size;
+  if (!bytes.empty()) m_spans.emplace_hint(m_spans.end(), position, bytes);
   m_size += bytes.size();
-  while (m_blocks.size() * kBlock < m_size) m_blocks.push_back(std::make_unique_for_overwrite<std::byte[]>(kBlock));
-  overwrite(position, bytes);
   return position;
 }
 
-void JournalBuffer::overwrite(std::uint64_t position, std::span<const std::byte> bytes) {
-  while (!bytes.empty()) {
-    const std::span<std::byte> part = blockPart(position, bytes.size());
-    std::memcpy(part.data(), bytes.data(), part.size());
-    position += part.size();
-    bytes = bytes.subspan(part.size());
-  }
-}
-
-void JournalBuffer::read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const {
+void JournalSpans::read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const {
+  auto span = std::prev(m_spans.upper_bound(position));
   while (size > 0) {
-    const std::span<const std::byte> part = blockPart(position, size);
+    const std::uint64_t inside = position - span->first;
+    const auto part = span->second.subspan(inside, std::min<std::uint64_t>(size, span->second.size() - inside));
     visit(part);
     position += part.size();
     size -= part.size();
+    ++span;
   }
 }
 
 void writeJournal(const std::filesystem::path& journal, const std::vector<JournalFile>& files,
-                  const JournalBuffer& data) {
+                  const JournalSpans& data) {
   const Bytes index = indexOf(files);
   JournalHead head;
   head.indexSize = index.size();

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
-#include <memory>
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -22,8 +22,8 @@ namespace triaxlab {
 //    8  8  size of the index
 //   16  8  size of the data
 //   24     index: for each file  path length 2, count of pieces 4, path, and for each piece
-//          place in the file 8, size 8, place in the data 8
-//          data: the bytes of the pieces
+//          place in the file 8, size 8
+//          data: the bytes of the pieces in the order of the index
 //          checksum of all before 8, end mark "ENDTXJ1\n" 8
 //
 // A path is "folder/file" below the data folder, UTF-8; any other path makes the whole journal void, so no journal can
@@ -32,9 +32,9 @@ namespace triaxlab {
 
 inline constexpr std::string_view kJournalName = "journal";
 
-/// Some bytes of a file, and where the journal's data hold them.
+/// Some bytes of a file, and where in the journal's data they are.
 struct JournalPiece {
-  std::uint64_t offset = 0;  // in the file
+  std::uint64_t offset = 0;
   std::uint64_t size = 0;
   std::uint64_t dataPosition = 0;
 };
@@ -57,25 +57,22 @@ class JournalData {
   virtual void read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const = 0;
 };
 
-/// Bytes collected in memory for a journal. They lie in blocks, so that a large save is never copied to grow.
-class JournalBuffer : public JournalData {
+/// Bytes in memory that are to become a journal's data. They stay where they are; the owner keeps them there.
+class JournalSpans : public JournalData {
  public:
   std::uint64_t size() const { return m_size; }
-  /// Returns the position of the first byte.
+  /// Adds bytes behind those that are there and returns the position of the first.
   std::uint64_t append(std::span<const std::byte> bytes);
-  void overwrite(std::uint64_t position, std::span<const std::byte> bytes);
   void read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const override;
 
  private:
-  std::span<std::byte> blockPart(std::uint64_t position, std::uint64_t size) const;
-
-  std::vector<std::unique_ptr<std::byte[]>> m_blocks;
+  std::map<std::uint64_t, std::span<const std::byte>> m_spans;  // by position
   std::uint64_t m_size = 0;
 };
 
-/// Writes a complete journal and returns when it is on the disk.
+/// Writes a complete journal and returns when it is on the disk. The pieces of the files follow each other in the data.
 void writeJournal(const std::filesystem::path& journal, const std::vector<JournalFile>& files,
-                  const JournalBuffer& data);
+                  const JournalSpans& data);
 
 /// A journal file that was found complete.
 class FoundJournal : public JournalData {

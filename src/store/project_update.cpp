@@ -38,6 +38,11 @@ void ProjectUpdate::read(std::uint32_t position, std::span<std::byte> record) co
 }
 
 void ProjectUpdate::overwrite(std::uint32_t position, std::span<const std::byte> record) {
+  m_update.writeInPlace(m_path, recordPosition(m_info.recordSize, position), record);
+  m_written = true;
+}
+
+void ProjectUpdate::overwriteWithCopy(std::uint32_t position, std::span<const std::byte> record) {
   m_update.writeAt(m_path, recordPosition(m_info.recordSize, position), record);
   m_written = true;
 }

@@ -15,7 +15,8 @@
 namespace triaxlab {
 
 /// One project file during a save: knows which samples the file holds and writes records through the FileUpdate. The
-/// header and the end text are kept back until `finish`, since only their last state reaches the disk.
+/// header and the end text are kept back until `finish`, since only their last state reaches the disk. Records are not
+/// copied: they stay where and as they are until the update is committed.
 class ProjectUpdate {
  public:
   /// Loads head and sample index when the file exists. UserError as readProjectHead.
@@ -32,6 +33,8 @@ class ProjectUpdate {
   /// Reads a stored record over what `record` holds; a file that ends early leaves the rest.
   void read(std::uint32_t position, std::span<std::byte> record) const;
   void overwrite(std::uint32_t position, std::span<const std::byte> record);
+  /// For a record that won't stay.
+  void overwriteWithCopy(std::uint32_t position, std::span<const std::byte> record);
   /// The four places of the count end at 9999 samples.
   bool isFull() const;
   void append(std::span<const std::byte> record, std::string_view sampleNo, std::uint8_t testMethod);

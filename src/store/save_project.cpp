@@ -204,7 +204,7 @@ void TriaxialSave::mergeRow(const SaveableRow& saved, std::uint32_t position) {
   const auto stored = std::make_unique<TriaxialSampleRecord>();
   saved.files->project.read(position, writableBytesOf(*stored));
   mergeSpecimens(*stored, record);
-  saved.files->project.overwrite(position, bytesOf(*stored));
+  saved.files->project.overwriteWithCopy(position, bytesOf(*stored));
   record = *stored;
   sortSpecimens(record);
 }
