@@ -23,9 +23,9 @@ double tangentOfDegrees(double degrees);
 /// The total fit of the opening pass over `failedStages` stages: stores frictionAngle, cohesionTenths and cohesionText.
 void fitTotalEnvelope(TriaxialSampleRecord& record, int failedStages, NumberFormat cohesionFormat);
 
-/// The envelopes of the sample on display: fitted and stored, or, once adjusted by hand, read back from the record. When
-/// the circles have no such line (one centre, or a radius that grows as fast as the centre) the record keeps the results
-/// that it holds, and these are shown.
+/// The envelopes of the sample on display: fitted and stored, or, once adjusted by hand, read back from the record.
+/// When the circles have no such line (one centre, or a radius that grows as fast as the centre) the record keeps the
+/// results that it holds, and these are shown.
 Envelopes envelopesOfPage(TriaxialSampleRecord& record, NumberFormat cohesionFormat);
 
 }  // namespace triaxlab

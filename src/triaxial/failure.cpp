@@ -60,7 +60,7 @@ void blankFailureValues(TriaxialSampleRecord& record, std::size_t stage) {
 }
 
 void storeCoefficientAf(TriaxialSampleRecord& record, std::size_t stage, const Maxima& found) {
-  if (std::fabs(record.coefficientAf[stage]) >= 0.0001) return;
+  if (std::fabs(record.coefficientAf[stage]) >= kSmallestCoefficient) return;
   const double b = record.coefficientB[stage];
   if (b == 0) {
     record.coefficientAf[stage] = 0;
@@ -77,7 +77,7 @@ void storeMaxima(TriaxialSampleRecord& record, std::size_t stage, const Maxima& 
   storeOrBlank(record.failureCentre[stage], found.centreSum != 0, found.centreSum / 2);
   storeOrBlank(record.failureCentreEff[stage], found.centreSumEff != 0 && cu, found.centreSumEff / 2);
   storeOrBlank(record.sigma1Failure[stage], found.sigma1 != 0, found.sigma1);
-  if (found.sigma1 == 0) return;
+  if (found.sigma1 == 0) return;  // and sigma1', sigma3' keep what they held
   storeOrBlank(record.sigma1FailureEff[stage], cu && found.sigma1Eff >= 1, found.sigma1Eff);
   // Without a sigma3' above 0 it is sigma1' that is blanked again; sigma3' keeps what it held.
   if (cu && found.sigma3Eff > 0)

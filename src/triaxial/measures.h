@@ -18,8 +18,8 @@ inline double ReadStrain(const TriaxialSampleRecord& record, std::size_t stage, 
   return ThroughSevenDigits(record.axialStrain[row][stage]);
 }
 
-/// Whether a row takes part in a failure search: ReadStrain at or below the limit, in percent and at most 22. Seven digits
-/// move such a strain by less than the reach, so the text is made for the rows next to the limit alone.
+/// Whether a row takes part in a failure search: ReadStrain at or below the limit, in percent and at most 22. Seven
+/// digits move such a strain by less than the reach, so the text is made for the rows next to the limit alone.
 inline bool withinLimit(const TriaxialSampleRecord& record, std::size_t stage, std::size_t row, double limit) {
   constexpr double kReach = 1e-5;
   const double strain = record.axialStrain[row][stage];
@@ -27,6 +27,9 @@ inline bool withinLimit(const TriaxialSampleRecord& record, std::size_t stage, s
   if (strain > limit + kReach) return false;
   return ReadStrain(record, stage, row) <= limit;
 }
+
+/// A coefficient B or Af of a smaller magnitude counts as not yet computed.
+inline constexpr double kSmallestCoefficient = 0.0001;
 
 /// Limits of 35 to 220 tenths of a percent stand, any other becomes 150 in the record. Returns them in percent.
 PerStage<double> ClampFailureLimit(TriaxialSampleRecord& record);

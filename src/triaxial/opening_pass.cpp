@@ -12,8 +12,8 @@
 namespace triaxlab {
 namespace {
 
-/// A curve that falls below -10 kPa is turned about its lowest reading, as far as it is negative and under stress. It is
-/// not remembered that this was done: a second pass turns it again.
+/// A curve that falls below -10 kPa is turned about its lowest reading, as far as it is negative and under stress. It
+/// is not remembered that this was done: a second pass turns it again.
 void correctNegativePorePressure(TriaxialSampleRecord& record, std::size_t stage, StageCurves& curves) {
   double smallest = 100;
   for (const double u : curves.porePressure) smallest = std::min(smallest, u);
@@ -26,9 +26,8 @@ void correctNegativePorePressure(TriaxialSampleRecord& record, std::size_t stage
 }
 
 void computeCoefficientB(TriaxialSampleRecord& record, std::size_t stage) {
-  constexpr double kNotYetComputed = 0.0001;
   Little<float>& b = record.coefficientB[stage];
-  if (!(std::fabs(b) < kNotYetComputed)) return;
+  if (!(std::fabs(b) < kSmallestCoefficient)) return;
   const auto porePressure = quotient(record.consolidationPorePressure[0][stage], record.cellPressure[stage].number());
   if (porePressure) assignIf(b, toSingle(ParseNumber(FormatNumber(*porePressure / 10, NumberFormat::Hundredths))));
 }
