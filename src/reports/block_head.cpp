@@ -1,0 +1,43 @@
+#include "reports/block_head.h"
+
+#include "common/gbk.h"
+#include "triaxial/method_names.h"
+
+namespace triaxlab {
+namespace {
+
+constexpr std::size_t kTrialPitWidth = 7;  // bytes of the borehole field that hold the trial pit number
+
+/// Empty for a sample without a borehole.
+std::string boreholeLine(const LaboratoryHabits& habits, const PageLabels& labels, const SampleLocation& location) {
+  std::string_view number = location.boreholeNo.trimmed();
+  if (habits.trialPitNumber) number = Trim(cutWhole(location.boreholeNo.view(), kTrialPitWidth));
+  if (number.empty()) return {};
+  const std::string& label = habits.trialPitNumber        ? labels.trialPit
+                             : habits.printBoreholeNumber ? labels.boreholeNumber
+                                                          : labels.borehole;
+  return label + gbkToUtf8(number);
+}
+
+}  // namespace
+
+std::vector<std::string> blockHead(const Workspace& workspace, const PageLabels& labels, std::size_t row,
+                                   BlockPlace place) {
+  const TriaxialSampleRecord& record = workspace.TriaxialSampleTable.at(row);
+  const SampleLocation& location = workspace.SampleDisplayTable.at(row);
+  const LaboratoryHabits& habits = workspace.settings.habits;
+  const Toggles& toggles = workspace.settings.toggles;
+  const bool whole = place.firstOfPage || habits.methodAndDepthOnEverySample;
+
+  std::vector<std::string> lines{labels.sampleNo + gbkToUtf8(record.sampleNo.trimmed())};
+  if (std::string line = boreholeLine(habits, labels, location); !line.empty()) lines.push_back(std::move(line));
+  lines.push_back(labels.soilName + gbkToUtf8(record.soilName.trimmed()));
+  if (toggles.printDensity) lines.push_back(labels.density + gbkToUtf8(record.density.trimmed()));
+  if (toggles.printSamplingSpot) lines.push_back(labels.samplingSpot + gbkToUtf8(location.samplingSpot.trimmed()));
+  if (whole) lines.push_back(labels.samplingDepth + gbkToUtf8(location.samplingDepth.trimmed()));
+  if (const std::string method = briefTestName(record); !method.empty() && (whole || !place.pageHasSameMethod))
+    lines.push_back(labels.testMethod + method);
+  return lines;
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "reports/print_job.h"
+#include "store/workspace.h"
+
+namespace triaxlab {
+
+/// Numbers first to last, counted from 1; empty when last is below first.
+struct NumberRange {
+  int first = 1, last = 0;
+};
+
+/// The pair of numbers of a dialog as a range among `count`: a number below 1 counts as 1, one above the count as the
+/// count, and the smaller comes first.
+NumberRange rangeAmong(int from, int to, int count);
+
+/// The table rows of the samples that the job prints, in the order of the table.
+std::vector<std::size_t> chosenRows(const PrintJob& job, const Workspace& workspace);
+
+/// The pages that a job of `pageCount` pages sends.
+NumberRange chosenPages(const PrintJob& job, int pageCount);
+
+}  // namespace triaxlab
