@@ -2,20 +2,33 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <algorithm>
 
 namespace triaxlab {
+namespace {
 
-ClickLabel::ClickLabel(QWidget* parent, const QString& text) : QLabel(text, parent) {
+constexpr int kCellMargin = 2;  // pixels between a cell's text and its edges
+
+}  // namespace
+
+ClickLabel::ClickLabel(QWidget* parent, const QString& text, Look look) : QLabel(text, parent), m_look(look) {
   setTextFormat(Qt::PlainText);
   setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  if (look != Look::Caption) setContentsMargins(kCellMargin, 0, kCellMargin, 1);
+  setAutoFillBackground(look != Look::Caption);
+  setGround();
 }
 
 void ClickLabel::setMarked(bool marked) {
-  if (marked == autoFillBackground()) return;
-  setBackgroundRole(marked ? QPalette::Highlight : QPalette::NoRole);
-  setForegroundRole(marked ? QPalette::HighlightedText : QPalette::NoRole);
-  setAutoFillBackground(marked);
+  if (marked == m_marked) return;
+  m_marked = marked;
+  setGround();
+}
+
+void ClickLabel::setGround() {
+  if (m_look == Look::Caption) return;
+  const auto plain = m_look == Look::Head ? QPalette::Button : QPalette::Base;
+  setBackgroundRole(m_marked ? QPalette::Highlight : plain);
+  setForegroundRole(m_marked ? QPalette::HighlightedText : QPalette::WindowText);
 }
 
 void ClickLabel::mousePressEvent(QMouseEvent* event) {
@@ -27,12 +40,17 @@ void ClickLabel::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ClickLabel::paintEvent(QPaintEvent* event) {
+  if (m_look != Look::Caption) {
+    QPainter lines(this);
+    lines.setPen(palette().color(QPalette::Midlight));
+    lines.drawLine(rect().bottomLeft(), rect().bottomRight());
+    lines.drawLine(rect().topRight(), rect().bottomRight());
+  }
   const QRect place = contentsRect();
   const int needed = fontMetrics().size(0, text()).width();
   if (needed <= place.width()) return QLabel::paintEvent(event);
   QPainter painter(this);
   drawFrame(&painter);
-  painter.setClipRect(place);
   painter.translate(place.topLeft());
   painter.scale(place.width() / static_cast<double>(needed), 1);
   painter.setPen(palette().color(foregroundRole()));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <cstdint>
 
 namespace triaxlab {
 
@@ -9,7 +10,12 @@ class ClickLabel : public QLabel {
   Q_OBJECT
 
  public:
-  explicit ClickLabel(QWidget* parent, const QString& text = {});
+  enum class Look : std::uint8_t {
+    Caption,  // plain text on the window's ground
+    Head,     // head of a list's column
+    Cell,     // cell of a list
+  };
+  explicit ClickLabel(QWidget* parent, const QString& text = {}, Look look = Look::Caption);
 
   /// Shown on the ground of a chosen line.
   void setMarked(bool marked);
@@ -22,6 +28,12 @@ class ClickLabel : public QLabel {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void setGround();
+
+  Look m_look;
+  bool m_marked = false;
 };
 
 }  // namespace triaxlab

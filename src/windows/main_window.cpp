@@ -84,7 +84,9 @@ void MDIForm1::makeStatusBar() {
 }
 
 void MDIForm1::placeOnScreen() {
-  const QRect available = screen()->availableGeometry();
+  QRect available = screen()->availableGeometry();
+  // The platform without a display has a screen of no meaning.
+  if (QGuiApplication::platformName() == "offscreen") available.setSize(kFirstSize);
   const QSize size = kFirstSize.boundedTo(available.size());
   resize(size);
   move(available.center() - QPoint(size.width() / 2, size.height() / 2));

@@ -41,11 +41,14 @@ Form10::Form10(QWidget* parent, OverwriteSession& session)
 
 void Form10::makeLines() {
   const std::vector<std::string> headings = m_session.headings();
-  put(new ClickLabel(this, words(headings.at(0))), "Label3", linePlace(0, kNumberX, kNumberWidth));
-  put(new ClickLabel(this, words(headings.at(1))), "Label4", linePlace(0, kSampleX, kSampleWidth));
+  put(new ClickLabel(this, words(headings.at(0)), ClickLabel::Look::Head), "Label3",
+      linePlace(0, kNumberX, kNumberWidth));
+  put(new ClickLabel(this, words(headings.at(1)), ClickLabel::Look::Head), "Label4",
+      linePlace(0, kSampleX, kSampleWidth));
   for (int i = 0; i < OverwriteSession::kVisibleRows; ++i) {
     const auto label = [&](const char* name, int x, int width) {
-      auto* const made = put(new ClickLabel(this), arrayName(name, i), linePlace(i + 1, x, width));
+      auto* const made =
+          put(new ClickLabel(this, {}, ClickLabel::Look::Cell), arrayName(name, i), linePlace(i + 1, x, width));
       connect(made, &ClickLabel::clicked, this, [this, i] {
         m_session.flip(i);
         refresh();

@@ -99,8 +99,9 @@ QPushButton* CurveControls::button(const char* name, const QString& text, int x,
 void CurveControls::makeList() {
   for (int line = 0; line <= kListLines; ++line) {
     const auto at = static_cast<std::size_t>(line);
+    const auto look = line == 0 ? ClickLabel::Look::Head : ClickLabel::Look::Cell;
     const auto cell = [&](const char* name, int index, int x, int width) {
-      return put(new ClickLabel(m_window), arrayName(name, index), {x, lineY(line), width, kListPitch});
+      return put(new ClickLabel(m_window, {}, look), arrayName(name, index), {x, lineY(line), width, kListPitch});
     };
     label5.at(at) = cell("Label5", line, kNumberX, kNumberWidth);
     label1.at(2 * at) = cell("Label1", 2 * line, kProjectX, kCellWidth);
@@ -173,17 +174,19 @@ void CurveControls::makeTable() {
   command2 = button("Command2", ">>", 12150, kPagesY, kPageButtonWidth);
   for (int stage = 0; stage < static_cast<int>(kStages); ++stage) {
     auto* const head =
-        put(new ClickLabel(m_window, curve_captions::kStageColumns.at(static_cast<std::size_t>(stage))),
+        put(new ClickLabel(m_window, curve_captions::kStageColumns.at(static_cast<std::size_t>(stage)),
+                           ClickLabel::Look::Head),
             arrayName("StageHead", stage), {kStagesX + kStageWidth * stage, kStageHeadsY, kStageWidth, kTablePitch});
     head->setAlignment(Qt::AlignCenter);
   }
   for (int column = 0; column < kTableColumns; ++column)
     columnHeads.at(static_cast<std::size_t>(column)) =
-        put(new ClickLabel(m_window), arrayName("ColumnHead", column), tablePlace(column, kColumnHeadsY));
+        put(new ClickLabel(m_window, {}, ClickLabel::Look::Head), arrayName("ColumnHead", column),
+            tablePlace(column, kColumnHeadsY));
   for (int cell = 0; cell < kTableCells; ++cell) {
     const int y = kTableTop + kTablePitch * (cell / kTableColumns);
-    label2.at(static_cast<std::size_t>(cell)) =
-        put(new ClickLabel(m_window), arrayName("Label2", cell), tablePlace(cell % kTableColumns, y));
+    label2.at(static_cast<std::size_t>(cell)) = put(new ClickLabel(m_window, {}, ClickLabel::Look::Cell),
+                                                    arrayName("Label2", cell), tablePlace(cell % kTableColumns, y));
   }
   text2 = edit("Text2", {BoxName::Text2}, kTableX, kTableTop, kFirstColumnWidth);
   makeOverlay(text2);
