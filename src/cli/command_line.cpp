@@ -1,0 +1,235 @@
+#include "cli/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <charconv>
+#include <memory>
+#include <utility>
+
+namespace triaxlab::cli {
+namespace {
+
+constexpr const char* kAll = "all";
+constexpr const char* kNone = "none";
+
+template <class Number>
+bool parseNumber(std::string_view text, Number& number) {
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+  return result.ec == std::errc{} && result.ptr == text.data() + text.size();
+}
+
+/// "1,3": numbers parted by commas.
+template <class Number>
+bool parseList(std::string_view text, std::vector<Number>& numbers) {
+  numbers.clear();
+  for (std::size_t start = 0; start <= text.size();) {
+    const std::size_t comma = std::min(text.find(',', start), text.size());
+    Number number{};
+    if (!parseNumber(text.substr(start, comma - start), number)) return false;
+    numbers.push_back(number);
+    start = comma + 1;
+  }
+  return true;
+}
+
+/// "2-5", or one number for a span of one.
+bool parseSpan(std::string_view text, Span& span) {
+  const std::size_t dash = text.find('-');
+  if (dash == std::string_view::npos) return parseNumber(text, span.from) && parseNumber(text, span.to);
+  return parseNumber(text.substr(0, dash), span.from) && parseNumber(text.substr(dash + 1), span.to);
+}
+
+/// An option whose text goes through `parse`; a text that it refuses is a wrong command line. `target` outlives the
+/// parse.
+template <class Parse>
+CLI::Option* addParsed(CLI::App& app, const char* name, const char* form, const char* help, Parse parse) {
+  return app
+      .add_option_function<std::string>(
+          name,
+          [=](const std::string& text) {
+            if (!parse(text)) throw CLI::ValidationError(name, text + " is not " + form);
+          },
+          help)
+      ->type_name(form);
+}
+
+std::vector<std::string> kindNames() {
+  std::vector<std::string> names;
+  for (const ProjectKindInfo& info : kProjectKinds) names.emplace_back(info.id);
+  return names;
+}
+
+template <class Names>
+std::vector<std::string> namesOf(const Names& names) {
+  return {names.begin(), names.end()};
+}
+
+void addKind(CLI::App& app, ProjectKind& kind) {
+  app.add_option_function<std::string>(
+         "KIND", [&kind](const std::string& id) { kind = projectKindOfId(id).value_or(kind); }, "kind of project file")
+      ->required()
+      ->check(CLI::IsMember(kindNames()));
+}
+
+void addName(CLI::App& app, std::string& name) {
+  app.add_option("NAME", name, "project file, without folder")->required();
+}
+
+void addPage(CLI::App& app, std::optional<CurvePage>& page) {
+  const auto parse = [&page](const std::string& text) {
+    int number = 0;
+    if (!parseNumber(text, number) || number < 1 || number > 6) return false;
+    page = static_cast<CurvePage>(number);
+    return true;
+  };
+  addParsed(app, "--show", "PAGE of 1 to 6", "shows this curve page of every sample", parse);
+}
+
+void addSpan(CLI::App& app, const char* name, const char* form, const char* help, std::optional<Span>& target) {
+  const auto parse = [&target](const std::string& text) {
+    if (text == kAll) return true;
+    Span span;
+    if (!parseSpan(text, span)) return false;
+    target = span;
+    return true;
+  };
+  addParsed(app, name, form, help, parse);
+}
+
+// One function for each command that has arguments: its subcommand and where they go.
+
+void describe(CLI::App& app, Import& import) {
+  app.add_option("SOURCE", import.source, "source of the database")
+      ->required()
+      ->check(CLI::IsMember(namesOf(kSources)));
+  app.add_option("FILE", import.file, "database")->required();
+  const auto parseRows = [&import](const std::string& text) {
+    import.allRows = text == kAll;
+    return import.allRows || parseList(text, import.rows);
+  };
+  addParsed(app, "--rows", "all|1,3", "rows of the grid to read", parseRows);
+  app.add_flag("--keep-existing", import.keepExisting, "leaves known samples as they are stored");
+  app.add_flag("!--no-save", import.save, "leaves the files alone");
+  addPage(app, import.page);
+}
+
+void describe(CLI::App& app, Open& open) {
+  addKind(app, open.kind);
+  addName(app, open.name);
+  app.add_option("--first", open.first, "first sample of a file of more than 100");
+  app.add_option("--last", open.last, "last sample");
+  addPage(app, open.page);
+  app.add_flag("--save", open.save, "saves the samples");
+}
+
+void describe(CLI::App& app, List& list) { addKind(app, list.kind); }
+
+void describe(CLI::App& app, Samples& samples) {
+  addKind(app, samples.kind);
+  addName(app, samples.name);
+}
+
+void describe(CLI::App& app, Rewrite& rewrite) {
+  addKind(app, rewrite.kind);
+  addName(app, rewrite.name);
+  const auto parseOrder = [&rewrite](const std::string& text) {
+    return text == kNone || parseList(text, rewrite.order);
+  };
+  addParsed(app, "--order", "3,1,2|none", "samples to keep, in their new order", parseOrder)->required();
+}
+
+void describe(CLI::App& app, Show& show) {
+  addKind(app, show.kind);
+  addName(app, show.name);
+  app.add_option("--sample", show.sample, "this sample alone, from 1");
+}
+
+void describe(CLI::App& app, Results& results) {
+  addKind(app, results.kind);
+  addName(app, results.name);
+}
+
+void describe(CLI::App& app, Print& print) {
+  addKind(app, print.kind);
+  addName(app, print.name);
+  app.add_option("--layout", print.layout, "layout of the pages")->required()->check(CLI::IsMember(namesOf(kLayouts)));
+  addSpan(app, "--samples", "all|A-B", "samples to print", print.samples);
+  addSpan(app, "--pages", "A-B", "pages to print", print.pages);
+  const auto parseCurves = [&print](const std::string& text) {
+    std::vector<int> numbers;
+    if (!parseList(text, numbers)) return false;
+    if (std::any_of(numbers.begin(), numbers.end(), [](int number) { return number < 1 || number > 6; })) return false;
+    print.curves.clear();
+    for (const int number : numbers) print.curves.push_back(static_cast<CurvePage>(number));
+    return true;
+  };
+  addParsed(app, "--curves", "1,3 of 1 to 6", "curve pages to print", parseCurves);
+  app.add_option("--rows", print.rows, "curves below each other on a chart page")->check(CLI::Range(1, 30));
+  app.add_option("--columns", print.columns, "curves beside each other")->check(CLI::Range(1, 30));
+  app.add_flag("--data-sheet", print.dataSheet, "prints the table of readings");
+  app.add_option("--out", print.out, "FILE.pdf, FILE.json, or a folder for one BMP a page")->required();
+}
+
+void describe(CLI::App& app, Workbook& workbook) {
+  addName(app, workbook.name);
+  app.add_option("--out", workbook.out, "FILE.xls or FILE.xlsx")->required();
+}
+
+void describe(CLI::App&, Init&) {}
+
+/// The commands while the line is being parsed: CLI11 writes into them, so they stay where they are.
+class Subcommands {
+ public:
+  explicit Subcommands(CLI::App& app) : m_app(app) {}
+
+  template <class T>
+  void add(const char* name, const char* help) {
+    auto target = std::make_shared<T>();
+    CLI::App& subcommand = *m_app.add_subcommand(name, help);
+    describe(subcommand, *target);
+    subcommand.callback([this, target] { m_chosen = *target; });
+  }
+  const std::optional<Command>& chosen() const { return m_chosen; }
+
+ private:
+  CLI::App& m_app;
+  std::optional<Command> m_chosen;
+};
+
+}  // namespace
+
+ParsedCommandLine parseCommandLine(int argc, const char* const* argv) {
+  CLI::App app("The laboratory's triaxial tests without windows.", "triaxlab-cli");
+  CommandLine line;
+  app.add_option("--app", line.applicationFolder, "folder of the settings; by default that of the program");
+  addParsed(app, "--today", "YYYY-MM-DD", "the day taken as today", [&line](const std::string& text) {
+    line.today = parseIsoDate(text);
+    return line.today.has_value();
+  });
+  app.require_subcommand(1);
+
+  Subcommands commands(app);
+  commands.add<Init>("init", "makes the settings file and the data folders when they are missing");
+  commands.add<Import>("import", "reads a raw database and saves its samples");
+  commands.add<Open>("open", "opens a project file, and saves it again if asked");
+  commands.add<List>("list", "lists the project files of a kind");
+  commands.add<Samples>("samples", "lists the samples of a project file");
+  commands.add<Rewrite>("rewrite", "puts the samples of a project file in another order, without those left out");
+  commands.add<Show>("show", "prints the samples of a project file as JSON");
+  commands.add<Results>("results", "prints C and φ of the samples of a project file");
+  commands.add<Print>("print", "prints the samples of a project file");
+  commands.add<Workbook>("workbook", "writes the samples of a project file as a workbook");
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) return {std::nullopt, app.exit(error)};
+    const auto asked = app.get_subcommands();
+    std::cerr << error.what() << '\n' << (asked.empty() ? app.help() : asked.front()->help());
+    return {std::nullopt, kWrongCommandLine};
+  }
+  line.command = *commands.chosen();
+  return {std::move(line), kDone};
+}
+
+}  // namespace triaxlab::cli

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "common/date.h"
+#include "store/project_kinds.h"
+#include "triaxial/curve_page.h"
+
+namespace triaxlab::cli {
+
+/// Names that the command line takes. A name that this version has nothing behind is known all the same: it ends in a
+/// sentence that says so, not in the usage.
+inline constexpr std::array<std::string_view, 15> kSources{
+    "auto",           "auto-old",       "qvb98",          "new-qvb",         "manual", "win",    "win-datx", "nanjing",
+    "unconfined-kzj", "unconfined-hwx", "unconfined-win", "unconfined-datx", "k0-kgj", "k0-hgj", "tk0-hgj"};
+inline constexpr std::array<std::string_view, 10> kLayouts{
+    "three-in-one",     "chart", "single", "triaxial-table", "consolidation", "unconfined-table",
+    "unconfined-curve", "k0",    "tk0",    "tk0-curve"};
+
+/// Two numbers of which either may be the larger.
+struct Span {
+  int from = 1, to = 1;
+};
+
+// One struct for each command, with its arguments as they were given.
+
+struct Init {};
+
+struct Import {
+  std::string source;
+  std::filesystem::path file;
+  std::vector<std::size_t> rows;  // as the grid numbers them, from 1
+  bool allRows = true;
+  bool keepExisting = false;
+  bool save = true;
+  std::optional<CurvePage> page;  // shown of every sample before the save
+};
+
+struct Open {
+  ProjectKind kind;
+  std::string name;
+  std::optional<int> first, last;
+  std::optional<CurvePage> page;
+  bool save = false;
+};
+
+struct List {
+  ProjectKind kind;
+};
+
+struct Samples {
+  ProjectKind kind;
+  std::string name;
+};
+
+struct Rewrite {
+  ProjectKind kind;
+  std::string name;
+  std::vector<std::size_t> order;
+};
+
+struct Show {
+  ProjectKind kind;
+  std::string name;
+  std::optional<int> sample;  // from 1
+};
+
+struct Results {
+  ProjectKind kind;
+  std::string name;
+};
+
+struct Print {
+  ProjectKind kind;
+  std::string name;
+  std::string layout;
+  std::optional<Span> samples;  // none: all
+  std::optional<Span> pages;    // none: all
+  std::vector<CurvePage> curves{CurvePage::StressStrain, CurvePage::StressDifferenceEnvelope};
+  int rows = 1, columns = 1;
+  bool dataSheet = false;
+  std::filesystem::path out;
+};
+
+struct Workbook {
+  std::string name;
+  std::filesystem::path out;
+};
+
+using Command = std::variant<Init, Import, Open, List, Samples, Rewrite, Show, Results, Print, Workbook>;
+
+struct CommandLine {
+  std::optional<std::filesystem::path> applicationFolder;
+  std::optional<Date> today;
+  Command command;
+};
+
+}  // namespace triaxlab::cli

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "common/user_error.h"
+#include "platform/dialogs.h"
+
+namespace triaxlab::cli {
+
+/// One line on standard error; line breaks become blanks.
+void printError(std::string_view sentence);
+void printRemarks(const Remarks& remarks);
+
+/// The boxes of a program without a screen: a message goes to standard error as "[title] text". Nobody is there to
+/// answer, so a question is answered with its default and a choice counts as cancelled.
+class ConsoleDialogs : public Dialogs {
+ public:
+  void message(std::string_view title, std::string_view text, MessageIcon icon) override;
+  bool ask(std::string_view title, std::string_view text, MessageIcon icon) override;
+  std::optional<std::filesystem::path> chooseFile(const FileQuestion& question) override;
+  std::optional<std::filesystem::path> chooseFileToSave(const FileQuestion& question) override;
+  std::optional<std::string> input(std::string_view title, std::string_view prompt, std::string_view value) override;
+};
+
+}  // namespace triaxlab::cli

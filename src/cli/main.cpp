@@ -1,0 +1,43 @@
+// triaxlab-cli: the laboratory's engine without windows, for batch work.
+#include <fmt/core.h>
+
+#include <cstdio>
+#include <exception>
+#include <iostream>
+
+#include "cli/command_line.h"
+#include "cli/console_dialogs.h"
+#include "cli/program.h"
+#include "platform/files.h"
+#include "shell/start_up.h"
+
+namespace triaxlab::cli {
+namespace {
+
+int runCommandLine(const CommandLine& line) {
+  if (line.applicationFolder && !folderExists(*line.applicationFolder))
+    throw UserError(fmt::format("没有文件夹“{}”。", textOfPath(*line.applicationFolder)));
+  Workspace workspace;
+  workspace.fixedToday = line.today;
+  workspace.applicationFolder = chooseApplicationFolder(line.applicationFolder, executableFolder(), userDataFolder());
+  printRemarks(startUp(workspace));
+  const int status = run(workspace, line.command);
+  // A full disk or a closed pipe shows at the latest here.
+  if (!std::cout.flush() || std::fflush(stdout) != 0) throw UserError("结果不能写到标准输出。");
+  return status;
+}
+
+}  // namespace
+}  // namespace triaxlab::cli
+
+int main(int argc, char** argv) {
+  using namespace triaxlab;
+  try {
+    const cli::ParsedCommandLine parsed = cli::parseCommandLine(argc, argv);
+    return parsed.commandLine ? cli::runCommandLine(*parsed.commandLine) : parsed.status;
+  } catch (const std::exception& error) {
+    // A UserError has its sentence; anything else (no memory left) at least a line and the status.
+    cli::printError(error.what());
+    return cli::kFailed;
+  }
+}

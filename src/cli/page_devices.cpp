@@ -1,0 +1,56 @@
+#include "cli/page_devices.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "common/user_error.h"
+#include "platform/files.h"
+#include "platform/json_page_device.h"
+#ifdef TRIAXLAB_HAS_QT
+#include "platform/qt/page_devices.h"
+#endif
+
+namespace triaxlab::cli {
+namespace {
+
+using MakeDevice = std::unique_ptr<PageDevice> (*)(const std::filesystem::path&);
+
+#ifdef TRIAXLAB_HAS_QT
+constexpr MakeDevice makePdf = makePdfDevice;
+std::unique_ptr<PageDevice> makePictures(const std::filesystem::path& folder) { return makePictureDevice(folder); }
+#else
+std::unique_ptr<PageDevice> refuse(const std::filesystem::path& out) {
+  throw UserError(fmt::format("不能写“{}”：本程序编译时没有绘图组件，只能输出 .json 文件。", textOfPath(out)));
+}
+constexpr MakeDevice makePdf = refuse, makePictures = refuse;
+#endif
+
+struct Format {
+  std::string_view extension;
+  MakeDevice make;
+};
+constexpr std::array kFormats{Format{".pdf", makePdf}, Format{".json", makeJsonDevice}};
+
+const Format* formatOf(const std::filesystem::path& out) {
+  std::string extension = out.extension().string();
+  std::transform(extension.begin(), extension.end(), extension.begin(),
+                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+  const auto* const found = std::find_if(kFormats.begin(), kFormats.end(),
+                                         [&](const Format& format) { return format.extension == extension; });
+  return found == kFormats.end() ? nullptr : found;
+}
+
+}  // namespace
+
+bool isPictureFolder(const std::filesystem::path& out) { return formatOf(out) == nullptr; }
+
+std::unique_ptr<PageDevice> makePageDevice(const std::filesystem::path& out) {
+  const Format* const format = formatOf(out);
+  return format != nullptr ? format->make(out) : makePictures(out);
+}
+
+}  // namespace triaxlab::cli

@@ -1,0 +1,235 @@
+#include "cli/program.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "cli/command_line.h"
+#include "cli/console_dialogs.h"
+#include "cli/grid.h"
+#include "cli/page_devices.h"
+#include "cli/record_json.h"
+#include "common/gbk.h"
+#include "common/user_error.h"
+#include "importers/import_selection.h"
+#include "reports/three_in_one.h"
+#include "shell/browser_session.h"
+#include "shell/document_operations.h"
+#include "shell/ini_settings.h"
+#include "store/project_list.h"
+#include "store/save_project.h"
+#include "triaxial/method_names.h"
+
+namespace triaxlab::cli {
+namespace {
+
+[[noreturn]] void refuseForThisVersion(std::string_view what) {
+  throw UserError(fmt::format("本版本还没有{}的功能。", what));
+}
+
+/// Only the documents of the triaxial kind can be worked on so far; the files of every kind can be listed.
+void requireTriaxial(ProjectKind kind) {
+  if (kind != ProjectKind::Triaxial) refuseForThisVersion(fmt::format("处理 {} 类工程文件", infoOf(kind).id));
+}
+
+class Program {
+ public:
+  explicit Program(Workspace& workspace) : m_workspace(workspace) {}
+
+  int operator()(const Init&) { return kDone; }
+
+  int operator()(const Import& import) {
+    const Importer* const importer = importerOfId(import.source);
+    if (importer == nullptr) refuseForThisVersion(fmt::format("读入 {} 原始数据", import.source));
+    ImportSelection selection(*importer, m_workspace);
+    selection.open(import.file);
+    printRemarks(selection.remarks());
+    markRows(selection, import);
+    if (!selection.state().canRead) return kDone;  // a database without entries: nothing to import
+    printRemarks(selection.read().remarks);
+    printRemarks(importedTriaxialDocument(m_workspace));
+    if (import.page) showPageOfEverySample(m_workspace, *import.page);
+    return import.save ? save(import.keepExisting) : kDone;
+  }
+
+  int operator()(const Open& open) {
+    requireTriaxial(open.kind);
+    openDocument(open.name, [&open](int sampleCount) {
+      return SampleRange{open.first.value_or(1), open.last.value_or(sampleCount)};
+    });
+    if (open.page) showPageOfEverySample(m_workspace, *open.page);
+    return open.save ? save(false) : kDone;
+  }
+
+  int operator()(const List& list) {
+    m_workspace.openDialogKind = static_cast<std::int16_t>(list.kind);
+    const BrowserSession browser(m_workspace, m_dialogs, {});
+    const int columns = static_cast<int>(browser.columns().size());
+    GridLine headings;
+    for (const auto& column : browser.columns()) headings.push_back(column.heading);
+    printLine(headings);
+    // The window shows an empty row when there is no file; only a row with a number is one.
+    for (int row = 1; !browser.cell(row, 0).empty(); ++row) {
+      GridLine cells;
+      for (int column = 0; column < columns; ++column) cells.push_back(browser.cell(row, column));
+      printLine(cells);
+    }
+    return kDone;
+  }
+
+  int operator()(const Samples& samples) {
+    const bool withLocation = samples.kind == ProjectKind::Triaxial;
+    const LaboratoryHabits& habits = m_workspace.settings.habits;
+    const auto rows = listSamples(m_workspace, samples.kind, samples.name);
+    GridLine headings{"序号", habits.sampleNoLabel};
+    if (withLocation) {
+      headings.push_back(habits.boreholeLabel.empty() ? "钻孔编号" : habits.boreholeLabel);
+      headings.emplace_back("取土深度");
+    }
+    printLine(headings);
+    for (const SampleListRow& row : rows) {
+      GridLine cells{std::to_string(row.recordIndex + 1), row.sampleNo};
+      if (withLocation) cells.insert(cells.end(), {row.boreholeNo, row.samplingDepth});
+      printLine(cells);
+    }
+    return kDone;
+  }
+
+  int operator()(const Rewrite&) { refuseForThisVersion("重排工程文件"); }
+
+  int operator()(const Show& show) {
+    requireTriaxial(show.kind);
+    // Of a large file the one sample alone is read; it then stands in the first row.
+    std::size_t firstRow = 0;
+    openDocument(show.name, [&](int sampleCount) {
+      if (!show.sample || *show.sample < 1 || *show.sample > sampleCount) return SampleRange{1, sampleCount};
+      firstRow = static_cast<std::size_t>(*show.sample - 1);
+      return SampleRange{*show.sample, *show.sample};
+    });
+    printDocument(show, firstRow);
+    return kDone;
+  }
+
+  int operator()(const Results& results) {
+    requireTriaxial(results.kind);
+    openDocument(results.name, {});
+    printLine({m_workspace.settings.habits.sampleNoLabel, "方法", "围压 kPa", "C kPa", "φ °", "C′ kPa", "φ′ °"});
+    for (const TriaxialSampleRecord& record : m_workspace.TriaxialSampleTable)
+      if (isLive(record)) printLine(resultLine(record));
+    return kDone;
+  }
+
+  int operator()(const Print& print) {
+    requireTriaxial(print.kind);
+    if (print.layout != "three-in-one") refuseForThisVersion(fmt::format("打印 {} 版式", print.layout));
+    openDocument(print.name, {});
+    printRemarks(ReadIniSettings(m_workspace));
+    const PrintJob job = printJob(print);
+    if (threeInOnePageCount(job, m_workspace) == 0)
+      throw UserError(fmt::format("“{}”中没有可打印的试样或曲线。", print.name));
+    runThreeInOne(job, m_workspace, *makePageDevice(print.out));
+    return kDone;
+  }
+
+  int operator()(const Workbook&) { refuseForThisVersion("输出工作簿"); }
+
+ private:
+  void markRows(ImportSelection& selection, const Import& import) {
+    std::vector<std::size_t> rows = import.rows;
+    if (import.allRows)
+      for (std::size_t row = 1; row <= selection.rowCount(); ++row) rows.push_back(row);
+    for (const std::size_t row : rows) {
+      if (row == 0 || row > selection.rowCount())
+        throw UserError(fmt::format("文件“{}”中没有第{}行，数据没有读入。", textOfPath(import.file), row));
+      if (!selection.isMarked(row)) selection.toggleMark(row, m_dialogs);
+    }
+  }
+
+  void openDocument(std::string_view name, const RangeChooser& chooseRange) {
+    printRemarks(openTriaxialDocument(m_workspace, name, chooseRange));
+  }
+
+  int save(bool keepExisting) {
+    const SaveReport report =
+        saveTriaxial(m_workspace, [=](Workspace& workspace, const std::vector<KnownSample>& known) {
+          for (const KnownSample& sample : known) workspace.keepExisting[sample.row] = keepExisting;
+        });
+    m_dialogs.message(report.title, report.message, MessageIcon::None);
+    printRemarks(report.remarks);
+    printRemarks(report.errors);
+    return report.errors.empty() ? kDone : kFailed;
+  }
+
+  /// Written sample by sample: a full table as one tree would take gigabytes.
+  void printDocument(const Show& show, std::size_t firstRow) {
+    const auto& table = m_workspace.TriaxialSampleTable;
+    if (show.sample && !hasSample(*show.sample, firstRow))
+      throw UserError(fmt::format("文件“{}”中没有第{}个试样。", show.name, *show.sample));
+    std::cout << R"({"kind": "triaxial", "file": )" << nlohmann::json(show.name).dump() << R"(, "header": )"
+              << jsonOf(m_workspace.projectHeader).dump() << R"(, "controlledDocNo": )"
+              << nlohmann::json(jsonText(m_workspace.controlledDocNo.view())).dump() << ", \"samples\": [";
+    const char* separator = "";
+    for (std::size_t row = 0; row < table.size(); ++row) {
+      const std::size_t fileRow = firstRow + row;
+      if (!isLive(table[row]) || (show.sample && fileRow + 1 != static_cast<std::size_t>(*show.sample))) continue;
+      std::cout << separator << '\n' << jsonOf(fileRow, table[row], m_workspace.SampleDisplayTable[row]).dump();
+      separator = ",";
+    }
+    std::cout << "]}\n";
+  }
+
+  bool hasSample(int number, std::size_t firstRow) const {
+    if (number < 1) return false;
+    const std::size_t row = static_cast<std::size_t>(number) - 1 - firstRow;
+    return row < kTableRows && isLive(m_workspace.TriaxialSampleTable[row]);
+  }
+
+  static GridLine resultLine(const TriaxialSampleRecord& record) {
+    std::string pressures;
+    for (const FixedText<6>& pressure : record.cellPressure) {
+      if (pressure.number() == 0) continue;
+      if (!pressures.empty()) pressures += ", ";
+      pressures += pressure.trimmed();
+    }
+    GridLine line{gbkToUtf8(record.sampleNo.trimmed()), std::string(methodNames(record).abbreviation), pressures};
+    const auto addPair = [&line](const FixedText<9>& cohesion, float angle, bool exists) {
+      line.push_back(exists ? std::string(cohesion.trimmed()) : "");
+      line.push_back(exists ? FormatNumber(angle, NumberFormat::Tenths) : "");
+    };
+    addPair(record.cohesionText, record.frictionAngle, record.frictionAngle != 0 || record.cohesionTenths != 0);
+    addPair(record.cohesionEffText, record.frictionAngleEff,
+            record.testMethod == kCU && (record.frictionAngleEff != 0 || record.cohesionEffTenths != 0));
+    return line;
+  }
+
+  PrintJob printJob(const Print& print) const {
+    PrintJob job = defaultPrintJob(m_workspace.settings);
+    job.curves = print.curves;
+    job.printToPicture = isPictureFolder(print.out);
+    const auto put = [](const std::optional<Span>& span, std::int16_t& from, std::int16_t& to) {
+      const auto limited = [](int number) { return static_cast<std::int16_t>(std::clamp(number, 1, 32767)); };
+      from = limited(span->from);
+      to = limited(span->to);
+    };
+    if (print.samples) {
+      job.scope = PrintScope::Range;
+      put(print.samples, job.printRangeFrom, job.printRangeTo);
+      if (print.pages) put(print.pages, job.printAuxFrom, job.printAuxTo);
+    } else if (print.pages) {
+      job.scope = PrintScope::Pages;
+      put(print.pages, job.printRangeFrom, job.printRangeTo);
+    }
+    return job;
+  }
+
+  Workspace& m_workspace;
+  ConsoleDialogs m_dialogs;
+};
+
+}  // namespace
+
+int run(Workspace& workspace, const Command& command) { return std::visit(Program(workspace), command); }
+
+}  // namespace triaxlab::cli
