@@ -1,0 +1,97 @@
+#include "shell/document_operations.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "shell/lab.h"
+
+namespace triaxlab {
+namespace {
+
+using testing::Lab;
+using testing::sample;
+
+const RangeChooser kWholeFile = [](int count) { return SampleRange{1, count}; };
+
+/// A CU sample of two stages whose peaks are 60 kPa at 100 kPa and 100 kPa at 200 kPa, without pore pressure.
+TriaxialSampleRecord twoStages(std::string_view sampleNo) {
+  TriaxialSampleRecord record = sample("P1", sampleNo, kCU);
+  SetText(record.cellPressure[1], "200");
+  SetText(record.deviatorStress[0][1], "100");
+  record.axialStrain[0][1] = 2.0F;
+  return record;
+}
+
+TEST(DocumentOperations, AnOpenedDocumentIsReduced) {
+  Lab lab;
+  lab.writeProject("P1", {sample("P1", "A-1"), sample("P1", "A-2")});
+  lab.folder.write("esz.ini", *utf8ToGbkExactly("[工程名称]=[Job]"));
+  EXPECT_EQ(openTriaxialDocument(lab.workspace, "WKSZP1.txt", kWholeFile), Remarks{});
+  for (const std::size_t row : {0, 1}) {
+    const TriaxialSampleRecord& record = lab.workspace.TriaxialSampleTable[row];
+    EXPECT_EQ(record.failureRadius[0].trimmed(), "30");   // 60 / 2
+    EXPECT_EQ(record.failureCentre[0].trimmed(), "130");  // (2 x 100 + 60) / 2
+  }
+  EXPECT_EQ(lab.workspace.settings.english.projectName, "Job");
+}
+
+TEST(DocumentOperations, AFileThatIsRefusedLeavesEverythingAsItWas) {
+  Lab lab;
+  lab.folder.write("HSZS/WKSZP1.txt", "short");
+  lab.workspace.TriaxialSampleTable[0] = sample("P9", "A-1");
+  SetText(lab.workspace.processingDate.year, "2012");
+  EXPECT_THROW(openTriaxialDocument(lab.workspace, "WKSZP1.txt", kWholeFile), UserError);
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].projectNo.trimmed(), "P9");
+  EXPECT_TRUE(lab.workspace.TriaxialSampleTable[0].failureRadius[0].isBlank()) << "not reduced either";
+  EXPECT_EQ(lab.workspace.processingDate.year.trimmed(), "2012");
+}
+
+TEST(DocumentOperations, ADamagedSummaryFileIsARemark) {
+  Lab lab;
+  lab.writeProject("P1", {sample("P1", "A-1")});
+  lab.folder.write("ZMSJ/khzp1.txt", "short");
+  const Remarks remarks = openTriaxialDocument(lab.workspace, "WKSZP1.txt", kWholeFile);
+  ASSERT_EQ(remarks.size(), 1U);
+  EXPECT_NE(remarks[0].find("khzp1.txt"), std::string::npos) << remarks[0];
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].failureRadius[0].trimmed(), "30");
+}
+
+TEST(DocumentOperations, AnImportIsReducedAndDropsTheDocumentNumber) {
+  Lab lab;
+  lab.workspace.TriaxialSampleTable[0] = sample("P1", "A-1");
+  lab.workspace.rawImportPending = true;
+  SetText(lab.workspace.controlledDocNo, "QR-07");
+  EXPECT_EQ(importedTriaxialDocument(lab.workspace), Remarks{});
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].failureRadius[0].trimmed(), "30");
+  EXPECT_TRUE(lab.workspace.controlledDocNo.isBlank());
+  EXPECT_TRUE(lab.workspace.rawImportPending);
+}
+
+TEST(DocumentOperations, ShowingAPageFindsTheEffectiveEnvelopeOfEverySample) {
+  Lab lab;
+  lab.workspace.settings.habits.cohesionDecimals = 1;
+  lab.workspace.TriaxialSampleTable[0] = twoStages("A-1");
+  lab.workspace.TriaxialSampleTable[1000] = twoStages("A-2");
+  importedTriaxialDocument(lab.workspace);
+  // Centres 130 and 250, radii 30 and 50: slope a = 20 / 120, C = (50 - 250 sin) / cos with sin = a, so
+  // (50 - 41.6667) / 0.986013 = 8.4515.
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].cohesionText.trimmed(), "8.5")
+      << "the opening fits the total stresses";
+  EXPECT_TRUE(lab.workspace.TriaxialSampleTable[0].cohesionEffText.isBlank());
+  showPageOfEverySample(lab.workspace, CurvePage::StressDifferenceEnvelope);
+  // Without pore pressure the effective stresses are the total ones.
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].cohesionEffText.trimmed(), "8.5");
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[1000].cohesionEffText.trimmed(), "8.5");
+}
+
+TEST(DocumentOperations, ShowingAPagePassesOverEmptySlots) {
+  Lab lab;
+  lab.workspace.TriaxialSampleTable[3] = twoStages("");
+  const TriaxialSampleRecord before = lab.workspace.TriaxialSampleTable[3];
+  showPageOfEverySample(lab.workspace, CurvePage::StressDifferenceEnvelope);
+  EXPECT_TRUE(std::ranges::equal(bytesOf(lab.workspace.TriaxialSampleTable[3]), bytesOf(before)));
+}
+
+}  // namespace
+}  // namespace triaxlab

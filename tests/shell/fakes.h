@@ -1,0 +1,111 @@
+#pragma once
+
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/dialogs.h"
+#include "shell/browser_session.h"
+#include "shell/overwrite_session.h"
+#include "shell/range_dialog.h"
+#include "shell/shell_session.h"
+#include "shell/shell_windows.h"
+
+namespace triaxlab::testing {
+
+/// Boxes are noted down as "[title] text", those with a stop mark as "stop [title] text"; questions are answered from
+/// a queue.
+class FakeDialogs : public Dialogs {
+ public:
+  std::vector<std::string> shown;
+  std::deque<bool> answers;
+
+  void message(std::string_view title, std::string_view text, MessageIcon icon) override { note(title, text, icon); }
+  bool ask(std::string_view title, std::string_view text, MessageIcon icon) override {
+    note(title, text, icon);
+    if (answers.empty()) throw std::logic_error("a question without an answer: " + shown.back());
+    const bool answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+  std::optional<std::filesystem::path> chooseFile(const FileQuestion&) override { return std::nullopt; }
+  std::optional<std::filesystem::path> chooseFileToSave(const FileQuestion&) override { return std::nullopt; }
+  std::optional<std::string> input(std::string_view, std::string_view, std::string_view) override {
+    return std::nullopt;
+  }
+
+  std::vector<std::string> take() { return std::exchange(shown, {}); }
+
+ private:
+  void note(std::string_view title, std::string_view text, MessageIcon icon) {
+    shown.push_back((icon == MessageIcon::Stop ? "stop [" : "[") + std::string(title) + "] " + std::string(text));
+  }
+};
+
+/// A document window that only knows whether it was changed.
+class FakeDocument : public CurveDocument {
+ public:
+  bool changed = false;
+  CurvePage page = CurvePage::StressStrain;
+  EnvelopeEntries envelopes;
+
+  bool asksToSave(Dialogs& dialogs) const override {
+    return changed && dialogs.ask("保存三轴数据", "   数据已修改\n保存修改后数据吗？", MessageIcon::None);
+  }
+  void markSaved() override { changed = false; }
+  std::array<std::string, 2> statusPanels() const override { return {"工程编号:P1", "试验日期:2024/05/06"}; }
+  void showPage(CurvePage wanted) override { page = wanted; }
+  EnvelopeEntries envelopeEntries() const override { return envelopes; }
+};
+
+/// Notes what is shown. A dialog does what the test has put into its function.
+class FakeWindows : public ShellWindows {
+ public:
+  std::vector<std::string> shown;
+  std::function<void(BrowserSession&)> inBrowser = [](BrowserSession&) {};
+  std::function<void(RangeDialog&)> inRangeDialog = [](RangeDialog&) {};
+  std::function<void(OverwriteSession&)> inOverwriteDialog = [](OverwriteSession&) {};
+  std::function<std::optional<Remarks>()> inImporter = []() -> std::optional<Remarks> { return std::nullopt; };
+  std::optional<FakeDocument> form1;
+  int refreshes = 0;
+
+  void showBrowser(BrowserSession& session) override {
+    shown.emplace_back("OPENFORM");
+    inBrowser(session);
+  }
+  void showRangeDialog(RangeDialog& dialog) override {
+    shown.emplace_back("Form21");
+    inRangeDialog(dialog);
+  }
+  void showOverwriteDialog(OverwriteSession& session) override {
+    shown.emplace_back("Form10");
+    inOverwriteDialog(session);
+  }
+  void showPrintDialog(std::string_view form) override { shown.emplace_back(form); }
+  std::optional<Remarks> showImporter(std::string_view form) override {
+    shown.emplace_back(form);
+    return inImporter();
+  }
+  void showDocument(ActiveDocument document) override {
+    shown.push_back("load " + std::to_string(document));
+    form1.emplace();
+  }
+  void raiseDocument(ActiveDocument document) override { shown.push_back("raise " + std::to_string(document)); }
+  std::vector<ActiveDocument> loadedDocuments() const override {
+    return form1 ? std::vector{kForm1} : std::vector<ActiveDocument>{};
+  }
+  DocumentWindow* document(ActiveDocument document) override { return form1 && document == kForm1 ? &*form1 : nullptr; }
+  CurveDocument* curveDocument() override { return form1 ? &*form1 : nullptr; }
+  void refresh() override { ++refreshes; }
+  void endProgram() override { shown.emplace_back("end"); }
+
+  std::vector<std::string> take() { return std::exchange(shown, {}); }
+};
+
+}  // namespace triaxlab::testing

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/gbk.h"
+#include "platform/files.h"
+#include "shell/start_up.h"
+#include "store/project_header.h"
+#include "store/workspace.h"
+#include "support/temporary_folder.h"
+#include "triaxial/record.h"
+
+namespace triaxlab::testing {
+
+inline void append(std::string& to, std::span<const std::byte> bytes) {
+  to.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+}
+
+/// A live sample with one stage of 100 kPa cell pressure and a peak of 60 kPa at 3 %.
+inline TriaxialSampleRecord sample(std::string_view projectNo, std::string_view sampleNo, TestMethod method = kUU) {
+  TriaxialSampleRecord record;
+  SetText(record.projectNo, projectNo);
+  SetText(record.sampleNo, sampleNo);
+  record.testMethod = method;
+  record.shearMode = 1;
+  SetText(record.cellPressure[0], "100");
+  SetText(record.deviatorStress[0][0], "40");
+  record.axialStrain[0][0] = 1.0F;
+  SetText(record.deviatorStress[1][0], "60");
+  record.axialStrain[1][0] = 3.0F;
+  return record;
+}
+
+/// A laboratory on disk after its first start: application and data folder in one.
+class Lab {
+ public:
+  Lab() {
+    workspace.applicationFolder = folder.path();
+    startUp(workspace);
+    workspace.fixedToday = Date{2024, 5, 6};
+  }
+
+  /// Writes HSZS\WKSZ<projectNo>.txt. `projectNo` in GBK.
+  void writeProject(std::string_view projectNo, const std::vector<TriaxialSampleRecord>& samples) const {
+    ProjectHeader header;
+    SetText(header.sampleCount, FormatPadded(static_cast<int>(samples.size()), 4));
+    SetText(header.projectNo, projectNo);
+    SetText(header.createdDate, "2024/01/02");
+    SetText(header.processedDate, "2024/03/04");
+    SetText(header.testDate, "2024/01/01");
+    SetText(header.operatorName, "Wang");
+    SetText(header.versionTag, "V2.0");
+    std::string bytes;
+    append(bytes, bytesOf(header));
+    for (const TriaxialSampleRecord& record : samples) append(bytes, bytesOf(record));
+    bytes.append(100, ' ');
+    folder.write("HSZS/WKSZ" + gbkToUtf8(projectNo) + ".txt", bytes);
+  }
+  bool hasProject(const std::string& projectNo) const {
+    return fileExists(folder.path() / "HSZS" / ("WKSZ" + projectNo + ".txt"));
+  }
+
+  TemporaryFolder folder;
+  Workspace workspace;
+};
+
+}  // namespace triaxlab::testing

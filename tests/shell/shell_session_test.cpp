@@ -1,0 +1,496 @@
+#include "shell/shell_session.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+#include <thread>
+
+#include "shell/fakes.h"
+#include "shell/lab.h"
+
+namespace triaxlab {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::FakeDialogs;
+using testing::FakeWindows;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using testing::Lab;
+using testing::sample;
+
+constexpr const char* kQuestion = "[保存三轴数据]    数据已修改\n保存修改后数据吗？";
+constexpr const char* kSaved = "[保存数据] 三轴试验数据保存完毕";
+
+class Shell : public ::testing::Test {
+ protected:
+  bool isOn(std::string_view name) const { return shell.commandState(*findCommand(name)).enabled; }
+  /// Form1 with one sample of project P1.
+  void openDocument() {
+    lab.workspace.TriaxialSampleTable[0] = sample("P1", "A-1");
+    windows.form1.emplace();
+    shell.documentActivated(kForm1);
+  }
+  void openChangedDocument() {
+    openDocument();
+    windows.form1->changed = true;
+  }
+  /// From now on nothing can be saved.
+  void loseDataFolder() { lab.workspace.dataFolder = lab.folder.path() / "gone"; }
+
+  Lab lab;
+  FakeDialogs dialogs;
+  FakeWindows windows;
+  ShellSession shell{lab.workspace, dialogs, windows};
+};
+
+// ---- Triggering
+
+TEST_F(Shell, AnUnknownCommandOrOneThatIsOffDoesNothing) {
+  for (const char* name : {"NOSUCH", "", "QUXIAN", "ZMPRINT", "RZMSAVE", "ZMOPEN0", "PTK0", "SAMETY", "RZMYULAN"})
+    EXPECT_FALSE(shell.trigger(name)) << name;
+  EXPECT_THAT(windows.shown, IsEmpty());
+  EXPECT_THAT(dialogs.shown, IsEmpty());
+}
+
+TEST_F(Shell, HeadingsAndThisProgramAreThereAndDoNothing) {
+  for (const char* name : {"RZMFILE", "DAKAI", "RZMSZ"}) EXPECT_TRUE(shell.trigger(name)) << name;
+  EXPECT_THAT(windows.shown, IsEmpty());
+}
+
+TEST_F(Shell, EveryCommandThatIsBuiltAndOnDoesItsWork) {
+  for (const Command& command : commandTable()) {
+    if (command.action == Action::None || command.action == Action::StartThisProgram || !command.built) continue;
+    if (command.action == Action::Import || command.action == Action::StartTool) continue;  // off or outside
+    openDocument();
+    windows.form1->envelopes.ratioEnabled = true;
+    EXPECT_TRUE(shell.trigger(command.name)) << command.name;
+    EXPECT_FALSE(windows.take().empty() && dialogs.take().empty()) << command.name;
+  }
+}
+
+TEST_F(Shell, AnErrorEndsTheCommandAndIsShownOnce) {
+  windows.inImporter = []() -> std::optional<Remarks> { throw UserError("读入原始数据", "文件坏了。"); };
+  EXPECT_TRUE(shell.trigger("NEWSZ"));
+  EXPECT_THAT(dialogs.take(), ElementsAre("stop [读入原始数据] 文件坏了。"));
+  EXPECT_THAT(windows.take(), ElementsAre("OPENFORM0"));
+}
+
+TEST_F(Shell, AnErrorWithoutATitleHasTheProgramsTitle) {
+  EXPECT_FALSE(shell.run([] { throw UserError("磁盘已满。"); }));
+  EXPECT_THAT(dialogs.take(), ElementsAre("stop [QVB三轴试验数据处理] 磁盘已满。"));
+  EXPECT_TRUE(shell.run([] {}));
+}
+
+// ---- Which document is active
+
+TEST_F(Shell, TheWindowInFrontDecidesWhatCommandsActOn) {
+  for (const ActiveDocument document : {kForm1, kForm2, kForm7, kForm4, kForm6, kForm9}) {
+    shell.documentActivated(document);
+    EXPECT_EQ(lab.workspace.activeDocument, document);
+  }
+}
+
+TEST_F(Shell, ThreeWindowsLeaveTheirNumberBehindAndThreeDoNot) {
+  for (const ActiveDocument document : {kForm1, kForm2, kForm7, kForm4, kForm6, kForm9}) {
+    shell.documentActivated(document);
+    shell.documentClosed(document);
+    const bool keeps = document == kForm1 || document == kForm2 || document == kForm7;
+    EXPECT_EQ(lab.workspace.activeDocument, keeps ? document : kNoDocument);
+  }
+}
+
+TEST_F(Shell, TheMenuFollowsTheDocument) {
+  EXPECT_TRUE(isOn("NEWSZ"));
+  EXPECT_FALSE(isOn("QUXIAN1"));
+  openDocument();
+  EXPECT_FALSE(isOn("NEWSZ"));
+  EXPECT_TRUE(isOn("QUXIAN1"));
+  EXPECT_GT(windows.refreshes, 0);
+  windows.form1.reset();
+  shell.documentClosed(kForm1);
+  EXPECT_TRUE(isOn("NEWSZ"));
+  EXPECT_FALSE(isOn("QUXIAN1"));
+}
+
+// ---- NEW
+
+TEST_F(Shell, NewShowsAnEmptyDocument) {
+  Workspace& workspace = lab.workspace;
+  workspace.TriaxialSampleTable[1000] = sample("P1", "A-1");
+  SetText(workspace.SampleDisplayTable[3].boreholeNo, "ZK1");
+  SetText(workspace.ProjectDateTable[100].projectNo, "P1");
+  SetText(workspace.processingDate.year, "2012");
+  SetText(workspace.controlledDocNo, "QR-07");
+  workspace.projectName.text = "name";
+  workspace.secondTitleLine.text = "line";
+  workspace.rawImportPending = true;
+
+  EXPECT_TRUE(shell.trigger("NEW"));
+
+  EXPECT_THAT(windows.take(), ElementsAre("load 1"));
+  EXPECT_FALSE(isLive(workspace.TriaxialSampleTable[1000]));
+  EXPECT_EQ(workspace.SampleDisplayTable[3], SampleLocation{});
+  EXPECT_EQ(workspace.ProjectDateTable[100], ProjectDate{});
+  EXPECT_FALSE(workspace.processingDate.isSet());
+  EXPECT_TRUE(workspace.controlledDocNo.isBlank());
+  EXPECT_EQ(workspace.projectName.text + workspace.secondTitleLine.text, "");
+  EXPECT_FALSE(workspace.rawImportPending);
+  EXPECT_EQ(workspace.activeDocument, kForm1);
+  EXPECT_TRUE(isOn("QUXIAN"));
+}
+
+TEST_F(Shell, NewReadsTheEnglishLabels) {
+  lab.folder.write("esz.ini", *utf8ToGbkExactly("[工程编号]=[Job]"));
+  shell.trigger("NEW");
+  EXPECT_EQ(lab.workspace.settings.english.projectNo, "Job");
+}
+
+TEST_F(Shell, NewAsksAboutUnsavedChangesAndGoesOnAfterEitherAnswer) {
+  for (const bool answer : {true, false}) {
+    openChangedDocument();
+    dialogs.answers = {answer};
+    shell.trigger("NEW");
+    if (answer)
+      EXPECT_THAT(dialogs.take(), ElementsAre(kQuestion, kSaved));
+    else
+      EXPECT_THAT(dialogs.take(), ElementsAre(kQuestion));
+    EXPECT_TRUE(lab.hasProject("P1")) << "saved by the first answer";
+    EXPECT_FALSE(isLive(lab.workspace.TriaxialSampleTable[0]));
+  }
+}
+
+TEST_F(Shell, NewWithoutChangesAsksNothing) {
+  openDocument();
+  shell.trigger("NEW");
+  EXPECT_THAT(dialogs.shown, IsEmpty());
+  EXPECT_FALSE(lab.hasProject("P1"));
+}
+
+TEST_F(Shell, ADocumentWhoseSaveFailedIsNotReplaced) {
+  openChangedDocument();
+  loseDataFolder();
+  dialogs.answers = {true, true};
+  shell.trigger("NEW");
+  EXPECT_TRUE(isLive(lab.workspace.TriaxialSampleTable[0]));
+  shell.trigger("ZMOPEN");
+  EXPECT_THAT(windows.take(), IsEmpty());
+  ASSERT_EQ(dialogs.shown.size(), 4U);
+  EXPECT_THAT(dialogs.shown[1], HasSubstr("stop [QVB三轴试验数据处理]"));
+  EXPECT_TRUE(windows.form1->changed);
+}
+
+// ---- Opening a project
+
+TEST_F(Shell, AnOpenedProjectIsShown) {
+  lab.writeProject("P7", {sample("P7", "A-1"), sample("P7", "A-2")});
+  windows.inBrowser = [](BrowserSession& browser) { EXPECT_TRUE(browser.open()); };
+  EXPECT_TRUE(shell.trigger("ZMOPEN"));
+  EXPECT_THAT(windows.take(), ElementsAre("OPENFORM", "load 1"));
+  EXPECT_THAT(dialogs.shown, IsEmpty());
+  EXPECT_EQ(lab.workspace.openDialogKind, 1);
+  EXPECT_EQ(lab.workspace.activeDocument, kForm1);
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[1].sampleNo.trimmed(), "A-2");
+  EXPECT_TRUE(isOn("ZMPRINT"));
+}
+
+TEST_F(Shell, LeavingTheBrowserChangesNothing) {
+  lab.writeProject("P7", {sample("P7", "A-1")});
+  openDocument();
+  shell.trigger("ZMOPEN");
+  EXPECT_THAT(windows.take(), ElementsAre("OPENFORM"));
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].projectNo.trimmed(), "P1");
+}
+
+TEST_F(Shell, TheBrowserAsksAboutUnsavedChangesFirst) {
+  openChangedDocument();
+  dialogs.answers = {false};
+  windows.inBrowser = [&](BrowserSession&) { EXPECT_THAT(dialogs.shown, ElementsAre(kQuestion)); };
+  shell.trigger("ZMOPEN");
+  EXPECT_THAT(windows.take(), ElementsAre("OPENFORM"));
+}
+
+TEST_F(Shell, ALargeProjectAsksForTheRange) {
+  std::vector<TriaxialSampleRecord> samples;
+  for (int i = 1; i <= 101; ++i) samples.push_back(sample("P7", std::to_string(i)));
+  lab.writeProject("P7", samples);
+  windows.inBrowser = [](BrowserSession& browser) { browser.open(); };
+  windows.inRangeDialog = [](RangeDialog& range) {
+    EXPECT_EQ(range.first, "1");
+    EXPECT_EQ(range.last, "101");
+    range.first = "7";
+    range.last = "5";
+  };
+  shell.trigger("ZMOPEN");
+  EXPECT_THAT(windows.take(), ElementsAre("OPENFORM", "Form21", "load 1"));
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].sampleNo.trimmed(), "5");
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[2].sampleNo.trimmed(), "7");
+  EXPECT_FALSE(isLive(lab.workspace.TriaxialSampleTable[3]));
+}
+
+TEST_F(Shell, RemarksStandInTheStatusBarUntilTheNextCommand) {
+  lab.writeProject("P7", {sample("P7", "A-1")});
+  const auto file = lab.folder.path() / "HSZS" / "WKSZP7.txt";
+  std::filesystem::resize_file(file, 81 + 100);  // the record is cut short
+  windows.inBrowser = [](BrowserSession& browser) { browser.open(); };
+  shell.trigger("ZMOPEN");
+  EXPECT_THAT(shell.statusTexts()[0], HasSubstr("WKSZP7.txt"));
+  windows.inBrowser = [](BrowserSession&) {};
+  shell.trigger("ZMOPEN");
+  EXPECT_EQ(shell.statusTexts()[0], "就绪");
+}
+
+// ---- Importers
+
+TEST_F(Shell, AnImportIsPreparedAndShown) {
+  windows.inImporter = [&]() -> std::optional<Remarks> {
+    lab.workspace.TriaxialSampleTable[0] = sample("P1", "A-1");
+    lab.workspace.rawImportPending = true;
+    return Remarks{"第 3 组不完整。"};
+  };
+  SetText(lab.workspace.controlledDocNo, "QR-07");
+  EXPECT_TRUE(shell.trigger("OLDSZ1"));
+  EXPECT_THAT(windows.take(), ElementsAre("OPENFORM0OLD", "load 1"));
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].sigma1Failure[0].trimmed(), "160") << "100 + 60, by the opening pass";
+  EXPECT_TRUE(lab.workspace.controlledDocNo.isBlank());
+  EXPECT_EQ(shell.statusTexts()[0], "第 3 组不完整。");
+}
+
+TEST_F(Shell, AnImporterLeftWithoutWorkChangesNothing) {
+  shell.trigger("NEWSZ");
+  EXPECT_THAT(windows.take(), ElementsAre("OPENFORM0"));
+  EXPECT_EQ(lab.workspace.activeDocument, kNoDocument);
+}
+
+// ---- Save
+
+TEST_F(Shell, SaveSaysSoAndClearsTheMark) {
+  openChangedDocument();
+  EXPECT_TRUE(shell.trigger("RZMSAVE"));
+  EXPECT_THAT(dialogs.take(), ElementsAre(kSaved));
+  EXPECT_TRUE(lab.hasProject("P1"));
+  EXPECT_FALSE(windows.form1->changed);
+  EXPECT_THAT(windows.take(), IsEmpty()) << "nothing was imported, so nothing is asked";
+}
+
+TEST_F(Shell, SaveWithoutADocumentSavesTheTriaxialTable) {
+  EXPECT_TRUE(shell.trigger("ZMSAVE"));
+  EXPECT_THAT(dialogs.take(), ElementsAre(kSaved)) << "also when there is nothing to write";
+  EXPECT_TRUE(std::filesystem::is_empty(lab.folder.path() / "HSZS"));
+
+  openDocument();
+  windows.form1.reset();
+  shell.documentClosed(kForm1);
+  EXPECT_TRUE(shell.trigger("ZMSAVE"));
+  EXPECT_TRUE(lab.hasProject("P1")) << "the table outlives its window";
+}
+
+TEST_F(Shell, ASaveOfAnImportAsksAboutKnownSamplesEachTime) {
+  lab.writeProject("P1", {sample("P1", "A-1")});
+  openDocument();
+  lab.workspace.TriaxialSampleTable[1] = sample("P1", "A-2");
+  lab.workspace.rawImportPending = true;
+  windows.inOverwriteDialog = [](OverwriteSession& session) {
+    ASSERT_EQ(session.rowCount(), 1);
+    EXPECT_EQ(session.line(0).sampleNo, "A-1");
+    EXPECT_EQ(session.line(0).answer, "覆盖") << "the first state, whatever was answered before";
+    session.keepAll();
+  };
+  shell.trigger("ZMSAVE");
+  EXPECT_THAT(windows.take(), ElementsAre("Form10"));
+  EXPECT_TRUE(lab.workspace.rawImportPending);
+
+  windows.inOverwriteDialog = [](OverwriteSession& session) { EXPECT_EQ(session.rowCount(), 2); };
+  shell.trigger("ZMSAVE");
+  EXPECT_THAT(windows.take(), ElementsAre("Form10"));
+}
+
+TEST_F(Shell, RowsThatCannotBeSavedAreNamedInOneBoxAndStayUnsaved) {
+  openChangedDocument();
+  lab.workspace.TriaxialSampleTable[1] = sample("A/B", "B-1");
+  lab.workspace.TriaxialSampleTable[2] = sample("CON", "C-1");
+  shell.trigger("ZMSAVE");
+  ASSERT_EQ(dialogs.shown.size(), 2U);
+  EXPECT_EQ(dialogs.shown[0], kSaved);
+  EXPECT_THAT(dialogs.shown[1], HasSubstr("stop [QVB三轴试验数据处理]"));
+  EXPECT_THAT(dialogs.shown[1], HasSubstr("A/B"));
+  EXPECT_THAT(dialogs.shown[1], HasSubstr("CON"));
+  EXPECT_TRUE(lab.hasProject("P1"));
+  EXPECT_TRUE(windows.form1->changed);
+}
+
+TEST_F(Shell, ASaveThatFailsIsShownAndKeepsTheMark) {
+  openChangedDocument();
+  loseDataFolder();
+  EXPECT_FALSE(shell.save());
+  ASSERT_EQ(dialogs.shown.size(), 1U);
+  EXPECT_THAT(dialogs.shown[0], HasSubstr("stop ["));
+  EXPECT_TRUE(windows.form1->changed);
+}
+
+// ---- Closing
+
+TEST_F(Shell, AnUnchangedDocumentClosesWithoutAQuestion) {
+  openDocument();
+  EXPECT_TRUE(shell.mayClose(kForm1));
+  EXPECT_THAT(dialogs.shown, IsEmpty());
+}
+
+TEST_F(Shell, AChangedDocumentAsksAndClosesAfterEitherAnswer) {
+  openChangedDocument();
+  dialogs.answers = {false};
+  EXPECT_TRUE(shell.mayClose(kForm1));
+  EXPECT_THAT(dialogs.take(), ElementsAre(kQuestion));
+  EXPECT_FALSE(lab.hasProject("P1"));
+
+  dialogs.answers = {true};
+  EXPECT_TRUE(shell.mayClose(kForm1));
+  EXPECT_THAT(dialogs.take(), ElementsAre(kQuestion, kSaved));
+  EXPECT_TRUE(lab.hasProject("P1"));
+}
+
+TEST_F(Shell, AWindowWhoseSaveFailedStays) {
+  openChangedDocument();
+  loseDataFolder();
+  dialogs.answers = {true};
+  EXPECT_FALSE(shell.mayClose(kForm1));
+}
+
+TEST_F(Shell, AWindowThatIsNotLoadedHasNothingToAsk) { EXPECT_TRUE(shell.mayClose(kForm4)); }
+
+// ---- The end
+
+TEST_F(Shell, ExitGivesTheDocumentItsCloseStepAndEnds) {
+  openChangedDocument();
+  dialogs.answers = {true};
+  EXPECT_TRUE(shell.trigger("ZMEXIT"));
+  EXPECT_THAT(dialogs.take(), ElementsAre(kQuestion, kSaved));
+  EXPECT_TRUE(lab.hasProject("P1"));
+  EXPECT_THAT(windows.take(), ElementsAre("end"));
+}
+
+TEST_F(Shell, NothingCallsTheEndOff) {
+  openChangedDocument();
+  loseDataFolder();
+  dialogs.answers = {true};
+  shell.endProgram();
+  EXPECT_EQ(dialogs.take().size(), 2U) << "the question, and why it could not be saved";
+  EXPECT_THAT(windows.take(), ElementsAre("end"));
+}
+
+TEST_F(Shell, TheMainWindowThatClosesBecauseOfTheEndAsksNotAgain) {
+  openChangedDocument();
+  dialogs.answers = {false};
+  shell.trigger("ZMEXIT");
+  shell.endProgram();
+  EXPECT_EQ(dialogs.take().size(), 1U);
+  EXPECT_THAT(windows.take(), ElementsAre("end"));
+}
+
+// ---- Printing
+
+TEST_F(Shell, EachDocumentHasItsPrintDialog) {
+  struct Case {
+    ActiveDocument document;
+    const char *fromFileMenu, *fromPrintMenu;  // empty: none
+  };
+  for (const Case& one :
+       {Case{kForm1, "SETPRINTFORM", "SETPRINTFORM"}, Case{kForm2, "Form30", "Form30"}, Case{kForm7, "Form3", "Form3"},
+        Case{kForm4, "Form3", "Form3"}, Case{kForm6, "Form3", "Form3"}, Case{kForm9, "", "Form3"}}) {
+    shell.documentActivated(kForm1);
+    shell.documentActivated(one.document);
+    windows.take();
+    EXPECT_TRUE(shell.trigger("ZMPRINT"));
+    EXPECT_TRUE(shell.trigger("RZMPRINT"));
+    std::vector<std::string> expected;
+    for (const char* form : {one.fromFileMenu, one.fromPrintMenu})
+      if (*form != '\0') expected.emplace_back(form);
+    EXPECT_EQ(windows.take(), expected) << one.document;
+  }
+}
+
+TEST_F(Shell, PrintingReadsTheLaboratorysHabitsAgain) {
+  openDocument();
+  lab.folder.write("zmqvb.ini", *utf8ToGbkExactly("[三轴C]2"));
+  EXPECT_EQ(lab.workspace.settings.habits.cohesionDecimals, 0);
+  shell.trigger("ZMPRINT");
+  EXPECT_EQ(lab.workspace.settings.habits.cohesionDecimals, 2);
+}
+
+// ---- Curve pages
+
+TEST_F(Shell, APageCommandShowsItsPageInFront) {
+  openDocument();
+  shell.documentActivated(kForm2);
+  windows.form1->envelopes = {.ratioEnabled = true, .ratioChecked = false};
+  EXPECT_TRUE(shell.trigger("QUXIAN2"));
+  EXPECT_EQ(windows.form1->page, CurvePage::StressRatioEnvelope);
+  EXPECT_THAT(windows.take(), ElementsAre("raise 1"));
+  EXPECT_EQ(lab.workspace.activeDocument, kForm1);
+
+  EXPECT_TRUE(shell.trigger("QUXIAN6"));
+  EXPECT_EQ(windows.form1->page, CurvePage::StressRatio);
+}
+
+TEST_F(Shell, TheCurveCommandItselfOnlyBringsTheWindowForward) {
+  openDocument();
+  windows.form1->page = CurvePage::StressPath;
+  EXPECT_TRUE(shell.trigger("QUXIAN"));
+  EXPECT_EQ(windows.form1->page, CurvePage::StressPath);
+  EXPECT_THAT(windows.take(), ElementsAre("raise 1"));
+}
+
+TEST_F(Shell, TheSampleOnDisplayDecidesAboutTheEnvelopeByRatio) {
+  openDocument();
+  EXPECT_FALSE(isOn("QUXIAN2"));
+  EXPECT_FALSE(shell.trigger("QUXIAN2"));
+  windows.form1->envelopes = {.ratioEnabled = true, .ratioChecked = true};
+  EXPECT_TRUE(isOn("QUXIAN2"));
+  EXPECT_TRUE(shell.commandState(*findCommand("QUXIAN2")).checked);
+  EXPECT_FALSE(shell.commandState(*findCommand("QUXIAN3")).checked);
+}
+
+// ---- Status bar
+
+TEST_F(Shell, TheStatusBarHasThePanelsOfTheFrontDocument) {
+  EXPECT_EQ(shell.statusTexts(), (std::array<std::string, 3>{"就绪", "", ""}));
+  openDocument();
+  EXPECT_EQ(shell.statusTexts(), (std::array<std::string, 3>{"就绪", "工程编号:P1", "试验日期:2024/05/06"}));
+  windows.form1.reset();
+  shell.documentClosed(kForm1);
+  EXPECT_EQ(shell.statusTexts(), (std::array<std::string, 3>{"就绪", "", ""}));
+}
+
+TEST_F(Shell, SeveralRemarksAreAllShown) {
+  shell.showRemarks({"甲。", "乙。"});
+  EXPECT_EQ(shell.statusTexts()[0], "甲。 乙。");
+}
+
+// ---- Tools
+
+/// A tool that leaves a file when it is started; true when that file appears.
+bool isStarted(const Lab& lab, ShellSession& shell, const char* file, const char* command) {
+  const auto mark = lab.folder.path() / "started";
+  std::filesystem::remove(mark);
+  const auto tool = lab.folder.write(file, "#!/bin/sh\n: > '" + mark.string() + "'\n");
+  std::filesystem::permissions(tool, std::filesystem::perms::owner_all);
+  EXPECT_TRUE(shell.trigger(command));
+  for (int wait = 0; wait < 500 && !std::filesystem::exists(mark); ++wait)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  return std::filesystem::exists(mark);
+}
+
+TEST_F(Shell, AToolIsStartedFromTheApplicationFolder) {
+  EXPECT_TRUE(isStarted(lab, shell, "zmgj.exe", "RZMGJ"));
+  EXPECT_TRUE(isStarted(lab, shell, "zmsz8cs", "SAZHOU8")) << "without .exe and in another case";
+}
+
+TEST_F(Shell, AMissingToolIsSilent) {
+  EXPECT_TRUE(shell.trigger("RZMWL"));
+  EXPECT_THAT(dialogs.shown, IsEmpty());
+}
+
+}  // namespace
+}  // namespace triaxlab
