@@ -11,7 +11,8 @@ namespace triaxlab {
 namespace {
 
 constexpr char16_t kNoCharacter = 0;
-constexpr unsigned kFirstLead = 0x81, kFirstTrail = 0x40, kLeads = 0xFF - 0x81, kTrails = 0xFF - 0x40;
+constexpr unsigned kFirstLead = 0x81, kFirstTrail = 0x40;
+constexpr std::size_t kLeads = 0xFF - 0x81, kTrails = 0xFF - 0x40;
 constexpr char16_t kEuro = 0x20AC;  // what code page 936 has at the single byte 0x80
 
 /// Both directions of the code page. The C library's converter fills them once; records are full of cut and foreign
@@ -22,7 +23,8 @@ struct CodePage {
 
   CodePage() {
     const iconv_t converter = iconv_open("UTF-16LE", "GBK");
-    if (converter == iconv_t(-1)) throw std::runtime_error("the C library has no GBK converter");
+    if (converter == iconv_t(-1))  // NOLINT(performance-no-int-to-ptr): as POSIX has it
+      throw std::runtime_error("the C library has no GBK converter");
     for (unsigned lead = 0; lead < kLeads; ++lead)
       for (unsigned trail = 0; trail < kTrails; ++trail) {
         std::array<char, 2> in{static_cast<char>(kFirstLead + lead), static_cast<char>(kFirstTrail + trail)};

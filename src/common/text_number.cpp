@@ -115,7 +115,7 @@ constexpr float kLeastExact = 1e-6F, kBeyondExact = 1e7F;
 /// least float with it. A larger float may need one less.
 constexpr int kLeastExponent = -20;
 constexpr auto kPowerBySize = [] {
-  std::array<std::int8_t, 44> powers{};
+  std::array<int, 44> powers{};
   double least = 0x1p-20;
   for (auto& power : powers) {
     for (double scaled = least; scaled < 1e6; scaled *= 10) ++power;

@@ -187,25 +187,25 @@ Bytes readWholeFile(const std::filesystem::path& path, std::uint64_t limit) {
   return content;
 }
 
-void writeWholeFile(const std::filesystem::path& named, std::span<const std::byte> content) {
+void writeWholeFile(const std::filesystem::path& path, std::span<const std::byte> content) {
   // A link is left standing: the file that it names is replaced.
   std::error_code noFileYet;
-  std::filesystem::path path = std::filesystem::canonical(named, noFileYet);
-  if (noFileYet) path = named;
-  std::filesystem::path beside = path;
+  std::filesystem::path target = std::filesystem::canonical(path, noFileYet);
+  if (noFileYet) target = path;
+  std::filesystem::path beside = target;
   beside += ".new";
   try {
     File file(beside, File::Mode::Create);
     file.writeAt(0, content);
     file.sync();
     struct stat old {};
-    if (stat(path.c_str(), &old) == 0) chmod(beside.c_str(), old.st_mode & 07777);
-    renameFile(beside, path);
+    if (stat(target.c_str(), &old) == 0) chmod(beside.c_str(), old.st_mode & 07777);
+    renameFile(beside, target);
   } catch (const UserError&) {
     unlink(beside.c_str());
     throw;
   }
-  syncFolder(path.parent_path());
+  syncFolder(target.parent_path());
 }
 
 void renameFile(const std::filesystem::path& from, const std::filesystem::path& to) {
@@ -232,7 +232,8 @@ bool makeFolder(const std::filesystem::path& folder) {
 }
 
 std::optional<std::filesystem::path> findFile(const std::filesystem::path& folder, std::string_view name) {
-  if (name.empty() || name == "." || name == ".." || name.find_first_of(std::string_view("/\0", 2)) != name.npos)
+  if (name.empty() || name == "." || name == ".." ||
+      name.find_first_of(std::string_view("/\0", 2)) != std::string_view::npos)
     return std::nullopt;
   std::filesystem::path asSpelled = folder / std::string(name);
   struct stat status {};

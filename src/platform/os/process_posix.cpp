@@ -2,6 +2,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <string>
 #include <thread>
 
@@ -18,9 +19,9 @@ void startProgram(const std::filesystem::path& program) {
   if (!fileExists(file) || access(file.c_str(), X_OK) != 0) file.replace_extension();
   if (!fileExists(file) || access(file.c_str(), X_OK) != 0) return;
   std::string name = file.string();
-  char* arguments[] = {name.data(), nullptr};
+  std::array<char*, 2> arguments{name.data(), nullptr};
   pid_t child = 0;
-  if (posix_spawn(&child, name.c_str(), nullptr, nullptr, arguments, environ) != 0) return;
+  if (posix_spawn(&child, name.c_str(), nullptr, nullptr, arguments.data(), environ) != 0) return;
   // Nobody waits for the tool itself, but its ended process must be collected.
   std::thread([child] { waitpid(child, nullptr, 0); }).detach();
 }
