@@ -40,6 +40,7 @@ constexpr std::array kRooms{
     Room{"unconfined/session", 6},
     Room{"cli", 7},
     Room{"windows", 7},
+    Room{"windows/play", 7},
     Room{"", 8},  // main.cpp, which opens the doors of the house
 };
 
