@@ -39,6 +39,7 @@ std::string_view BrowserSession::listName() const { return m_kind.listHeading; }
 
 std::vector<GridColumn> BrowserSession::columns() const {
   std::vector<GridColumn> columns;
+  columns.reserve(kColumns.size());
   for (const BrowserColumn& column : kColumns) columns.push_back({std::string(column.heading), column.width});
   columns[kProjectNoColumn].heading = m_workspace.settings.habits.projectNoLabel;
   return columns;

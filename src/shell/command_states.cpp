@@ -25,6 +25,7 @@ const Names kOffAtStart{"RZMGANYU",  "PEXCEL",  "RZMSAVE",     "RZMPRINT",  "QUX
                         "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1", "PTK0"};
 
 // RZMOPEN is off while a document is open, so that a second raw import can't start over it.
+// NOLINTNEXTLINE(modernize-avoid-c-arrays): only here the lists live as long as the array that they stand in
 const Switching kActivation[] = {
     {kForm1,
      {"RZMSAVE", "RZMPRINT", "PEXCEL", "QUXIAN", "RQUXIAN", "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1"},
@@ -37,6 +38,7 @@ const Switching kActivation[] = {
 };
 
 // Form2 and Form7 reset nothing.
+// NOLINTNEXTLINE(modernize-avoid-c-arrays)
 const Switching kClosing[] = {
     {kForm1,
      {"RZMOPEN"},

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 
 #include "store/workspace.h"
 
@@ -170,36 +169,36 @@ struct Help {
   Action action;
   const char* text;
 };
-constexpr Help kHelp[] = {
-    {A::NewDocument, "新建一个空的试验数据文件，用键盘录入"},
-    {A::OpenProject, "从列表中选择一个试验数据文件打开"},
-    {A::OpenNanjingFile, "读入南京三轴仪的原始数据文件"},
-    {A::Print, "打印当前窗口的试验成果"},
-    {A::PrintWithTK0, "打印当前窗口的试验成果"},
-    {A::PrintSheets, "设置版面并打印三轴试验成果图表"},
-    {A::PrintTK0Curves, "打印TK0试验的沉降时间曲线"},
-    {A::SaveAsWorkbook, "把三轴试验数据另存为Excel文件"},
-    {A::Save, "把当前窗口的试验数据保存到工程文件"},
-    {A::SetSourceFolder, "设置{}"},
-    {A::Exit, "结束程序"},
-    {A::Import, "从原始数据库读入选中的试样：{}"},
-    {A::ShowCurves, "显示三轴试验曲线窗口"},
-    {A::ShowCurvePage, "显示{}"},
-    {A::ShowDataTable, "显示三轴试验数据表"},
-    {A::Intervene, "用键盘或鼠标修正当前曲线、包线"},
-    {A::ReprocessCurves, "取消人工干预，重新计算当前土样"},
-    {A::FillTemplates, "用Excel模板输出或打印"},
-    {A::FlipToggle, "打开或关闭：{}"},
-    {A::StartTool, "启动{}"},
-    {A::StartThisProgram, "本程序正在运行"},
+constexpr std::array kHelp{
+    Help{A::NewDocument, "新建一个空的试验数据文件，用键盘录入"},
+    Help{A::OpenProject, "从列表中选择一个试验数据文件打开"},
+    Help{A::OpenNanjingFile, "读入南京三轴仪的原始数据文件"},
+    Help{A::Print, "打印当前窗口的试验成果"},
+    Help{A::PrintWithTK0, "打印当前窗口的试验成果"},
+    Help{A::PrintSheets, "设置版面并打印三轴试验成果图表"},
+    Help{A::PrintTK0Curves, "打印TK0试验的沉降时间曲线"},
+    Help{A::SaveAsWorkbook, "把三轴试验数据另存为Excel文件"},
+    Help{A::Save, "把当前窗口的试验数据保存到工程文件"},
+    Help{A::SetSourceFolder, "设置{}"},
+    Help{A::Exit, "结束程序"},
+    Help{A::Import, "从原始数据库读入选中的试样：{}"},
+    Help{A::ShowCurves, "显示三轴试验曲线窗口"},
+    Help{A::ShowCurvePage, "显示{}"},
+    Help{A::ShowDataTable, "显示三轴试验数据表"},
+    Help{A::Intervene, "用键盘或鼠标修正当前曲线、包线"},
+    Help{A::ReprocessCurves, "取消人工干预，重新计算当前土样"},
+    Help{A::FillTemplates, "用Excel模板输出或打印"},
+    Help{A::FlipToggle, "打开或关闭：{}"},
+    Help{A::StartTool, "启动{}"},
+    Help{A::StartThisProgram, "本程序正在运行"},
 };
 
 }  // namespace
 
 std::string commandHelp(const Command& command) {
   const auto* const row =
-      std::find_if(std::begin(kHelp), std::end(kHelp), [&](const Help& help) { return help.action == command.action; });
-  if (row == std::end(kHelp)) return std::string(command.caption);
+      std::find_if(kHelp.begin(), kHelp.end(), [&](const Help& help) { return help.action == command.action; });
+  if (row == kHelp.end()) return std::string(command.caption);
   return fmt::format(fmt::runtime(row->text), command.caption);
 }
 

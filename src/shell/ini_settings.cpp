@@ -194,7 +194,8 @@ struct TakeHabit {
 void takeSlot(std::string_view line, ChartLayout& layout) {
   const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
   if (line.size() < 3 || line[0] != '[' || !isDigit(line[1]) || !isDigit(line[2])) return;
-  const auto slot = static_cast<std::size_t>((line[1] - '0') * 10 + (line[2] - '0'));
+  const auto value = [](char digit) { return static_cast<std::size_t>(digit - '0'); };
+  const std::size_t slot = value(line[1]) * 10 + value(line[2]);
   if (slot < 1 || slot >= layout.slot.size()) return;
   const std::string_view text = line.substr(3);
   layout.slot[slot] = text.substr(0, text.find(']'));

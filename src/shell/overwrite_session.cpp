@@ -19,8 +19,9 @@ int OverwriteSession::largestScroll() const { return std::max(0, rowCount() - kV
 void OverwriteSession::setScroll(int value) { m_scroll = std::clamp(value, 0, largestScroll()); }
 
 const KnownSample* OverwriteSession::sampleAt(int index) const {
-  if (index < 0 || index >= kVisibleRows || m_scroll + index >= rowCount()) return nullptr;
-  return &m_known[static_cast<std::size_t>(m_scroll + index)];
+  const int row = m_scroll + index;
+  if (index < 0 || index >= kVisibleRows || row >= rowCount()) return nullptr;
+  return &m_known[static_cast<std::size_t>(row)];
 }
 
 OverwriteSession::Line OverwriteSession::line(int index) const {

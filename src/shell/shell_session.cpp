@@ -3,7 +3,7 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
-#include <iterator>
+#include <array>
 #include <vector>
 
 #include "platform/process.h"
@@ -28,9 +28,9 @@ struct PrintDialog {
   std::string_view form;
   bool fromFileMenu;
 };
-constexpr PrintDialog kPrintDialogs[] = {
-    {kForm1, "SETPRINTFORM", true}, {kForm2, "Form30", true}, {kForm7, "Form3", true},
-    {kForm4, "Form3", true},        {kForm6, "Form3", true},  {kForm9, "Form3", false},
+constexpr std::array kPrintDialogs{
+    PrintDialog{kForm1, "SETPRINTFORM", true}, PrintDialog{kForm2, "Form30", true}, PrintDialog{kForm7, "Form3", true},
+    PrintDialog{kForm4, "Form3", true},        PrintDialog{kForm6, "Form3", true},  PrintDialog{kForm9, "Form3", false},
 };
 
 /// Form1, Form2 and Form7 leave activeDocument as it is when they unload.
@@ -54,17 +54,17 @@ CommandState ShellSession::commandState(const Command& command) const {
 }
 
 bool ShellSession::trigger(std::string_view name) {
-  static constexpr Work kWork[] = {
-      {Action::NewDocument, &ShellSession::newDocument},
-      {Action::OpenProject, &ShellSession::openProject},
-      {Action::Print, &ShellSession::print},
-      {Action::PrintWithTK0, &ShellSession::print},
-      {Action::Save, &ShellSession::saveCommand},
-      {Action::Exit, &ShellSession::exitCommand},
-      {Action::Import, &ShellSession::import},
-      {Action::ShowCurves, &ShellSession::showCurves},
-      {Action::StartTool, &ShellSession::startTool},
-      {Action::ShowCurvePage, &ShellSession::showCurvePage},
+  static constexpr std::array kWork{
+      Work{Action::NewDocument, &ShellSession::newDocument},
+      Work{Action::OpenProject, &ShellSession::openProject},
+      Work{Action::Print, &ShellSession::print},
+      Work{Action::PrintWithTK0, &ShellSession::print},
+      Work{Action::Save, &ShellSession::saveCommand},
+      Work{Action::Exit, &ShellSession::exitCommand},
+      Work{Action::Import, &ShellSession::import},
+      Work{Action::ShowCurves, &ShellSession::showCurves},
+      Work{Action::StartTool, &ShellSession::startTool},
+      Work{Action::ShowCurvePage, &ShellSession::showCurvePage},
   };
   const Command* const command = findCommand(name);
   if (command == nullptr) return false;
@@ -72,9 +72,9 @@ bool ShellSession::trigger(std::string_view name) {
   if (!state.visible || !state.enabled) return false;
   m_remark.clear();
   const auto* const work =
-      std::find_if(std::begin(kWork), std::end(kWork), [&](const Work& w) { return w.action == command->action; });
+      std::find_if(kWork.begin(), kWork.end(), [&](const Work& w) { return w.action == command->action; });
   // Headings do nothing, and this program runs already.
-  if (work != std::end(kWork)) run([&] { (this->*work->run)(*command); });
+  if (work != kWork.end()) run([&] { (this->*work->run)(*command); });
   if (!m_ending) m_windows.refresh();
   return true;
 }
@@ -172,20 +172,20 @@ void ShellSession::import(const Command& command) {
 }
 
 void ShellSession::print(const Command& command) {
-  const auto* const dialog =
-      std::find_if(std::begin(kPrintDialogs), std::end(kPrintDialogs),
-                   [&](const PrintDialog& row) { return row.document == m_workspace.activeDocument; });
-  if (dialog == std::end(kPrintDialogs)) return;
+  const auto* const dialog = std::find_if(kPrintDialogs.begin(), kPrintDialogs.end(), [&](const PrintDialog& row) {
+    return row.document == m_workspace.activeDocument;
+  });
+  if (dialog == kPrintDialogs.end()) return;
   if (command.action == Action::Print && !dialog->fromFileMenu) return;
   showRemarks(ReadIniSettings(m_workspace));
   m_windows.showPrintDialog(dialog->form);
 }
 
-void ShellSession::saveCommand(const Command&) { save(); }
+void ShellSession::saveCommand(const Command& /*command*/) { save(); }
 
-void ShellSession::exitCommand(const Command&) { endProgram(); }
+void ShellSession::exitCommand(const Command& /*command*/) { endProgram(); }
 
-void ShellSession::showCurves(const Command&) {
+void ShellSession::showCurves(const Command& /*command*/) {
   m_windows.raiseDocument(kForm1);
   documentActivated(kForm1);
 }

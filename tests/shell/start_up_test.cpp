@@ -122,14 +122,14 @@ TEST_F(Start, AFolderOutsideGbkIsUsedButNotStored) {
 TEST_F(Start, ADataFolderThatIsGoneDoesNotKeepTheProgramFromStarting) {
   const fs::path gone = folder.path() / "gone" / "data";
   storeText("qvb.sys", 6999, "9" + gone.string());
-  startUp(workspace);
+  EXPECT_EQ(startUp(workspace), Remarks{});
   EXPECT_EQ(workspace.dataFolder, gone);
   EXPECT_FALSE(fs::exists(folder.path() / "gone")) << "missing parents are not made";
 }
 
 TEST_F(Start, AFolderOnADriveIsAFolderThatDoesNotExistHere) {
   storeText("qvb.sys", 6999, "9C:\\data");
-  startUp(workspace);
+  EXPECT_EQ(startUp(workspace), Remarks{});
   EXPECT_EQ(workspace.dataFolder, fs::path("C:/data"));
   EXPECT_FALSE(hasFolder("C:"));
   EXPECT_EQ(sharedSettings(workspace).readText(kDataFolderField), "9C:\\data");
