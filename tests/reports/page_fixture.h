@@ -1,0 +1,102 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <string_view>
+#include <vector>
+
+#include "platform/page_device.h"
+#include "reports/three_in_one.h"
+#include "support/drawings.h"
+#include "support/temporary_folder.h"
+
+namespace triaxlab::testing {
+
+/// Pages as they were drawn.
+class RecordingDevice : public PageDevice {
+ public:
+  struct Page {
+    PageSize size;
+    Drawing drawing;
+  };
+
+  DrawingSurface& beginPage(PageSize size) override {
+    m_surface.clear();
+    m_size = size;
+    return m_surface;
+  }
+  void endPage() override { pages.push_back({m_size, m_surface.operations()}); }
+  void finish() override { ++finished; }
+
+  std::vector<Page> pages;
+  int finished = 0;
+
+ private:
+  RecordingSurface m_surface;
+  PageSize m_size;
+};
+
+/// A document of a laboratory with empty settings, in a folder of its own.
+struct PageTest : ::testing::Test {
+  TemporaryFolder folder;
+  Workspace workspace;
+  PrintJob job;
+
+  PageTest() {
+    workspace.applicationFolder = workspace.dataFolder = folder.path();
+    job.curves = {CurvePage::StressStrain};
+  }
+
+  /// A sample of one stage under 100 kPa with two readings, in the table row.
+  TriaxialSampleRecord& sample(std::size_t row, TestMethod method, std::string_view sampleNo,
+                               std::string_view projectNo = "P1") {
+    TriaxialSampleRecord& record = workspace.TriaxialSampleTable[row];
+    SetText(record.projectNo, projectNo);
+    SetText(record.sampleNo, sampleNo);
+    record.testMethod = method;
+    record.shearMode = 1;
+    record.failureStrainLimit.fill(150);
+    SetText(record.cellPressure[0], "100");
+    for (std::size_t reading = 0; reading < 2; ++reading) {
+      record.axialStrain[reading][0] = 0.4F * static_cast<float>(reading + 1);
+      SetText(record.deviatorStress[reading][0], reading == 0 ? "10" : "15");
+    }
+    return record;
+  }
+
+  std::vector<RecordingDevice::Page> print() {
+    RecordingDevice device;
+    sent = runThreeInOne(job, workspace, device);
+    EXPECT_EQ(device.finished, 1);
+    return device.pages;
+  }
+  Drawing firstPage() { return print().at(0).drawing; }
+
+  int sent = 0;
+};
+
+/// Tops of the plots of a page, told by their frames: a plot begins 500 twips below its block.
+inline std::vector<int> blockTops(const Drawing& page) {
+  std::vector<int> tops;
+  for (const DrawnBox& box : all<DrawnBox>(page))
+    if (box.corner.x == 1300 && box.opposite.x == 7300) tops.push_back(box.corner.y - 500);
+  return tops;
+}
+
+inline std::vector<std::string> textsAt(const Drawing& page, int x, int y) {
+  std::vector<std::string> found;
+  for (const DrawnText& text : all<DrawnText>(page))
+    if (text.upperLeft == TwipPoint{x, y}) found.push_back(text.text);
+  return found;
+}
+
+/// The lines beside the blocks, from top to bottom.
+inline std::vector<std::string> headLines(const Drawing& page) {
+  std::vector<std::string> found;
+  for (const DrawnText& text : all<DrawnText>(page))
+    if (text.upperLeft.x == 7900) found.push_back(text.text);
+  return found;
+}
+
+}  // namespace triaxlab::testing
