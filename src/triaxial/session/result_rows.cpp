@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <limits>
 
 #include "common/text_number.h"
 
@@ -20,8 +21,8 @@ std::string textOf(const Little<float>& coefficient) {
 
 EditableField editable(Little<float>& coefficient) {
   return {kCoefficientWidth, textOf(coefficient), [&coefficient](std::string_view gbk) {
-            const auto number = static_cast<float>(ParseNumber(gbk));
-            if (std::isfinite(number)) coefficient = number;
+            const double number = ParseNumber(gbk);
+            if (std::fabs(number) <= std::numeric_limits<float>::max()) coefficient = static_cast<float>(number);
           }};
 }
 using triaxlab::editable;

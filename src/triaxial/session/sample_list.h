@@ -35,7 +35,10 @@ class SampleList {
   /// VScroll1.Value
   int top() const { return m_top; }
   std::size_t row() const { return rowOfLine(line()); }
-  std::size_t rowOfLine(int line) const { return static_cast<std::size_t>(line - 1 + m_top); }
+  std::size_t rowOfLine(int line) const {
+    const int row = line - 1 + m_top;
+    return static_cast<std::size_t>(row);
+  }
 
   void reset() { *this = SampleList(); }
   /// False for the heads and for what is no cell.
