@@ -160,7 +160,7 @@ std::optional<std::filesystem::path> pictureFolderOf(const PrintJob& job, const 
   const std::string_view projectNo = workspace.TriaxialSampleTable[first.row].projectNo.trimmed();
   if (const auto why = whyNoFileName(projectNo))
     throw UserError("打印到图片文件",
-                    fmt::format("工程编号“{}”{}，不能作为图片文件夹的名称。", shownText(projectNo), *why));
+                    fmt::format("工程编号“{}”{}，不能作为图片文件夹的名称。", printableText(projectNo), *why));
   return workspace.pictureFolder() / pathFromText(gbkToUtf8(projectNo));
 }
 

@@ -46,7 +46,7 @@ std::string projectFileName(std::string_view prefix, std::string_view projectNo)
   return std::string(prefix) + gbkToUtf8(projectNo) + ".txt";
 }
 
-std::string shownText(std::string_view gbk) {
+std::string printableText(std::string_view gbk) {
   std::string text = gbkToUtf8(gbk);
   std::replace_if(text.begin(), text.end(), isControl, '?');
   return text;

@@ -136,7 +136,7 @@ void TriaxialSave::findFiles() {
   }
   for (const auto& [name, project] : m_projects)
     if (!project.files)
-      m_errors.push_back(fmt::format("工程“{}”（第 {}行）没有保存：{}", shownText(project.projectNo),
+      m_errors.push_back(fmt::format("工程“{}”（第 {}行）没有保存：{}", printableText(project.projectNo),
                                      rowList(project.refusedRows), project.refusal));
 }
 
@@ -224,7 +224,7 @@ void TriaxialSave::nameLeftOut(const std::vector<std::size_t>& rows, std::string
   if (rows.empty()) return;
   std::string samples;
   for (const std::size_t row : rows)
-    samples += (samples.empty() ? "" : "、") + shownText(m_workspace.TriaxialSampleTable[row].sampleNo.trimmed());
+    samples += (samples.empty() ? "" : "、") + printableText(m_workspace.TriaxialSampleTable[row].sampleNo.trimmed());
   m_errors.push_back(fmt::format("{}已满（9999 个试样），下列试样没有写入：{}", where, samples));
 }
 
