@@ -70,6 +70,16 @@ constexpr std::array kDoors{
     Door{"CLI/", kReadsArguments},
 };
 
+/// Functions and classes that write or read numbers, or tell letters from digits, as the locale has it.
+constexpr std::array<std::string_view, 31> kLocaleWords{
+    "atof",      "atoi",    "strtod",  "strtof",        "strtol",        "stod",         "stof",    "stoi",
+    "stol",      "printf",  "sprintf", "snprintf",      "scanf",         "sscanf",       "fscanf",  "fprintf",
+    "setlocale", "isalpha", "isdigit", "isalnum",       "isspace",       "isupper",      "islower", "tolower",
+    "toupper",   "QLocale", "locale",  "ostringstream", "istringstream", "stringstream", "toDouble"};
+
+/// Where Qt's start changes the C locale, it is changed back.
+constexpr std::string_view kLocaleIsRestored = "platform/qt/application.cpp";
+
 std::string_view folderOf(std::string_view path) {
   const auto slash = path.rfind('/');
   return slash == std::string_view::npos ? std::string_view{} : path.substr(0, slash);
@@ -129,15 +139,60 @@ std::string_view includeOf(std::string_view line) {
   return end == std::string_view::npos ? std::string_view{} : line.substr(1, end - 1);
 }
 
+bool isNamePart(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+}
+
+/// The first word of kLocaleWords in the line; comments and texts don't count.
+std::string_view localeWordIn(std::string_view line) {
+  bool quoted = false;
+  for (std::size_t at = 0; at < line.size();) {
+    if (quoted && line[at] == '\\') {
+      at += 2;
+    } else if (line[at] == '"') {
+      quoted = !quoted;
+      ++at;
+    } else if (!quoted && line.substr(at).starts_with("//")) {
+      return {};
+    } else if (!quoted && isNamePart(line[at])) {
+      const std::size_t first = at;
+      while (at < line.size() && isNamePart(line[at])) ++at;
+      const std::string_view word = line.substr(first, at - first);
+      if (std::find(kLocaleWords.begin(), kLocaleWords.end(), word) != kLocaleWords.end()) return word;
+    } else {
+      ++at;
+    }
+  }
+  return {};
+}
+
+/// Calls `take` with each line and its number, from 1.
+template <class Take>
+void forEachLine(std::string_view text, Take take) {
+  for (int number = 1; !text.empty(); ++number) {
+    const auto end = std::min(text.find('\n'), text.size());
+    take(text.substr(0, end), number);
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+}
+
 }  // namespace
+
+std::vector<std::string> localeDependenceOf(const SourceFile& file) {
+  std::vector<std::string> found;
+  if (file.path == kLocaleIsRestored) return found;
+  forEachLine(file.text, [&](std::string_view line, int number) {
+    const std::string_view word = includeOf(line).empty() ? localeWordIn(line) : std::string_view{};
+    if (!word.empty()) found.push_back(fmt::format("{}:{}: {} depends on the locale", file.path, number, word));
+  });
+  return found;
+}
 
 std::vector<std::string> includesOf(std::string_view text) {
   std::vector<std::string> includes;
-  while (!text.empty()) {
-    const auto end = std::min(text.find('\n'), text.size());
-    if (const std::string_view header = includeOf(text.substr(0, end)); !header.empty()) includes.emplace_back(header);
-    text.remove_prefix(std::min(end + 1, text.size()));
-  }
+  forEachLine(text, [&includes](std::string_view line, int) {
+    if (const std::string_view header = includeOf(line); !header.empty()) includes.emplace_back(header);
+  });
   return includes;
 }
 

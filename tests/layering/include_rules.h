@@ -18,4 +18,8 @@ std::vector<std::string> includesOf(std::string_view text);
 /// One sentence for each #include of the file that a floor or a door forbids; empty when all is well.
 std::vector<std::string> violationsOf(const SourceFile& file);
 
+/// One sentence for each line of the file that calls a function whose result depends on a locale. All numbers go
+/// through FormatNumber and ParseNumber, so that a comma never gets into a file or onto paper.
+std::vector<std::string> localeDependenceOf(const SourceFile& file);
+
 }  // namespace triaxlab::layering

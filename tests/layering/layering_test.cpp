@@ -119,5 +119,19 @@ TEST(Layering, PathsAreToldFromTheRootOfTheSources) {
               ElementsAre("store/workspace.cpp includes ../common/gbk.h, not told from src"));
 }
 
+TEST(Locale, NothingInTheHouseDependsOnIt) {
+  for (const SourceFile& file : filesOfTheHouse()) EXPECT_THAT(localeDependenceOf(file), IsEmpty());
+}
+
+TEST(Locale, AFunctionThatDependsOnItIsFound) {
+  const auto found = [](std::string text) { return localeDependenceOf({"store/a.cpp", std::move(text)}); };
+  EXPECT_THAT(found("double x;\nx = std::strtod(text, nullptr);"),
+              ElementsAre("store/a.cpp:2: strtod depends on the locale"));
+  EXPECT_THAT(found("std::ostringstream out;"), ElementsAre("store/a.cpp:1: ostringstream depends on the locale"));
+  EXPECT_THAT(found("f(\"\\\"\", isdigit(c));"), ElementsAre("store/a.cpp:1: isdigit depends on the locale"));
+  EXPECT_THAT(found("// strtod is never used\n#include <locale>\nsay(\"no printf\"); fmt::print(\"\"); my_strtod();"),
+              IsEmpty());
+}
+
 }  // namespace
 }  // namespace triaxlab::layering
