@@ -1,0 +1,91 @@
+// A job of 100 three-in-one pages: working out and drawing the curves, onto nothing, and into a file of drawing
+// operations.
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+#include "platform/json_page_device.h"
+#include "reports/three_in_one.h"
+#include "triaxial/opening_pass.h"
+
+namespace triaxlab {
+namespace {
+
+constexpr int kPages = 100;
+
+/// A CU sample of five full stages.
+TriaxialSampleRecord fullSample(std::size_t number) {
+  TriaxialSampleRecord record;
+  SetText(record.projectNo, "BENCH");
+  SetText(record.sampleNo, std::to_string(number + 1));
+  record.testMethod = kCU;
+  record.shearMode = 1;
+  for (std::size_t stage = 0; stage < kStages; ++stage) {
+    const double sigma3 = 100.0 * static_cast<double>(stage + 1);
+    SetNumber(record.cellPressure[stage], sigma3, NumberFormat::Whole);
+    for (std::size_t row = 0; row < kShearRows; ++row) {
+      const double strain = 0.1 * static_cast<double>(row + 1);
+      const double risen = 1 - std::exp(-strain / 3);
+      SetNumber(record.deviatorStress[row][stage], 1.3 * sigma3 * risen + static_cast<double>(number),
+                NumberFormat::Whole);
+      SetNumber(record.porePressure[row][stage], 0.45 * sigma3 * risen, NumberFormat::Whole);
+      record.axialStrain[row][stage] = static_cast<float>(strain);
+    }
+  }
+  return record;
+}
+
+/// Two blocks a sample, so that each is a page.
+struct Job {
+  Workspace workspace;
+  PrintJob job;
+
+  Job() {
+    for (std::size_t row = 0; row < kPages; ++row) workspace.TriaxialSampleTable[row] = fullSample(row);
+    runOpeningPass(workspace.TriaxialSampleTable, NumberFormat::Whole);
+    job.curves = {CurvePage::StressStrain, CurvePage::StressDifferenceEnvelope};
+  }
+  void print(PageDevice& device) const {
+    if (runThreeInOne(job, workspace, device) != kPages) throw std::logic_error("not the pages of this benchmark");
+  }
+};
+
+const Job& theJob() {
+  static const Job job;
+  return job;
+}
+
+/// Takes drawings and keeps nothing of them.
+class NoDevice : public PageDevice, private DrawingSurface {
+ public:
+  DrawingSurface& beginPage(PageSize) override { return *this; }
+  void endPage() override {}
+  void finish() override {}
+
+ private:
+  void line(Point, Point, Stroke) override {}
+  void box(Point, Point, Stroke, std::optional<Colour>) override {}
+  void circle(Point, double, Stroke, std::optional<Colour>) override {}
+  void polyline(std::span<const Point>, Stroke) override {}
+  void text(Point, std::string_view, const Font&, Colour, bool) override {}
+};
+
+void DrawOntoNothing(benchmark::State& state) {
+  NoDevice device;
+  for (auto _ : state) theJob().print(device);
+}
+BENCHMARK(DrawOntoNothing)->Unit(benchmark::kMillisecond);
+
+void WriteDrawingOperations(benchmark::State& state) {
+  const std::filesystem::path file = std::filesystem::temp_directory_path() / "triaxlab-bench-pages.json";
+  for (auto _ : state) theJob().print(*makeJsonDevice(file));
+  std::filesystem::remove(file);
+}
+BENCHMARK(WriteDrawingOperations)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace triaxlab
