@@ -16,7 +16,7 @@ namespace triaxlab {
 /// Writes are collected in memory; reads through the update see them. `commit` writes them to a journal in the data
 /// folder, syncs it, applies it to the files, syncs them, and removes the journal. A program killed at any point leaves
 /// files that `recover` makes wholly old (incomplete journal) or wholly new (complete journal). Files are named by
-/// their path, which is that of a file in a folder of the data folder; any other is refused by UserError.
+/// their path, which leads into HSZS or ZMSJ of the data folder; any other is refused by UserError.
 class FileUpdate {
  public:
   /// Recovers first, so that an older save that was interrupted is complete before anything is read.

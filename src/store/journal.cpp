@@ -193,10 +193,12 @@ bool isSomething(const std::filesystem::path& path) {
   return std::filesystem::symlink_status(path, ignored).type() != std::filesystem::file_type::not_found;
 }
 
-bool isPathPart(std::string_view part) {
+constexpr std::array<std::string_view, 2> kFolders{"HSZS", "ZMSJ"};
+
+bool isFileName(std::string_view name) {
   constexpr std::string_view kNeverInNames = "/\\:";
-  return !part.empty() && part != "." && part != ".." && part.find_first_of(kNeverInNames) == part.npos &&
-         std::none_of(part.begin(), part.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; });
+  return !name.empty() && name != "." && name != ".." && name.find_first_of(kNeverInNames) == name.npos &&
+         std::none_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; });
 }
 
 }  // namespace
@@ -204,7 +206,8 @@ bool isPathPart(std::string_view part) {
 bool isJournalPath(std::string_view path) {
   const std::size_t slash = path.find('/');
   return path.size() <= std::numeric_limits<std::uint16_t>::max() && slash != path.npos &&
-         isPathPart(path.substr(0, slash)) && isPathPart(path.substr(slash + 1));
+         std::find(kFolders.begin(), kFolders.end(), path.substr(0, slash)) != kFolders.end() &&
+         isFileName(path.substr(slash + 1));
 }
 
 std::uint64_t JournalSpans::append(std::span<const std::byte> bytes) {

@@ -26,9 +26,9 @@ namespace triaxlab {
 //          data: the bytes of the pieces in the order of the index
 //          checksum of all before 8, end mark "ENDTXJ1\n" 8
 //
-// A path is "folder/file" below the data folder, UTF-8; any other path makes the whole journal void, so no journal can
-// name a file outside. A journal counts only when its size, marks, checksum and every place in it are right; a cut or
-// damaged one means that the save had not begun to change anything.
+// A path is "HSZS/file" or "ZMSJ/file" below the data folder, UTF-8; any other path makes the whole journal void, so no
+// journal can name a file outside. A journal counts only when its size, marks, checksum and every place in it are
+// right; a cut or damaged one means that the save had not begun to change anything.
 
 inline constexpr std::string_view kJournalName = "journal";
 
@@ -44,7 +44,7 @@ struct JournalFile {
   std::vector<JournalPiece> pieces;
 };
 
-/// True for a path that a journal may name: one folder and one file in it, neither of them "." or "..".
+/// True for a path that a journal may name: a file in the folder of the project files or of the summary files.
 bool isJournalPath(std::string_view path);
 
 /// The bytes that a journal carries, wherever they are.

@@ -52,7 +52,7 @@ TEST(ProjectNumber, FileNamesAreUtf8) { EXPECT_EQ(projectFileName("WKSZ", "\xD1\
 
 TEST(ProjectNumber, IsShownWithoutWhatATerminalWouldObey) {
   EXPECT_EQ(printableText("a\x1B\x07"
-                      "b"),
+                          "b"),
             "a??b");
 }
 
