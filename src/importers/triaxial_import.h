@@ -9,16 +9,9 @@
 #include "importers/importer.h"
 #include "store/workspace.h"
 #include "triaxial/record.h"
+#include "triaxial/time_axes.h"
 
 namespace triaxlab {
-
-/// Rows of a record that the fixed-step sources can fill.
-inline constexpr std::size_t kImportedShearRows = 52;
-inline constexpr std::size_t kImportedConsolidationRows = 25;
-
-/// Strain and time axes of a row from a source that records at fixed steps, in all its slots: a reading each 0.2 % in a
-/// test of several stages on one specimen, else each 0.4 %; consolidation at k² minutes and at the end of one day.
-void FillSampleTimeAxes(TriaxialSampleRecord& row);
 
 /// Strain that the stages before this one have used up, as a fraction: 0.2 % for each row of theirs, up to the first
 /// row without stress. An unused slot in front counts as one row.
