@@ -61,6 +61,8 @@ MDIForm1::MDIForm1(Workspace& workspace, Dialogs& dialogs)
 }
 
 MDIForm1::~MDIForm1() {
+  // A window that is hidden by its destructor tells the loss of the focus to what is no longer there.
+  hide();
   // Frames that go down one by one would still activate each other.
   m_area->disconnect(this);
 }

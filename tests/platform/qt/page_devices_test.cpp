@@ -1,0 +1,101 @@
+#include "platform/qt/page_devices.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+
+#include "common/user_error.h"
+#include "support/temporary_folder.h"
+
+namespace triaxlab {
+namespace {
+
+using testing::TemporaryFolder;
+
+void drawPages(PageDevice& device, int count) {
+  for (int page = 0; page < count; ++page) {
+    device.beginPage(kA4).text({1000, 1000}, "三轴试验", {}, Colour::Black);
+    device.endPage();
+  }
+  device.finish();
+}
+
+std::size_t countOf(const std::string& text, const std::string& what) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1)) ++count;
+  return count;
+}
+
+/// A little-endian number of a bitmap's head.
+std::uint32_t numberAt(const std::string& bytes, std::size_t offset, std::size_t width) {
+  std::uint32_t value = 0;
+  for (std::size_t i = 0; i < width; ++i)
+    value |= std::uint32_t{static_cast<unsigned char>(bytes.at(offset + i))} << (8 * i);
+  return value;
+}
+
+TEST(PdfDevice, WritesTheFileWholeAtTheEnd) {
+  const TemporaryFolder folder;
+  const std::filesystem::path file = folder.path() / "pages.pdf";
+  const auto device = makePdfDevice(file);
+  device->beginPage(kA4);
+  device->endPage();
+  EXPECT_FALSE(std::filesystem::exists(file));
+  drawPages(*device, 2);
+  const std::string content = folder.read("pages.pdf");
+  EXPECT_TRUE(content.starts_with("%PDF-"));
+  EXPECT_TRUE(content.ends_with("%%EOF\n"));
+  EXPECT_EQ(countOf(content, "/Type /Page\n"), 3u);
+  // 11906 x 16838 twips are 595.3 x 841.9 points, and page sizes are whole points.
+  EXPECT_EQ(countOf(content, "/MediaBox [0 0 595.000000 842.000000]"), 3u);
+}
+
+TEST(PdfDevice, LeavesAnOldFileAloneUntilTheNewOneStands) {
+  const TemporaryFolder folder;
+  folder.write("pages.pdf", "old");
+  {
+    const auto device = makePdfDevice(folder.path() / "pages.pdf");
+    device->beginPage(kA4);
+  }
+  EXPECT_EQ(folder.read("pages.pdf"), "old");
+}
+
+TEST(PdfDevice, NamesTheFileThatCantBeWritten) {
+  const TemporaryFolder folder;
+  const auto device = makePdfDevice(folder.path() / "missing" / "pages.pdf");
+  try {
+    drawPages(*device, 1);
+    FAIL() << "no error";
+  } catch (const UserError& error) {
+    EXPECT_NE(std::string(error.what()).find("pages.pdf"), std::string::npos);
+  }
+}
+
+TEST(PictureDevice, WritesOneBitmapAPage) {
+  const TemporaryFolder folder;
+  folder.write("SZ1.BMP", "an older picture");
+  const auto device = makePictureDevice(folder.path());
+  drawPages(*device, 2);
+  for (const char* const name : {"SZ1.BMP", "SZ2.BMP"}) {
+    const std::string picture = folder.read(name);
+    ASSERT_TRUE(picture.starts_with("BM")) << name;
+    // 11906 / 1440 inches of 200 pixels are 1653.6, 16838 / 1440 are 2338.6.
+    EXPECT_EQ(numberAt(picture, 18, 4), 1654u);
+    EXPECT_EQ(numberAt(picture, 22, 4), 2339u);
+    EXPECT_EQ(numberAt(picture, 28, 2), 24u);    // bits a pixel
+    EXPECT_EQ(numberAt(picture, 38, 4), 7874u);  // pixels a metre
+  }
+  EXPECT_FALSE(std::filesystem::exists(folder.path() / "SZ3.BMP"));
+}
+
+TEST(PictureDevice, MakesTheFolderButNoParents) {
+  const TemporaryFolder folder;
+  makePictureDevice(folder.path() / "2024-018");
+  EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "2024-018"));
+  EXPECT_THROW(makePictureDevice(folder.path() / "PTU" / "2024-018"), UserError);
+}
+
+}  // namespace
+}  // namespace triaxlab

@@ -1,0 +1,121 @@
+#include "platform/qt/painter_surface.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainter>
+#include <algorithm>
+#include <optional>
+
+#include "platform/qt/application.h"
+
+namespace triaxlab {
+namespace {
+
+/// A white picture of 200 x 200 pixels on which a pixel is `twipsPerPixel` twips.
+class PainterSurfaceTest : public ::testing::Test {
+ protected:
+  explicit PainterSurfaceTest(double twipsPerPixel = 15) : m_picture(200, 200, QImage::Format_RGB32) {
+    m_picture.fill(Qt::white);
+    m_painter.emplace(&m_picture);
+    m_painter->scale(1 / twipsPerPixel, 1 / twipsPerPixel);
+  }
+
+  DrawingSurface& surface(PainterSurface::Medium medium = PainterSurface::Medium::Screen) {
+    return m_surface.emplace(*m_painter, medium);
+  }
+  QRgb pixel(int x, int y) {
+    m_painter->end();
+    return m_picture.pixel(x, y);
+  }
+  /// The smallest rectangle around everything that isn't white.
+  QRect drawn() {
+    m_painter->end();
+    QRect around;
+    for (int y = 0; y < m_picture.height(); ++y)
+      for (int x = 0; x < m_picture.width(); ++x)
+        if (m_picture.pixel(x, y) != 0xFFFFFFFF) around |= QRect(x, y, 1, 1);
+    return around;
+  }
+
+ private:
+  PaintingApplication m_application;
+  QImage m_picture;
+  std::optional<QPainter> m_painter;
+  std::optional<PainterSurface> m_surface;
+};
+
+TEST_F(PainterSurfaceTest, ColoursAreThoseOfQBColor) {
+  surface().box({0, 0}, {1500, 1500}, {Colour::LightRed, 1}, Colour::LightCyan);
+  EXPECT_EQ(pixel(50, 50), 0xFF00FFFF);
+  EXPECT_EQ(pixel(0, 50), 0xFFFF0000);
+  EXPECT_EQ(pixel(150, 150), 0xFFFFFFFF);
+}
+
+TEST_F(PainterSurfaceTest, BlueIsNumberOneAndGreyIsNumberEight) {
+  EXPECT_EQ(colourOf(Colour::Blue).rgb(), 0xFF000080);
+  EXPECT_EQ(colourOf(Colour::Grey).rgb(), 0xFF808080);
+  EXPECT_EQ(colourOf(Colour::White).rgb(), 0xFFFFFFFF);
+}
+
+TEST_F(PainterSurfaceTest, ALineOfWidthOneIsAPixelOfTheScreen) {
+  surface().line({750, 0}, {750, 1500}, {Colour::Black, 1});
+  EXPECT_EQ(drawn().width(), 1);
+}
+
+TEST_F(PainterSurfaceTest, ALineOfWidthTwoIsTwoPixelsOfTheScreen) {
+  surface().line({750, 0}, {750, 1500}, {Colour::Black, 2});
+  EXPECT_EQ(drawn().width(), 2);
+}
+
+TEST_F(PainterSurfaceTest, PlacesAreRoundedToWholeTwips) {
+  // 749.6 twips are 750, pixel 50; cut off they would be 749, pixel 49.
+  surface().line({749.6, 0}, {749.6, 1500}, {Colour::Black, 1});
+  EXPECT_EQ(drawn().left(), 50);
+}
+
+/// Six hundred pixels to the inch: 2.4 twips each.
+class PaperSurfaceTest : public PainterSurfaceTest {
+ protected:
+  PaperSurfaceTest() : PainterSurfaceTest(2.4) {}
+};
+
+TEST_F(PaperSurfaceTest, AWidthOfFourIsFourSixHundredthsOfAnInch) {
+  surface(PainterSurface::Medium::Paper).line({240, 0}, {240, 480}, {Colour::Black, 4});
+  EXPECT_EQ(drawn().width(), 4);
+}
+
+TEST_F(PainterSurfaceTest, TextHasItsRuledWidth) {
+  // 18 bytes of 10.5 point: 1890 twips, 126 pixels. The solid bars at both ends leave but a sliver of their cells free.
+  surface().text({150, 150}, "█三轴 kPa 1234█", {}, Colour::Black);
+  const QRect around = drawn();
+  EXPECT_NEAR(around.left(), 10, 1);
+  EXPECT_NEAR(around.width(), 126, 3);
+}
+
+TEST_F(PainterSurfaceTest, AFontOfOtherWidthsIsStretchedToTheRule) {
+  // Eight twips a byte and point: 20 bars of 10 point are 20 x 2 x 80 = 3200 twips... too wide, so 10 signs of 9 point:
+  // 10 x 8 x 9 = 720 twips, 48 pixels.
+  surface().text({150, 150}, "HHHHHHHHHH", {kArialNarrow, 9, false}, Colour::Black);
+  EXPECT_NEAR(drawn().width(), 48, 3);
+}
+
+TEST_F(PainterSurfaceTest, RotatedTextRunsUpwardWithItsHeightToTheRight) {
+  surface().text({1500, 2250}, "三轴试验", {kSongRotated, 10.5, false}, Colour::Black, true);
+  const QRect around = drawn();
+  // Its place is pixel 100, 150; eight bytes are 840 twips, 56 pixels, upward, and the height of 14 pixels is to the
+  // right.
+  EXPECT_GE(around.left(), 99);
+  EXPECT_LE(around.right(), 115);
+  EXPECT_LE(around.bottom(), 151);
+  EXPECT_NEAR(around.top(), 150 - 56, 3);
+}
+
+TEST_F(PainterSurfaceTest, TheBaselineIsAtEightySixHundredthsOfTheSize) {
+  // 30 point are 600 twips, 40 pixels; 0.86 of them below y = 20 is 54.4. "H" stands on its baseline.
+  surface().text({150, 300}, "H", {kSong, 30, false}, Colour::Black);
+  EXPECT_NEAR(drawn().bottom(), 54, 1);
+}
+
+}  // namespace
+}  // namespace triaxlab
