@@ -82,6 +82,7 @@ TEST_F(FileUpdateTest, OverlappingWritesGiveWhatWritingInTurnWouldGive) {
       const std::size_t from = random() % 80, size = random() % 30;
       ASSERT_EQ(readAt(update, "HSZS/a", from, size), from < plain.size() ? plain.substr(from, size) : "");
     }
+    if (round % 10 != 0) continue;  // a commit waits for the disk
     update.commit();
     ASSERT_EQ(read("HSZS/a"), plain);
   }

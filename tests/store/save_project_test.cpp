@@ -274,8 +274,7 @@ TEST_F(SaveProject, AFullFileTakesNoNewSample) {
   setRow(2, triaxialBytes("P1", "A-3"));
   const SaveReport report = save();
   EXPECT_THAT(report.errors, ::testing::ElementsAre(HasSubstr("A-2、A-3")));
-  EXPECT_SAME_BYTES(read("HSZS/WKSZP1.txt").substr(0, kHeaderSize + kTriaxialSize),
-                    headerBytes({"9999", "P1"}) + changed);
+  EXPECT_SAME_BYTES(readStart("HSZS/WKSZP1.txt", kHeaderSize + kTriaxialSize), headerBytes({"9999", "P1"}) + changed);
   EXPECT_EQ(std::filesystem::file_size(data("HSZS/WKSZP1.txt")), 81 + 9999ULL * 38576 + 100) << "the end text's place";
 }
 
@@ -283,7 +282,7 @@ TEST_F(SaveProject, TheSampleBeforeTheLastPlaceIsTaken) {
   write("HSZS/WKSZP1.txt", headerBytes({"9998", "P1"}));
   setRow(0, triaxialBytes("P1", "A-1"));
   EXPECT_THAT(save().errors, IsEmpty());
-  EXPECT_EQ(read("HSZS/WKSZP1.txt").substr(0, 4), "9999");
+  EXPECT_EQ(readStart("HSZS/WKSZP1.txt", 4), "9999");
 }
 
 TEST_F(SaveProject, AHoleThatAShortFileGetsIsNoSample) {

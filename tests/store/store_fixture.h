@@ -119,6 +119,12 @@ class StoreTest : public ::testing::Test {
   std::filesystem::path data(const std::string& name) const { return workspace.dataFolder / name; }
   void write(const std::string& name, std::string_view bytes) const { m_folder.write("data/" + name, bytes); }
   std::string read(const std::string& name) const { return m_folder.read("data/" + name); }
+  /// The first bytes of a file that may be long.
+  std::string readStart(const std::string& name, std::size_t size) const {
+    std::string bytes(size, '#');
+    bytes.resize(File(data(name), File::Mode::Read).readAt(0, std::as_writable_bytes(std::span(bytes))));
+    return bytes;
+  }
   bool has(const std::string& name) const { return std::filesystem::exists(data(name)); }
 
   TriaxialSampleRecord& row(std::size_t index) { return workspace.TriaxialSampleTable[index]; }
