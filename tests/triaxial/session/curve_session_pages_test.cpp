@@ -190,6 +190,10 @@ TEST_F(CurveSessionPages, StrainLimitsAndTheMarkOfAdjustmentBelongToTheEnvelopes
   fixture.sample(0).adjustedFlag = 1;
   session.showPage(3);
   EXPECT_EQ(session.state().label4, "已经干预");
+  // Any other value doesn't keep the page from fitting anew, and so it is told.
+  fixture.sample(0).adjustedFlag = 2;
+  session.showPage(3);
+  EXPECT_EQ(session.state().label4, "原始数据");
 }
 
 TEST_F(CurveSessionPages, ShowingAnEnvelopeStoresItsFailureValuesAndFit) {
