@@ -16,7 +16,7 @@ namespace {
 
 /// Brings what a journal carries into the files, in an order in which a full disk can still be taken back: first every
 /// file is opened for writing and lengthened, which takes all the space that is needed and touches no old byte, then
-/// the bytes inside the old lengths are written.
+/// files change places or go, and at last the bytes inside the old lengths are written.
 class JournalApplication {
  public:
   JournalApplication(const std::filesystem::path& dataFolder, const std::vector<JournalFile>& files,
@@ -26,12 +26,27 @@ class JournalApplication {
   /// What a failure leaves can be finished later, or undone by `shorten`.
   void lengthen() {
     m_before.reserve(m_files.size());
-    for (const JournalFile& file : m_files) lengthenFile(file);
+    for (const JournalFile& file : m_files) {
+      if (file.deed == JournalDeed::Write)
+        lengthenFile(file);
+      else
+        m_before.emplace_back();
+    }
     for (const std::filesystem::path& folder : m_foldersWithNewFiles) syncFolder(folder);
   }
 
+  /// Pre: `lengthen` has returned. A deed that was done already is passed over.
+  void exchange() {
+    for (const JournalFile& file : m_files)
+      if (file.deed != JournalDeed::Write) exchangeFile(file.deed, pathOf(file));
+  }
+
+  /// True as long as no file has been changed but in its length.
+  bool canBeUndone() const { return !m_exchanged; }
+
   void shorten() {
     for (std::size_t i = 0; i < m_before.size(); ++i) {
+      if (m_files[i].deed != JournalDeed::Write) continue;
       const std::filesystem::path path = pathOf(m_files[i]);
       if (m_before[i].existed) {
         File file(path, File::Mode::Update);
@@ -44,7 +59,7 @@ class JournalApplication {
     for (const std::filesystem::path& folder : m_foldersWithNewFiles) syncFolder(folder);
   }
 
-  /// Pre: `lengthen` has returned.
+  /// Pre: `exchange` has returned.
   void overwrite() {
     for (std::size_t i = 0; i < m_files.size(); ++i)
       if (reachesBelow(m_files[i], m_before[i].size)) overwriteFile(m_files[i], m_before[i].size);
@@ -52,9 +67,26 @@ class JournalApplication {
 
  private:
   struct Before {
-    bool existed;
-    std::uint64_t size;
+    bool existed = false;
+    std::uint64_t size = 0;
   };
+
+  void exchangeFile(JournalDeed deed, const std::filesystem::path& path) {
+    const std::filesystem::path vanishing = deed == JournalDeed::Replace ? newContentOf(path) : path;
+    if (!fileExists(vanishing)) return;
+    try {
+      if (deed == JournalDeed::Replace) {
+        moveFile(vanishing, path);
+      } else {
+        removeFile(path);
+        syncFolder(path.parent_path());
+      }
+    } catch (const UserError&) {
+      m_exchanged |= !fileExists(vanishing);  // done, though perhaps not durable
+      throw;
+    }
+    m_exchanged = true;
+  }
 
   std::filesystem::path pathOf(const JournalFile& file) const { return m_dataFolder / pathFromText(file.path); }
 
@@ -100,6 +132,7 @@ class JournalApplication {
   const std::vector<JournalFile>& m_files;
   const JournalData& m_data;
   std::vector<Before> m_before;
+  bool m_exchanged = false;
   std::set<std::filesystem::path> m_foldersWithNewFiles;
 };
 
@@ -200,6 +233,7 @@ class KeptBytes {
 struct FileUpdate::State {
   std::filesystem::path dataFolder;
   std::map<std::string, PendingWrites> files;  // by the path below the data folder
+  std::map<std::string, JournalDeed> deeds;    // files that are replaced or removed
   KeptBytes kept;
   /// What was asked for last: a save reads thousands of records of one file.
   std::filesystem::path lastPath;
@@ -215,6 +249,19 @@ struct FileUpdate::State {
       throw UserError(fmt::format("“{}”不在数据文件夹“{}”之内。", textOfPath(file), textOfPath(dataFolder)));
     lastPath = file;
     return lastKey = key;
+  }
+
+  std::filesystem::path pathOf(const std::string& key) const { return dataFolder / pathFromText(key); }
+
+  /// Drops what was to be done. A new content that can't be removed does no harm: the next one is written over it.
+  void drop() {
+    for (const auto& [key, deed] : std::exchange(deeds, {})) {
+      try {
+        if (deed == JournalDeed::Replace) removeFile(newContentOf(pathOf(key)));
+      } catch (const UserError&) {
+      }
+    }
+    files.clear();
   }
 
   const PendingWrites* pending(const std::string& key) const {
@@ -237,7 +284,7 @@ FileUpdate::FileUpdate(std::filesystem::path dataFolder) : m_state(std::make_uni
   recover(m_state->dataFolder);
 }
 
-FileUpdate::~FileUpdate() = default;
+FileUpdate::~FileUpdate() { m_state->drop(); }
 
 bool FileUpdate::exists(const std::filesystem::path& file) const {
   if (folderExists(file)) throw UserError(fmt::format("“{}”应为文件，却是一个文件夹。", textOfPath(file)));
@@ -283,38 +330,54 @@ void FileUpdate::writeInPlace(const std::filesystem::path& file, std::uint64_t o
   writes[offset] = from;
 }
 
+void FileUpdate::replace(const std::filesystem::path& file) {
+  m_state->deeds[m_state->keyOf(file)] = JournalDeed::Replace;
+}
+
+void FileUpdate::remove(const std::filesystem::path& file) {
+  m_state->deeds[m_state->keyOf(file)] = JournalDeed::Remove;
+}
+
 void FileUpdate::commit() {
   State& state = *m_state;
-  if (state.files.empty()) return;
+  if (state.files.empty() && state.deeds.empty()) return;
   state.open.reset();
   std::vector<JournalFile> files;
   JournalSpans data;
   for (const auto& [path, writes] : state.files) files.push_back({path, piecesOf(writes, data)});
+  for (const auto& [path, deed] : state.deeds) files.push_back({path, {}, deed});
   const std::filesystem::path journal = state.dataFolder / kJournalName;
+  const auto failLater = [&](const UserError& cause) {
+    state.deeds.clear();  // the journal has them now
+    failUnfinished(journal, cause);
+  };
   try {
     writeJournal(journal, files, data);
   } catch (const UserError& cause) {
-    if (!dropJournal(journal)) failUnfinished(journal, cause);
+    if (!dropJournal(journal)) failLater(cause);
     failUnchanged(cause);
   }
   JournalApplication application(state.dataFolder, files, data);
   try {
     application.lengthen();
+    application.exchange();
   } catch (const UserError& cause) {
+    if (!application.canBeUndone()) failLater(cause);
     try {
       application.shorten();
     } catch (const UserError&) {
-      failUnfinished(journal, cause);
+      failLater(cause);
     }
-    if (!dropJournal(journal)) failUnfinished(journal, cause);
+    if (!dropJournal(journal)) failLater(cause);
     failUnchanged(cause);
   }
   try {
     application.overwrite();
   } catch (const UserError& cause) {
-    failUnfinished(journal, cause);
+    failLater(cause);
   }
   dropJournal(journal);
+  state.deeds.clear();
   state.files.clear();
   state.kept = {};
 }
@@ -327,6 +390,7 @@ void FileUpdate::recover(const std::filesystem::path& dataFolder) {
     JournalApplication application(dataFolder, found->files(), *found);
     try {
       application.lengthen();
+      application.exchange();
       application.overwrite();
     } catch (const UserError& cause) {
       failUnfinished(journal, cause);

@@ -11,7 +11,8 @@
 
 namespace triaxlab {
 
-/// Positioned writes to several files below one data folder that reach the disk all together or not at all.
+/// Positioned writes to several files below one data folder, files replaced as a whole and files removed, that reach
+/// the disk all together or not at all.
 ///
 /// Writes are collected in memory; reads through the update see them. `commit` writes them to a journal in the data
 /// folder, syncs it, applies it to the files, syncs them, and removes the journal. A program killed at any point leaves
@@ -34,6 +35,11 @@ class FileUpdate {
   void writeAt(const std::filesystem::path& file, std::uint64_t offset, std::span<const std::byte> from);
   /// As writeAt, without the copy: the bytes must stay where and as they are until the commit has returned.
   void writeInPlace(const std::filesystem::path& file, std::uint64_t offset, std::span<const std::byte> from);
+  /// The commit puts the file `newContentOf(file)`, which must be finished and synced by then, in the place of `file`.
+  /// It is this object's from now on: an update that isn't committed removes it. Reads still see the old file.
+  void replace(const std::filesystem::path& file);
+  /// The commit removes the file. Reads still see it.
+  void remove(const std::filesystem::path& file);
   /// All or nothing. A failure while the journal is written or the files are lengthened, where a full disk shows, takes
   /// everything back; a later one leaves the journal, with which the next recover completes the files. Both are
   /// UserErrors whose sentence says which.

@@ -34,9 +34,10 @@ static_assert(sizeof(JournalHead) == 24);
 
 struct IndexFile {
   Little<std::uint16_t> pathLength;
+  std::uint8_t deed = 0;
   Little<std::uint32_t> pieceCount;
 };
-static_assert(sizeof(IndexFile) == 6);
+static_assert(sizeof(IndexFile) == 7);
 
 struct IndexPiece {
   Little<std::uint64_t> offset;
@@ -102,7 +103,8 @@ void append(Bytes& to, std::span<const std::byte> bytes) { to.insert(to.end(), b
 Bytes indexOf(const std::vector<JournalFile>& files) {
   Bytes index;
   for (const JournalFile& file : files) {
-    const IndexFile head{static_cast<std::uint16_t>(file.path.size()), static_cast<std::uint32_t>(file.pieces.size())};
+    const IndexFile head{static_cast<std::uint16_t>(file.path.size()), static_cast<std::uint8_t>(file.deed),
+                         static_cast<std::uint32_t>(file.pieces.size())};
     append(index, bytesOf(head));
     append(index, std::as_bytes(std::span(file.path)));
     for (const JournalPiece& piece : file.pieces) {
@@ -142,6 +144,8 @@ class IndexParser {
     if (!take(m_rest, head) || m_rest.size() < head.pathLength) return false;
     file.path.assign(reinterpret_cast<const char*>(m_rest.data()), head.pathLength);
     m_rest = m_rest.subspan(head.pathLength);
+    file.deed = static_cast<JournalDeed>(head.deed);
+    if (file.deed > JournalDeed::Remove || (file.deed != JournalDeed::Write && head.pieceCount != 0)) return false;
     if (!isJournalPath(file.path) || m_rest.size() / sizeof(IndexPiece) < head.pieceCount) return false;
     file.pieces.resize(head.pieceCount);
     return std::all_of(file.pieces.begin(), file.pieces.end(),
@@ -208,6 +212,12 @@ bool isJournalPath(std::string_view path) {
   return path.size() <= std::numeric_limits<std::uint16_t>::max() && slash != path.npos &&
          std::find(kFolders.begin(), kFolders.end(), path.substr(0, slash)) != kFolders.end() &&
          isFileName(path.substr(slash + 1));
+}
+
+std::filesystem::path newContentOf(const std::filesystem::path& file) {
+  std::filesystem::path beside = file;
+  beside += ".new";
+  return beside;
 }
 
 std::uint64_t JournalSpans::append(std::span<const std::byte> bytes) {

@@ -21,14 +21,15 @@ namespace triaxlab {
 //    0  8  mark "TXJRNL1\n"
 //    8  8  size of the index
 //   16  8  size of the data
-//   24     index: for each file  path length 2, count of pieces 4, path, and for each piece
+//   24     index: for each file  path length 2, deed 1, count of pieces 4, path, and for each piece
 //          place in the file 8, size 8
 //          data: the bytes of the pieces in the order of the index
 //          checksum of all before 8, end mark "ENDTXJ1\n" 8
 //
-// A path is "HSZS/file" or "ZMSJ/file" below the data folder, UTF-8; any other path makes the whole journal void, so no
-// journal can name a file outside. A journal counts only when its size, marks, checksum and every place in it are
-// right; a cut or damaged one means that the save had not begun to change anything.
+// A deed is 0 for a file that is written to, in pieces; 1 for one whose place the finished file "NAME.new" beside it
+// takes; 2 for one that is removed. A path is "HSZS/file" or "ZMSJ/file" below the data folder, UTF-8; any other path
+// makes the whole journal void, so no journal can name a file outside. A journal counts only when its size, marks,
+// checksum and every place in it are right; a cut or damaged one means that the save had not begun to change anything.
 
 inline constexpr std::string_view kJournalName = "journal";
 
@@ -39,10 +40,17 @@ struct JournalPiece {
   std::uint64_t dataPosition = 0;
 };
 
+/// What becomes of a file. The values are on disk.
+enum class JournalDeed : std::uint8_t { Write = 0, Replace = 1, Remove = 2 };
+
 struct JournalFile {
   std::string path;
-  std::vector<JournalPiece> pieces;
+  std::vector<JournalPiece> pieces;  // of a file that is written to
+  JournalDeed deed = JournalDeed::Write;
 };
+
+/// Where the new content of a file stands, whole and synced, until a journal puts it in the old one's place.
+std::filesystem::path newContentOf(const std::filesystem::path& file);
 
 /// True for a path that a journal may name: a file in the folder of the project files or of the summary files.
 bool isJournalPath(std::string_view path);

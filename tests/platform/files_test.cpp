@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -299,6 +300,45 @@ TEST_F(Files, AFailedReplacementLeavesTheOldFileAndNoRemains) {
   EXPECT_NE(complaintOf([&] { writeWholeFile(folder / "folder", bytesOfText("new")); }), "");
   EXPECT_NE(complaintOf([&] { writeWholeFile(folder / "none/b", bytesOfText("new")); }), "");
   EXPECT_THAT(namesIn(folder.path()), ElementsAre("a", "folder"));
+}
+
+TEST_F(Files, AMovedFileTakesThePlaceAndTheRightsOfTheOldOne) {
+  write(folder / "a.bak", "new content");
+  write(folder / "a", "old");
+  fs::permissions(folder / "a", fs::perms::owner_read | fs::perms::group_read);
+  moveFile(folder / "a.bak", folder / "a");
+  EXPECT_EQ(contentOf(folder / "a"), "new content");
+  EXPECT_EQ(fs::status(folder / "a").permissions(), fs::perms::owner_read | fs::perms::group_read);
+  EXPECT_THAT(namesIn(folder.path()), ElementsAre("a"));
+}
+
+TEST_F(Files, AFileMovesFromOneDiskToAnother) {
+  struct stat here {
+  }, there{};
+  fs::create_directories("/dev/shm");
+  ASSERT_EQ(stat(folder.path().c_str(), &here), 0);
+  ASSERT_EQ(stat("/dev/shm", &there), 0);
+  ASSERT_NE(here.st_dev, there.st_dev) << "the test needs two file systems";
+  const fs::path from = fs::path("/dev/shm") / ("triaxlab-move-" + std::to_string(getpid()));
+  const std::string content(3'000'001, 'x');  // more than one block
+  write(from, content);
+  write(folder / "a", "old");
+  moveFile(from, folder / "a");
+  EXPECT_EQ(contentOf(folder / "a"), content);
+  EXPECT_FALSE(fs::exists(from));
+  EXPECT_THAT(namesIn(folder.path()), ElementsAre("a"));
+}
+
+TEST_F(Files, AMoveThatFailsLeavesBothFiles) {
+  write(folder / "a.bak", "new");
+  fs::create_directory(folder / "folder");
+  EXPECT_THAT(complaintOf([&] { moveFile(folder / "a.bak", folder / "folder"); }),
+              HasSubstr((folder / "folder").string()));
+  EXPECT_NE(complaintOf([&] { moveFile(folder / "a.bak", folder / "none/a"); }), "");
+  EXPECT_EQ(contentOf(folder / "a.bak"), "new");
+  EXPECT_NE(complaintOf([&] { moveFile(folder / "none", folder / "a.bak"); }), "");
+  EXPECT_EQ(contentOf(folder / "a.bak"), "new");
+  EXPECT_THAT(namesIn(folder.path()), ElementsAre("a.bak", "folder"));
 }
 
 TEST_F(Files, RenamesAndRemoves) {

@@ -85,6 +85,39 @@ std::vector<std::string> namesIn(const std::filesystem::path& folder) {
   return names;
 }
 
+/// Permissions of a file that takes the place of another; a file without forerunner keeps its own.
+void takePermissions(const std::filesystem::path& file, const std::filesystem::path& from) {
+  struct stat old {};
+  if (stat(from.c_str(), &old) == 0) chmod(file.c_str(), old.st_mode & 07777);
+}
+
+void copyContent(const File& from, File& to) {
+  Bytes block(std::size_t{1} << 20);
+  std::uint64_t done = 0;
+  while (const std::size_t got = from.readAt(done, block)) {
+    to.writeAt(done, std::span(block).first(got));
+    done += got;
+  }
+}
+
+/// Fills a file beside `target`, syncs it and renames it over the target.
+template <class Fill>
+void replaceThroughCopy(const std::filesystem::path& target, Fill fill) {
+  std::filesystem::path beside = target;
+  beside += ".new";
+  try {
+    File file(beside, File::Mode::Create);
+    fill(file);
+    file.sync();
+    takePermissions(beside, target);
+    renameFile(beside, target);
+  } catch (const UserError&) {
+    unlink(beside.c_str());
+    throw;
+  }
+  syncFolder(target.parent_path());
+}
+
 int openFlags(File::Mode mode) {
   switch (mode) {
     case File::Mode::Read:
@@ -192,24 +225,20 @@ void writeWholeFile(const std::filesystem::path& path, std::span<const std::byte
   std::error_code noFileYet;
   std::filesystem::path target = std::filesystem::canonical(path, noFileYet);
   if (noFileYet) target = path;
-  std::filesystem::path beside = target;
-  beside += ".new";
-  try {
-    File file(beside, File::Mode::Create);
-    file.writeAt(0, content);
-    file.sync();
-    struct stat old {};
-    if (stat(target.c_str(), &old) == 0) chmod(beside.c_str(), old.st_mode & 07777);
-    renameFile(beside, target);
-  } catch (const UserError&) {
-    unlink(beside.c_str());
-    throw;
-  }
-  syncFolder(target.parent_path());
+  replaceThroughCopy(target, [content](File& beside) { beside.writeAt(0, content); });
 }
 
 void renameFile(const std::filesystem::path& from, const std::filesystem::path& to) {
   if (rename(from.c_str(), to.c_str()) != 0) fail("写入文件", to, errno);
+}
+
+void moveFile(const std::filesystem::path& from, const std::filesystem::path& to) {
+  takePermissions(from, to);
+  if (rename(from.c_str(), to.c_str()) == 0) return syncFolder(to.parent_path());
+  if (errno != EXDEV) fail("写入文件", to, errno);
+  const File source(from, File::Mode::Read);
+  replaceThroughCopy(to, [&source](File& beside) { copyContent(source, beside); });
+  unlink(from.c_str());
 }
 
 void removeFile(const std::filesystem::path& path) {
