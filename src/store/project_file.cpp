@@ -9,6 +9,8 @@
 #include "platform/files.h"
 #include "store/file_update.h"
 #include "store/project_frame.h"
+#include "store/upgrade.h"
+#include "triaxial/old_record.h"
 
 namespace triaxlab {
 namespace {
@@ -55,6 +57,12 @@ void adjustOldValues(TriaxialSampleRecord& record, const ProjectHeader& header, 
 template <class Record>
 void adjustOldValues(Record&, const ProjectHeader&, NumberFormat) {}
 
+/// A record of today is read as it stands.
+template <class Record>
+const Record& currentRecord(const Record& record) {
+  return record;
+}
+
 /// A project file between its reading and the moment when it becomes the workspace's.
 struct OpenedFile {
   const File& file;
@@ -67,40 +75,42 @@ struct OpenedFile {
 
 /// Reads the records of the span into a table of their own; what the file lacks is blank. A read fills many records at
 /// once, and only rows that nothing was read into are made blank.
-template <class Record>
+template <class FileRecord, class Record>
 SampleTable<Record> readRecords(OpenedFile& opened, NumberFormat cohesionFormat) {
   const std::uint64_t fileSize = opened.file.size();
-  const std::uint32_t start = recordPosition(sizeof(Record), opened.span.first);
-  const std::uint64_t whole = fileSize > start ? (fileSize - start) / sizeof(Record) : 0;
+  const std::uint32_t start = recordPosition(sizeof(FileRecord), opened.span.first);
+  const std::uint64_t whole = fileSize > start ? (fileSize - start) / sizeof(FileRecord) : 0;
   const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(opened.span.count, whole));
   SampleTable<Record> table;
   table.reserve(kTableRows);
-  std::vector<Record> block(std::clamp<std::size_t>(wanted, 1, std::max<std::size_t>(1, kReadBlock / sizeof(Record))));
+  const std::size_t mostInBlock = std::max<std::size_t>(1, kReadBlock / sizeof(FileRecord));
+  std::vector<FileRecord> block(std::clamp<std::size_t>(wanted, 1, mostInBlock));
   while (table.size() < wanted) {
     const std::size_t count = std::min(block.size(), wanted - table.size());
     const std::uint32_t position =
-        recordPosition(sizeof(Record), opened.span.first + static_cast<std::uint32_t>(table.size()));
+        recordPosition(sizeof(FileRecord), opened.span.first + static_cast<std::uint32_t>(table.size()));
     const std::size_t got =
-        opened.file.readAt(position, std::as_writable_bytes(std::span(block).first(count))) / sizeof(Record);
-    for (Record& record : std::span(block).first(got)) {
-      if (isHole(record)) record = Record{};
-      adjustOldValues(record, opened.head.header, cohesionFormat);
+        opened.file.readAt(position, std::as_writable_bytes(std::span(block).first(count))) / sizeof(FileRecord);
+    for (const FileRecord& record : std::span(block).first(got)) {
+      if (isHole(record))
+        table.emplace_back();
+      else
+        table.push_back(currentRecord(record));
+      adjustOldValues(table.back(), opened.head.header, cohesionFormat);
     }
-    table.insert(table.end(), block.begin(), block.begin() + static_cast<std::ptrdiff_t>(got));
     if (got < count) break;
   }
   if (const std::size_t missing = opened.span.count - table.size(); missing > 0)
-    opened.remarks.push_back(fmt::format("文件“{}”比文件头所说的短，缺 {} 个试样，以空白记录代替。",
-                                         textOfPath(opened.file.path()), missing));
+    opened.remarks.push_back(missingSamplesRemark(opened.file.path(), missing));
   table.resize(kTableRows, Record{});
   return table;
 }
 
 /// Reads the records and returns the step that puts them into the workspace, which can't fail.
 using Installer = std::function<void(Workspace&)>;
-template <auto Table, class Record>
+template <auto Table, class FileRecord, class Record = FileRecord>
 Installer readInto(OpenedFile& opened, NumberFormat cohesionFormat) {
-  auto table = std::make_shared<SampleTable<Record>>(readRecords<Record>(opened, cohesionFormat));
+  auto table = std::make_shared<SampleTable<Record>>(readRecords<FileRecord, Record>(opened, cohesionFormat));
   return [table](Workspace& workspace) { (workspace.*Table).swap(*table); };
 }
 
@@ -113,6 +123,8 @@ constexpr std::array kTables{
     TableOfKind{ProjectKind::Unconfined, readInto<&Workspace::UnconfinedSampleTable, UnconfinedSampleRecord>},
     TableOfKind{ProjectKind::K0, readInto<&Workspace::K0SampleTable, K0SampleRecord>},
     TableOfKind{ProjectKind::TK0, readInto<&Workspace::TK0SampleTable, TK0SampleRecord>},
+    TableOfKind{ProjectKind::OldTriaxial,
+                readInto<&Workspace::TriaxialSampleTable, OldTriaxialRecord, TriaxialSampleRecord>},
 };
 
 void readEndText(OpenedFile& opened) {
@@ -146,8 +158,10 @@ Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fil
                     const RangeChooser& chooseRange) {
   FileUpdate::recover(workspace.dataFolder);
   const ProjectKindInfo& info = infoOf(kind);
-  const File file(findProjectFile(workspace.projectFolder(), info, fileName), File::Mode::Read);
-  OpenedFile opened{file, info, readProjectHead(readerOf(file), info, file.path()), {}, {}, {}};
+  const std::filesystem::path path = findProjectFile(workspace.projectFolder(), info, fileName);
+  Remarks remarks = upgradeProject(workspace, info, path);
+  const File file(path, File::Mode::Read);
+  OpenedFile opened{file, info, readProjectHead(readerOf(file), info, path), {}, {}, std::move(remarks)};
   opened.span = askedSpan(opened.head.sampleCount, chooseRange);
   const auto* const table =
       std::find_if(kTables.begin(), kTables.end(), [kind](const TableOfKind& row) { return row.kind == kind; });

@@ -23,9 +23,10 @@ SampleRange limitedRange(SampleRange wanted);
 using RangeChooser = std::function<SampleRange(int sampleCount)>;
 
 /// Opens a project file (name without folder) into the table of its kind, with the project date, the processing date,
-/// and for a triaxial file the controlledDocNo; clears rawImportPending. The workspace changes only when nothing can
-/// fail any more. The display table is filled by `readLocations` afterwards, the records are not reduced. UserError:
-/// missing, unreadable, damaged head, old format, more than 1001 rows asked for.
+/// and for a triaxial file the controlledDocNo; clears rawImportPending. A file of an old format is upgraded in place
+/// first. The workspace changes only when nothing can fail any more. The display table is filled by `readLocations`
+/// afterwards, the records are not reduced. UserError: missing, unreadable, damaged head, an upgrade that fails, more
+/// than 1001 rows asked for.
 Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fileName, const RangeChooser& chooseRange);
 
 }  // namespace triaxlab

@@ -17,13 +17,6 @@ namespace {
 constexpr std::size_t kSampleNoOffset = 15;
 constexpr std::size_t kTestMethodOffset = offsetof(TriaxialSampleRecord, testMethod);
 
-/// A kind that marks its files says so in the first four places of versionTag; other files of the kind hold shorter
-/// records. The old triaxial kind has no current format at all.
-bool isOldFormat(const ProjectHeader& header, const ProjectKindInfo& info) {
-  if (info.kind == ProjectKind::OldTriaxial) return true;
-  return !info.versionTag.empty() && header.versionTag.view().substr(0, 4) != info.versionTag;
-}
-
 }  // namespace
 
 ReadAt readerOf(const File& file) {
@@ -44,7 +37,7 @@ std::uint32_t recordPosition(std::uint32_t recordSize, std::uint32_t index) {
   return static_cast<std::uint32_t>(position);
 }
 
-ProjectHead readProjectHead(const ReadAt& readAt, const ProjectKindInfo& info, const std::filesystem::path& file) {
+ProjectHead readAnyProjectHead(const ReadAt& readAt, const std::filesystem::path& file) {
   ProjectHead head;
   const std::size_t got = readAt(0, writableBytesOf(head.header));
   if (got < sizeof head.header)
@@ -52,10 +45,23 @@ ProjectHead readProjectHead(const ReadAt& readAt, const ProjectKindInfo& info, c
                                 sizeof head.header));
   const std::optional<int> count = claimedCount(head.header.sampleCount.view());
   if (!count) throw UserError(fmt::format("文件“{}”已损坏：文件头中没有试样总数。", textOfPath(file)));
-  if (isOldFormat(head.header, info))
-    throw UserError(fmt::format("文件“{}”是旧格式的数据文件，本版本不能打开或保存它。", textOfPath(file)));
   head.sampleCount = *count;
   return head;
+}
+
+bool isOldFormat(const ProjectHeader& header, const ProjectKindInfo& info) {
+  return !info.versionTag.empty() && header.versionTag.view().substr(0, 4) != info.versionTag;
+}
+
+ProjectHead readProjectHead(const ReadAt& readAt, const ProjectKindInfo& info, const std::filesystem::path& file) {
+  ProjectHead head = readAnyProjectHead(readAt, file);
+  if (isOldFormat(head.header, info))
+    throw UserError(fmt::format("文件“{}”是旧格式的数据文件，还没有转换成新格式。", textOfPath(file)));
+  return head;
+}
+
+std::string missingSamplesRemark(const std::filesystem::path& file, std::size_t missing) {
+  return fmt::format("文件“{}”比文件头所说的短，缺 {} 个试样，以空白记录代替。", textOfPath(file), missing);
 }
 
 std::vector<SampleIndexEntry> loadSampleIndex(const ReadAt& readAt, const ProjectKindInfo& info, int sampleCount) {

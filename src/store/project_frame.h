@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -37,8 +38,16 @@ struct ProjectHead {
   ProjectHeader header;
   int sampleCount = 0;
 };
-/// UserError when the file is shorter than a header, sampleCount holds no number, or the file is of an old format.
+/// The head of a project file of any format. UserError when the file is shorter than a header or sampleCount holds no
+/// number.
+ProjectHead readAnyProjectHead(const ReadAt& readAt, const std::filesystem::path& file);
+/// True when the kind once had shorter records and the file still holds them.
+bool isOldFormat(const ProjectHeader& header, const ProjectKindInfo& info);
+/// The head of a file of today's format. UserError as above, and for a file that has not been upgraded.
 ProjectHead readProjectHead(const ReadAt& readAt, const ProjectKindInfo& info, const std::filesystem::path& file);
+
+/// What is said of a file that holds fewer samples than its header claims.
+std::string missingSamplesRemark(const std::filesystem::path& file, std::size_t missing);
 
 /// What a save and a list know a stored sample by.
 struct SampleIndexEntry {

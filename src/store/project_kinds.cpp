@@ -3,18 +3,31 @@
 #include <algorithm>
 
 #include "k0/record.h"
+#include "platform/files.h"
+#include "triaxial/old_record.h"
 #include "triaxial/record.h"
 #include "unconfined/record.h"
 
 namespace triaxlab {
+namespace {
+
+template <class Record>
+std::span<const std::byte> blank() {
+  static const Record record{};
+  return bytesOf(record);
+}
+
+}  // namespace
 
 // File names and some titles have the letter O where the menus speak of K0 with the digit.
 const std::array<ProjectKindInfo, 5> kProjectKinds{{
     {
         .kind = ProjectKind::Triaxial,
+        .documentKind = ProjectKind::Triaxial,
         .id = "triaxial",
         .filePrefix = "WKSZ",
         .recordSize = sizeof(TriaxialSampleRecord),
+        .blankRecord = blank<TriaxialSampleRecord>,
         .sampleNoWidth = 14,
         .hasEndText = true,
         .versionTag = "V2.0",
@@ -22,12 +35,15 @@ const std::array<ProjectKindInfo, 5> kProjectKinds{{
         .listHeading = "三轴试验数据表WKSZ(X).TXT ",
         .openTitle = "打开三轴数据文件",
         .saveMessage = "三轴试验数据保存完毕",
+        .listTitle = "保存三轴文件",
     },
     {
         .kind = ProjectKind::Unconfined,
+        .documentKind = ProjectKind::Unconfined,
         .id = "unconfined",
         .filePrefix = "KWCX",
         .recordSize = sizeof(UnconfinedSampleRecord),
+        .blankRecord = blank<UnconfinedSampleRecord>,
         .sampleNoWidth = 15,
         .hasEndText = false,
         .versionTag = "V2.0",
@@ -35,12 +51,15 @@ const std::array<ProjectKindInfo, 5> kProjectKinds{{
         .listHeading = "无侧限试验数据表KWCX(X).TXT ",
         .openTitle = "打开无侧限数据文件",
         .saveMessage = "无侧限试验数据保存完毕",
+        .listTitle = "保存无侧限文件",
     },
     {
         .kind = ProjectKind::K0,
+        .documentKind = ProjectKind::K0,
         .id = "k0",
         .filePrefix = "KO",
         .recordSize = sizeof(K0SampleRecord),
+        .blankRecord = blank<K0SampleRecord>,
         .sampleNoWidth = 15,
         .hasEndText = false,
         .versionTag = "",
@@ -48,12 +67,15 @@ const std::array<ProjectKindInfo, 5> kProjectKinds{{
         .listHeading = "K0试验数据表KO(X).TXT ",
         .openTitle = "打开KO数据文件",
         .saveMessage = "K0试验数据保存完毕",
+        .listTitle = "保存K0文件",
     },
     {
         .kind = ProjectKind::TK0,
+        .documentKind = ProjectKind::TK0,
         .id = "tk0",
         .filePrefix = "TKO",
         .recordSize = sizeof(TK0SampleRecord),
+        .blankRecord = blank<TK0SampleRecord>,
         .sampleNoWidth = 15,
         .hasEndText = false,
         .versionTag = "",
@@ -61,12 +83,15 @@ const std::array<ProjectKindInfo, 5> kProjectKinds{{
         .listHeading = "TK0试验数据表TKO(X).TXT ",
         .openTitle = "打开TKO数据文件",
         .saveMessage = "TK0试验数据保存完毕",
+        .listTitle = "保存TK0文件",
     },
     {
-        .kind = ProjectKind::OldTriaxial,
+        .kind = ProjectKind::OldTriaxial,  // never written: what is read from it is saved as a triaxial project
+        .documentKind = ProjectKind::Triaxial,
         .id = "old-triaxial",
         .filePrefix = "KSZ",
-        .recordSize = 5966,  // never written: what is read from it is saved as a triaxial project
+        .recordSize = sizeof(OldTriaxialRecord),
+        .blankRecord = blank<OldTriaxialRecord>,
         .sampleNoWidth = 14,
         .hasEndText = false,
         .versionTag = "",
@@ -74,6 +99,7 @@ const std::array<ProjectKindInfo, 5> kProjectKinds{{
         .listHeading = "三轴试验数据表KSZ(X).TXT ",
         .openTitle = "打开三轴数据文件",
         .saveMessage = "三轴试验数据保存完毕",
+        .listTitle = "",
     },
 }};
 

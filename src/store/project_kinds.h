@@ -1,8 +1,10 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string_view>
 
 namespace triaxlab {
@@ -13,9 +15,11 @@ enum class ProjectKind : std::int16_t { Triaxial = 1, Unconfined = 2, K0 = 10, T
 /// One row for each kind: all that its framing and its windows differ in.
 struct ProjectKindInfo {
   ProjectKind kind;
-  std::string_view id;           // on the command line
-  std::string_view filePrefix;   // of the file name, before the project number
-  std::uint32_t recordSize;      // bytes on file
+  ProjectKind documentKind;     // whose table, windows and files its samples take once they are read
+  std::string_view id;          // on the command line
+  std::string_view filePrefix;  // of the file name, before the project number
+  std::uint32_t recordSize;     // bytes on file
+  std::span<const std::byte> (*blankRecord)();
   std::uint32_t sampleNoWidth;   // 14 or 15, behind the project number of 15
   bool hasEndText;               // a controlledDocNo of 100 places behind the last record
   std::string_view versionTag;   // what a new file gets; empty: none
@@ -23,6 +27,7 @@ struct ProjectKindInfo {
   std::string_view listHeading;  // the browser's Labelname
   std::string_view openTitle;    // title of the browser's messages
   std::string_view saveMessage;  // shown when a save is complete
+  std::string_view listTitle;    // title when a sample list is saved; empty: the files are never written
 };
 
 extern const std::array<ProjectKindInfo, 5> kProjectKinds;

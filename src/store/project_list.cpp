@@ -4,6 +4,7 @@
 #include "store/file_update.h"
 #include "store/project_frame.h"
 #include "store/summary_file.h"
+#include "store/upgrade.h"
 
 namespace triaxlab {
 namespace {
@@ -46,13 +47,15 @@ std::vector<ProjectListRow> listProjects(const Workspace& workspace, ProjectKind
   return rows;
 }
 
-std::vector<SampleListRow> listSamples(const Workspace& workspace, ProjectKind kind, std::string_view fileName) {
+SampleListTable listSamples(const Workspace& workspace, ProjectKind kind, std::string_view fileName) {
   FileUpdate::recover(workspace.dataFolder);
   const ProjectKindInfo& info = infoOf(kind);
-  const File file(findProjectFile(workspace.projectFolder(), info, fileName), File::Mode::Read);
-  const ProjectHead head = readProjectHead(readerOf(file), info, file.path());
+  const std::filesystem::path path = findProjectFile(workspace.projectFolder(), info, fileName);
+  upgradeProject(workspace, info, path);
+  const File file(path, File::Mode::Read);
+  const ProjectHead head = readProjectHead(readerOf(file), info, path);
   const std::vector<SampleIndexEntry> index = loadSampleIndex(readerOf(file), info, head.sampleCount);
-  std::vector<SampleListRow> rows(index.size());
+  SampleListTable rows(index.size());
   std::vector<std::string> numbers(index.size());
   for (std::size_t i = 0; i < rows.size(); ++i) {
     numbers[i] = index[i].sampleNo.trimmed();

@@ -30,7 +30,11 @@ struct SampleListRow {
   std::string samplingDepth;
 };
 
-/// The samples of a project file with what the summary file knows of them. UserError as openProject.
-std::vector<SampleListRow> listSamples(const Workspace& workspace, ProjectKind kind, std::string_view fileName);
+/// The samples of a project file, in the order in which a rewrite is to write them.
+using SampleListTable = std::vector<SampleListRow>;
+
+/// The samples of a project file with what the summary file knows of them; a file of an old format is upgraded in place
+/// first. UserError as openProject.
+SampleListTable listSamples(const Workspace& workspace, ProjectKind kind, std::string_view fileName);
 
 }  // namespace triaxlab

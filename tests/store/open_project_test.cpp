@@ -198,15 +198,6 @@ TEST(LimitedRange, StaysBetweenOneAndTenThousand) {
   EXPECT_EQ(limitedRange({-7, -9}).last, 1);
 }
 
-TEST_F(OpenProject, AFileOfTheOldFormatIsRefusedByName) {
-  write("HSZS/WKSZP1.txt", headerBytes({"0001", "P1", "", "", "", "", "V1.0"}) + std::string(38366, ' '));
-  write("HSZS/KWCXP1.txt", headerBytes({"0001", "P1", "", "", "", "", ""}) + std::string(916, ' '));
-  write("HSZS/KSZP1.txt", headerBytes({"0001", "P1"}) + std::string(5966, ' '));
-  EXPECT_THAT(sentenceOf([&] { open(ProjectKind::Triaxial, "WKSZP1.txt"); }), HasSubstr("WKSZP1.txt"));
-  EXPECT_THAT(sentenceOf([&] { open(ProjectKind::Unconfined, "KWCXP1.txt"); }), HasSubstr("旧格式"));
-  EXPECT_THAT(sentenceOf([&] { open(ProjectKind::OldTriaxial, "KSZP1.txt"); }), HasSubstr("旧格式"));
-}
-
 TEST_F(OpenProject, ATagThatBeginsWithV20IsTheCurrentFormat) {
   write("HSZS/WKSZP1.txt", headerBytes({"0000", "P1", "", "", "", "", "V2.0b"}));
   EXPECT_TRUE(open(ProjectKind::Triaxial, "WKSZP1.txt").empty());

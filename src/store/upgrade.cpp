@@ -1,0 +1,171 @@
+#include "store/upgrade.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstring>
+#include <span>
+
+#include "store/project_frame.h"
+#include "triaxial/record.h"
+#include "unconfined/record.h"
+
+namespace triaxlab {
+namespace {
+
+/// Bytes of an old record and where they stand today.
+struct FieldCopy {
+  std::size_t from, to, size;
+};
+
+// ---- Triaxial: the record ended where testDate begins today.
+
+constexpr std::size_t kOldTriaxialSize = 38366;
+constexpr std::array kTriaxialCopies{FieldCopy{0, 0, offsetof(TriaxialSampleRecord, testDate)}};
+
+// ---- Unconfined: 23 rows in each column, everything else in the same order.
+
+constexpr std::size_t kOldUnconfinedSize = 916;
+constexpr std::size_t kOldColumnSize = 23 * sizeof(UnconfinedColumn::value_type);
+constexpr std::size_t kColumnsStart = offsetof(UnconfinedSampleRecord, undisturbedStress);
+constexpr std::size_t kScalarsStart = offsetof(UnconfinedSampleRecord, sampleHeight);
+constexpr std::size_t kOldScalarsStart = kColumnsStart + 6 * kOldColumnSize;
+
+/// Column k of the six, in the order of the record.
+constexpr FieldCopy oldColumn(std::size_t k) {
+  return {kColumnsStart + k * kOldColumnSize, kColumnsStart + k * sizeof(UnconfinedColumn), kOldColumnSize};
+}
+constexpr std::array kUnconfinedCopies{
+    FieldCopy{0, 0, kColumnsStart},  // projectNo, sampleNo
+    oldColumn(0),
+    oldColumn(1),
+    oldColumn(2),
+    oldColumn(3),
+    oldColumn(4),
+    oldColumn(5),
+    FieldCopy{kOldScalarsStart, kScalarsStart, sizeof(UnconfinedSampleRecord) - kScalarsStart},
+};
+
+/// The copies take every byte of the old record, in order.
+template <std::size_t N>
+constexpr bool takeAll(const std::array<FieldCopy, N>& copies, std::size_t oldSize) {
+  std::size_t end = 0;
+  for (const FieldCopy& copy : copies) {
+    if (copy.from != end) return false;
+    end += copy.size;
+  }
+  return end == oldSize;
+}
+static_assert(takeAll(kTriaxialCopies, kOldTriaxialSize) && takeAll(kUnconfinedCopies, kOldUnconfinedSize));
+static_assert(kColumnsStart + 6 * sizeof(UnconfinedColumn) == kScalarsStart);
+
+struct OldFormat {
+  ProjectKind kind;
+  std::size_t recordSize;
+  std::span<const FieldCopy> copies;
+  const char* temporaryName;  // in the applicationFolder
+};
+constexpr std::array kOldFormats{
+    OldFormat{ProjectKind::Triaxial, kOldTriaxialSize, kTriaxialCopies, "b.bak"},
+    OldFormat{ProjectKind::Unconfined, kOldUnconfinedSize, kUnconfinedCopies, "WCX.BAK"},
+};
+
+/// Writes the file that takes the old one's place.
+class Conversion {
+ public:
+  Conversion(const File& old, const ProjectKindInfo& info, const OldFormat& format, const ProjectHead& head)
+      : m_old(old), m_info(info), m_format(format), m_head(head) {
+    // What an old record lacks at the end of its file stays as in the blank template.
+    m_oldBlank.resize(format.recordSize);
+    for (const FieldCopy& copy : format.copies)
+      std::memcpy(&m_oldBlank[copy.from], &info.blankRecord()[copy.to], copy.size);
+  }
+
+  void writeTo(File& file) const {
+    ProjectHeader header = m_head.header;
+    SetText(header.versionTag, m_info.versionTag);
+    file.writeAt(0, bytesOf(header));
+    for (std::size_t first = 0; first < count(); first += kBlockRecords)
+      writeBlock(file, first, std::min(kBlockRecords, count() - first));
+    if (!m_info.hasEndText) return;
+    FixedText<kEndTextWidth> endText;
+    m_old.readAt(oldPosition(count()), writableBytesOf(endText));
+    file.writeAt(recordPosition(m_info.recordSize, static_cast<std::uint32_t>(count())), bytesOf(endText));
+  }
+
+  /// Samples of which the old file holds nothing or a part.
+  std::size_t missing() const {
+    const std::uint64_t size = m_old.size(), end = sizeof(ProjectHeader);
+    const std::uint64_t whole = size > end ? (size - end) / m_format.recordSize : 0;
+    return count() - static_cast<std::size_t>(std::min<std::uint64_t>(whole, count()));
+  }
+
+ private:
+  static constexpr std::size_t kBlockRecords = 32;  // about 1 MB of triaxial records
+
+  std::size_t count() const { return static_cast<std::size_t>(m_head.sampleCount); }
+  std::uint64_t oldPosition(std::size_t index) const { return sizeof(ProjectHeader) + index * m_format.recordSize; }
+
+  void writeBlock(File& file, std::size_t first, std::size_t records) const {
+    Bytes old, converted;
+    for (std::size_t i = 0; i < records; ++i) {
+      old.insert(old.end(), m_oldBlank.begin(), m_oldBlank.end());
+      const std::span<const std::byte> blank = m_info.blankRecord();
+      converted.insert(converted.end(), blank.begin(), blank.end());
+    }
+    m_old.readAt(oldPosition(first), old);
+    for (std::size_t i = 0; i < records; ++i)
+      for (const FieldCopy& copy : m_format.copies)
+        std::memcpy(&converted[i * m_info.recordSize + copy.to], &old[i * m_format.recordSize + copy.from], copy.size);
+    file.writeAt(recordPosition(m_info.recordSize, static_cast<std::uint32_t>(first)), converted);
+  }
+
+  const File& m_old;
+  const ProjectKindInfo& m_info;
+  const OldFormat& m_format;
+  const ProjectHead& m_head;
+  Bytes m_oldBlank;
+};
+
+/// A temporary file that isn't whole is of no use to anybody, and the disk may be full.
+void writeTemporary(const std::filesystem::path& path, const Conversion& conversion) {
+  removeFile(path);  // it may be a link to somewhere else
+  try {
+    File file(path, File::Mode::Create);
+    conversion.writeTo(file);
+    file.sync();
+  } catch (const UserError&) {
+    try {
+      removeFile(path);
+    } catch (const UserError&) {
+      // The first failure is the one to tell.
+    }
+    throw;
+  }
+}
+
+}  // namespace
+
+Remarks upgradeProject(const Workspace& workspace, const ProjectKindInfo& info, const std::filesystem::path& file) {
+  const auto* const format = std::find_if(kOldFormats.begin(), kOldFormats.end(),
+                                          [&info](const OldFormat& row) { return row.kind == info.kind; });
+  if (format == kOldFormats.end() || !fileExists(file)) return {};
+  const File old(file, File::Mode::Read);
+  const ProjectHead head = readAnyProjectHead(readerOf(old), file);
+  if (!isOldFormat(head.header, info)) return {};
+  const Conversion conversion(old, info, *format, head);
+  const std::filesystem::path temporary = fileOrNew(workspace.applicationFolder, format->temporaryName);
+  try {
+    writeTemporary(temporary, conversion);
+    moveFile(temporary, file);
+  } catch (const UserError& cause) {
+    throw UserError(fmt::format("文件“{}”是旧格式的数据文件，没有转换成新格式，原文件没有改动。{}", textOfPath(file),
+                                cause.what()));
+  }
+  if (conversion.missing() == 0) return {};
+  return {missingSamplesRemark(file, conversion.missing())};
+}
+
+}  // namespace triaxlab
