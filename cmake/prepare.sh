@@ -58,5 +58,5 @@ configure_once() {
 
 # build TARGETS...: silent unless something is done; what the compiler says goes to standard error.
 build() {
-  cmake --build $build_dir -j "$jobs" --target "$@" -- --quiet >&2
+  cmake --build $build_dir -j "$jobs" --target "$@" -- --quiet 2>&1 | { grep -v '^ninja: no work to do' >&2 || true; }
 }
