@@ -109,7 +109,8 @@ void describe(CLI::App& app, Import& import) {
   };
   addParsed(app, "--rows", "all|1,3", "rows of the grid to read", parseRows);
   app.add_flag("--keep-existing", import.keepExisting, "leaves known samples as they are stored");
-  app.add_flag("!--no-save", import.save, "leaves the files alone");
+  app.add_flag_callback(
+      "--no-save", [&import] { import.save = false; }, "leaves the files alone");
   addPage(app, import.page);
 }
 
@@ -201,7 +202,8 @@ class Subcommands {
 ParsedCommandLine parseCommandLine(int argc, const char* const* argv) {
   CLI::App app("The laboratory's triaxial tests without windows.", "triaxlab-cli");
   CommandLine line;
-  app.add_option("--app", line.applicationFolder, "folder of the settings; by default that of the program");
+  app.add_option("--app", line.applicationFolder, "folder of the settings; by default that of the program")
+      ->type_name("DIR");
   addParsed(app, "--today", "YYYY-MM-DD", "the day taken as today", [&line](const std::string& text) {
     line.today = parseIsoDate(text);
     return line.today.has_value();
@@ -224,8 +226,7 @@ ParsedCommandLine parseCommandLine(int argc, const char* const* argv) {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) return {std::nullopt, app.exit(error)};
-    const auto asked = app.get_subcommands();
-    std::cerr << error.what() << '\n' << (asked.empty() ? app.help() : asked.front()->help());
+    std::cerr << error.what() << '\n' << app.help();
     return {std::nullopt, kWrongCommandLine};
   }
   line.command = *commands.chosen();

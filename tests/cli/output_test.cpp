@@ -1,0 +1,228 @@
+// What the listing commands print.
+#include <nlohmann/json.hpp>
+
+#include "cli/cli_fixture.h"
+
+namespace triaxlab::testing {
+namespace {
+
+class Output : public CliTest {
+ protected:
+  void import(const std::vector<Entry>& entries) { ASSERT_EQ(run({"import", "auto", database(entries)}).status, 0); }
+  nlohmann::json show(const std::vector<std::string>& more = {}) {
+    std::vector<std::string> words{"show", "triaxial", "WKSZP1.txt"};
+    words.insert(words.end(), more.begin(), more.end());
+    const ProgramRun ran = run(words);
+    EXPECT_EQ(ran.status, 0) << ran.err;
+    return nlohmann::json::parse(ran.out);
+  }
+};
+
+TEST_F(Output, ListIsTheGridOfTheBrowser) {
+  EXPECT_EQ(run({"list", "triaxial"}).out, "序号\t工程编号\t试样总数\t创建日期\t处理日期\t操作者\n");
+  import({sampleEntry("P2", "S-1"), sampleEntry("P1", "S-1"), sampleEntry("P1", "S-2")});
+  EXPECT_EQ(run({"list", "triaxial"}).out,
+            "序号\t工程编号\t试样总数\t创建日期\t处理日期\t操作者\n"
+            "1\tP1\t0002\t2024/05/06\t2024/05/06\t\n"
+            "2\tP2\t0001\t2024/05/06\t2024/05/06\t\n");
+  for (const char* kind : {"unconfined", "k0", "tk0", "old-triaxial"})
+    EXPECT_EQ(lineCount(run({"list", kind}).out), 1U) << kind;
+}
+
+TEST_F(Output, SamplesIsTheListOfTheFile) {
+  import({sampleEntry("P1", "S-1"), sampleEntry("P1", "\xD1\xD2-2")});  // 岩
+  EXPECT_EQ(run({"samples", "triaxial", "WKSZP1.txt"}).out,
+            "序号\t土样编号\t钻孔编号\t取土深度\n"
+            "1\tS-1\t\t\n"
+            "2\t岩-2\t\t\n");
+  EXPECT_EQ(run({"samples", "triaxial", "wkszp1.TXT"}).status, 0);  // whatever the case of the letters
+  EXPECT_EQ(run({"samples", "triaxial", "WKSZP9.txt"}).status, 1);
+}
+
+TEST_F(Output, LabelsOfTheLaboratoryHeadTheGrids) {
+  // [工程编号]=[项目] in zmqvb.ini and [土样编号]=... in sz.ini are told in GBK.
+  folder.write("app/zmqvb.ini", "[\xB9\xA4\xB3\xCC\xB1\xE0\xBA\xC5]=[No]\r\n");
+  EXPECT_EQ(run({"list", "triaxial"}).out.substr(0, std::string("序号\tNo\t").size()), "序号\tNo\t");
+}
+
+TEST_F(Output, ShowHasTheFieldsOfTheRecordInTheirOrder) {
+  import({sampleEntry("P1", "S-1")});
+  const auto document = nlohmann::ordered_json::parse(run({"show", "triaxial", "WKSZP1.txt"}).out);
+  std::vector<std::string> names;
+  for (const auto& field : document.items()) names.push_back(field.key());
+  EXPECT_EQ(names, (std::vector<std::string>{"kind", "file", "header", "controlledDocNo", "samples"}));
+  EXPECT_EQ(document["kind"], "triaxial");
+  EXPECT_EQ(document["file"], "WKSZP1.txt");
+  EXPECT_EQ(document["header"]["sampleCount"], "0001");
+  EXPECT_EQ(document["header"]["projectNo"], "P1");
+  EXPECT_EQ(document["controlledDocNo"], "");
+
+  names.clear();
+  for (const auto& field : document["samples"][0].items()) names.push_back(field.key());
+  EXPECT_EQ(names, (std::vector<std::string>{"row",
+                                             "projectNo",
+                                             "sampleNo",
+                                             "uuAdjustFlag",
+                                             "recordCodeA",
+                                             "recordCodeB",
+                                             "testMethod",
+                                             "shearMode",
+                                             "shearRate",
+                                             "cohesionTenths",
+                                             "frictionAngle",
+                                             "cohesionEffTenths",
+                                             "frictionAngleEff",
+                                             "cellPressure",
+                                             "initialHeight",
+                                             "consolidatedHeight",
+                                             "initialArea",
+                                             "consolidatedArea",
+                                             "failureRadius",
+                                             "density",
+                                             "failureRadiusEff",
+                                             "failureCentre",
+                                             "failureCentreEff",
+                                             "soilName",
+                                             "failureStrainLimit",
+                                             "consolidationDrainage",
+                                             "ringCoefficient",
+                                             "sigma1Failure",
+                                             "sigma1FailureEff",
+                                             "sigma3FailureEff",
+                                             "deviatorStress",
+                                             "sigma1Eff",
+                                             "sigma3Eff",
+                                             "porePressure",
+                                             "consolidationTime",
+                                             "consolidationPorePressure",
+                                             "consolidationVolume",
+                                             "volumeChange",
+                                             "axialStrain",
+                                             "adjustedFlag",
+                                             "pathAdjustedFlag",
+                                             "pathSlope",
+                                             "pathIntercept",
+                                             "coefficientB",
+                                             "coefficientAf",
+                                             "testDate",
+                                             "cohesionText",
+                                             "cohesionEffText",
+                                             "reserved",
+                                             "boreholeNo",
+                                             "samplingDepth",
+                                             "samplingSpot"}));
+}
+
+TEST_F(Output, ShowGivesTextsTrimmedNumbersAsNumbersAndAllRows) {
+  import({sampleEntry("P1", "S-1")});
+  const auto sample = show()["samples"][0];
+  EXPECT_EQ(sample["row"], 0);
+  EXPECT_EQ(sample["sampleNo"], "S-1");
+  EXPECT_EQ(sample["testMethod"], 1);
+  EXPECT_EQ(sample["cellPressure"], (std::vector<std::string>{"100", "200", "300", "", ""}));
+  EXPECT_EQ(sample["shearRate"], (std::vector<int>{0, 0, 0, 0, 0}));
+  EXPECT_EQ(sample["failureStrainLimit"], (std::vector<int>(5, 150)));
+  ASSERT_EQ(sample["deviatorStress"].size(), 212U);
+  // Row 0: 10, 20, 30 x (1 - 0.004); row 1: 60, 80, 100 x (1 - 0.008).
+  EXPECT_EQ(sample["deviatorStress"][0], (std::vector<std::string>{"10", "20", "30", "", ""}));
+  EXPECT_EQ(sample["deviatorStress"][1], (std::vector<std::string>{"60", "79", "99", "", ""}));
+  EXPECT_EQ(sample["deviatorStress"][211], (std::vector<std::string>(5, "")));
+  ASSERT_EQ(sample["consolidationTime"].size(), 151U);
+  ASSERT_EQ(sample["axialStrain"].size(), 212U);
+}
+
+TEST_F(Output, ShowGivesFloatsWithTheirShortestDigits) {
+  import({sampleEntry("P1", "S-1")});
+  const std::string text = run({"show", "triaxial", "WKSZP1.txt"}).out;
+  EXPECT_NE(text.find("\"axialStrain\":[[0.4,0.4,0.4,0.4,0.4],[0.8,"), std::string::npos);
+  EXPECT_NE(text.find("[84.8,84.8,84.8,84.8,84.8]]"), std::string::npos);  // row 211
+}
+
+TEST_F(Output, ShowTakesOneSampleByItsNumber) {
+  import({sampleEntry("P1", "S-1"), sampleEntry("P1", "S-2")});
+  EXPECT_EQ(show()["samples"].size(), 2U);
+  const auto second = show({"--sample", "2"});
+  ASSERT_EQ(second["samples"].size(), 1U);
+  EXPECT_EQ(second["samples"][0]["row"], 1);
+  EXPECT_EQ(second["samples"][0]["sampleNo"], "S-2");
+  for (const char* number : {"0", "3", "-1", "5000"}) {
+    const ProgramRun ran = run({"show", "triaxial", "WKSZP1.txt", "--sample", number});
+    EXPECT_EQ(ran.status, 1) << number;
+    EXPECT_EQ(ran.out, "");
+    EXPECT_EQ(lineCount(ran.err), 1U);
+  }
+}
+
+TEST_F(Output, ShowReadsOneSampleOfALargeFileAlone) {
+  std::vector<std::vector<Specimen>> groups;
+  for (int i = 1; i <= 120; ++i) groups.push_back({{.sampleNo = "S" + std::to_string(i)}});
+  import({olderEntry(groups)});
+  const auto last = show({"--sample", "120"});
+  ASSERT_EQ(last["samples"].size(), 1U);
+  EXPECT_EQ(last["samples"][0]["row"], 119);
+  EXPECT_EQ(last["samples"][0]["sampleNo"], "S120");
+  EXPECT_EQ(show()["samples"].size(), 120U);
+}
+
+// c and φ of the demonstration database as its description tells them. c′ and φ′ of the multi-stage ZK2-06 follow from
+// its peaks: centres 59, 96, 174 and radii 28, 42, 76, anchored on the largest of each.
+TEST_F(Output, ResultsOfTheDemonstrationDatabase) {
+  ASSERT_EQ(run({"import", "auto", TRIAXLAB_SAMPLES "/HSZSJ.KU", "--show", "3"}).status, 0);
+  const std::string head = "土样编号\t方法\t围压 kPa\tC kPa\tφ °\tC′ kPa\tφ′ °\n";
+  EXPECT_EQ(run({"results", "triaxial", "WKSZ2024-018.txt"}).out,
+            head +
+                "ZK1-02\tUU\t100, 200, 300\t16\t0.8\t\t\n"
+                "ZK1-05\tUU\t100, 200, 300\t44\t5.0\t\t\n"
+                "ZK2-03\tCU\t100, 200, 300, 400\t22\t16.2\t13\t25.5\n"
+                "ZK2-06\tCU\t50, 100, 200\t9\t14.1\t3\t24.9\n"
+                "ZK3-04\tCD\t100, 200, 300\t24\t26.0\t\t\n");
+  EXPECT_EQ(run({"results", "triaxial", "WKSZDT2-07.txt"}).out, head +
+                                                                    "7-1\tUU\t50, 100, 150, 200\t17\t0.8\t\t\n"
+                                                                    "7-2\tUU\t100, 200, 300\t38\t17.2\t\t\n"
+                                                                    "7-3\tCU\t100, 200, 300\t17\t19.2\t9\t27.1\n"
+                                                                    "7-4\tCD\t100, 200, 300, 400\t17\t24.7\t\t\n");
+}
+
+TEST_F(Output, TheOldReaderFindsTwoProjectsRowsInTheDemonstrationDatabase) {
+  ASSERT_EQ(run({"import", "auto-old", TRIAXLAB_SAMPLES "/HSZSJ.KU"}).status, 0);
+  EXPECT_FALSE(std::filesystem::exists(projectFile("WKSZ2024-018.txt")));
+  const std::string results = run({"results", "triaxial", "WKSZDT2-07.txt"}).out;
+  EXPECT_NE(results.find("7-1\tUU\t50, 100, 150, 200\t19\t1.1\t\t\n"), std::string::npos) << results;
+}
+
+TEST_F(Output, AFullDiskBehindTheOutputIsAnError) {
+  import({sampleEntry("P1", "S-1")});
+  const ProgramRun ran = runBare({"--app", app().string(), "show", "triaxial", "WKSZP1.txt"}, "/dev/full");
+  EXPECT_EQ(ran.status, 1);
+  EXPECT_EQ(lineCount(ran.err), 1U);
+}
+
+// ---- open
+
+TEST_F(Output, OpenWithoutASaveLeavesTheFile) {
+  import({sampleEntry("P1", "S-1")});
+  const std::string before = folder.read("app/HSZS/WKSZP1.txt");
+  const ProgramRun ran = run({"open", "triaxial", "WKSZP1.txt", "--show", "3"});
+  EXPECT_EQ(ran.status, 0);
+  EXPECT_EQ(ran.out + ran.err, "");
+  EXPECT_TRUE(folder.read("app/HSZS/WKSZP1.txt") == before);
+}
+
+TEST_F(Output, OpenSavesWhenAsked) {
+  import({sampleEntry("P1", "S-1")});
+  const ProgramRun ran = run({"open", "triaxial", "WKSZP1.txt", "--save"});
+  EXPECT_EQ(ran.status, 0);
+  EXPECT_EQ(ran.err, "[保存数据] 三轴试验数据保存完毕\n");
+}
+
+TEST_F(Output, AProjectThatIsNotThereIsNamed) {
+  for (const char* name : {"WKSZP1.txt", "../WKSZP1.txt", "KWCXP1.txt", ""}) {
+    const ProgramRun ran = run({"open", "triaxial", name});
+    EXPECT_EQ(ran.status, 1) << name;
+    EXPECT_NE(ran.err.find(name), std::string::npos) << ran.err;
+    EXPECT_EQ(lineCount(ran.err), 1U);
+  }
+}
+
+}  // namespace
+}  // namespace triaxlab::testing

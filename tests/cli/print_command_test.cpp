@@ -1,0 +1,80 @@
+#include <nlohmann/json.hpp>
+
+#include "cli/cli_fixture.h"
+
+namespace triaxlab::testing {
+namespace {
+
+class PrintCommand : public CliTest {
+ protected:
+  PrintCommand() { EXPECT_EQ(run({"import", "auto", TRIAXLAB_SAMPLES "/HSZSJ.KU", "--show", "3"}).status, 0); }
+  ProgramRun print(const std::filesystem::path& out, const std::vector<std::string>& more = {}) {
+    std::vector<std::string> words{"print",        "triaxial", "WKSZDT2-07.txt", "--layout",
+                                   "three-in-one", "--out",    out.string()};
+    words.insert(words.end(), more.begin(), more.end());
+    return run(words);
+  }
+  std::size_t pages(const std::vector<std::string>& more) {
+    const ProgramRun ran = print(folder.path() / "pages.json", more);
+    EXPECT_EQ(ran.status, 0) << ran.err;
+    return nlohmann::json::parse(folder.read("pages.json"))["pages"].size();
+  }
+};
+
+// Four samples of two curves, two blocks a page.
+TEST_F(PrintCommand, WritesTheDrawingOperations) {
+  EXPECT_EQ(pages({}), 4U);
+  EXPECT_EQ(pages({"--curves", "1"}), 2U);
+  EXPECT_EQ(pages({"--samples", "2-3", "--curves", "1"}), 1U);
+  EXPECT_EQ(pages({"--samples", "all", "--curves", "1,3"}), 4U);
+  EXPECT_EQ(pages({"--pages", "2-3"}), 2U);
+  EXPECT_EQ(pages({"--samples", "1-2", "--pages", "2-2"}), 1U);
+}
+
+TEST_F(PrintCommand, LeavesTheProjectAsItWas) {
+  const std::string before = folder.read("app/HSZS/WKSZDT2-07.txt");
+  pages({"--curves", "1,2,3,4,5,6"});
+  EXPECT_TRUE(folder.read("app/HSZS/WKSZDT2-07.txt") == before);
+}
+
+TEST_F(PrintCommand, AFileThatCannotBeWrittenIsNamed) {
+  const std::filesystem::path out = folder.path() / "missing" / "pages.json";
+  const ProgramRun ran = print(out);
+  EXPECT_EQ(ran.status, 1);
+  EXPECT_NE(ran.err.find("pages.json"), std::string::npos) << ran.err;
+  EXPECT_EQ(lineCount(ran.err), 1U);
+}
+
+TEST_F(PrintCommand, WithoutAnythingToPrintThereIsNoFile) {
+  // Curve 4 is for CU alone.
+  const ProgramRun ran = print(folder.path() / "none.json", {"--samples", "1-2", "--curves", "4"});
+  EXPECT_EQ(ran.status, 1);
+  EXPECT_EQ(lineCount(ran.err), 1U);
+  EXPECT_FALSE(std::filesystem::exists(folder.path() / "none.json"));
+}
+
+#ifdef TRIAXLAB_HAS_QT
+TEST_F(PrintCommand, WritesAPdf) {
+  EXPECT_EQ(print(folder.path() / "pages.PDF").status, 0);
+  EXPECT_EQ(folder.read("pages.PDF").substr(0, 5), "%PDF-");
+}
+
+TEST_F(PrintCommand, WritesABitmapForEachPage) {
+  EXPECT_EQ(print(folder.path() / "pictures", {"--curves", "1"}).status, 0);
+  for (const char* name : {"SZ1.BMP", "SZ2.BMP"})
+    EXPECT_EQ(folder.read(std::filesystem::path("pictures") / name).substr(0, 2), "BM") << name;
+  EXPECT_FALSE(std::filesystem::exists(folder.path() / "pictures/SZ3.BMP"));
+}
+#else
+TEST_F(PrintCommand, SaysThatItCannotDrawWithoutTheToolkit) {
+  for (const char* name : {"pages.pdf", "pictures"}) {
+    const ProgramRun ran = print(folder.path() / name);
+    EXPECT_EQ(ran.status, 1);
+    EXPECT_EQ(lineCount(ran.err), 1U);
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / name));
+  }
+}
+#endif
+
+}  // namespace
+}  // namespace triaxlab::testing
