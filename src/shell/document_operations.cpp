@@ -14,7 +14,7 @@ void append(Remarks& remarks, const Remarks& more) { remarks.insert(remarks.end(
 /// What happens to a freshly filled table before it is shown.
 void prepareTriaxialTable(Workspace& workspace, Remarks& remarks) {
   append(remarks, ReadEnglishLabels(workspace));
-  append(remarks, readTriaxialLocations(workspace));
+  append(remarks, readLocations(workspace, ProjectKind::Triaxial));
   runOpeningPass(workspace.TriaxialSampleTable, workspace.settings.habits.cohesionFormat());
 }
 

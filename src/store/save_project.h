@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "common/user_error.h"
+#include "store/project_kinds.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
@@ -25,14 +26,19 @@ struct SaveReport {
   /// What could not be written: a project number that can't be a file name, a damaged file, a full file, each with the
   /// rows that it concerns. Everything else was written.
   std::vector<std::string> errors;
-  Remarks remarks;  // the samples are saved, the processing date in qvb.sys is not
+  Remarks remarks;  // the processing date is not in qvb.sys, an upgraded file was too short: the samples are saved
 };
 
-/// Saves the triaxial table into its project files and the summary files, all or nothing on disk. The specimens of each
-/// saved row are left in order of their pressures, and with the toggle for merging a row holds all that its file does.
-/// A table without a live row writes nothing, and the report says the same.
-/// UserError when nothing was written (disk full, no right to write, data folder gone, no row that could be saved); the
-/// workspace is then as it was.
-SaveReport saveTriaxial(Workspace& workspace, const OverwriteChooser& chooseOverwrites);
+/// Saves the table of a kind into its project files and the summary files, all or nothing on disk. Of the triaxial
+/// table the specimens of each saved row are left in order of their pressures, and with the toggle for merging a row
+/// holds all that its file does; it alone is saved with a controlledDocNo, and an import of it asks `chooseOverwrites`
+/// first. The records are saved as they stand: whoever shows them has reduced them. A file of an old format is upgraded
+/// first. A table without a live row writes nothing, and the report says the same. UserError when nothing was written
+/// (disk full, no right to write, data folder gone, no row that could be saved); the workspace is then as it was.
+SaveReport saveProject(Workspace& workspace, ProjectKind kind, const OverwriteChooser& chooseOverwrites);
+
+inline SaveReport saveTriaxial(Workspace& workspace, const OverwriteChooser& chooseOverwrites) {
+  return saveProject(workspace, ProjectKind::Triaxial, chooseOverwrites);
+}
 
 }  // namespace triaxlab

@@ -8,13 +8,11 @@
 
 #include "platform/files.h"
 #include "store/project_number.h"
+#include "store/sample_rows.h"
 #include "store/summary_frame.h"
 
 namespace triaxlab {
 namespace {
-
-/// How many records are read in one call, about 700 KB.
-constexpr std::size_t kBlockRecords = 256;
 
 /// Until they are typed over, the titles belong to this project: also when its file doesn't exist yet and an importer's
 /// stay, but not when the file can't be read, so that no save blanks what it holds.
@@ -53,30 +51,24 @@ void visitLocations(const Workspace& workspace, std::string_view projectNo, std:
   for (std::size_t i = 0; i < sampleNumbers.size(); ++i)
     if (!sampleNumbers[i].empty()) places.emplace(sampleNumbers[i], i);
   const File file(path, File::Mode::Read);
-  const auto count = static_cast<std::size_t>(readSummaryHead(readerOf(file), path).sampleCount);
-  std::vector<SummaryRecord> block(std::min(count, kBlockRecords));
-  for (std::size_t first = 0; first < count; first += block.size()) {
-    const std::span<SummaryRecord> wanted = std::span(block).first(std::min(block.size(), count - first));
-    const std::size_t got = file.readAt(summaryPosition(first), std::as_writable_bytes(wanted)) / sizeof(SummaryRecord);
-    for (const SummaryRecord& record : wanted.first(got)) {
-      const auto [begin, end] = places.equal_range(record.sampleNo.trimmed());
-      for (auto place = begin; place != end; ++place)
-        visit(place->second, {record.boreholeNo, record.samplingDepth, record.samplingSpot});
-    }
-    if (got < wanted.size()) return;
-  }
+  const ReadAt readAt = readerOf(file);
+  visitSummaryRecords(readAt, readSummaryHead(readAt, path).sampleCount, [&](std::size_t, const SummaryRecord& record) {
+    const auto [begin, end] = places.equal_range(record.sampleNo.trimmed());
+    for (auto place = begin; place != end; ++place)
+      visit(place->second, {record.boreholeNo, record.samplingDepth, record.samplingSpot});
+  });
 }
 
-Remarks readTriaxialLocations(Workspace& workspace) {
+Remarks readLocations(Workspace& workspace, ProjectKind kind) {
+  const SampleRows table(workspace, kind);
   std::map<std::string, ProjectRows, std::less<>> projects;
   std::optional<std::string> firstProject;
-  for (std::size_t row = 0; row < workspace.TriaxialSampleTable.size(); ++row) {
-    const TriaxialSampleRecord& record = workspace.TriaxialSampleTable[row];
-    if (!isLive(record)) continue;
-    const std::string projectNo(record.projectNo.trimmed());
+  for (std::size_t row = 0; row < table.size(); ++row) {
+    if (!table.isLive(row)) continue;
+    const std::string projectNo(table.projectNo(row));
     if (!firstProject) firstProject = projectNo;
     projects[projectNo].rows.push_back(row);
-    projects[projectNo].sampleNumbers.emplace_back(record.sampleNo.trimmed());
+    projects[projectNo].sampleNumbers.emplace_back(table.sampleNo(row));
   }
   Remarks remarks;
   const auto remarkOn = [&remarks](auto reading) {

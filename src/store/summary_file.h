@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "common/user_error.h"
+#include "store/project_kinds.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
@@ -21,9 +22,9 @@ std::filesystem::path summaryPath(const Workspace& workspace, std::string_view p
 void visitLocations(const Workspace& workspace, std::string_view projectNo, std::span<const std::string> sampleNumbers,
                     const std::function<void(std::size_t, const SampleLocation&)>& visit);
 
-/// Fills the display table from the summary files of the projects in the triaxial table, and the title texts from that
+/// Fills the display table from the summary files of the projects in the table of a kind, and the title texts from that
 /// of the first live row's project. Rows that no file knows stay as they are, which an open and an import left blank.
 /// A summary file that can't be read is a remark.
-Remarks readTriaxialLocations(Workspace& workspace);
+Remarks readLocations(Workspace& workspace, ProjectKind kind);
 
 }  // namespace triaxlab

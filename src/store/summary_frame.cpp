@@ -36,6 +36,18 @@ SummaryHead readSummaryHead(const ReadAt& readAt, const std::filesystem::path& f
   return head;
 }
 
+void visitSummaryRecords(const ReadAt& readAt, int count, const SummaryVisitor& visit) {
+  constexpr std::size_t kBlockRecords = 256;  // about 700 KB
+  const auto end = static_cast<std::size_t>(count);
+  std::vector<SummaryRecord> block(std::min(end, kBlockRecords));
+  for (std::size_t first = 0; first < end; first += block.size()) {
+    const std::span<SummaryRecord> wanted = std::span(block).first(std::min(block.size(), end - first));
+    const std::size_t got = readAt(summaryPosition(first), std::as_writable_bytes(wanted)) / sizeof(SummaryRecord);
+    for (std::size_t i = 0; i < got; ++i) visit(first + i, block[i]);
+    if (got < wanted.size()) return;
+  }
+}
+
 SummaryHeader newSummaryHeader(std::string_view projectNo, const Date& today) {
   SummaryHeader header;
   SetText(header.sampleCount, "0");

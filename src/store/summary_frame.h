@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <string_view>
 
 #include "common/date.h"
@@ -43,6 +44,11 @@ struct SummaryHead {
 };
 /// UserError when the file is shorter than a header or sampleCount holds no number.
 SummaryHead readSummaryHead(const ReadAt& readAt, const std::filesystem::path& file);
+
+/// Calls `visit` with position and content of the first `count` records, as far as the file holds them whole. Many are
+/// read in one call, so a visitor's writes to records behind its own aren't seen.
+using SummaryVisitor = std::function<void(std::size_t k, const SummaryRecord& record)>;
+void visitSummaryRecords(const ReadAt& readAt, int count, const SummaryVisitor& visit);
 
 /// The header of a file without samples. `projectNo` is GBK.
 SummaryHeader newSummaryHeader(std::string_view projectNo, const Date& today);

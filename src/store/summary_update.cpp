@@ -1,13 +1,17 @@
 #include "store/summary_update.h"
 
 #include <algorithm>
-#include <cmath>
-#include <optional>
 
 #include "store/summary_file.h"
+#include "store/summary_sections.h"
 
 namespace triaxlab {
 namespace {
+
+ReadAt readerOf(const FileUpdate& update, const std::filesystem::path& path) {
+  return
+      [&update, &path](std::uint64_t offset, std::span<std::byte> into) { return update.readAt(path, offset, into); };
+}
 
 constexpr int kLargestCountOnFile = 9999;
 constexpr std::size_t kPitWidth = 7;       // of a trial-pit number in front of the borehole
@@ -29,44 +33,6 @@ FixedText<15> boreholeOnFile(const SampleLocation& location, bool trialPitNumber
   return field;
 }
 
-std::string dateOf(const Workspace& workspace, const TriaxialSampleRecord& record) {
-  std::string date(record.testDate.trimmed());
-  if (date.empty()) date = workspace.projectTestDate(record.projectNo.trimmed()).value_or("");
-  if (date.empty()) date = slashed(workspace.today());
-  std::replace(date.begin(), date.end(), '-', '/');
-  return date;
-}
-
-void setAngle(FixedText<4>& field, float degrees) {
-  if (std::isfinite(degrees)) SetText(field, FormatNumber(degrees, NumberFormat::Tenths));
-}
-
-StrengthPair strengthOf(const TriaxialSampleRecord& record) {
-  StrengthPair pair;
-  if (record.frictionAngle != 0 || record.cohesionTenths != 0) {
-    SetText(pair.cohesion, record.cohesionText.trimmed());
-    setAngle(pair.frictionAngle, record.frictionAngle);
-  }
-  if (record.testMethod == kCU) {  // written as they stand: 0.0 for an angle that was never found
-    SetText(pair.cohesionEff, record.cohesionEffText.trimmed());
-    setAngle(pair.frictionAngleEff, record.frictionAngleEff);
-  }
-  return pair;
-}
-
-void setStrength(SummaryRecord& summary, const TriaxialSampleRecord& record) {
-  const StrengthPair pair = strengthOf(record);
-  SetNumber(summary.testMethod, record.testMethod, NumberFormat::Whole);
-  summary.cSz = pair.cohesion;
-  summary.phiSz = pair.frictionAngle;
-  summary.cEffSz = pair.cohesionEff;
-  summary.phiEffSz = pair.frictionAngleEff;
-  if (record.cellPressure[0].number() == 0) return;
-  summary.strengthByMethod.fill({});
-  if (record.testMethod >= 1 && record.testMethod <= summary.strengthByMethod.size())
-    summary.strengthByMethod[record.testMethod - 1U] = pair;
-}
-
 /// A typed title goes to every project, another only to the one that it belongs to, and there only when it differs.
 template <std::size_t N>
 void setTitle(FixedText<N>& field, const TitleText& title, std::string_view projectNo) {
@@ -76,15 +42,18 @@ void setTitle(FixedText<N>& field, const TitleText& title, std::string_view proj
 
 }  // namespace
 
-SummaryUpdate::SummaryUpdate(FileUpdate& update, const Workspace& workspace, std::string_view projectNo)
-    : m_update(update), m_workspace(workspace), m_projectNo(projectNo), m_path(summaryPath(workspace, projectNo)) {
+SummaryUpdate::SummaryUpdate(FileUpdate& update, const Workspace& workspace, ProjectKind kind,
+                             std::string_view projectNo)
+    : m_update(update),
+      m_workspace(workspace),
+      m_kind(kind),
+      m_projectNo(projectNo),
+      m_path(summaryPath(workspace, projectNo)) {
   if (!m_update.exists(m_path)) {
     m_head.header = newSummaryHeader(m_projectNo, m_workspace.today());
     return;
   }
-  const ReadAt readAt = [this](std::uint64_t offset, std::span<std::byte> into) {
-    return m_update.readAt(m_path, offset, into);
-  };
+  const ReadAt readAt = readerOf(m_update, m_path);
   m_head = readSummaryHead(readAt, m_path);
   FixedText<15> sampleNo;
   for (std::size_t k = 0; k < static_cast<std::size_t>(m_head.sampleCount); ++k) {
@@ -94,10 +63,9 @@ SummaryUpdate::SummaryUpdate(FileUpdate& update, const Workspace& workspace, std
   }
 }
 
-bool SummaryUpdate::putTriaxial(std::size_t row) {
-  const TriaxialSampleRecord& record = m_workspace.TriaxialSampleTable[row];
-  const SampleLocation& location = m_workspace.SampleDisplayTable[row];
-  const auto known = m_positions.find(std::string(record.sampleNo.trimmed()));
+bool SummaryUpdate::put(const SampleRows& rows, std::size_t row) {
+  const std::string sampleNo(rows.sampleNo(row));
+  const auto known = m_positions.find(sampleNo);
   if (known == m_positions.end() && m_head.sampleCount >= kLargestCountOnFile) return false;
 
   const std::size_t k = known != m_positions.end() ? known->second : static_cast<std::size_t>(m_head.sampleCount);
@@ -105,19 +73,18 @@ bool SummaryUpdate::putTriaxial(std::size_t row) {
   if (known != m_positions.end()) {
     m_update.readAt(m_path, summaryPosition(k), writableBytesOf(summary));
   } else {
-    m_positions.emplace(record.sampleNo.trimmed(), k);
+    m_positions.emplace(sampleNo, k);
     SetText(m_head.header.sampleCount, FormatPadded(++m_head.sampleCount, 4));
   }
-  const std::string date = dateOf(m_workspace, record);
+  const SampleLocation& location = m_workspace.SampleDisplayTable[row];
   SetText(summary.sequenceNo, FormatPadded(static_cast<std::int64_t>(k) + 1, 4));
-  SetText(summary.sampleNo, record.sampleNo.trimmed());
+  SetText(summary.sampleNo, sampleNo);
   summary.boreholeNo = boreholeOnFile(location, m_workspace.settings.habits.trialPitNumber);
   summary.samplingDepth = location.samplingDepth;
   SetText(summary.samplingSpot, location.samplingSpot.trimmed());
-  SetText(summary.testDateSz, date);
-  setStrength(summary, record);
+  putResults(summary, m_workspace, m_kind, row);
   m_update.writeAt(m_path, summaryPosition(k), bytesOf(summary));
-  SetText(m_head.header.toolDates[0], date);
+  SetText(m_head.header.toolDates[0], testDateOf(m_workspace, m_kind, row));
   m_written = true;
   return true;
 }
@@ -127,6 +94,21 @@ void SummaryUpdate::finish() {
   setTitle(m_head.header.projectName, m_workspace.projectName, m_projectNo);
   setTitle(m_head.header.secondTitleLine, m_workspace.secondTitleLine, m_projectNo);
   m_update.writeAt(m_path, 0, bytesOf(m_head.header));
+}
+
+void blankDeletedSamples(FileUpdate& update, const Workspace& workspace, ProjectKind kind, std::string_view projectNo,
+                         const std::unordered_set<std::string>& sampleNumbers) {
+  const std::filesystem::path path = summaryPath(workspace, projectNo);
+  if (path.empty() || !update.exists(path)) return;
+  const ReadAt readAt = readerOf(update, path);
+  const auto blank = [&](std::size_t k, const SummaryRecord& stored) {
+    if (sampleNumbers.contains(std::string(stored.sampleNo.trimmed()))) return;
+    SummaryRecord summary = stored;
+    blankResults(summary, kind);
+    if (!std::ranges::equal(bytesOf(summary), bytesOf(stored)))
+      update.writeAt(path, summaryPosition(k), bytesOf(summary));
+  };
+  visitSummaryRecords(readAt, readSummaryHead(readAt, path).sampleCount, blank);
 }
 
 }  // namespace triaxlab

@@ -4,8 +4,11 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "store/file_update.h"
+#include "store/project_kinds.h"
+#include "store/sample_rows.h"
 #include "store/summary_frame.h"
 #include "store/workspace.h"
 
@@ -16,11 +19,11 @@ namespace triaxlab {
 class SummaryUpdate {
  public:
   /// Loads head and sample numbers when the file exists. UserError as readSummaryHead.
-  SummaryUpdate(FileUpdate& update, const Workspace& workspace, std::string_view projectNo);
+  SummaryUpdate(FileUpdate& update, const Workspace& workspace, ProjectKind kind, std::string_view projectNo);
 
-  /// Writes the "NO." section, the sampling spot and the "SZ:" section of the sample in a live row; a sample that the
-  /// file doesn't know gets a record. False when the file is full, at 9999 samples.
-  bool putTriaxial(std::size_t row);
+  /// Writes the "NO." section, the sampling spot and the results of the sample in a live row of the kind's table; a
+  /// sample that the file doesn't know gets a record. False when the file is full, at 9999 samples.
+  bool put(const SampleRows& rows, std::size_t row);
 
   /// Writes the header with its count, date and titles, if a sample was put.
   void finish();
@@ -28,11 +31,18 @@ class SummaryUpdate {
  private:
   FileUpdate& m_update;
   const Workspace& m_workspace;
+  ProjectKind m_kind;
   std::string m_projectNo;
   std::filesystem::path m_path;
   SummaryHead m_head;
   std::unordered_map<std::string, std::size_t> m_positions;  // of the first record of each number
   bool m_written = false;
 };
+
+/// Blanks the results of this kind for all samples of a project's summary file but those in `sampleNumbers` (GBK,
+/// trimmed); the records stay, since other tools have data in them. A missing file has nothing to blank. UserError as
+/// readSummaryHead.
+void blankDeletedSamples(FileUpdate& update, const Workspace& workspace, ProjectKind kind, std::string_view projectNo,
+                         const std::unordered_set<std::string>& sampleNumbers);
 
 }  // namespace triaxlab

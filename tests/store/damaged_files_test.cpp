@@ -121,7 +121,7 @@ TEST_F(DamagedFiles, ASummaryCutAnywhereIsReadAsFarAsItGoes) {
   for (std::size_t size = 0; size < whole.size(); size += 97) {
     write("ZMSJ/KHZP1.txt", whole.substr(0, size));
     workspace.clearLocations();
-    EXPECT_EQ(readTriaxialLocations(workspace).size(), size < kSummaryHeaderSize ? 1U : 0U) << size;
+    EXPECT_EQ(readLocations(workspace, ProjectKind::Triaxial).size(), size < kSummaryHeaderSize ? 1U : 0U) << size;
     const std::size_t records = size < kSummaryHeaderSize ? 0 : (size - kSummaryHeaderSize) / kSummaryRecordSize;
     for (std::size_t i = 0; i < 3; ++i)
       ASSERT_EQ(workspace.SampleDisplayTable[i].boreholeNo.isBlank(), i >= records) << size;
@@ -161,7 +161,7 @@ TEST_F(DamagedFiles, NoProjectNumberLeadsOutOfTheDataFolder) {
   auto after = snapshot();
   after.erase((workspace.applicationFolder / "qvb.sys").string());  // the date texts
   EXPECT_EQ(after, before);
-  EXPECT_TRUE(readTriaxialLocations(workspace).empty());
+  EXPECT_TRUE(readLocations(workspace, ProjectKind::Triaxial).empty());
 }
 
 TEST_F(DamagedFiles, ARowOfZeroBytesIsNamedAndNotSaved) {

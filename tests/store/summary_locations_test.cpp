@@ -31,7 +31,7 @@ TEST_F(SummaryLocations, FillTheRowsOfTheTable) {
   setRow(3, triaxialBytes("P1", "S1"));
   write("ZMSJ/KHZP1.txt", newSummaryHeaderBytes("0002", "P1") + locatedRecord("S1", "ZK1", "1.0", "north") +
                               locatedRecord("  S2", "ZK2", "2.0", "  south"));
-  EXPECT_THAT(readTriaxialLocations(workspace), IsEmpty());
+  EXPECT_THAT(readLocations(workspace, ProjectKind::Triaxial), IsEmpty());
   EXPECT_EQ(boreholeOf(3), "ZK1");
   EXPECT_EQ(workspace.SampleDisplayTable[3].samplingDepth.trimmed(), "1.0");
   EXPECT_EQ(workspace.SampleDisplayTable[0].samplingSpot.view(), field("  south", 30)) << "copied as it stands";
@@ -41,7 +41,7 @@ TEST_F(SummaryLocations, RowsLookIntoTheFileOfTheirOwnProject) {
   setRow(0, triaxialBytes("P1", "S1"));
   setRow(1, triaxialBytes("P2", "S1"));
   write("ZMSJ/KHZP2.txt", newSummaryHeaderBytes("0001", "P2") + locatedRecord("S1", "ZK2", "", ""));
-  readTriaxialLocations(workspace);
+  readLocations(workspace, ProjectKind::Triaxial);
   EXPECT_EQ(boreholeOf(0), "");
   EXPECT_EQ(boreholeOf(1), "ZK2");
 }
@@ -51,7 +51,7 @@ TEST_F(SummaryLocations, OfSeveralRecordsOfANumberTheLastCounts) {
   setRow(1, triaxialBytes("P1", "S1", 2));
   write("ZMSJ/KHZP1.txt",
         newSummaryHeaderBytes("0002", "P1") + locatedRecord("S1", "ZK1", "", "") + locatedRecord("S1", "ZK2", "", ""));
-  readTriaxialLocations(workspace);
+  readLocations(workspace, ProjectKind::Triaxial);
   EXPECT_EQ(boreholeOf(0), "ZK2");
   EXPECT_EQ(boreholeOf(1), "ZK2");
 }
@@ -61,10 +61,10 @@ TEST_F(SummaryLocations, RecordsBehindTheCountOrTheEndAreNotThere) {
   setRow(1, triaxialBytes("P1", "S2"));
   const std::string records = locatedRecord("S1", "ZK1", "", "") + locatedRecord("S2", "ZK2", "", "");
   write("ZMSJ/KHZP1.txt", newSummaryHeaderBytes("0001", "P1") + records);
-  readTriaxialLocations(workspace);
+  readLocations(workspace, ProjectKind::Triaxial);
   EXPECT_EQ(boreholeOf(1), "");
   write("ZMSJ/KHZP1.txt", newSummaryHeaderBytes("9999", "P1") + records.substr(0, records.size() - 1));
-  EXPECT_THAT(readTriaxialLocations(workspace), IsEmpty());
+  EXPECT_THAT(readLocations(workspace, ProjectKind::Triaxial), IsEmpty());
   EXPECT_EQ(boreholeOf(0), "ZK1");
   EXPECT_EQ(boreholeOf(1), "");
 }
@@ -76,7 +76,7 @@ TEST_F(SummaryLocations, AreReadInALongFileToo) {
   setRow(0, triaxialBytes("P1", "S0"));
   setRow(1, triaxialBytes("P1", "S256"));
   setRow(2, triaxialBytes("P1", "S699"));
-  readTriaxialLocations(workspace);
+  readLocations(workspace, ProjectKind::Triaxial);
   EXPECT_EQ(boreholeOf(0) + boreholeOf(1) + boreholeOf(2), "ZK0ZK256ZK699");
 }
 
@@ -84,7 +84,7 @@ TEST_F(SummaryLocations, ABlankSampleNumberMatchesNothing) {
   setRow(0, triaxialBytes("P1", "S1"));
   setRow(1, triaxialBytes("P1", ""));
   write("ZMSJ/KHZP1.txt", newSummaryHeaderBytes("0001", "P1") + locatedRecord("", "ZK1", "", ""));
-  readTriaxialLocations(workspace);
+  readLocations(workspace, ProjectKind::Triaxial);
   EXPECT_EQ(boreholeOf(1), "");
 }
 
@@ -95,7 +95,7 @@ TEST_F(SummaryLocations, TheTitlesAreThoseOfTheFirstLiveRowsProject) {
   put(header, 416, field("Bridge", 120) + field("Lot 7", 60));
   write("ZMSJ/KHZP2.txt", header);
   workspace.projectName.typed = true;
-  readTriaxialLocations(workspace);
+  readLocations(workspace, ProjectKind::Triaxial);
   EXPECT_EQ(workspace.projectName.text, "Bridge");
   EXPECT_EQ(workspace.secondTitleLine.text, "Lot 7");
   EXPECT_EQ(workspace.projectName.projectNo, "P2");
@@ -105,7 +105,7 @@ TEST_F(SummaryLocations, TheTitlesAreThoseOfTheFirstLiveRowsProject) {
 TEST_F(SummaryLocations, WithoutAFileTheImportersNameStays) {
   setRow(0, triaxialBytes("P1", "S1"));
   workspace.projectName.text = "from the database";
-  EXPECT_THAT(readTriaxialLocations(workspace), IsEmpty());
+  EXPECT_THAT(readLocations(workspace, ProjectKind::Triaxial), IsEmpty());
   EXPECT_EQ(workspace.projectName.text, "from the database");
   EXPECT_EQ(workspace.projectName.projectNo, "P1");
 }
@@ -115,7 +115,7 @@ TEST_F(SummaryLocations, AFileThatCanNotBeReadIsARemarkAndItsTitleBelongsToNobod
   setRow(1, triaxialBytes("P2", "S1"));
   write("ZMSJ/KHZP1.txt", "0001");
   write("ZMSJ/KHZP2.txt", newSummaryHeaderBytes("0001", "P2") + locatedRecord("S1", "ZK2", "", ""));
-  EXPECT_THAT(readTriaxialLocations(workspace), ElementsAre(HasSubstr("KHZP1.txt")));
+  EXPECT_THAT(readLocations(workspace, ProjectKind::Triaxial), ElementsAre(HasSubstr("KHZP1.txt")));
   EXPECT_EQ(boreholeOf(1), "ZK2");
   EXPECT_EQ(workspace.projectName.projectNo, "");
 }
@@ -123,7 +123,7 @@ TEST_F(SummaryLocations, AFileThatCanNotBeReadIsARemarkAndItsTitleBelongsToNobod
 TEST_F(SummaryLocations, AProjectNumberThatIsNoFileNameHasNone) {
   setRow(0, triaxialBytes("../P1", "S1"));
   EXPECT_EQ(summaryPath(workspace, "../P1"), std::filesystem::path());
-  EXPECT_THAT(readTriaxialLocations(workspace), IsEmpty());
+  EXPECT_THAT(readLocations(workspace, ProjectKind::Triaxial), IsEmpty());
 }
 
 TEST_F(SummaryLocations, StandInTheSampleList) {

@@ -198,7 +198,7 @@ TEST_F(SummarySave, TrialPitsStandInFrontOfTheBorehole) {
   SetText(workspace.SampleDisplayTable[0].samplingSpot, "TJ0012 northern bank");
   save();
   EXPECT_EQ(record(0).substr(22, 15), "TJ0012 ZK12-ABC");
-  readTriaxialLocations(workspace);
+  readLocations(workspace, ProjectKind::Triaxial);
   EXPECT_EQ(workspace.SampleDisplayTable[0].boreholeNo.view(), "TJ0012 ZK12-ABC");
   save();
   EXPECT_EQ(record(0).substr(22, 15), "TJ0012 ZK12-ABC") << "what was read from the file is written as it stands";
@@ -242,7 +242,7 @@ TEST_F(SummarySave, AnUntouchedTitleThatWasReadIsNotWrittenAnew) {
   put(header, 416, field("  Bridge \xD1", 120));  // leading blanks and half a character stay as a sibling left them
   write("ZMSJ/KHZP1.txt", header);
   setRow(0, sampleBytes("S1"));
-  readTriaxialLocations(workspace);
+  readLocations(workspace, ProjectKind::Triaxial);
   save();
   EXPECT_EQ(summary().substr(416, 120), field("  Bridge \xD1", 120));
 }
