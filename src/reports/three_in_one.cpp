@@ -44,6 +44,12 @@ bool isEnvelope(CurvePage curve) {
 
 double heightOf(const Block& block) { return kChartHeight + (isEnvelope(block.curve) ? kFailureTableHeight : 0); }
 
+bool isWanted(const PrintJob& job, CurvePage curve) {
+  // An envelope without circles has nothing to lie on.
+  if (isEnvelope(curve) && !job.totalCircles && !job.effectiveCircles) return false;
+  return std::find(job.curves.begin(), job.curves.end(), curve) != job.curves.end();
+}
+
 /// Effective stresses, which most curves show, are those of CU alone.
 bool hasCurve(const TriaxialSampleRecord& record, CurvePage curve) {
   return record.testMethod == kCU || curve == CurvePage::StressStrain || curve == CurvePage::StressDifferenceEnvelope;
@@ -52,10 +58,8 @@ bool hasCurve(const TriaxialSampleRecord& record, CurvePage curve) {
 std::vector<Block> blocksOf(const PrintJob& job, const Workspace& workspace) {
   std::vector<Block> blocks;
   for (const std::size_t row : chosenRows(job, workspace))
-    for (const CurvePage curve : kAllCurves) {
-      const bool ticked = std::find(job.curves.begin(), job.curves.end(), curve) != job.curves.end();
-      if (ticked && hasCurve(workspace.TriaxialSampleTable[row], curve)) blocks.push_back({row, curve});
-    }
+    for (const CurvePage curve : kAllCurves)
+      if (isWanted(job, curve) && hasCurve(workspace.TriaxialSampleTable[row], curve)) blocks.push_back({row, curve});
   return blocks;
 }
 

@@ -175,8 +175,10 @@ TEST_F(EnvelopeBlock, CirclesAsTheJobWantsThem) {
   EXPECT_EQ(circlesOf(firstPage(), Colour::LightBlue), 2);
   job.effectiveCircles = false;
   EXPECT_EQ(circlesOf(firstPage(), Colour::LightBlue), 0);
+  job.effectiveCircles = true;
   job.totalCircles = false;
   EXPECT_EQ(circlesOf(firstPage(), Colour::LightRed), 0);
+  EXPECT_EQ(circlesOf(firstPage(), Colour::LightBlue), 2);
 }
 
 TEST_F(EnvelopeBlock, DecimalsOfTheCohesion) {

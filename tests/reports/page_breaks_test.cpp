@@ -79,6 +79,15 @@ TEST_F(PageBreaks, OnlyCUHasCurvesOfEffectiveStress) {
   EXPECT_EQ(sent, 0);
 }
 
+TEST_F(PageBreaks, WithoutCirclesThereAreNoEnvelopes) {
+  sample(0, kCU, "A-1");
+  job.curves = kEveryCurve;
+  job.effectiveCircles = false;
+  EXPECT_EQ(threeInOnePageCount(job, workspace), 3);
+  job.totalCircles = false;  // four curves are left
+  EXPECT_EQ(threeInOnePageCount(job, workspace), 2);
+}
+
 TEST_F(PageBreaks, EmptyRowsArePassedOver) {
   sample(3, kUU, "A-1");
   sample(1000, kUU, "A-2");
