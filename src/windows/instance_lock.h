@@ -9,8 +9,8 @@ namespace triaxlab {
 class InstanceLock {
  public:
   explicit InstanceLock(const std::filesystem::path& applicationFolder);
-  /// False when another copy holds it.
-  bool take() { return m_lock.tryLock(0); }
+  /// False when another copy holds it. Where no lock can be made at all the program runs without.
+  bool take() { return m_lock.tryLock(0) || m_lock.error() != QLockFile::LockFailedError; }
 
  private:
   QLockFile m_lock;

@@ -12,12 +12,12 @@
 namespace triaxlab {
 namespace {
 
-constexpr Place kWindow{0, 0, 6300, 7500};
+constexpr Place kWindow{0, 0, 6200, 6750};
 constexpr int kTop = 150, kPitch = 300;
-constexpr int kNumberX = 200, kSampleX = 1000, kAnswerX = 3000;
-constexpr int kNumberWidth = 700, kSampleWidth = 1900, kAnswerWidth = 1200;
-constexpr Place kScroll{4350, kTop + kPitch, 255, kPitch* OverwriteSession::kVisibleRows};
-constexpr int kButtonX = 4800, kButtonWidth = 1300, kButtonHeight = 400;
+constexpr int kNumberX = 200, kSampleX = 900, kAnswerX = 2900;
+constexpr int kNumberWidth = 700, kSampleWidth = 2000, kAnswerWidth = 1200;
+constexpr Place kScroll{4130, kTop + kPitch, 255, kPitch* OverwriteSession::kVisibleRows};
+constexpr int kButtonX = 4700, kButtonWidth = 1300, kButtonHeight = 400;
 
 constexpr Place linePlace(int line, int x, int width) { return {x, kTop + kPitch * line, width, kPitch}; }
 

@@ -43,12 +43,17 @@ PrintPreview::PrintPreview(QWidget* parent, Pages pages)
   connect(m_view, &QPrintPreviewWidget::paintRequested, this,
           [this](QPrinter* printer) { m_pages(*makePageDeviceOn(*printer)); });
   connect(m_view, &QPrintPreviewWidget::previewChanged, this, &PrintPreview::refresh);
-  connect(m_previous, &QPushButton::clicked, this, [this] { m_view->setCurrentPage(m_view->currentPage() - 1); });
-  connect(m_next, &QPushButton::clicked, this, [this] { m_view->setCurrentPage(m_view->currentPage() + 1); });
+  connect(m_previous, &QPushButton::clicked, this, [this] { turn(-1); });
+  connect(m_next, &QPushButton::clicked, this, [this] { turn(1); });
   connect(fitPage, &QPushButton::clicked, m_view, &QPrintPreviewWidget::fitInView);
   connect(fitWidth, &QPushButton::clicked, m_view, &QPrintPreviewWidget::fitToWidth);
   connect(leave, &QPushButton::clicked, this, &QDialog::reject);
   m_view->updatePreview();
+}
+
+void PrintPreview::turn(int pages) {
+  m_view->setCurrentPage(m_view->currentPage() + pages);
+  refresh();
 }
 
 void PrintPreview::refresh() {

@@ -20,6 +20,7 @@ class PrintPreview : public QDialog {
   PrintPreview(QWidget* parent, Pages pages);
 
  private:
+  void turn(int pages);
   void refresh();
 
   Pages m_pages;

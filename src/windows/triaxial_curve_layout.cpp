@@ -136,6 +136,10 @@ void CurveControls::makeSampleFields() {
   for (int i = 0; i < 2; ++i) {
     auto* const box = put(new RecordEdit(m_window), arrayName("Text6", i), {kFieldX, y, kFieldWidth, kBoxHeight});
     box->setReadOnly(true);
+    // Keys choose its value, but nothing is typed here.
+    QPalette palette = box->palette();
+    palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    box->setPalette(palette);
     text6.at(static_cast<std::size_t>(i)) = box;
     y += kFieldPitch;
   }

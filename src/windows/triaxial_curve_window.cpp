@@ -43,8 +43,10 @@ void showValue(QScrollBar* bar, int value) {
   bar->setValue(value);
 }
 
-/// Lays an edit box over the label that it stands for.
-void showOverlay(RecordEdit* box, const OverlayState& now, const ClickLabel* label) {
+/// Lays an edit box over the label that it stands for. A box that goes leaves the focus to the canvas, not to whatever
+/// comes next: the person would type there unawares.
+void showOverlay(RecordEdit* box, const OverlayState& now, const ClickLabel* label, CanvasWidget* canvas) {
+  if (!now.visible && box->hasFocus()) canvas->setFocus();
   if (now.visible) {
     box->setGeometry(label->geometry());
     box->showText(words(now.text));
@@ -220,7 +222,8 @@ void Form1::showList(const CurveState& now) {
     show(m_controls.label1.at(2 * line + 1), now.list.at(line).sample);
   }
   showValue(m_controls.vScroll1, now.listTop);
-  showOverlay(m_controls.text1, now.text1, m_controls.label1.at(static_cast<std::size_t>(now.text1.labelIndex)));
+  showOverlay(m_controls.text1, now.text1, m_controls.label1.at(static_cast<std::size_t>(now.text1.labelIndex)),
+              m_controls.picture1);
 }
 
 void Form1::showFields(const CurveState& now) {
@@ -257,7 +260,8 @@ void Form1::showTable(const CurveState& now) {
   const QSignalBlocker blocked(m_controls.vScroll2);
   m_controls.vScroll2->setRange(0, now.tableScrollMax);
   m_controls.vScroll2->setValue(now.tableTop);
-  showOverlay(m_controls.text2, now.text2, m_controls.label2.at(static_cast<std::size_t>(now.text2.labelIndex)));
+  showOverlay(m_controls.text2, now.text2, m_controls.label2.at(static_cast<std::size_t>(now.text2.labelIndex)),
+              m_controls.picture1);
 }
 
 }  // namespace triaxlab

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <QTableView>
 
 #include "windows/play/script.h"
@@ -23,6 +24,13 @@ QString withoutMnemonic(QString caption) {
   return caption;
 }
 
+/// The panels of a status bar.
+QString panelTexts(const QStatusBar& bar) {
+  QStringList texts;
+  for (const QLabel* const panel : bar.findChildren<QLabel*>()) texts << panel->text();
+  return texts.join('\t');
+}
+
 }  // namespace
 
 QString controlText(const QWidget* control) {
@@ -35,6 +43,7 @@ QString controlText(const QWidget* control) {
   if (const auto* const slider = qobject_cast<const QAbstractSlider*>(control))
     return words(std::to_string(slider->value()));
   if (const auto* const bar = qobject_cast<const QProgressBar*>(control)) return words(std::to_string(bar->value()));
+  if (const auto* const bar = qobject_cast<const QStatusBar*>(control)) return panelTexts(*bar);
   throw ScriptError(utf8(control->objectName()) + " has no text");
 }
 
