@@ -228,6 +228,7 @@ std::uint64_t JournalSpans::append(std::span<const std::byte> bytes) {
 }
 
 void JournalSpans::read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const {
+  if (size == 0) return;
   auto span = std::prev(m_spans.upper_bound(position));
   while (size > 0) {
     const std::uint64_t inside = position - span->first;

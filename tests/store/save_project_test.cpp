@@ -253,8 +253,8 @@ TEST_F(SaveProject, WhenNoRowCanBeSavedNothingIsWritten) {
   EXPECT_TRUE(std::filesystem::is_empty(workspace.summaryFolder()));
 }
 
-TEST_F(SaveProject, AFileOfTheOldFormatIsLeftAloneAndTheOthersSaved) {
-  const std::string old = headerBytes({"0001", "P1", "", "", "", "", ""}) + std::string(38366, ' ');
+TEST_F(SaveProject, ADamagedFileIsLeftAloneAndTheOthersSaved) {
+  const std::string old = headerBytes({"many", "P1"}) + std::string(38576, ' ');
   write("HSZS/WKSZP1.txt", old);
   setRow(0, triaxialBytes("P1", "A-1"));
   setRow(1, triaxialBytes("N1", "A-1"));
