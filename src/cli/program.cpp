@@ -19,6 +19,8 @@
 #include "shell/document_operations.h"
 #include "shell/ini_settings.h"
 #include "store/project_list.h"
+#include "store/rewrite_list.h"
+#include "store/sample_rows.h"
 #include "store/save_project.h"
 #include "triaxial/method_names.h"
 
@@ -29,9 +31,11 @@ namespace {
   throw UserError(fmt::format("本版本还没有{}的功能。", what));
 }
 
-/// Only the documents of the triaxial kind can be worked on so far; the files of every kind can be listed.
-void requireTriaxial(ProjectKind kind) {
-  if (kind != ProjectKind::Triaxial) refuseForThisVersion(fmt::format("处理 {} 类工程文件", infoOf(kind).id));
+bool isTriaxial(ProjectKind kind) { return infoOf(kind).documentKind == ProjectKind::Triaxial; }
+
+/// Curve pages, results and printed pages are those of triaxial samples so far.
+void requireTriaxial(ProjectKind kind, std::string_view what) {
+  if (!isTriaxial(kind)) refuseForThisVersion(fmt::format("{} {} 类试样", what, infoOf(kind).id));
 }
 
 class Program {
@@ -51,16 +55,16 @@ class Program {
     printRemarks(selection.read().remarks);
     printRemarks(importedTriaxialDocument(m_workspace));
     if (import.page) showPageOfEverySample(m_workspace, *import.page);
-    return import.save ? save(import.keepExisting) : kDone;
+    return import.save ? save(ProjectKind::Triaxial, import.keepExisting) : kDone;
   }
 
   int operator()(const Open& open) {
-    requireTriaxial(open.kind);
-    openDocument(open.name, [&open](int sampleCount) {
+    if (open.page) requireTriaxial(open.kind, "显示曲线：");
+    openFile(open.kind, open.name, [&open](int sampleCount) {
       return SampleRange{open.first.value_or(1), open.last.value_or(sampleCount)};
     });
     if (open.page) showPageOfEverySample(m_workspace, *open.page);
-    return open.save ? save(false) : kDone;
+    return open.save ? save(open.kind, false) : kDone;
   }
 
   int operator()(const List& list) {
@@ -80,7 +84,7 @@ class Program {
   }
 
   int operator()(const Samples& samples) {
-    const bool withLocation = samples.kind == ProjectKind::Triaxial;
+    const bool withLocation = isTriaxial(samples.kind);
     const LaboratoryHabits& habits = m_workspace.settings.habits;
     const auto rows = listSamples(m_workspace, samples.kind, samples.name);
     GridLine headings{"序号", habits.sampleNoLabel};
@@ -97,13 +101,23 @@ class Program {
     return kDone;
   }
 
-  int operator()(const Rewrite&) { refuseForThisVersion("重排工程文件"); }
+  int operator()(const Rewrite& rewrite) {
+    std::vector<std::uint32_t> order;
+    for (const std::size_t number : rewrite.order) {
+      if (number < 1 || number > kLargestSampleCount)
+        throw UserError(fmt::format("文件“{}”中没有第 {} 个试样，文件没有改动。", rewrite.name, number));
+      order.push_back(static_cast<std::uint32_t>(number - 1));
+    }
+    const RewriteReport report = rewriteProject(m_workspace, rewrite.kind, rewrite.name, order);
+    m_dialogs.message(report.title, report.message, MessageIcon::None);
+    printRemarks(report.remarks);
+    return kDone;
+  }
 
   int operator()(const Show& show) {
-    requireTriaxial(show.kind);
     // Of a large file the one sample alone is read; it then stands in the first row.
     std::size_t firstRow = 0;
-    openDocument(show.name, [&](int sampleCount) {
+    openFile(show.kind, show.name, [&](int sampleCount) {
       if (!show.sample || *show.sample < 1 || *show.sample > sampleCount) return SampleRange{1, sampleCount};
       firstRow = static_cast<std::size_t>(*show.sample - 1);
       return SampleRange{*show.sample, *show.sample};
@@ -113,8 +127,8 @@ class Program {
   }
 
   int operator()(const Results& results) {
-    requireTriaxial(results.kind);
-    openDocument(results.name, {});
+    requireTriaxial(results.kind, "列出成果：");
+    openFile(results.kind, results.name, {});
     printLine({m_workspace.settings.habits.sampleNoLabel, "方法", "围压 kPa", "C kPa", "φ °", "C′ kPa", "φ′ °"});
     for (const TriaxialSampleRecord& record : m_workspace.TriaxialSampleTable)
       if (isLive(record)) printLine(resultLine(record));
@@ -122,9 +136,9 @@ class Program {
   }
 
   int operator()(const Print& print) {
-    requireTriaxial(print.kind);
+    requireTriaxial(print.kind, "打印");
     if (print.layout != "three-in-one") refuseForThisVersion(fmt::format("打印 {} 版式", print.layout));
-    openDocument(print.name, {});
+    openFile(print.kind, print.name, {});
     printRemarks(ReadIniSettings(m_workspace));
     const PrintJob job = printJob(print);
     if (threeInOnePageCount(job, m_workspace) == 0)
@@ -147,13 +161,13 @@ class Program {
     }
   }
 
-  void openDocument(std::string_view name, const RangeChooser& chooseRange) {
-    printRemarks(openTriaxialDocument(m_workspace, name, chooseRange));
+  void openFile(ProjectKind kind, std::string_view name, const RangeChooser& chooseRange) {
+    printRemarks(openDocument(m_workspace, kind, name, chooseRange));
   }
 
-  int save(bool keepExisting) {
+  int save(ProjectKind kind, bool keepExisting) {
     const SaveReport report =
-        saveTriaxial(m_workspace, [=](Workspace& workspace, const std::vector<KnownSample>& known) {
+        saveProject(m_workspace, kind, [=](Workspace& workspace, const std::vector<KnownSample>& known) {
           for (const KnownSample& sample : known) workspace.keepExisting[sample.row] = keepExisting;
         });
     m_dialogs.message(report.title, report.message, MessageIcon::None);
@@ -164,26 +178,27 @@ class Program {
 
   /// Written sample by sample: a full table as one tree would take gigabytes.
   void printDocument(const Show& show, std::size_t firstRow) {
-    const auto& table = m_workspace.TriaxialSampleTable;
-    if (show.sample && !hasSample(*show.sample, firstRow))
+    const SampleRows table(m_workspace, show.kind);
+    if (show.sample && !hasSample(table, *show.sample, firstRow))
       throw UserError(fmt::format("文件“{}”中没有第{}个试样。", show.name, *show.sample));
-    std::cout << R"({"kind": "triaxial", "file": )" << nlohmann::json(show.name).dump() << R"(, "header": )"
-              << jsonOf(m_workspace.projectHeader).dump() << R"(, "controlledDocNo": )"
-              << nlohmann::json(jsonText(m_workspace.controlledDocNo.view())).dump() << ", \"samples\": [";
+    std::cout << R"({"kind": )" << nlohmann::json(infoOf(show.kind).id).dump() << R"(, "file": )"
+              << nlohmann::json(show.name).dump() << R"(, "header": )" << jsonOf(m_workspace.projectHeader).dump()
+              << R"(, "controlledDocNo": )" << nlohmann::json(jsonText(m_workspace.controlledDocNo.view())).dump()
+              << ", \"samples\": [";
     const char* separator = "";
     for (std::size_t row = 0; row < table.size(); ++row) {
       const std::size_t fileRow = firstRow + row;
-      if (!isLive(table[row]) || (show.sample && fileRow + 1 != static_cast<std::size_t>(*show.sample))) continue;
-      std::cout << separator << '\n' << jsonOf(fileRow, table[row], m_workspace.SampleDisplayTable[row]).dump();
+      if (!table.isLive(row) || (show.sample && fileRow + 1 != static_cast<std::size_t>(*show.sample))) continue;
+      std::cout << separator << '\n' << jsonOf(fileRow, m_workspace, show.kind, row).dump();
       separator = ",";
     }
     std::cout << "]}\n";
   }
 
-  bool hasSample(int number, std::size_t firstRow) const {
+  static bool hasSample(const SampleRows& table, int number, std::size_t firstRow) {
     if (number < 1) return false;
     const std::size_t row = static_cast<std::size_t>(number) - 1 - firstRow;
-    return row < kTableRows && isLive(m_workspace.TriaxialSampleTable[row]);
+    return row < table.size() && table.isLive(row);
   }
 
   static GridLine resultLine(const TriaxialSampleRecord& record) {

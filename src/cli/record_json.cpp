@@ -31,6 +31,11 @@ Json valueOf(const Little<float>& number) {
   return shortest;
 }
 
+Json valueOf(const Little<double>& number) {
+  const double value = number;
+  return std::isfinite(value) ? Json(value) : Json(nullptr);
+}
+
 Json valueOf(const std::array<char, 2>& bytes) { return jsonText({bytes.data(), bytes.size()}); }
 
 template <class T, std::size_t N>
@@ -116,6 +121,41 @@ constexpr std::array kTriaxialFields{
     TRIAXLAB_FIELD(TriaxialSampleRecord, reserved),
 };
 
+constexpr std::array kUnconfinedFields{
+    TRIAXLAB_FIELD(UnconfinedSampleRecord, projectNo),
+    TRIAXLAB_FIELD(UnconfinedSampleRecord, sampleNo),
+    TRIAXLAB_FIELD(UnconfinedSampleRecord, undisturbedStress),
+    TRIAXLAB_FIELD(UnconfinedSampleRecord, remouldedStress),
+    TRIAXLAB_FIELD(UnconfinedSampleRecord, undisturbedStrain),
+    TRIAXLAB_FIELD(UnconfinedSampleRecord, remouldedStrain),
+    TRIAXLAB_FIELD(UnconfinedSampleRecord, undisturbedReading),
+    TRIAXLAB_FIELD(UnconfinedSampleRecord, remouldedReading),
+    TRIAXLAB_FIELD(UnconfinedSampleRecord, sampleHeight),
+    TRIAXLAB_FIELD(UnconfinedSampleRecord, sampleArea),
+    TRIAXLAB_FIELD(UnconfinedSampleRecord, ringCoefficient),
+    TRIAXLAB_FIELD(UnconfinedSampleRecord, qu),
+    TRIAXLAB_FIELD(UnconfinedSampleRecord, quRemoulded),
+    TRIAXLAB_FIELD(UnconfinedSampleRecord, sensitivity),
+    TRIAXLAB_FIELD(UnconfinedSampleRecord, strainLimit),
+    TRIAXLAB_FIELD(UnconfinedSampleRecord, spare),
+};
+
+constexpr std::array kK0Fields{
+    TRIAXLAB_FIELD(K0SampleRecord, projectNo),     TRIAXLAB_FIELD(K0SampleRecord, sampleNo),
+    TRIAXLAB_FIELD(K0SampleRecord, koAdjusted),    TRIAXLAB_FIELD(K0SampleRecord, axialDeformation),
+    TRIAXLAB_FIELD(K0SampleRecord, axialPressure), TRIAXLAB_FIELD(K0SampleRecord, lateralPressure),
+    TRIAXLAB_FIELD(K0SampleRecord, koValue),       TRIAXLAB_FIELD(K0SampleRecord, koIntercept),
+    TRIAXLAB_FIELD(K0SampleRecord, samplingDepth), TRIAXLAB_FIELD(K0SampleRecord, spare),
+};
+
+/// Behind the K0 fields.
+constexpr std::array kTK0Fields{
+    TRIAXLAB_FIELD(TK0SampleRecord, pressureSeries), TRIAXLAB_FIELD(TK0SampleRecord, deformationSeries),
+    TRIAXLAB_FIELD(TK0SampleRecord, t90Slope),       TRIAXLAB_FIELD(TK0SampleRecord, t90Intercept),
+    TRIAXLAB_FIELD(TK0SampleRecord, t90Adjusted),    TRIAXLAB_FIELD(TK0SampleRecord, stageCount),
+    TRIAXLAB_FIELD(TK0SampleRecord, timeRowCount),   TRIAXLAB_FIELD(TK0SampleRecord, elapsedSeconds),
+};
+
 constexpr std::array kLocationFields{
     TRIAXLAB_FIELD(SampleLocation, boreholeNo),
     TRIAXLAB_FIELD(SampleLocation, samplingDepth),
@@ -123,6 +163,32 @@ constexpr std::array kLocationFields{
 };
 
 #undef TRIAXLAB_FIELD
+
+void addTriaxial(Json& object, const Workspace& workspace, std::size_t row) {
+  add(object, kTriaxialFields, workspace.TriaxialSampleTable[row]);
+}
+void addUnconfined(Json& object, const Workspace& workspace, std::size_t row) {
+  add(object, kUnconfinedFields, workspace.UnconfinedSampleTable[row]);
+}
+void addK0(Json& object, const Workspace& workspace, std::size_t row) {
+  add(object, kK0Fields, workspace.K0SampleTable[row]);
+}
+void addTK0(Json& object, const Workspace& workspace, std::size_t row) {
+  const TK0SampleRecord& record = workspace.TK0SampleTable[row];
+  add(object, kK0Fields, record.k0);
+  add(object, kTK0Fields, record);
+}
+
+struct FieldsOfKind {
+  ProjectKind kind;
+  void (*add)(Json&, const Workspace&, std::size_t row);
+};
+constexpr std::array kFieldsOfKinds{
+    FieldsOfKind{ProjectKind::Triaxial, addTriaxial},
+    FieldsOfKind{ProjectKind::Unconfined, addUnconfined},
+    FieldsOfKind{ProjectKind::K0, addK0},
+    FieldsOfKind{ProjectKind::TK0, addTK0},
+};
 
 }  // namespace
 
@@ -137,11 +203,15 @@ Json jsonOf(const ProjectHeader& header) {
   return object;
 }
 
-Json jsonOf(std::size_t row, const TriaxialSampleRecord& record, const SampleLocation& location) {
+Json jsonOf(std::size_t fileRow, const Workspace& workspace, ProjectKind kind, std::size_t row) {
   Json object;
-  object["row"] = row;
-  add(object, kTriaxialFields, record);
-  add(object, kLocationFields, location);
+  object["row"] = fileRow;
+  for (const FieldsOfKind& fields : kFieldsOfKinds)
+    if (fields.kind == infoOf(kind).documentKind) fields.add(object, workspace, row);
+  Json location;
+  add(location, kLocationFields, workspace.SampleDisplayTable[row]);
+  for (const auto& [name, value] : location.items())
+    if (!object.contains(name)) object[name] = value;
   return object;
 }
 

@@ -3,8 +3,8 @@
 #include <nlohmann/json_fwd.hpp>
 
 #include "store/project_header.h"
+#include "store/project_kinds.h"
 #include "store/workspace.h"
-#include "triaxial/record.h"
 
 namespace triaxlab::cli {
 
@@ -14,8 +14,9 @@ namespace triaxlab::cli {
 
 nlohmann::ordered_json jsonOf(const ProjectHeader& header);
 
-/// The record of a table row with the location beside it.
-nlohmann::ordered_json jsonOf(std::size_t row, const TriaxialSampleRecord& record, const SampleLocation& location);
+/// The record in a row of the kind's table with the location beside it, under its row in the file. A field that the
+/// record has itself, as a K0 record its depth, is the record's.
+nlohmann::ordered_json jsonOf(std::size_t fileRow, const Workspace& workspace, ProjectKind kind, std::size_t row);
 
 /// One text as it stands in the objects.
 std::string jsonText(std::string_view gbk);

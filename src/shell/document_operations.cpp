@@ -1,6 +1,7 @@
 #include "shell/document_operations.h"
 
 #include <algorithm>
+#include <array>
 
 #include "shell/ini_settings.h"
 #include "store/summary_file.h"
@@ -11,25 +12,38 @@ namespace {
 
 void append(Remarks& remarks, const Remarks& more) { remarks.insert(remarks.end(), more.begin(), more.end()); }
 
-/// What happens to a freshly filled table before it is shown.
-void prepareTriaxialTable(Workspace& workspace, Remarks& remarks) {
-  append(remarks, ReadEnglishLabels(workspace));
-  append(remarks, readLocations(workspace, ProjectKind::Triaxial));
+void reduceTriaxial(Workspace& workspace) {
   runOpeningPass(workspace.TriaxialSampleTable, workspace.settings.habits.cohesionFormat());
+}
+
+/// The kinds whose samples are reduced when they are opened.
+struct Reduction {
+  ProjectKind kind;
+  void (*reduceAll)(Workspace&);
+};
+constexpr std::array kReductions{Reduction{ProjectKind::Triaxial, reduceTriaxial}};
+
+/// What happens to a freshly filled table before it is shown.
+void prepareTable(Workspace& workspace, ProjectKind kind, Remarks& remarks) {
+  append(remarks, ReadEnglishLabels(workspace));
+  append(remarks, readLocations(workspace, kind));
+  for (const Reduction& reduction : kReductions)
+    if (reduction.kind == infoOf(kind).documentKind) reduction.reduceAll(workspace);
 }
 
 }  // namespace
 
-Remarks openTriaxialDocument(Workspace& workspace, std::string_view fileName, const RangeChooser& chooseRange) {
-  Remarks remarks = openProject(workspace, ProjectKind::Triaxial, fileName, chooseRange);
-  prepareTriaxialTable(workspace, remarks);
+Remarks openDocument(Workspace& workspace, ProjectKind kind, std::string_view fileName,
+                     const RangeChooser& chooseRange) {
+  Remarks remarks = openProject(workspace, kind, fileName, chooseRange);
+  prepareTable(workspace, kind, remarks);
   return remarks;
 }
 
 Remarks importedTriaxialDocument(Workspace& workspace) {
   workspace.controlledDocNo.clear();
   Remarks remarks;
-  prepareTriaxialTable(workspace, remarks);
+  prepareTable(workspace, ProjectKind::Triaxial, remarks);
   return remarks;
 }
 

@@ -12,9 +12,15 @@ namespace triaxlab {
 // What fills a table, up to the point where a document window can show it and a save can store it. Windows and the
 // command line start the same operations; the remarks are for the status bar or standard error.
 
-/// Reads a project file of the triaxial kind (name without folder), the locations of its samples and the English
-/// labels, and runs the opening pass. UserError as `openProject`; the workspace is then as it was.
-Remarks openTriaxialDocument(Workspace& workspace, std::string_view fileName, const RangeChooser& chooseRange);
+/// Reads a project file (name without folder), the locations of its samples and the English labels, and reduces the
+/// samples as their window does when it opens: the triaxial ones by the opening pass, the others stand as they were
+/// stored. UserError as `openProject`; the workspace is then as it was.
+Remarks openDocument(Workspace& workspace, ProjectKind kind, std::string_view fileName,
+                     const RangeChooser& chooseRange);
+
+inline Remarks openTriaxialDocument(Workspace& workspace, std::string_view fileName, const RangeChooser& chooseRange) {
+  return openDocument(workspace, ProjectKind::Triaxial, fileName, chooseRange);
+}
 
 /// Goes on behind an importer that has filled the triaxial table: locations, English labels, opening pass; the
 /// controlledDocNo of the document before is dropped.
