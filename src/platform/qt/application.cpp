@@ -39,14 +39,10 @@ PaintingApplication::PaintingApplication() {
   if (QCoreApplication::instance() != nullptr) return;
   silenceToolkit();
   substituteFonts();
-  // Qt keeps references to both for the life of the application, and it may be made more than once.
-  static char name[] = "triaxlab";
-  static char option[] = "-platform";
-  static char offscreen[] = "offscreen";
-  static char* arguments[] = {name, option, offscreen, nullptr};
-  static int count = 0;
-  count = 3;
-  m_application = std::make_unique<QGuiApplication>(count, arguments);
+  static char name[] = "triaxlab", option[] = "-platform", platform[] = "offscreen";
+  m_arguments = {name, option, platform, nullptr};
+  m_argumentCount = 3;
+  m_application = std::make_unique<QGuiApplication>(m_argumentCount, m_arguments.data());
   restoreNumberLocale();
 }
 

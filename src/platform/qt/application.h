@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 
 class QGuiApplication;
@@ -23,6 +24,9 @@ class PaintingApplication {
   ~PaintingApplication();
 
  private:
+  // The toolkit keeps references to both and takes out what it understands.
+  int m_argumentCount = 0;
+  std::array<char*, 4> m_arguments{};
   std::unique_ptr<QGuiApplication> m_application;
 };
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QKeyEvent>
@@ -34,25 +35,24 @@ class QuestionBox : public QMessageBox {
   void closeEvent(QCloseEvent* event) override { event->ignore(); }
 };
 
-/// "words|mask|words|mask" as the toolkit's filters. The words are shown as written and the toolkit takes the mask from
-/// a second pair of parentheses that it hides; "*.*" means every file.
-QStringList nameFilters(std::string_view filter) {
+/// Offers "words|mask|words|mask". The masks are handed over in parentheses behind the words, "*.*" as every file; the
+/// words are then shown as written, since the toolkit takes doubled blanks out.
+void offerFilter(QFileDialog& dialog, std::string_view filter) {
   const QStringList parts = words(filter).split('|');
-  QStringList filters;
-  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-    const QString mask = parts[i + 1] == "*.*" ? QString("*") : parts[i + 1];
-    filters << QString("%1(%2)").arg(parts[i], mask);
-  }
-  return filters;
+  QStringList nameFilters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+    nameFilters << QString("%1(%2)").arg(parts[i], parts[i + 1] == "*.*" ? QString("*") : parts[i + 1]);
+  dialog.setNameFilters(nameFilters);
+  auto* const list = dialog.findChild<QComboBox*>("fileTypeCombo");
+  for (int i = 0; list != nullptr && i < list->count(); ++i) list->setItemText(i, parts[2 * i]);
 }
 
 std::optional<std::filesystem::path> runFileDialog(const FileQuestion& question, QFileDialog::AcceptMode mode) {
   QFileDialog dialog(QApplication::activeWindow(), words(question.title));
   dialog.setOption(QFileDialog::DontUseNativeDialog);
-  dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setAcceptMode(mode);
   dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-  if (!question.filter.empty()) dialog.setNameFilters(nameFilters(question.filter));
+  if (!question.filter.empty()) offerFilter(dialog, question.filter);
   if (!question.initial.empty()) {
     dialog.setDirectory(words(textOfPath(question.initial.parent_path())));
     dialog.selectFile(words(textOfPath(question.initial.filename())));
