@@ -1,0 +1,208 @@
+// A save of thirty samples is stopped at each of the system calls by which it writes, syncs, renames or removes: by
+// SIGKILL before the call, in the middle of a write, and by a disk that is full or broken for that one call. However it
+// ends, after the next start project files and summary files are all as they were or all as they were to become, byte
+// for byte, and nothing else lies about.
+
+#include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include <csignal>
+#include <filesystem>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "crash/crash_samples.h"
+#include "store/save_project.h"
+#include "support/temporary_folder.h"
+
+extern char** environ;  // NOLINT(readability-redundant-declaration): POSIX leaves its declaration to the program
+
+namespace triaxlab::testing {
+namespace {
+
+enum Exit : int { kDone = 0, kUnchanged = 2, kFinishedLater = 3 };
+
+/// What became of a run of the program.
+struct Outcome {
+  bool killed = false;
+  int exitStatus = -1;
+};
+
+Outcome runProgram(std::vector<std::string> arguments, std::vector<std::string> environment) {
+  arguments.insert(arguments.begin(), CRASH_PROGRAM);
+  std::vector<char*> argv, envp;
+  for (std::string& text : arguments) argv.push_back(text.data());
+  for (std::string& text : environment) envp.push_back(text.data());
+  for (char** inherited = environ; *inherited != nullptr; ++inherited) envp.push_back(*inherited);
+  argv.push_back(nullptr);
+  envp.push_back(nullptr);
+  pid_t child = 0;
+  if (posix_spawn(&child, CRASH_PROGRAM, nullptr, nullptr, argv.data(), envp.data()) != 0) return {};
+  int status = 0;
+  waitpid(child, &status, 0);
+  if (WIFSIGNALED(status)) return {WTERMSIG(status) == SIGKILL, -1};
+  return {false, WEXITSTATUS(status)};
+}
+
+/// The files of HSZS and ZMSJ, and a journal if one lies there.
+using Contents = std::map<std::string, std::string>;
+
+/// What there is before the save, and what the program is told to save.
+struct Scene {
+  std::string name;
+  std::vector<std::string> existing;  // projects with ten samples on disk
+  std::vector<std::string> saved;
+};
+
+class Crash : public ::testing::TestWithParam<Scene> {
+ protected:
+  void SetUp() override {
+#ifndef FAILING_CALLS
+    GTEST_SKIP() << "The library that lets calls fail can't be loaded in front of a sanitizer.";
+#else
+    for (const char* name : {"HSZS", "ZMSJ"}) std::filesystem::create_directories(m_folder.path() / name);
+    makeOldFiles();
+    m_old = contents();
+    m_calls = countCalls({"save"});
+    m_new = contents();
+    ASSERT_NE(m_old, m_new);
+    ASSERT_GT(m_calls, 10) << "journal, two files, their syncs and the removal are more than that";
+#endif
+  }
+
+  /// Stops the program at each call in turn, starts it anew, and looks at the files.
+  void stopAtEachCall(const std::string& way) {
+    for (long call = 1; call <= m_calls; ++call) {
+      restore(m_old);
+      const Outcome outcome = stop({"save"}, way, call);
+      const bool dies = way == "kill" || way == "tear";
+      ASSERT_EQ(outcome.killed, dies) << call;
+      const std::string then =
+          way + " at call " + std::to_string(call) + ", exit " + std::to_string(outcome.exitStatus);
+      ASSERT_EQ(run({"recover"}).exitStatus, kDone) << then;
+      const Contents after = contents();
+      ASSERT_TRUE(after == m_old || after == m_new) << then << ": the files are neither old nor new";
+      if (outcome.exitStatus == kUnchanged) {
+        ASSERT_TRUE(after == m_old) << then;
+      }
+      if (outcome.exitStatus == kDone || outcome.exitStatus == kFinishedLater) {
+        ASSERT_TRUE(after == m_new) << then;
+      }
+      if (!dies) {
+        ASSERT_NE(outcome.exitStatus, 1) << then << ": the sentence doesn't say what became of the files";
+      }
+      (after == m_old ? m_sawOld : m_sawNew) = true;
+    }
+    EXPECT_TRUE(m_sawOld && m_sawNew) << "a save that is stopped early leaves the old files, a late one the new";
+  }
+
+  /// Leaves a complete journal that nothing of was applied, then stops each attempt to finish it.
+  void stopTheRecovery(const std::string& way) {
+    const Contents journalled = contentsWithJournal();
+    ASSERT_TRUE(journalled.contains("journal"));
+    restore(journalled);
+    const long calls = countCalls({"recover"});
+    ASSERT_EQ(contents(), m_new);
+    for (long call = 1; call <= calls; ++call) {
+      restore(journalled);
+      stop({"recover"}, way, call);
+      ASSERT_EQ(run({"recover"}).exitStatus, kDone) << call;
+      ASSERT_TRUE(contents() == m_new) << way << " at call " << call;
+    }
+  }
+
+ private:
+  void makeOldFiles() {
+    Workspace workspace;
+    workspace.applicationFolder = workspace.dataFolder = m_folder.path();
+    workspace.fixedToday = Date{2023, 1, 2};
+    SetText(workspace.controlledDocNo, "OLD");
+    int rowsUsed = 0;
+    for (const std::string& projectNo : GetParam().existing) {
+      crash::fill(workspace, projectNo, rowsUsed, 10, 55);
+      rowsUsed += 10;
+    }
+    if (rowsUsed > 0) saveTriaxial(workspace, nullptr);
+  }
+
+  /// The state in which the save died between the sync of its journal and the first write to a file.
+  Contents contentsWithJournal() {
+    for (long call = 1; call <= m_calls; ++call) {
+      restore(m_old);
+      stop({"save"}, "kill", call);
+      Contents found = contents();
+      const bool hasJournal = found.erase("journal") == 1;
+      const Contents withJournal = contents();
+      if (hasJournal && found == m_old && run({"recover"}).exitStatus == kDone && contents() == m_new)
+        return withJournal;
+    }
+    ADD_FAILURE() << "no call lies between journal and files";
+    return {};
+  }
+
+  Outcome run(std::vector<std::string> deed, std::vector<std::string> environment = {}) {
+    deed.insert(deed.begin(), m_folder.path().string());
+    deed.insert(deed.end(), GetParam().saved.begin(), GetParam().saved.end());
+    return runProgram(std::move(deed), std::move(environment));
+  }
+  Outcome stop(std::vector<std::string> deed, const std::string& way, long call) {
+    return run(std::move(deed), {preload(), "FAILING_WAY=" + way, "FAILING_CALL=" + std::to_string(call)});
+  }
+  long countCalls(std::vector<std::string> deed) {
+    EXPECT_EQ(run(std::move(deed), {preload(), "CALL_COUNT=" + (m_folder.path() / "calls").string()}).exitStatus,
+              kDone);
+    return std::stol(m_folder.read("calls"));
+  }
+  static std::string preload() {
+#ifdef FAILING_CALLS
+    return "LD_PRELOAD=" FAILING_CALLS;
+#else
+    return {};
+#endif
+  }
+
+  Contents contents() const {
+    Contents files;
+    for (const char* name : {"HSZS", "ZMSJ"})
+      for (const auto& entry : std::filesystem::directory_iterator(m_folder.path() / name)) {
+        const std::string path = std::string(name) + "/" + entry.path().filename().string();
+        files[path] = m_folder.read(path);
+      }
+    if (std::filesystem::exists(m_folder.path() / "journal")) files["journal"] = m_folder.read("journal");
+    return files;
+  }
+  void restore(const Contents& files) const {
+    for (const auto& [path, bytes] : contents())
+      if (!files.contains(path)) std::filesystem::remove(m_folder.path() / path);
+    for (const auto& [path, bytes] : files) m_folder.write(path, bytes);
+  }
+
+  TemporaryFolder m_folder;
+  Contents m_old, m_new;
+  long m_calls = 0;
+  bool m_sawOld = false, m_sawNew = false;
+};
+
+std::string nameOf(const ::testing::TestParamInfo<Scene>& scene) { return scene.param.name; }
+const Scene kOverAnExistingProject{"OverAnExistingProject", {"P1"}, {"P1"}};
+
+TEST_P(Crash, KilledBeforeAnyCall) { stopAtEachCall("kill"); }
+TEST_P(Crash, ADiskThatIsFullOnce) { stopAtEachCall("ENOSPC"); }
+INSTANTIATE_TEST_SUITE_P(Saves, Crash,
+                         ::testing::Values(kOverAnExistingProject, Scene{"OfANewProject", {}, {"N1"}},
+                                           Scene{"OfThreeProjects", {"P1", "P2"}, {"P2", "N1", "P1"}}),
+                         nameOf);
+
+class CrashOfOneSave : public Crash {};
+TEST_P(CrashOfOneSave, KilledInTheMiddleOfAWrite) { stopAtEachCall("tear"); }
+TEST_P(CrashOfOneSave, ADiskThatBreaksOnce) { stopAtEachCall("EIO"); }
+TEST_P(CrashOfOneSave, TheRecoveryIsKilledToo) { stopTheRecovery("kill"); }
+TEST_P(CrashOfOneSave, TheRecoveryIsTornToo) { stopTheRecovery("tear"); }
+TEST_P(CrashOfOneSave, TheRecoveryMeetsABrokenDiskToo) { stopTheRecovery("EIO"); }
+INSTANTIATE_TEST_SUITE_P(Saves, CrashOfOneSave, ::testing::Values(kOverAnExistingProject), nameOf);
+
+}  // namespace
+}  // namespace triaxlab::testing

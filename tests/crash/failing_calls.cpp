@@ -1,0 +1,161 @@
+// Loaded in front of the C library: counts the calls by which a program changes what is on a disk, and lets one of them
+// go wrong. It is told what to do by the environment:
+//
+//   FAILING_CALL   number of the call, from 1
+//   FAILING_WAY    kill      the process dies before the call
+//                  tear      a write does half of its work, then the process dies; other calls as kill
+//                  ENOSPC    the call fails once, as on a full disk
+//                  EIO       the call fails once, as on a disk that breaks
+//   CALL_COUNT     a file that gets the number of calls when the program ends
+//
+// What the calls themselves do stays with the C library.
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/syscall.h>
+#include <sys/uio.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+namespace {
+
+enum class Way { None, Kill, Tear, Fail };
+
+struct Order {
+  long call = 0;
+  Way way = Way::None;
+  int error = 0;
+  const char* countFile = nullptr;
+};
+
+Order orderOfEnvironment() {
+  Order order;
+  order.countFile = std::getenv("CALL_COUNT");
+  const char* const call = std::getenv("FAILING_CALL");
+  const char* const wayText = std::getenv("FAILING_WAY");
+  if (call == nullptr || wayText == nullptr) return order;
+  order.call = std::atol(call);
+  const std::string_view way = wayText;
+  order.way = way == "kill" ? Way::Kill : way == "tear" ? Way::Tear : Way::Fail;
+  order.error = way == "EIO" ? EIO : ENOSPC;
+  return order;
+}
+
+const Order& order() {
+  static const Order read = orderOfEnvironment();
+  return read;
+}
+
+long g_calls = 0;
+
+void die() { syscall(SYS_kill, getpid(), SIGKILL); }
+
+/// Counts a call. True when it is to fail, with errno set; a call that is to kill doesn't return. `tear` does the half
+/// of a write.
+template <class Tear>
+bool goesWrong(Tear tear) {
+  if (++g_calls != order().call) return false;
+  if (order().way == Way::Tear) tear();
+  if (order().way == Way::Tear || order().way == Way::Kill) die();
+  errno = order().error;
+  return order().way == Way::Fail;
+}
+bool goesWrong() {
+  return goesWrong([] {});
+}
+
+/// The C library's function of that name.
+template <class Function>
+Function* original(const char* name) {
+  return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+
+struct CountAtEnd {
+  ~CountAtEnd() {
+    if (order().countFile == nullptr) return;
+    char text[24];
+    const int length = std::snprintf(text, sizeof text, "%ld\n", g_calls);
+    const long file = syscall(SYS_openat, AT_FDCWD, order().countFile, O_WRONLY | O_CREAT | O_TRUNC, 0666);
+    syscall(SYS_write, file, text, length);
+    syscall(SYS_close, file);
+  }
+} g_countAtEnd;
+
+constexpr int kMakesOrEmpties = O_CREAT | O_TRUNC;
+
+}  // namespace
+
+// The wrapped calls. A function with two names has one body.
+#define WRAP(name, parameters, arguments)                \
+  extern "C" int name parameters {                       \
+    using Function = int parameters;                     \
+    static auto* const next = original<Function>(#name); \
+    return goesWrong() ? -1 : next arguments;            \
+  }
+
+WRAP(fsync, (int file), (file))
+WRAP(fdatasync, (int file), (file))
+WRAP(ftruncate, (int file, off_t size), (file, size))
+WRAP(ftruncate64, (int file, off64_t size), (file, size))
+WRAP(fallocate, (int file, int mode, off_t offset, off_t size), (file, mode, offset, size))
+WRAP(rename, (const char* from, const char* to), (from, to))
+WRAP(renameat, (int fromFolder, const char* from, int toFolder, const char* to), (fromFolder, from, toFolder, to))
+WRAP(renameat2, (int fromFolder, const char* from, int toFolder, const char* to, unsigned flags),
+     (fromFolder, from, toFolder, to, flags))
+WRAP(unlink, (const char* path), (path))
+WRAP(unlinkat, (int folder, const char* path, int flags), (folder, path, flags))
+WRAP(mkdir, (const char* path, mode_t mode), (path, mode))
+
+extern "C" ssize_t copy_file_range(int in, off64_t* inAt, int out, off64_t* outAt, size_t size, unsigned flags) {
+  static auto* const next = original<ssize_t(int, off64_t*, int, off64_t*, size_t, unsigned)>("copy_file_range");
+  return goesWrong() ? -1 : next(in, inAt, out, outAt, size, flags);
+}
+
+extern "C" ssize_t write(int file, const void* bytes, size_t size) {
+  static auto* const next = original<ssize_t(int, const void*, size_t)>("write");
+  return goesWrong([&] { next(file, bytes, size / 2); }) ? -1 : next(file, bytes, size);
+}
+
+extern "C" ssize_t pwrite(int file, const void* bytes, size_t size, off_t offset) {
+  static auto* const next = original<ssize_t(int, const void*, size_t, off_t)>("pwrite");
+  return goesWrong([&] { next(file, bytes, size / 2, offset); }) ? -1 : next(file, bytes, size, offset);
+}
+
+extern "C" ssize_t pwrite64(int file, const void* bytes, size_t size, off64_t offset) {
+  static auto* const next = original<ssize_t(int, const void*, size_t, off64_t)>("pwrite64");
+  return goesWrong([&] { next(file, bytes, size / 2, offset); }) ? -1 : next(file, bytes, size, offset);
+}
+
+extern "C" ssize_t writev(int file, const iovec* parts, int count) {
+  static auto* const next = original<ssize_t(int, const iovec*, int)>("writev");
+  return goesWrong([&] { next(file, parts, count / 2); }) ? -1 : next(file, parts, count);
+}
+
+extern "C" ssize_t pwritev(int file, const iovec* parts, int count, off_t offset) {
+  static auto* const next = original<ssize_t(int, const iovec*, int, off_t)>("pwritev");
+  return goesWrong([&] { next(file, parts, count / 2, offset); }) ? -1 : next(file, parts, count, offset);
+}
+
+// An open counts when it may make or empty a file.
+#define WRAP_OPEN(name)                                                    \
+  extern "C" int name(const char* path, int flags, ...) {                  \
+    mode_t mode = 0;                                                       \
+    if ((flags & (O_CREAT | O_TMPFILE)) != 0) {                            \
+      va_list more;                                                        \
+      va_start(more, flags);                                               \
+      mode = va_arg(more, mode_t);                                         \
+      va_end(more);                                                        \
+    }                                                                      \
+    static auto* const next = original<int(const char*, int, ...)>(#name); \
+    if ((flags & kMakesOrEmpties) != 0 && goesWrong()) return -1;          \
+    return next(path, flags, mode);                                        \
+  }
+
+WRAP_OPEN(open)
+WRAP_OPEN(open64)
