@@ -172,6 +172,9 @@ void setHundredths(FixedText<6>& field, std::int16_t hundredths) {
   if (hundredths != 0) SetNumber(field, hundredths / 100.0, NumberFormat::Hundredths);
 }
 
+/// A word of tenths as the format "0" shows it: half away from zero.
+double wholeOfTenths(std::int16_t tenths) { return std::round(tenths / 10.0); }
+
 std::int16_t readingOrZero(std::int16_t word) { return word == kNoReading ? std::int16_t{0} : word; }
 
 SampleIdentity identityOf(const AutoSpecimenRecord& raw) {
@@ -181,6 +184,56 @@ SampleIdentity identityOf(const AutoSpecimenRecord& raw) {
   identity.testMethod = raw.testMethod;
   return identity;
 }
+
+/// The stress on the section that a specimen has at a strain, from the stress on its initial section.
+class AreaCorrection {
+ public:
+  AreaCorrection(const TriaxialSampleRecord& row, std::size_t slot, bool newerBlock)
+      : m_method(row.testMethod),
+        m_initialArea(row.initialArea[slot].number()),
+        m_consolidatedArea(row.consolidatedArea[slot].number()),
+        m_height(row.consolidatedHeight[slot].number()),
+        m_drainedNumerator(m_initialArea) {
+    if (newerBlock) return;
+    // An older block's CD tests differ from a newer one's, and so do its two shear modes from each other.
+    if (row.shearMode == kMultiStage)
+      m_height /= 100;
+    else
+      m_drainedNumerator = m_consolidatedArea;
+  }
+
+  /// `strain` is a fraction, `drained` a volume in ml. Nothing: the reading stays as it is.
+  std::optional<double> stress(double x, double strain, double drained) const {
+    switch (m_method) {
+      case kUU:
+        return unlessZero(x * (1 - strain));
+      case kCU:
+        if (m_consolidatedArea == 0) return std::nullopt;
+        return unlessZero(x * (1 - strain) * m_initialArea / m_consolidatedArea);
+      case kCD:
+        return drainedStress(x, strain, drained);
+      default:
+        return std::nullopt;
+    }
+  }
+
+ private:
+  static std::optional<double> unlessZero(double stress) {
+    if (stress == 0) return std::nullopt;
+    return stress;
+  }
+
+  std::optional<double> drainedStress(double x, double strain, double drained) const {
+    const double volume = m_consolidatedArea * m_height - drained;
+    const double height = m_height - strain * m_height;
+    if (volume == 0 || height == 0) return std::nullopt;
+    return x * m_drainedNumerator / (volume / height);
+  }
+
+  std::uint8_t m_method;
+  double m_initialArea, m_consolidatedArea, m_height;
+  double m_drainedNumerator;  // the area above the line of a CD test
+};
 
 /// Fills one slot of a row from one specimen record.
 class SpecimenFiller {
@@ -211,7 +264,7 @@ class SpecimenFiller {
   }
 
   void fillMeasures() {
-    SetNumber(m_row.cellPressure[m_slot], m_raw.rawCellPressure / 10.0, NumberFormat::Whole);
+    SetNumber(m_row.cellPressure[m_slot], wholeOfTenths(m_raw.rawCellPressure), NumberFormat::Whole);
     setHundredths(m_row.initialHeight[m_slot], m_raw.rawInitialHeight);
     setHundredths(m_row.initialArea[m_slot], m_raw.rawInitialArea);
     setHundredths(m_row.consolidationDrainage[m_slot], m_raw.rawDrainage);
@@ -233,8 +286,10 @@ class SpecimenFiller {
       const std::int16_t stress = m_raw.rawStress[reading], pore = m_raw.rawPore[reading];
       if (stress == 0 || stress == kNoReading) continue;
       const std::size_t row = reading - 1;
-      SetNumber(m_row.deviatorStress[row][m_slot], unscaledStress ? stress : stress / 10.0, NumberFormat::Whole);
-      if (pore != kNoReading) SetNumber(m_row.porePressure[row][m_slot], withSign(pore) / 10.0, NumberFormat::Whole);
+      SetNumber(m_row.deviatorStress[row][m_slot], unscaledStress ? stress : wholeOfTenths(stress),
+                NumberFormat::Whole);
+      if (pore != kNoReading)
+        SetNumber(m_row.porePressure[row][m_slot], wholeOfTenths(withSign(pore)), NumberFormat::Whole);
       m_row.volumeChange[row][m_slot] = hundredthsOfVolume(readingOrZero(m_raw.rawVolume[reading]));
     }
   }
@@ -245,8 +300,8 @@ class SpecimenFiller {
 
   std::int16_t hundredthsOfVolume(std::int16_t word) const {
     if (m_newerBlock) return word;
-    const double hundredths = word / 10.0;
-    return static_cast<std::int16_t>(m_reader.roundsVolumeToEven ? std::nearbyint(hundredths) : std::round(hundredths));
+    if (m_reader.roundsVolumeToEven) return toInt16(word / 10.0).value_or(0);
+    return static_cast<std::int16_t>(wholeOfTenths(word));
   }
 
   /// The stress was worked out on the initial section. Reading 51 lies outside the correction.
@@ -255,50 +310,15 @@ class SpecimenFiller {
     const bool multiStage = m_row.shearMode == kMultiStage;
     const double step = multiStage ? 0.002 : 0.004;
     const double used = multiStage && m_row.testMethod != kCU ? strainOfEarlierStages(m_row, m_slot) : 0;
+    const AreaCorrection correction(m_row, m_slot, m_newerBlock);
     for (std::size_t row = 0; row < kCorrectedRows; ++row) {
       FixedText<6>& stress = m_row.deviatorStress[row][m_slot];
       const double x = stress.number();
       if (x == 0) continue;
-      const auto corrected = correctedStress(x, static_cast<double>(row + 1) * step + used, row);
+      const double drained = std::abs(m_row.volumeChange[row][m_slot] / 100.0);
+      const auto corrected = correction.stress(x, static_cast<double>(row + 1) * step + used, drained);
       if (corrected) SetNumber(stress, *corrected, NumberFormat::Whole);
     }
-  }
-
-  /// `strain` is a fraction. Nothing: the row stays as it was read.
-  std::optional<double> correctedStress(double x, double strain, std::size_t row) const {
-    const double initialArea = m_row.initialArea[m_slot].number();
-    const double consolidatedArea = m_row.consolidatedArea[m_slot].number();
-    double result = 0;
-    switch (m_row.testMethod) {
-      case kUU:
-        result = x * (1 - strain);
-        break;
-      case kCU:
-        if (consolidatedArea == 0) return std::nullopt;
-        result = x * (1 - strain) * initialArea / consolidatedArea;
-        break;
-      case kCD:
-        return drainedStress(x, strain, row);
-      default:
-        return std::nullopt;
-    }
-    if (result == 0) return std::nullopt;
-    return result;
-  }
-
-  /// On the section of what volume and height are left. The two forms of the older block differ on purpose: one takes
-  /// the height in hundredths, the other the consolidated area above the line.
-  std::optional<double> drainedStress(double x, double strain, std::size_t row) const {
-    const bool multiStage = m_row.shearMode == kMultiStage;
-    const double consolidatedArea = m_row.consolidatedArea[m_slot].number();
-    double h0 = m_row.consolidatedHeight[m_slot].number();
-    if (!m_newerBlock && multiStage) h0 /= 100;
-    const double numerator = !m_newerBlock && !multiStage ? consolidatedArea : m_row.initialArea[m_slot].number();
-    const double drained = std::abs(m_row.volumeChange[row][m_slot] / 100.0);
-    const double volume = consolidatedArea * h0 - drained;
-    const double height = h0 - strain * h0;
-    if (volume == 0 || height == 0) return std::nullopt;
-    return x * numerator / (volume / height);
   }
 
   const AutoSpecimenRecord& m_raw;

@@ -82,35 +82,37 @@ void TriaxialImportPlan::addGroup(const SampleIdentity& identity, Gathering gath
 }
 
 TriaxialImportPlan::Place TriaxialImportPlan::placeOf(const SampleIdentity& identity, Gathering gathering) {
-  if (gathering == Gathering::BySample) {
-    const auto same = std::find(m_rows.begin(), m_rows.end(), identity);
-    if (same != m_rows.end()) return {static_cast<std::size_t>(same - m_rows.begin()), true};
-  }
-  if (m_rows.size() == kTableRows) throw UserError("选中的试样超过1001个，数据没有读入。请减少选中的行，分几次处理。");
-  m_rows.push_back(identity);
-  return {m_rows.size() - 1, false};
+  if (gathering == Gathering::BySample)
+    if (const auto same = m_rowOfSample.find(identity); same != m_rowOfSample.end()) return {same->second, true};
+  if (m_rowCount == kTableRows) throw UserError("选中的试样超过1001个，数据没有读入。请减少选中的行，分几次处理。");
+  m_rowOfSample.try_emplace(identity, m_rowCount);
+  return {m_rowCount++, false};
 }
 
 ImportReport TriaxialImportPlan::carryOut(Workspace& workspace, const Fill& fill, Remarks remarks) const {
+  static const Record kBlank;
   auto& table = workspace.TriaxialSampleTable;
-  std::fill(table.begin(), table.end(), Record{});
   workspace.clearLocations();
   workspace.clearProjectDates();
   std::copy(m_projectDates.begin(), m_projectDates.end(), workspace.ProjectDateTable.begin());
 
+  // A row is blanked in the moment when it is filled, while it is at hand: the table is far larger than the caches.
   for (std::size_t group = 0; group < m_places.size(); ++group) {
     const Place& place = m_places[group];
     if (place.joins) {
-      Record specimens;
+      Record specimens = kBlank;
       fill(group, specimens);
       mergeSpecimens(specimens, table[place.row]);
     } else {
+      table[place.row] = kBlank;
       fill(group, table[place.row]);
     }
   }
-  std::for_each_n(table.begin(), m_rows.size(), FillSampleTimeAxes);
+  const auto firstUnused = table.begin() + static_cast<std::ptrdiff_t>(m_rowCount);
+  std::for_each(table.begin(), firstUnused, FillSampleTimeAxes);
+  std::fill(firstUnused, table.end(), kBlank);
   workspace.rawImportPending = true;
-  return {m_rows.size(), std::move(remarks)};
+  return {m_rowCount, std::move(remarks)};
 }
 
 }  // namespace triaxlab

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <map>
+#include <tuple>
 #include <vector>
 
 #include "importers/importer.h"
@@ -22,7 +24,10 @@ struct SampleIdentity {
   FixedText<15> projectNo;
   FixedText<14> sampleNo;
   std::uint8_t testMethod = 0;
-  bool operator==(const SampleIdentity&) const = default;
+  bool operator<(const SampleIdentity& other) const {
+    return std::tuple(sampleNo.view(), projectNo.view(), testMethod) <
+           std::tuple(other.sampleNo.view(), other.projectNo.view(), other.testMethod);
+  }
 };
 
 /// Which row of the triaxial table each group of specimens goes to, and the dates of the projects: worked out from the
@@ -52,8 +57,9 @@ class TriaxialImportPlan {
   };
   Place placeOf(const SampleIdentity& identity, Gathering gathering);
 
-  std::vector<SampleIdentity> m_rows;
-  std::vector<Place> m_places;  // one a group
+  std::size_t m_rowCount = 0;
+  std::map<SampleIdentity, std::size_t> m_rowOfSample;  // the first row of each
+  std::vector<Place> m_places;                          // one a group
   std::vector<ProjectDate> m_projectDates;
 };
 
