@@ -40,7 +40,7 @@ TEST_P(Script, RunsToItsEnd) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Windows, Script, ::testing::ValuesIn(scriptNames()),
-                         [](const auto& info) { return info.param; });
+                         [](const auto& script) { return script.param; });
 
 // ---- what a script can't do
 
