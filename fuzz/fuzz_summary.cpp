@@ -1,0 +1,62 @@
+// Summary files: whatever the bytes are, boreholes and titles are read from them, and a save puts its samples in or
+// refuses; what stood in the sections of the sibling tools stands there afterwards.
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "common/user_error.h"
+#include "fuzz_folders.h"
+#include "store/project_frame.h"
+#include "store/save_project.h"
+#include "store/summary_file.h"
+
+namespace {
+
+using namespace triaxlab;
+
+constexpr std::size_t kHeader = 600, kRecord = 2747;
+
+void fill(Workspace& workspace) {
+  constexpr std::size_t kSamples = 3;
+  for (std::size_t row = 0; row < kSamples; ++row) {
+    TriaxialSampleRecord record;
+    SetText(record.projectNo, "P1");
+    SetText(record.sampleNo, "S" + std::to_string(row + 1));
+    record.testMethod = static_cast<std::uint8_t>(row + 1);
+    SetText(record.cellPressure[0], "100");
+    workspace.TriaxialSampleTable[row] = record;
+  }
+}
+
+/// The sections WS: and KF: of every record that was counted and whole before.
+void checkSiblings(const std::string& before, const std::string& after) {
+  if (after.size() < before.size()) std::abort();
+  const std::size_t counted = kHeader + static_cast<std::size_t>(claimedCount(before.substr(0, 4)).value()) * kRecord;
+  const std::size_t end = std::min(counted, before.size());
+  for (std::size_t record = kHeader; record + kRecord <= end; record += kRecord)
+    if (after.compare(record + 59, 305 - 59, before, record + 59, 305 - 59) != 0) std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static fuzz::Folders folders;
+  static Workspace workspace;
+  folders.assignTo(workspace);
+  folders.clear();
+  folders.put("ZMSJ/KHZP1.txt", data, size);
+  const std::string before = folders.get("ZMSJ/KHZP1.txt");
+  fill(workspace);
+  const bool isReadable = readLocations(workspace, ProjectKind::Triaxial).empty();
+  try {
+    saveTriaxial(workspace, nullptr);
+    if (!isReadable) std::abort();
+    checkSiblings(before, folders.get("ZMSJ/KHZP1.txt"));
+  } catch (const UserError&) {
+    if (isReadable || folders.get("ZMSJ/KHZP1.txt") != before) std::abort();
+  }
+  folders.checkNothingStrayed();
+  return 0;
+}
