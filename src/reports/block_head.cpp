@@ -1,17 +1,15 @@
 #include "reports/block_head.h"
 
 #include "common/gbk.h"
+#include "store/trial_pit.h"
 #include "triaxial/method_names.h"
 
 namespace triaxlab {
 namespace {
 
-constexpr std::size_t kTrialPitWidth = 7;  // bytes of the borehole field that hold the trial pit number
-
 /// Empty for a sample without a borehole.
 std::string boreholeLine(const LaboratoryHabits& habits, const PageLabels& labels, const SampleLocation& location) {
-  std::string_view number = location.boreholeNo.trimmed();
-  if (habits.trialPitNumber) number = Trim(cutWhole(location.boreholeNo.view(), kTrialPitWidth));
+  const std::string_view number = shownBorehole(location.boreholeNo, habits);
   if (number.empty()) return {};
   const std::string& label = habits.trialPitNumber        ? labels.trialPit
                              : habits.printBoreholeNumber ? labels.boreholeNumber

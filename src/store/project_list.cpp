@@ -4,6 +4,7 @@
 #include "store/file_update.h"
 #include "store/project_frame.h"
 #include "store/summary_file.h"
+#include "store/trial_pit.h"
 #include "store/upgrade.h"
 
 namespace triaxlab {
@@ -63,8 +64,9 @@ SampleListTable listSamples(const Workspace& workspace, ProjectKind kind, std::s
     rows[i].sampleNo = gbkToUtf8(numbers[i]);
   }
   try {
-    const auto fillRow = [&rows](std::size_t i, const SampleLocation& location) {
-      rows[i].boreholeNo = shown(location.boreholeNo);
+    const LaboratoryHabits& habits = workspace.settings.habits;
+    const auto fillRow = [&](std::size_t i, const SampleLocation& location) {
+      rows[i].boreholeNo = gbkToUtf8(shownBorehole(location.boreholeNo, habits));
       rows[i].samplingDepth = shown(location.samplingDepth);
     };
     visitLocations(workspace, head.header.projectNo.trimmed(), numbers, fillRow);

@@ -26,7 +26,7 @@ struct SampleListRow {
   std::size_t recordIndex = 0;  // position in the file, from 0
   bool deleteMark = false;
   std::string sampleNo;
-  std::string boreholeNo;
+  std::string boreholeNo;  // or the trial pit, where the laboratory has these
   std::string samplingDepth;
 };
 

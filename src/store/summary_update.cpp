@@ -4,6 +4,7 @@
 
 #include "store/summary_file.h"
 #include "store/summary_sections.h"
+#include "store/trial_pit.h"
 
 namespace triaxlab {
 namespace {
@@ -14,8 +15,7 @@ ReadAt readerOf(const FileUpdate& update, const std::filesystem::path& path) {
 }
 
 constexpr int kLargestCountOnFile = 9999;
-constexpr std::size_t kPitWidth = 7;       // of a trial-pit number in front of the borehole
-constexpr std::size_t kBoreholeWidth = 8;  // behind it
+constexpr std::size_t kBoreholeWidth = 8;  // behind the number of a trial pit
 
 std::string placesOf(std::string_view text, std::size_t width) {
   std::string places(cutWhole(text, width));
@@ -26,10 +26,11 @@ std::string placesOf(std::string_view text, std::size_t width) {
 /// The borehole as it stands in the summary file. With trial pits its first places repeat those of the sampling spot; a
 /// borehole that was read from the file has them already.
 FixedText<15> boreholeOnFile(const SampleLocation& location, bool trialPitNumber) {
-  const std::string_view borehole = location.boreholeNo.view(), spot = location.samplingSpot.view();
-  if (!trialPitNumber || borehole.substr(0, kPitWidth) == spot.substr(0, kPitWidth)) return location.boreholeNo;
+  const std::string_view borehole = location.boreholeNo.view();
+  const std::string pit = placesOf(location.samplingSpot.view(), kTrialPitWidth);
+  if (!trialPitNumber || borehole.starts_with(pit)) return location.boreholeNo;
   FixedText<15> field;
-  SetText(field, placesOf(spot, kPitWidth) + placesOf(borehole, kBoreholeWidth));
+  SetText(field, pit + placesOf(borehole, kBoreholeWidth));
   return field;
 }
 

@@ -136,6 +136,13 @@ TEST_F(SummaryLocations, StandInTheSampleList) {
   EXPECT_EQ(rows[1].samplingDepth, "2.5-2.8");
 }
 
+TEST_F(SummaryLocations, OfALaboratoryWithTrialPitsTheListNamesThePit) {
+  workspace.settings.habits.trialPitNumber = true;
+  write("HSZS/WKSZP1.txt", headerBytes({"0001", "P1"}) + triaxialBytes("P1", "S1"));
+  write("ZMSJ/KHZP1.txt", newSummaryHeaderBytes("0001", "P1") + locatedRecord("S1", "TJ0012 ZK12-ABC", "2.5", "x"));
+  EXPECT_EQ(listSamples(workspace, ProjectKind::Triaxial, "WKSZP1.txt").at(0).boreholeNo, "TJ0012");
+}
+
 TEST_F(SummaryLocations, ADamagedSummaryDoesNotHideTheSampleList) {
   write("HSZS/WKSZP1.txt", headerBytes({"0001", "P1"}) + triaxialBytes("P1", "S1"));
   std::filesystem::create_directory(data("ZMSJ/KHZP1.txt"));

@@ -211,6 +211,9 @@ TEST_F(SummarySave, ATrialPitIsNotCutInsideAChineseCharacter) {
   SetText(workspace.SampleDisplayTable[0].samplingSpot, "\xD1\xD2\xCD\xC1\xBF\xB1\xB2\xEC");
   save();
   EXPECT_EQ(record(0).substr(22, 15), "\xD1\xD2\xCD\xC1\xBF\xB1 1234567 ");
+  readLocations(workspace, ProjectKind::Triaxial);
+  save();
+  EXPECT_EQ(record(0).substr(22, 15), "\xD1\xD2\xCD\xC1\xBF\xB1 1234567 ") << "nor does it wander at the next save";
 }
 
 TEST_F(SummarySave, ATypedTitleGoesToEveryProject) {
