@@ -70,6 +70,8 @@ void Form10::makeButtons() {
   QPushButton* const accept = button("Command3", OverwriteSession::kAccept, 1950);
   accept->setDefault(true);
   accept->setFocus();
+  // Enter ends the dialog whichever button was pressed last.
+  for (QPushButton* const all : {overwrite, keep}) all->setAutoDefault(false);
   connect(overwrite, &QPushButton::clicked, this, [this] {
     m_session.overwriteAll();
     refresh();
