@@ -50,9 +50,9 @@ MDIForm1::MDIForm1(Workspace& workspace, Dialogs& dialogs)
   m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setCentralWidget(m_area);
   makeStatusBar();
-  connect(m_menu, &CommandMenuBar::entryShown, this, [this](const QString& caption) {
-    if (caption.isEmpty()) return refreshStatusBar();
-    m_panels[0]->setText(caption);
+  connect(m_menu, &CommandMenuBar::entryShown, this, [this](const QString& help) {
+    if (help.isEmpty()) return refreshStatusBar();
+    m_panels[0]->setText(help);
   });
   connect(m_menu->menu("RZMWINDOW"), &QMenu::aboutToShow, this, &MDIForm1::listOpenWindows);
   connect(m_area, &QMdiArea::subWindowActivated, this, &MDIForm1::documentCameToFront);

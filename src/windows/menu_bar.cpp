@@ -39,7 +39,10 @@ QAction* CommandMenuBar::addCommand(const Command& command) {
 }
 
 void CommandMenuBar::addHelp(QMenu* menu) {
-  connect(menu, &QMenu::hovered, this, [this](const QAction* entry) { emit entryShown(entry->text()); });
+  connect(menu, &QMenu::hovered, this, [this](const QAction* entry) {
+    const Command* const command = findCommand(utf8(entry->objectName()));
+    emit entryShown(command != nullptr ? words(commandHelp(*command)) : entry->text());
+  });
   connect(menu, &QMenu::aboutToHide, this, [this] { emit entryShown({}); });
 }
 

@@ -24,8 +24,8 @@ class CommandMenuBar : public QMenuBar {
   QMenu* menu(std::string_view name) const { return m_menus.at(name); }
 
  signals:
-  /// The pointer or the arrow keys stand on an entry; empty when the menu closes.
-  void entryShown(const QString& caption);
+  /// The pointer or the arrow keys stand on an entry of which this is the help; empty when the menu closes.
+  void entryShown(const QString& help);
 
  private:
   QAction* addCommand(const Command& command);
