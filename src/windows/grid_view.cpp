@@ -73,4 +73,10 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
   if (current.isValid() && current.column() == 0) setCurrentIndex(current.siblingAtColumn(1));
 }
 
+// A click on a row's number makes the cell beside it current; the number itself must not look chosen instead.
+QItemSelectionModel::SelectionFlags GridView::selectionCommand(const QModelIndex& index, const QEvent* event) const {
+  if (index.isValid() && index.column() == 0) return QItemSelectionModel::NoUpdate;
+  return QTableView::selectionCommand(index, event);
+}
+
 }  // namespace triaxlab
