@@ -21,7 +21,7 @@ std::optional<std::filesystem::path> askForPdf(const Workspace& workspace, Dialo
   return file;
 }
 
-/// Nothing when there is nothing to print or the question was cancelled.
+/// Nothing when the question was cancelled.
 std::unique_ptr<PageDevice> deviceFor(const PrintJob& job, const Workspace& workspace, Dialogs& dialogs) {
   if (job.printToPicture) {
     const auto folder = pictureFolderOf(job, workspace);
@@ -35,6 +35,8 @@ std::unique_ptr<PageDevice> deviceFor(const PrintJob& job, const Workspace& work
 }  // namespace
 
 void sendThreeInOne(const PrintJob& job, const Workspace& workspace, Dialogs& dialogs) {
+  // A job without a page asks for no file.
+  if (threeInOnePageCount(job, workspace) == 0) return;
   if (const auto device = deviceFor(job, workspace, dialogs)) runThreeInOne(job, workspace, *device);
 }
 
