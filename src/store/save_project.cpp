@@ -13,12 +13,11 @@ namespace {
 
 /// The texts of the date boxes go into the settings at each save. The samples don't depend on it.
 Remarks storeProcessingDate(const Workspace& workspace) {
-  const ProcessingDate& date = workspace.processingDate;
   try {
     SettingsFile settings = sharedSettings(workspace);
-    settings.writeText(kYearField, date.year.trimmed());
-    settings.writeText(kMonthField, date.month.trimmed());
-    settings.writeText(kDayField, date.day.trimmed());
+    settings.writeText(kYearField, Trim(workspace.dateText(0)));
+    settings.writeText(kMonthField, Trim(workspace.dateText(1)));
+    settings.writeText(kDayField, Trim(workspace.dateText(2)));
   } catch (const UserError& error) {
     return {fmt::format("处理日期没有记入设置文件。{}", error.what())};
   }

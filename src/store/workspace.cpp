@@ -18,6 +18,11 @@ std::optional<std::string_view> Workspace::projectTestDate(std::string_view proj
   return row->testDate.trimmed();
 }
 
+std::string Workspace::dateText(std::size_t box) const {
+  const std::array shown{processingDate.year.trimmed(), processingDate.month.trimmed(), processingDate.day.trimmed()};
+  return typedDateTexts.at(box).value_or(std::string(shown.at(box)));
+}
+
 void Workspace::clearProjectDates() { ProjectDateTable.fill({}); }
 
 void Workspace::clearLocations() { std::fill(SampleDisplayTable.begin(), SampleDisplayTable.end(), SampleLocation{}); }

@@ -101,9 +101,15 @@ struct Workspace {
 
   ProjectHeader projectHeader;
   ProcessingDate processingDate;
+  /// Boxes TextW(0) to TextW(2) of the document window as last typed, GBK. A text that is no number dates nothing: it
+  /// is the name that signs the report.
+  std::array<std::optional<std::string>, 3> typedDateTexts;
   FixedText<100> controlledDocNo;  // Text9
   TitleText projectName;           // Text5
   TitleText secondTitleLine;       // TextW(3)
+
+  /// What the boxes show and a save remembers: the text last typed, else the year, month or day of the processing date.
+  std::string dateText(std::size_t box) const;
 
   Date today() const { return fixedToday.value_or(systemToday()); }
   // A data folder that comes from elsewhere may spell them in small letters.

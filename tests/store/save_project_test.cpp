@@ -225,6 +225,16 @@ TEST_F(SaveProject, TheDateTextsGoIntoTheSettings) {
   EXPECT_EQ(text.substr(909), field("2024", 60) + field("5", 60) + field("6", 60));
 }
 
+TEST_F(SaveProject, ANameTypedInADateBoxGoesIntoTheSettings) {
+  setRow(0, triaxialBytes("N1", "A-1"));
+  setDate("", "5", "6");
+  workspace.typedDateTexts[0] = "\xD5\xC5\xC8\xFD ";  // a name and a blank
+  save();
+  const SettingsFile settings = sharedSettings(workspace);
+  EXPECT_EQ(settings.readText({910, 60}), "\xD5\xC5\xC8\xFD");
+  EXPECT_EQ(settings.readText({970, 60}), "5");
+}
+
 TEST_F(SaveProject, SettingsThatCanNotBeWrittenAreARemark) {
   std::filesystem::create_directory(workspace.applicationFolder / "qvb.sys");
   setRow(0, triaxialBytes("N1", "A-1"));

@@ -34,6 +34,7 @@ void CurveSession::load() {
   m_page = CurvePage::StressStrain;
   m_table.reset();
   m_changed = false;
+  m_workspace.typedDateTexts = {};
   showSample();
 }
 

@@ -8,11 +8,16 @@
 namespace triaxlab {
 namespace {
 
-/// Only typing sets a part of the date, and one that reads as 0 leaves it blank: the save then dates by today.
+constexpr std::size_t kDateTextWidth = 60;  // of the settings file, which remembers it
+
+/// Only typing sets a part of the date, and one that reads as 0 leaves it blank: the save then dates by today, and the
+/// text is the name that signs the report.
 template <std::size_t N>
-EditableField datePart(FixedText<N>& part) {
-  return {N, std::string(part.trimmed()),
-          [&part](std::string_view gbk) { SetText(part, ParseNumber(gbk) == 0 ? std::string_view{} : gbk); }};
+EditableField datePart(Workspace& workspace, std::size_t box, FixedText<N>& part) {
+  return {kDateTextWidth, workspace.dateText(box), [&workspace, box, &part](std::string_view gbk) {
+            workspace.typedDateTexts.at(box) = std::string(gbk);
+            SetText(part, ParseNumber(gbk) == 0 ? std::string_view{} : gbk);
+          }};
 }
 
 EditableField titleText(TitleText& title, std::size_t width) {
@@ -42,11 +47,11 @@ EditableField pressureOrLocation(Workspace& workspace, std::size_t row, int inde
 EditableField footField(Workspace& workspace, int index) {
   switch (index) {
     case 0:
-      return datePart(workspace.processingDate.year);
+      return datePart(workspace, 0, workspace.processingDate.year);
     case 1:
-      return datePart(workspace.processingDate.month);
+      return datePart(workspace, 1, workspace.processingDate.month);
     case 2:
-      return datePart(workspace.processingDate.day);
+      return datePart(workspace, 2, workspace.processingDate.day);
     case 3:
       return titleText(workspace.secondTitleLine, kSecondTitleLineWidth);
     default:

@@ -122,7 +122,9 @@ TEST_F(CurveSessionTyping, DateBoxesSetTheirPartAndBlankWhatReadsAsNothing) {
   EXPECT_EQ(workspace.processingDate.month.view(), "07");
   EXPECT_TRUE(workspace.processingDate.day.isBlank());
   session.finishTyping();
-  EXPECT_THAT(session.state().textW, ElementsAre("2024", "07", "", ""));
+  EXPECT_THAT(session.state().textW, ElementsAre("20245", "07", "x", "")) << "a box shows what was last typed";
+  session.load();
+  EXPECT_THAT(session.state().textW, ElementsAre("2024", "07", "", "")) << "and begins with the date alone";
 }
 
 TEST_F(CurveSessionTyping, ShowingTheBoxesSetsNoDate) {
