@@ -20,7 +20,8 @@ using namespace triaxlab;
 
 namespace {
 
-constexpr int kWrongUse = 2;
+constexpr int kFailed = 1;
+constexpr int kWrongUse = 2;  // a command line or a script that can't be read
 
 /// The windows, from start to end, for a person.
 int runForPerson(Workspace& workspace, const Remarks& remarks) {
@@ -44,9 +45,7 @@ int runForScript(Workspace& workspace, const Remarks& remarks, std::vector<Scrip
   return player.finish();
 }
 
-int run(const StartOptions& options) {
-  std::vector<ScriptLine> script;
-  if (options.script) script = readScript(*options.script);
+int run(const StartOptions& options, std::vector<ScriptLine> script) {
   Workspace workspace;
   workspace.fixedToday = options.today;
   workspace.applicationFolder =
@@ -60,6 +59,17 @@ int run(const StartOptions& options) {
   return runForScript(workspace, *remarks, std::move(script), folder);
 }
 
+/// What `work` returns, or `status` when it meets an error that nobody inside could show.
+template <class Work>
+int orStatus(int status, Work&& work) {
+  try {
+    return work();
+  } catch (const UserError& error) {
+    fmt::print(stderr, "{}\n", error.what());
+    return status;
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -69,14 +79,16 @@ int main(int argc, char** argv) {
     fmt::print(stderr, "{}\n{}", problem, kUsage);
     return kWrongUse;
   }
+  std::vector<ScriptLine> script;
+  const int unreadable = orStatus(kWrongUse, [&] {
+    if (options->script) script = readScript(*options->script);
+    return 0;
+  });
+  if (unreadable != 0) return unreadable;
+
   prepareApplication();
   QApplication application(argc, argv);
   restoreNumberLocale();
   setAppearance(application);
-  try {
-    return run(*options);
-  } catch (const UserError& error) {
-    fmt::print(stderr, "{}\n", error.what());
-    return kWrongUse;
-  }
+  return orStatus(kFailed, [&] { return run(*options, std::move(script)); });
 }

@@ -31,7 +31,10 @@ QColor colourOf(Colour colour) {
 }
 
 PainterSurface::PainterSurface(QPainter& painter, Medium medium)
-    : m_painter(painter), m_medium(medium), m_pixelTwips(1 / painter.deviceTransform().m11()) {
+    : m_painter(painter),
+      m_base(painter.transform()),
+      m_medium(medium),
+      m_pixelTwips(1 / painter.deviceTransform().m11()) {
   m_painter.setRenderHint(QPainter::TextAntialiasing);
 }
 
@@ -76,15 +79,18 @@ void PainterSurface::text(Point upperLeft, std::string_view utf8, const Font& fo
   const double ruled = textWidth(utf8, font);
   // Advances differ in the last digits; only a font of other widths is stretched.
   const bool stretched = natural > 0 && std::abs(ruled / natural - 1) > 0.002;
-  m_painter.save();
+  const QPointF place = triaxlab::rounded(upperLeft);
+  const double baseline = kBaseline * textHeight(font);
   m_painter.setFont(face);
   m_painter.setPen(colourOf(colour));
-  m_painter.translate(triaxlab::rounded(upperLeft));
-  if (rotated) m_painter.rotate(-90);
-  m_painter.translate(0, kBaseline * textHeight(font));
-  m_painter.scale(stretched ? unit * ruled / natural : unit, unit);
+  // A document writes each change of the transformation, and most texts need none.
+  if (!rotated && !stretched && unit == 1) return m_painter.drawText(place + QPointF(0, baseline), words);
+  QTransform toText = QTransform::fromTranslate(place.x(), place.y());
+  if (rotated) toText.rotate(-90);
+  toText.translate(0, baseline).scale(stretched ? unit * ruled / natural : unit, unit);
+  m_painter.setTransform(toText * m_base);
   m_painter.drawText(QPointF(0, 0), words);
-  m_painter.restore();
+  m_painter.setTransform(m_base);
 }
 
 void PainterSurface::usePen(Stroke stroke) {

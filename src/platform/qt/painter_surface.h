@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QTransform>
 #include <map>
 #include <string>
 #include <tuple>
@@ -37,6 +38,7 @@ class PainterSurface : public DrawingSurface {
   const QFont& fontFor(const Font& font);
 
   QPainter& m_painter;
+  QTransform m_base;  // twips to the device
   Medium m_medium;
   double m_pixelTwips;  // twips to a pixel of the device
   using FontKey = std::tuple<std::string, double, bool>;
