@@ -35,7 +35,7 @@ class JournalApplication {
     for (const std::filesystem::path& folder : m_foldersWithNewFiles) syncFolder(folder);
   }
 
-  /// Pre: `lengthen` has returned. A deed that was done already is passed over.
+  /// Pre: `lengthen` has returned. A deed that was done already is only made durable.
   void exchange() {
     for (const JournalFile& file : m_files)
       if (file.deed != JournalDeed::Write) exchangeFile(file.deed, pathOf(file));
@@ -72,20 +72,15 @@ class JournalApplication {
   };
 
   void exchangeFile(JournalDeed deed, const std::filesystem::path& path) {
-    const std::filesystem::path vanishing = deed == JournalDeed::Replace ? newContentOf(path) : path;
-    if (!fileExists(vanishing)) return;
-    try {
-      if (deed == JournalDeed::Replace) {
+    const std::filesystem::path vanishing = deed == JournalDeed::Replace ? m_dataFolder / kNewContentName : path;
+    if (fileExists(vanishing)) {
+      if (deed == JournalDeed::Replace)
         moveFile(vanishing, path);
-      } else {
+      else
         removeFile(path);
-        syncFolder(path.parent_path());
-      }
-    } catch (const UserError&) {
-      m_exchanged |= !fileExists(vanishing);  // done, though perhaps not durable
-      throw;
+      m_exchanged = true;
     }
-    m_exchanged = true;
+    syncFolder(path.parent_path());
   }
 
   std::filesystem::path pathOf(const JournalFile& file) const { return m_dataFolder / pathFromText(file.path); }
@@ -155,6 +150,15 @@ bool dropJournal(const std::filesystem::path& journal) {
     }
   }
   return isVoid;
+}
+
+/// Removes a new content that no journal stands for. One that can't be removed does no harm: the next is written over
+/// it.
+void dropNewContent(const std::filesystem::path& dataFolder) {
+  try {
+    removeFile(dataFolder / kNewContentName);
+  } catch (const UserError&) {
+  }
 }
 
 [[noreturn]] void failUnchanged(const UserError& cause) {
@@ -234,6 +238,7 @@ struct FileUpdate::State {
   std::filesystem::path dataFolder;
   std::map<std::string, PendingWrites> files;  // by the path below the data folder
   std::map<std::string, JournalDeed> deeds;    // files that are replaced or removed
+  bool isCommitted = false;                    // or will be: the journal stands
   KeptBytes kept;
   /// What was asked for last: a save reads thousands of records of one file.
   std::filesystem::path lastPath;
@@ -249,19 +254,6 @@ struct FileUpdate::State {
       throw UserError(fmt::format("“{}”不在数据文件夹“{}”之内。", textOfPath(file), textOfPath(dataFolder)));
     lastPath = file;
     return lastKey = key;
-  }
-
-  std::filesystem::path pathOf(const std::string& key) const { return dataFolder / pathFromText(key); }
-
-  /// Drops what was to be done. A new content that can't be removed does no harm: the next one is written over it.
-  void drop() {
-    for (const auto& [key, deed] : std::exchange(deeds, {})) {
-      try {
-        if (deed == JournalDeed::Replace) removeFile(newContentOf(pathOf(key)));
-      } catch (const UserError&) {
-      }
-    }
-    files.clear();
   }
 
   const PendingWrites* pending(const std::string& key) const {
@@ -284,7 +276,11 @@ FileUpdate::FileUpdate(std::filesystem::path dataFolder) : m_state(std::make_uni
   recover(m_state->dataFolder);
 }
 
-FileUpdate::~FileUpdate() { m_state->drop(); }
+FileUpdate::~FileUpdate() {
+  if (!m_state->isCommitted) dropNewContent(m_state->dataFolder);
+}
+
+std::filesystem::path FileUpdate::newContentPath() const { return m_state->dataFolder / kNewContentName; }
 
 bool FileUpdate::exists(const std::filesystem::path& file) const {
   if (folderExists(file)) throw UserError(fmt::format("“{}”应为文件，却是一个文件夹。", textOfPath(file)));
@@ -348,7 +344,7 @@ void FileUpdate::commit() {
   for (const auto& [path, deed] : state.deeds) files.push_back({path, {}, deed});
   const std::filesystem::path journal = state.dataFolder / kJournalName;
   const auto failLater = [&](const UserError& cause) {
-    state.deeds.clear();  // the journal has them now
+    state.isCommitted = true;
     failUnfinished(journal, cause);
   };
   try {
@@ -377,6 +373,7 @@ void FileUpdate::commit() {
     failLater(cause);
   }
   dropJournal(journal);
+  state.isCommitted = true;
   state.deeds.clear();
   state.files.clear();
   state.kept = {};
@@ -384,19 +381,20 @@ void FileUpdate::commit() {
 
 void FileUpdate::recover(const std::filesystem::path& dataFolder) {
   const std::filesystem::path journal = dataFolder / kJournalName;
-  if (!fileExists(journal)) return;
-  const std::optional<FoundJournal> found = FoundJournal::open(journal);
-  if (found) {
-    JournalApplication application(dataFolder, found->files(), *found);
-    try {
-      application.lengthen();
-      application.exchange();
-      application.overwrite();
-    } catch (const UserError& cause) {
-      failUnfinished(journal, cause);
+  if (fileExists(journal)) {
+    if (const std::optional<FoundJournal> found = FoundJournal::open(journal)) {
+      JournalApplication application(dataFolder, found->files(), *found);
+      try {
+        application.lengthen();
+        application.exchange();
+        application.overwrite();
+      } catch (const UserError& cause) {
+        failUnfinished(journal, cause);
+      }
     }
+    dropJournal(journal);
   }
-  dropJournal(journal);
+  if (fileExists(dataFolder / kNewContentName)) dropNewContent(dataFolder);
 }
 
 }  // namespace triaxlab

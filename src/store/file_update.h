@@ -35,8 +35,10 @@ class FileUpdate {
   void writeAt(const std::filesystem::path& file, std::uint64_t offset, std::span<const std::byte> from);
   /// As writeAt, without the copy: the bytes must stay where and as they are until the commit has returned.
   void writeInPlace(const std::filesystem::path& file, std::uint64_t offset, std::span<const std::byte> from);
-  /// The commit puts the file `newContentOf(file)`, which must be finished and synced by then, in the place of `file`.
-  /// It is this object's from now on: an update that isn't committed removes it. Reads still see the old file.
+  /// Where the new content of a file that is to be replaced is put, finished and synced, before the commit. An update
+  /// that isn't committed removes it.
+  std::filesystem::path newContentPath() const;
+  /// The commit puts the new content in the place of `file`; one file in an update. Reads still see the old file.
   void replace(const std::filesystem::path& file);
   /// The commit removes the file. Reads still see it.
   void remove(const std::filesystem::path& file);

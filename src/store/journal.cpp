@@ -12,6 +12,7 @@
 
 #include "common/little.h"
 #include "common/user_error.h"
+#include "store/project_number.h"
 
 namespace triaxlab {
 namespace {
@@ -146,6 +147,7 @@ class IndexParser {
     m_rest = m_rest.subspan(head.pathLength);
     file.deed = static_cast<JournalDeed>(head.deed);
     if (file.deed > JournalDeed::Remove || (file.deed != JournalDeed::Write && head.pieceCount != 0)) return false;
+    if (file.deed == JournalDeed::Replace && std::exchange(m_replaces, true)) return false;
     if (!isJournalPath(file.path) || m_rest.size() / sizeof(IndexPiece) < head.pieceCount) return false;
     file.pieces.resize(head.pieceCount);
     return std::all_of(file.pieces.begin(), file.pieces.end(),
@@ -164,6 +166,7 @@ class IndexParser {
 
   std::span<const std::byte> m_rest;
   std::uint64_t m_dataSize, m_dataTaken = 0;
+  bool m_replaces = false;
 };
 
 template <class T>
@@ -197,7 +200,8 @@ bool isSomething(const std::filesystem::path& path) {
   return std::filesystem::symlink_status(path, ignored).type() != std::filesystem::file_type::not_found;
 }
 
-constexpr std::array<std::string_view, 2> kFolders{"HSZS", "ZMSJ"};
+/// In small letters: a data folder that comes from elsewhere may spell them so.
+constexpr std::array<std::string_view, 2> kFolders{"hszs", "zmsj"};
 
 bool isFileName(std::string_view name) {
   constexpr std::string_view kNeverInNames = "/\\:";
@@ -210,14 +214,8 @@ bool isFileName(std::string_view name) {
 bool isJournalPath(std::string_view path) {
   const std::size_t slash = path.find('/');
   return path.size() <= std::numeric_limits<std::uint16_t>::max() && slash != path.npos &&
-         std::find(kFolders.begin(), kFolders.end(), path.substr(0, slash)) != kFolders.end() &&
+         std::find(kFolders.begin(), kFolders.end(), caseless(path.substr(0, slash))) != kFolders.end() &&
          isFileName(path.substr(slash + 1));
-}
-
-std::filesystem::path newContentOf(const std::filesystem::path& file) {
-  std::filesystem::path beside = file;
-  beside += ".new";
-  return beside;
 }
 
 std::uint64_t JournalSpans::append(std::span<const std::byte> bytes) {

@@ -26,12 +26,15 @@ namespace triaxlab {
 //          data: the bytes of the pieces in the order of the index
 //          checksum of all before 8, end mark "ENDTXJ1\n" 8
 //
-// A deed is 0 for a file that is written to, in pieces; 1 for one whose place the finished file "NAME.new" beside it
-// takes; 2 for one that is removed. A path is "HSZS/file" or "ZMSJ/file" below the data folder, UTF-8; any other path
-// makes the whole journal void, so no journal can name a file outside. A journal counts only when its size, marks,
-// checksum and every place in it are right; a cut or damaged one means that the save had not begun to change anything.
+// A deed is 0 for a file that is written to, in pieces; 1 for the one file, if any, whose place the finished file
+// `journal.new` beside the journal takes; 2 for one that is removed. A path is "HSZS/file" or "ZMSJ/file" below the
+// data folder, UTF-8; any other path makes the whole journal void, so no journal can name a file outside. A journal
+// counts only when its size, marks, checksum and every place in it are right; a cut or damaged one means that the save
+// had not begun to change anything.
 
 inline constexpr std::string_view kJournalName = "journal";
+/// The new content of a file that a journal replaces. Without a complete journal it is worth nothing.
+inline constexpr std::string_view kNewContentName = "journal.new";
 
 /// Some bytes of a file, and where in the journal's data they are.
 struct JournalPiece {
@@ -48,9 +51,6 @@ struct JournalFile {
   std::vector<JournalPiece> pieces;  // of a file that is written to
   JournalDeed deed = JournalDeed::Write;
 };
-
-/// Where the new content of a file stands, whole and synced, until a journal puts it in the old one's place.
-std::filesystem::path newContentOf(const std::filesystem::path& file);
 
 /// True for a path that a journal may name: a file in the folder of the project files or of the summary files.
 bool isJournalPath(std::string_view path);

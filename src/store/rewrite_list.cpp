@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "store/file_update.h"
-#include "store/journal.h"
 #include "store/project_frame.h"
 #include "store/project_number.h"
 #include "store/summary_update.h"
@@ -69,18 +68,19 @@ void removeQuietly(const std::filesystem::path& path) {
   }
 }
 
-/// Puts the new content beside the project file, whole and on the disk.
+/// Makes the new content, whole and on the disk, and puts it at `target`.
 void makeNewContent(const Workspace& workspace, const File& old, const ProjectKindInfo& info, ProjectHeader header,
-                    std::span<const std::uint32_t> order) {
+                    std::span<const std::uint32_t> order, const std::filesystem::path& target) {
   const std::filesystem::path temporary = fileOrNew(workspace.applicationFolder, kTemporaryName);
   SetText(header.sampleCount, FormatPadded(static_cast<std::int64_t>(order.size()), 4));
-  removeFile(temporary);  // it may be a link to somewhere else
   try {
+    removeFile(temporary);  // it may be a link to somewhere else
     File file(temporary, File::Mode::Create);
     file.writeAt(0, bytesOf(header));
     copyRecords(old, file, info, order);
     file.sync();
-    moveFile(temporary, newContentOf(old.path()));
+    moveFile(temporary, target);
+    syncFolder(target.parent_path());
   } catch (const UserError& cause) {
     removeQuietly(temporary);
     throw UserError(fmt::format("文件“{}”没有重排，原文件没有改动。{}", textOfPath(old.path()), cause.what()));
@@ -114,7 +114,7 @@ RewriteReport rewriteProject(const Workspace& workspace, ProjectKind kind, std::
   if (order.empty()) {
     update.remove(path);
   } else {
-    makeNewContent(workspace, file, info, head.header, order);
+    makeNewContent(workspace, file, info, head.header, order, update.newContentPath());
     update.replace(path);
   }
   update.commit();

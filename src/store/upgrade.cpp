@@ -146,6 +146,14 @@ void writeTemporary(const std::filesystem::path& path, const Conversion& convers
   }
 }
 
+/// After a power cut either file may stand; they hold the same samples, so a disk that can't say is no error here.
+void makeDurable(const std::filesystem::path& folder) {
+  try {
+    syncFolder(folder);
+  } catch (const UserError&) {
+  }
+}
+
 }  // namespace
 
 Remarks upgradeProject(const Workspace& workspace, const ProjectKindInfo& info, const std::filesystem::path& file) {
@@ -164,6 +172,7 @@ Remarks upgradeProject(const Workspace& workspace, const ProjectKindInfo& info, 
     throw UserError(fmt::format("文件“{}”是旧格式的数据文件，没有转换成新格式，原文件没有改动。{}", textOfPath(file),
                                 cause.what()));
   }
+  makeDurable(file.parent_path());
   if (conversion.missing() == 0) return {};
   return {missingSamplesRemark(file, conversion.missing())};
 }

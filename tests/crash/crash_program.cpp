@@ -1,26 +1,30 @@
-// The program that dies: `crash_program FOLDER save PROJECT...` saves thirty samples into the projects in turn,
-// `crash_program FOLDER recover` does what the next start and each open do first. It ends with 0 when that went well, 2
-// when it is told that nothing was changed, 3 when the save is to be finished later, 1 otherwise.
+// The program that dies: `crash_program FOLDER DEED PROJECT...` saves thirty samples into the projects in turn, puts
+// their sample lists in another order, deletes all their samples, opens them, which upgrades old files, or only does
+// what the next start and each open do first (recover). It ends with 0 when that went well, 2 when it is told that
+// nothing was changed, 3 when the save is to be finished later, 1 otherwise.
 
-#include <filesystem>
+#include <array>
 #include <string>
 #include <vector>
 
 #include "common/user_error.h"
 #include "crash/crash_samples.h"
 #include "store/file_update.h"
+#include "store/project_file.h"
+#include "store/rewrite_list.h"
 #include "store/save_project.h"
 
 namespace triaxlab {
 namespace {
 
+using Projects = std::vector<std::string>;
+
 constexpr int kSamples = 30;
 constexpr int kNewReading = 777;
 
-void save(const std::filesystem::path& folder, const std::vector<std::string>& projects) {
-  Workspace workspace;
-  workspace.applicationFolder = workspace.dataFolder = folder;
-  workspace.fixedToday = Date{2024, 5, 6};
+std::string fileOf(const std::string& projectNo) { return "WKSZ" + projectNo + ".txt"; }
+
+void save(Workspace& workspace, const Projects& projects) {
   const int each = kSamples / static_cast<int>(projects.size());
   for (std::size_t i = 0; i < projects.size(); ++i)
     crash::fill(workspace, projects[i], static_cast<int>(i) * each, each, kNewReading);
@@ -29,12 +33,35 @@ void save(const std::filesystem::path& folder, const std::vector<std::string>& p
   saveTriaxial(workspace, nullptr);
 }
 
+void rewrite(Workspace& workspace, const Projects& projects) {
+  constexpr std::array<std::uint32_t, 4> kOrder{8, 2, 3, 0};
+  for (const std::string& project : projects) rewriteProject(workspace, ProjectKind::Triaxial, fileOf(project), kOrder);
+}
+
+void deleteAll(Workspace& workspace, const Projects& projects) {
+  for (const std::string& project : projects) rewriteProject(workspace, ProjectKind::Triaxial, fileOf(project), {});
+}
+
+void open(Workspace& workspace, const Projects& projects) {
+  for (const std::string& project : projects) openProject(workspace, ProjectKind::Triaxial, fileOf(project), nullptr);
+}
+
+void recover(Workspace& workspace, const Projects&) { FileUpdate::recover(workspace.dataFolder); }
+
+struct Deed {
+  const char* name;
+  void (*perform)(Workspace&, const Projects&);
+};
+constexpr std::array kDeeds{Deed{"save", save}, Deed{"rewrite", rewrite}, Deed{"delete", deleteAll}, Deed{"open", open},
+                            Deed{"recover", recover}};
+
 int run(const std::vector<std::string>& arguments) {
+  Workspace workspace;
+  workspace.applicationFolder = workspace.dataFolder = arguments[0];
+  workspace.fixedToday = Date{2024, 5, 6};
   try {
-    if (arguments[1] == "save")
-      save(arguments[0], {arguments.begin() + 2, arguments.end()});
-    else
-      FileUpdate::recover(arguments[0]);
+    for (const Deed& deed : kDeeds)
+      if (arguments[1] == deed.name) deed.perform(workspace, {arguments.begin() + 2, arguments.end()});
   } catch (const UserError& error) {
     const std::string sentence = error.what();
     if (sentence.find("没有改动") != std::string::npos) return 2;

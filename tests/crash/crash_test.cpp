@@ -1,7 +1,7 @@
-// A save of thirty samples is stopped at each of the system calls by which it writes, syncs, renames or removes: by
-// SIGKILL before the call, in the middle of a write, and by a disk that is full or broken for that one call. However it
-// ends, after the next start project files and summary files are all as they were or all as they were to become, byte
-// for byte, and nothing else lies about.
+// A save of thirty samples, the rewrite of a sample list and the upgrade of an old file are stopped at each of the
+// system calls by which they write, sync, rename or remove: by SIGKILL before the call, in the middle of a write, and
+// by a disk that is full or broken for that one call. However it ends, after the next start project files and summary
+// files are all as they were or all as they were to become, byte for byte, and nothing else lies about.
 
 #include <gtest/gtest.h>
 #include <spawn.h>
@@ -47,14 +47,16 @@ Outcome runProgram(std::vector<std::string> arguments, std::vector<std::string> 
   return {false, WEXITSTATUS(status)};
 }
 
-/// The files of HSZS and ZMSJ, and a journal if one lies there.
+/// The files of HSZS and ZMSJ, and what lies beside these folders: a journal, a new content.
 using Contents = std::map<std::string, std::string>;
 
-/// What there is before the save, and what the program is told to save.
+/// What there is before, and what the program is told to do.
 struct Scene {
   std::string name;
   std::vector<std::string> existing;  // projects with ten samples on disk
-  std::vector<std::string> saved;
+  std::vector<std::string> projects;  // that something is done to
+  std::string deed = "save";
+  bool oldFormat = false;  // of what is on disk
 };
 
 class Crash : public ::testing::TestWithParam<Scene> {
@@ -66,10 +68,10 @@ class Crash : public ::testing::TestWithParam<Scene> {
     for (const char* name : {"HSZS", "ZMSJ"}) std::filesystem::create_directories(m_folder.path() / name);
     makeOldFiles();
     m_old = contents();
-    m_calls = countCalls({"save"});
+    m_calls = countCalls({GetParam().deed});
     m_new = contents();
     ASSERT_NE(m_old, m_new);
-    ASSERT_GT(m_calls, 10) << "journal, two files, their syncs and the removal are more than that";
+    ASSERT_GT(m_calls, GetParam().oldFormat ? 5 : 10) << "the files, their syncs and renames are more than that";
 #endif
   }
 
@@ -77,7 +79,7 @@ class Crash : public ::testing::TestWithParam<Scene> {
   void stopAtEachCall(const std::string& way) {
     for (long call = 1; call <= m_calls; ++call) {
       restore(m_old);
-      const Outcome outcome = stop({"save"}, way, call);
+      const Outcome outcome = stop({GetParam().deed}, way, call);
       const bool dies = way == "kill" || way == "tear";
       ASSERT_EQ(outcome.killed, dies) << call;
       const std::string then =
@@ -95,6 +97,9 @@ class Crash : public ::testing::TestWithParam<Scene> {
         ASSERT_NE(outcome.exitStatus, 1) << then << ": the sentence doesn't say what became of the files";
       }
       (after == m_old ? m_sawOld : m_sawNew) = true;
+      if (!GetParam().oldFormat) continue;
+      ASSERT_EQ(run({GetParam().deed}).exitStatus, kDone) << then << ": an upgrade runs again";
+      ASSERT_TRUE(contents() == m_new && !std::filesystem::exists(m_folder.path() / "b.bak")) << then;
     }
     EXPECT_TRUE(m_sawOld && m_sawNew) << "a save that is stopped early leaves the old files, a late one the new";
   }
@@ -126,15 +131,28 @@ class Crash : public ::testing::TestWithParam<Scene> {
       rowsUsed += 10;
     }
     if (rowsUsed > 0) saveTriaxial(workspace, nullptr);
+    if (GetParam().oldFormat)
+      for (const std::string& projectNo : GetParam().existing) makeOldFormat("HSZS/WKSZ" + projectNo + ".txt");
+  }
+
+  /// Takes the last 210 bytes of each record and the tag out of a file.
+  void makeOldFormat(const std::string& name) const {
+    constexpr std::size_t kHeader = 81, kRecord = 38576, kOldRecord = 38366, kTag = 59;
+    const std::string current = m_folder.read(name);
+    std::string old = current.substr(0, kHeader);
+    old.replace(kTag, 4, "    ");
+    for (std::size_t at = kHeader; at < current.size(); at += kRecord) old += current.substr(at, kOldRecord);
+    m_folder.write(name, old);
   }
 
   /// The state in which the save died between the sync of its journal and the first write to a file.
   Contents contentsWithJournal() {
     for (long call = 1; call <= m_calls; ++call) {
       restore(m_old);
-      stop({"save"}, "kill", call);
+      stop({GetParam().deed}, "kill", call);
       Contents found = contents();
       const bool hasJournal = found.erase("journal") == 1;
+      found.erase("journal.new");
       const Contents withJournal = contents();
       if (hasJournal && found == m_old && run({"recover"}).exitStatus == kDone && contents() == m_new)
         return withJournal;
@@ -145,7 +163,7 @@ class Crash : public ::testing::TestWithParam<Scene> {
 
   Outcome run(std::vector<std::string> deed, std::vector<std::string> environment = {}) {
     deed.insert(deed.begin(), m_folder.path().string());
-    deed.insert(deed.end(), GetParam().saved.begin(), GetParam().saved.end());
+    deed.insert(deed.end(), GetParam().projects.begin(), GetParam().projects.end());
     return runProgram(std::move(deed), std::move(environment));
   }
   Outcome stop(std::vector<std::string> deed, const std::string& way, long call) {
@@ -171,7 +189,8 @@ class Crash : public ::testing::TestWithParam<Scene> {
         const std::string path = std::string(name) + "/" + entry.path().filename().string();
         files[path] = m_folder.read(path);
       }
-    if (std::filesystem::exists(m_folder.path() / "journal")) files["journal"] = m_folder.read("journal");
+    for (const char* name : {"journal", "journal.new"})
+      if (std::filesystem::exists(m_folder.path() / name)) files[name] = m_folder.read(name);
     return files;
   }
   void restore(const Contents& files) const {
@@ -188,21 +207,31 @@ class Crash : public ::testing::TestWithParam<Scene> {
 
 std::string nameOf(const ::testing::TestParamInfo<Scene>& scene) { return scene.param.name; }
 const Scene kOverAnExistingProject{"OverAnExistingProject", {"P1"}, {"P1"}};
+const Scene kRewriteOfAList{"RewriteOfAList", {"P1"}, {"P1"}, "rewrite"};
+const Scene kDeletionOfAll{"DeletionOfAll", {"P1"}, {"P1"}, "delete"};
 
 TEST_P(Crash, KilledBeforeAnyCall) { stopAtEachCall("kill"); }
 TEST_P(Crash, ADiskThatIsFullOnce) { stopAtEachCall("ENOSPC"); }
 INSTANTIATE_TEST_SUITE_P(Saves, Crash,
                          ::testing::Values(kOverAnExistingProject, Scene{"OfANewProject", {}, {"N1"}},
-                                           Scene{"OfThreeProjects", {"P1", "P2"}, {"P2", "N1", "P1"}}),
+                                           Scene{"OfThreeProjects", {"P1", "P2"}, {"P2", "N1", "P1"}}, kRewriteOfAList,
+                                           kDeletionOfAll, Scene{"Upgrade", {"P1"}, {"P1"}, "open", true}),
                          nameOf);
 
 class CrashOfOneSave : public Crash {};
 TEST_P(CrashOfOneSave, KilledInTheMiddleOfAWrite) { stopAtEachCall("tear"); }
 TEST_P(CrashOfOneSave, ADiskThatBreaksOnce) { stopAtEachCall("EIO"); }
-TEST_P(CrashOfOneSave, TheRecoveryIsKilledToo) { stopTheRecovery("kill"); }
-TEST_P(CrashOfOneSave, TheRecoveryIsTornToo) { stopTheRecovery("tear"); }
-TEST_P(CrashOfOneSave, TheRecoveryMeetsABrokenDiskToo) { stopTheRecovery("EIO"); }
-INSTANTIATE_TEST_SUITE_P(Saves, CrashOfOneSave, ::testing::Values(kOverAnExistingProject), nameOf);
+INSTANTIATE_TEST_SUITE_P(Saves, CrashOfOneSave,
+                         ::testing::Values(kOverAnExistingProject, kRewriteOfAList, kDeletionOfAll,
+                                           Scene{"Upgrade", {"P1"}, {"P1"}, "open", true}),
+                         nameOf);
+
+class CrashOfARecovery : public Crash {};
+TEST_P(CrashOfARecovery, IsKilledToo) { stopTheRecovery("kill"); }
+TEST_P(CrashOfARecovery, IsTornToo) { stopTheRecovery("tear"); }
+TEST_P(CrashOfARecovery, MeetsABrokenDiskToo) { stopTheRecovery("EIO"); }
+INSTANTIATE_TEST_SUITE_P(Saves, CrashOfARecovery,
+                         ::testing::Values(kOverAnExistingProject, kRewriteOfAList, kDeletionOfAll), nameOf);
 
 }  // namespace
 }  // namespace triaxlab::testing

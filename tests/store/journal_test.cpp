@@ -90,11 +90,19 @@ TEST_F(JournalTest, OneWithMoreBehindItsEndIsDropped) {
   EXPECT_FALSE(has("journal"));
 }
 
+TEST_F(JournalTest, FoldersMayBeSpelledInSmallLetters) {
+  std::filesystem::create_directories(data("hszs"));
+  journalOf({"hszs/a", "ZMSJ/b"}, 0, "x");
+  recover();
+  EXPECT_EQ(read("hszs/a"), "x");
+  EXPECT_EQ(read("ZMSJ/b"), "x");
+}
+
 TEST_F(JournalTest, OneThatNamesAnythingElseIsDropped) {
   write("a", "data");
   const std::string before = everything();
   for (const char* path :
-       {"../app/x", "HSZS/../../x", "HSZS/..", "/etc/x", "a", "", "HSZS", "HSZS/", "/x", "PTU/x", "hszs/x", "HSZS/b/c",
+       {"../app/x", "HSZS/../../x", "HSZS/..", "/etc/x", "a", "", "HSZS", "HSZS/", "/x", "PTU/x", "HSZS2/x", "HSZS/b/c",
         "HSZS/b\\c", "HSZS/c:x", "HSZS/\x01", "journal", "./HSZS/x", "HSZS//x"}) {
     journalOf({"HSZS/good", path}, 0, "x");
     recover();

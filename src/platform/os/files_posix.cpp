@@ -115,7 +115,6 @@ void replaceThroughCopy(const std::filesystem::path& target, Fill fill) {
     unlink(beside.c_str());
     throw;
   }
-  syncFolder(target.parent_path());
 }
 
 int openFlags(File::Mode mode) {
@@ -226,6 +225,7 @@ void writeWholeFile(const std::filesystem::path& path, std::span<const std::byte
   std::filesystem::path target = std::filesystem::canonical(path, noFileYet);
   if (noFileYet) target = path;
   replaceThroughCopy(target, [content](File& beside) { beside.writeAt(0, content); });
+  syncFolder(target.parent_path());
 }
 
 void renameFile(const std::filesystem::path& from, const std::filesystem::path& to) {
@@ -234,7 +234,7 @@ void renameFile(const std::filesystem::path& from, const std::filesystem::path& 
 
 void moveFile(const std::filesystem::path& from, const std::filesystem::path& to) {
   takePermissions(from, to);
-  if (rename(from.c_str(), to.c_str()) == 0) return syncFolder(to.parent_path());
+  if (rename(from.c_str(), to.c_str()) == 0) return;
   if (errno != EXDEV) fail("写入文件", to, errno);
   const File source(from, File::Mode::Read);
   replaceThroughCopy(to, [&source](File& beside) { copyContent(source, beside); });
