@@ -29,16 +29,17 @@
 namespace triaxlab {
 namespace {
 
-/// The application object of the program, made once.
+/// The application object of the program, made once and never destroyed: at the end of the process Qt's own statics are
+/// already gone.
 void makeApplication() {
   static char name[] = "bench_windows";
   static char* arguments[] = {name, nullptr};
   static int count = 1;
   qputenv("QT_QPA_PLATFORM", "offscreen");
   prepareApplication();
-  static QApplication application(count, arguments);
+  static auto* const application = new QApplication(count, arguments);
   restoreNumberLocale();
-  setAppearance(application);
+  setAppearance(*application);
 }
 
 Workspace fullWorkspace(std::size_t samples) {
