@@ -197,6 +197,25 @@ TEST_F(Output, AFullDiskBehindTheOutputIsAnError) {
   EXPECT_EQ(lineCount(ran.err), 1U);
 }
 
+TEST_F(Output, EveryKindIsShown) {
+  // A project of no samples: the head alone, for each kind.
+  run({"init"});
+  const std::string head =
+      "0   P1             2024/05/062024/05/062024/05/06" + std::string(10, ' ') + "V2.0" + std::string(18, ' ');
+  ASSERT_EQ(head.size(), kHeaderSize);
+  const std::pair<const char*, const char*> kinds[] = {
+      {"unconfined", "KWCXP1.txt"}, {"k0", "KOP1.txt"}, {"tk0", "TKOP1.txt"}};
+  for (const auto& [kind, name] : kinds) {
+    folder.write(std::filesystem::path("app/HSZS") / name, head);
+    const ProgramRun ran = run({"show", kind, name});
+    ASSERT_EQ(ran.status, 0) << ran.err;
+    const auto document = nlohmann::json::parse(ran.out);
+    EXPECT_EQ(document["kind"], kind);
+    EXPECT_EQ(document["header"]["projectNo"], "P1");
+    EXPECT_TRUE(document["samples"].empty());
+  }
+}
+
 // ---- open
 
 TEST_F(Output, OpenWithoutASaveLeavesTheFile) {
