@@ -1,7 +1,7 @@
 // What opening and saving a full project costs beyond the least that any program must do for the same bytes: reading
-// them into memory that is not yet there, and writing and syncing them twice, once into a new file, as a journal is, and
-// once over a file that stands. The files lie in the system's folder for temporary files. `ratio` of the two comparisons
-// is the figure to watch.
+// them into memory that is not yet there, and writing and syncing them twice, once into a new file, as a journal is,
+// and once over a file that stands. The files lie in the system's folder for temporary files. `ratio` of the two
+// comparisons is the figure to watch.
 
 #include <benchmark/benchmark.h>
 

@@ -55,8 +55,8 @@ void writeWholeFile(const std::filesystem::path& path, std::span<const std::byte
 
 void renameFile(const std::filesystem::path& from, const std::filesystem::path& to);
 /// Puts the finished and synced file `from` in the place of `to`, with the permissions of the old one. At every moment
-/// `to` is wholly old or wholly new. From another disk it is first copied beside `to` as "NAME.new". When it fails, `to`
-/// is the old one and `from` still there.
+/// `to` is wholly old or wholly new. From another disk it is first copied beside `to` as "NAME.new". When it fails,
+/// `to` is the old one and `from` still there.
 void moveFile(const std::filesystem::path& from, const std::filesystem::path& to);
 void removeFile(const std::filesystem::path& path);
 /// Makes the names in a folder durable: call after a file in it was made, renamed or removed.
