@@ -125,6 +125,22 @@ TEST(Play, ShotWritesThePictureOfAWindow) {
   EXPECT_TRUE(program.folder().read("main.png").starts_with("\x89PNG"));
 }
 
+TEST(Play, PrintedPagesAreWhereTheyBelong) {
+  const PlayedProgram program;
+  // Two samples of two curves each, two curves to a page.
+  const PlayResult result = program.play(
+      "file HSZSJ.KU\nmenu NEWSZ\ndblcell OPENFORM0.Grid1 2\nclick OPENFORM0.Command1\nmenu ZMPRINT\nfile pages\n"
+      "click SETPRINTFORM.Command1\nmenu ZMPRINT\ncheck SETPRINTFORM.Check11 on\nclick SETPRINTFORM.Command1\n");
+  ASSERT_EQ(result.errors, "");
+  const std::string document = program.folder().read("pages.pdf");
+  EXPECT_TRUE(document.starts_with("%PDF-"));
+  EXPECT_NE(document.find("/Count 2"), std::string::npos);
+  const std::filesystem::path pictures = program.folder().path() / "PTU" / "2024-018";
+  EXPECT_TRUE(std::filesystem::exists(pictures / "SZ1.BMP"));
+  EXPECT_TRUE(std::filesystem::exists(pictures / "SZ2.BMP"));
+  EXPECT_FALSE(std::filesystem::exists(pictures / "SZ3.BMP"));
+}
+
 /// A document of samples S1, S2 ... of one project, typed and saved.
 std::string typedProject(int samples) {
   std::string script = "menu NEW\nclick Form1.Label1(2)\n";

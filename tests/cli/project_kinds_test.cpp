@@ -1,0 +1,134 @@
+// The commands over project files of all kinds and ages.
+#include <gmock/gmock.h>
+
+#include <nlohmann/json.hpp>
+
+#include "cli/cli_fixture.h"
+
+namespace triaxlab::testing {
+namespace {
+
+using namespace std::string_literals;
+using ::testing::HasSubstr;
+
+/// `text` in a field of `width` places.
+std::string field(std::string_view text, std::size_t width) {
+  std::string places(text);
+  places.resize(width, ' ');
+  return places;
+}
+
+class ProjectKinds : public CliTest {
+ protected:
+  ProjectKinds() { run({"init"}); }
+
+  static std::string header(std::string_view count, std::string_view tag = "V2.0") {
+    return field(count, 4) + field("P1", 15) + "2024/01/022024/03/042024/02/28" + field("", 10) + field(tag, 20) +
+           "\0\0"s;
+  }
+  static std::string names(std::string_view sampleNo) { return field("P1", 15) + field(sampleNo, 15); }
+  void write(const std::string& name, const std::string& bytes) { folder.write("app/HSZS/" + name, bytes); }
+  std::string read(const std::string& name) const { return folder.read("app/HSZS/" + name); }
+  nlohmann::json show(const std::string& kind, const std::string& name) {
+    const ProgramRun ran = run({"show", kind, name});
+    EXPECT_EQ(ran.status, 0) << ran.err;
+    return nlohmann::json::parse(ran.out);
+  }
+};
+
+TEST_F(ProjectKinds, ARewriteTakesTheSamplesInTheOrderGiven) {
+  const std::string blanks(213, ' ');
+  write("KOP1.txt", header("0003", "") + names("S1") + blanks + names("S2") + blanks + names("S3") + blanks);
+  const ProgramRun ran = run({"rewrite", "k0", "kop1.txt", "--order", "3,1"});
+  EXPECT_EQ(ran.status, 0);
+  EXPECT_EQ(ran.err, "[保存K0文件] 数据保存完毕!\n");
+  EXPECT_EQ(read("KOP1.txt"), header("0002", "") + names("S3") + blanks + names("S1") + blanks);
+  EXPECT_EQ(run({"samples", "k0", "KOP1.txt"}).out, "序号\t土样编号\n1\tS3\n2\tS1\n");
+}
+
+TEST_F(ProjectKinds, ARewriteWithoutSamplesDeletesTheFile) {
+  write("TKOP1.txt", header("0001", "") + names("S1") + std::string(4851, ' '));
+  EXPECT_EQ(run({"rewrite", "tk0", "TKOP1.txt", "--order", "none"}).status, 0);
+  EXPECT_FALSE(std::filesystem::exists(projectFile("TKOP1.txt")));
+}
+
+TEST_F(ProjectKinds, AnOrderThatTheFileCanNotHaveIsRefused) {
+  const std::string file =
+      header("0002", "") + names("S1") + std::string(213, ' ') + names("S2") + std::string(213, ' ');
+  write("KOP1.txt", file);
+  for (const char* order : {"0", "3", "1,1", "1,2,1", "10001", "18446744073709551615"}) {
+    const ProgramRun ran = run({"rewrite", "k0", "KOP1.txt", "--order", order});
+    EXPECT_EQ(ran.status, 1) << order;
+    EXPECT_THAT(ran.err, HasSubstr("KOP1.txt"));
+    EXPECT_EQ(lineCount(ran.err), 1U);
+    EXPECT_EQ(read("KOP1.txt"), file) << order;
+  }
+  EXPECT_EQ(run({"rewrite", "k0", "KO9.txt", "--order", "1"}).status, 1);
+  EXPECT_EQ(run({"rewrite", "old-triaxial", "KSZP1.txt", "--order", "none"}).status, 1);
+}
+
+TEST_F(ProjectKinds, AnUnconfinedSampleIsShownByItsFields) {
+  std::string record = names("S1") + std::string(1894, ' ');
+  record.replace(30, 6, field("12.5", 6));       // undisturbedStress, first row
+  record.replace(1890, 4, "\xD2\x04\x00\x00"s);  // ring coefficients 1234 and 0
+  record.replace(1912, 2, "\x96\x64");           // strain limits 150 and 100
+  write("KWCXP1.txt", header("0001") + record);
+  const nlohmann::json sample = show("unconfined", "KWCXP1.txt")["samples"][0];
+  EXPECT_EQ(sample["row"], 0);
+  EXPECT_EQ(sample["sampleNo"], "S1");
+  EXPECT_EQ(sample["undisturbedStress"].size(), 51U);
+  EXPECT_EQ(sample["undisturbedStress"][0], "12.5");
+  EXPECT_EQ(sample["ringCoefficient"], (nlohmann::json{1234, 0}));
+  EXPECT_EQ(sample["strainLimit"], (nlohmann::json{150, 100}));
+  EXPECT_EQ(sample["boreholeNo"], "");
+}
+
+TEST_F(ProjectKinds, ATK0SampleIsShownWithTheFieldsOfK0First) {
+  std::string record = names("S1") + std::string(4851, ' ');
+  record[30] = 1;
+  record.replace(223, 15, field("3.0-3.2", 15));                 // samplingDepth
+  record.replace(243 + (2 * 10 + 9) * 7, 7, field("88.1", 7));   // pressureSeries, row 2, stage 9
+  record.replace(4583, 8, "\x00\x00\x00\x00\x00\x00\xF8\x3F"s);  // t90Slope, stage 0: 1.5
+  record.replace(4753, 2, "\x0A\x00"s);                          // stageCount
+  record.replace(4757, 4, "\x2C\x01\x00\x00"s);                  // elapsedSeconds, row 0: 300
+  write("TKOP1.txt", header("0001", "") + record);
+  const nlohmann::json sample = show("tk0", "TKOP1.txt")["samples"][0];
+  EXPECT_EQ(sample["koAdjusted"], 1);
+  EXPECT_EQ(sample["samplingDepth"], "3.0-3.2") << "the record's own";
+  EXPECT_EQ(sample["pressureSeries"][2][9], "88.1");
+  EXPECT_EQ(sample["t90Slope"][0], 1.5);
+  EXPECT_EQ(sample["stageCount"], 10);
+  EXPECT_EQ(sample["elapsedSeconds"][0], 300);
+}
+
+TEST_F(ProjectKinds, TheOldestTriaxialFilesAreListedShownAndSavedAsTodays) {
+  std::string record = names("A-1").substr(0, 29) + std::string(5966 - 29, '\0');
+  record.replace(34, 476 - 34, std::string(476 - 34, ' '));
+  record.replace(34, 22, std::string(22, '\0'));
+  record.replace(476, 4160, std::string(4160, ' '));
+  record[32] = 1;
+  record.replace(56, 6, field("100", 6));
+  record.replace(476, 4, "52  ");  // deviatorStress
+  record[5656] = 4;                // 0.4 %
+  write("KSZP1.txt", header("1", "") + record);
+  EXPECT_EQ(lineCount(run({"list", "old-triaxial"}).out), 2U);
+  EXPECT_EQ(run({"samples", "old-triaxial", "KSZP1.txt"}).out, "序号\t土样编号\t钻孔编号\t取土深度\n1\tA-1\t\t\n");
+  const nlohmann::json document = show("old-triaxial", "KSZP1.txt");
+  EXPECT_EQ(document["kind"], "old-triaxial");
+  EXPECT_EQ(document["samples"][0]["deviatorStress"][0][0], "52");
+  EXPECT_EQ(document["samples"][0]["axialStrain"][0][0], 0.4);
+  EXPECT_FALSE(std::filesystem::exists(projectFile("WKSZP1.txt")));
+  EXPECT_EQ(run({"open", "old-triaxial", "KSZP1.txt", "--save"}).status, 0);
+  EXPECT_EQ(read("WKSZP1.txt").size(), kHeaderSize + kSampleSize + kEndTextSize);
+}
+
+TEST_F(ProjectKinds, AnOldFileIsUpgradedByOpeningIt) {
+  write("KWCXP1.txt", header("0001", "") + names("S1") + std::string(886, ' '));
+  const ProgramRun ran = run({"open", "unconfined", "KWCXP1.txt"});
+  EXPECT_EQ(ran.status, 0);
+  EXPECT_EQ(ran.err, "");
+  EXPECT_EQ(read("KWCXP1.txt"), header("0001") + names("S1") + std::string(1894, ' '));
+}
+
+}  // namespace
+}  // namespace triaxlab::testing
