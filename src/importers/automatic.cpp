@@ -80,10 +80,10 @@ constexpr std::uint8_t kMultiStage = 2;
 
 /// What the two readers of the file differ in.
 struct Reader {
-  bool knowsNewerBlocks;            // and the project numbers of ten places that go with them
-  bool undoesSignCoding;            // of pore pressure and consolidation volume
-  bool copiesStageFlag;             //
-  bool keepsConsolidatedSizesOfUU;  //
+  bool knowsNewerBlocks;  // and the project numbers of ten places that go with them
+  bool undoesSignCoding;  // of pore pressure and consolidation volume
+  bool copiesStageFlag;
+  bool keepsConsolidatedSizesOfUU;
   std::size_t consolidationPoreRows;
   bool roundsVolumeToEven;  // else half away from zero
   bool correctsForArea;
