@@ -3,11 +3,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cmath>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
 
+#include "full_sample.h"
 #include "platform/json_page_device.h"
 #include "reports/three_in_one.h"
 #include "triaxial/opening_pass.h"
@@ -16,28 +16,6 @@ namespace triaxlab {
 namespace {
 
 constexpr int kPages = 100;
-
-/// A CU sample of five full stages.
-TriaxialSampleRecord fullSample(std::size_t number) {
-  TriaxialSampleRecord record;
-  SetText(record.projectNo, "BENCH");
-  SetText(record.sampleNo, std::to_string(number + 1));
-  record.testMethod = kCU;
-  record.shearMode = 1;
-  for (std::size_t stage = 0; stage < kStages; ++stage) {
-    const double sigma3 = 100.0 * static_cast<double>(stage + 1);
-    SetNumber(record.cellPressure[stage], sigma3, NumberFormat::Whole);
-    for (std::size_t row = 0; row < kShearRows; ++row) {
-      const double strain = 0.1 * static_cast<double>(row + 1);
-      const double risen = 1 - std::exp(-strain / 3);
-      SetNumber(record.deviatorStress[row][stage], 1.3 * sigma3 * risen + static_cast<double>(number),
-                NumberFormat::Whole);
-      SetNumber(record.porePressure[row][stage], 0.45 * sigma3 * risen, NumberFormat::Whole);
-      record.axialStrain[row][stage] = static_cast<float>(strain);
-    }
-  }
-  return record;
-}
 
 /// Two blocks a sample, so that each is a page.
 struct Job {

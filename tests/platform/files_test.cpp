@@ -20,16 +20,16 @@
 #include <utility>
 
 #include "common/user_error.h"
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace triaxlab {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::AllOf;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
+using ::testing::AllOf;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
 
 Bytes bytesOfText(std::string_view text) {
   const auto bytes = std::as_bytes(std::span(text));
@@ -99,7 +99,7 @@ class FullDisk {
 
 class Files : public testing::Test {
  protected:
-  TemporaryFolder folder;
+  testing::TemporaryFolder folder;
 
   std::string read(const File& file, std::uint64_t offset, std::size_t size) {
     std::string text(size, '#');

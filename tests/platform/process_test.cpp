@@ -9,7 +9,7 @@
 #include <thread>
 
 #include "platform/files.h"
-#include "platform/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace triaxlab {
 namespace {
@@ -29,21 +29,21 @@ bool appears(const std::filesystem::path& file) {
 }
 
 TEST(StartProgram, StartsAToolBesideUs) {
-  const TemporaryFolder folder;
+  const testing::TemporaryFolder folder;
   writeTool(folder / "SZBB.exe", folder / "mark");
   startProgram(folder / "SZBB.exe");
   EXPECT_TRUE(appears(folder / "mark"));
 }
 
 TEST(StartProgram, AToolMayStandWithoutItsExtension) {
-  const TemporaryFolder folder;
+  const testing::TemporaryFolder folder;
   writeTool(folder / "SZBB", folder / "mark");
   startProgram(folder / "SZBB.exe");
   EXPECT_TRUE(appears(folder / "mark"));
 }
 
 TEST(StartProgram, WhatCanNotBeStartedIsSilent) {
-  const TemporaryFolder folder;
+  const testing::TemporaryFolder folder;
   std::filesystem::create_directory(folder / "folder.exe");
   std::ofstream(folder / "text.exe") << "no program";
   std::ofstream(folder / "broken.exe") << "\x7f"

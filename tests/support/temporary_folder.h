@@ -23,10 +23,13 @@ class TemporaryFolder {
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
   ~TemporaryFolder() {
     std::error_code ignored;
+    // A test may have forbidden writing here.
+    std::filesystem::permissions(m_path, std::filesystem::perms::owner_all, ignored);
     std::filesystem::remove_all(m_path, ignored);
   }
 
   const std::filesystem::path& path() const { return m_path; }
+  std::filesystem::path operator/(const std::string& name) const { return m_path / name; }
 
   /// Makes the file, and its folders below this one.
   std::filesystem::path write(const std::filesystem::path& name, std::string_view bytes) const {
