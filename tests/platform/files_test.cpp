@@ -97,7 +97,7 @@ class FullDisk {
   void (*m_before)(int);
 };
 
-class Files : public testing::Test {
+class Files : public ::testing::Test {
  protected:
   testing::TemporaryFolder folder;
 
