@@ -13,6 +13,7 @@
 #include "shell/overwrite_session.h"
 #include "shell/range_dialog.h"
 #include "shell/start_up.h"
+#include "shell/toggles.h"
 #include "shell/tools.h"
 #include "store/save_project.h"
 
@@ -63,6 +64,7 @@ bool ShellSession::trigger(std::string_view name) {
       Work{Action::Exit, &ShellSession::exitCommand},
       Work{Action::Import, &ShellSession::import},
       Work{Action::ShowCurves, &ShellSession::showCurves},
+      Work{Action::FlipToggle, &ShellSession::flipToggle},
       Work{Action::StartTool, &ShellSession::startTool},
       Work{Action::ShowCurvePage, &ShellSession::showCurvePage},
   };
@@ -194,6 +196,11 @@ void ShellSession::showCurvePage(const Command& command) {
   if (CurveDocument* const curves = m_windows.curveDocument())
     curves->showPage(static_cast<CurvePage>(command.argument));
   showCurves(command);
+}
+
+void ShellSession::flipToggle(const Command& command) {
+  const ToggleByte& byte = *toggleOfCommand(command.name);
+  setToggle(m_workspace, byte.toggle, !(m_workspace.settings.toggles.*byte.toggle));
 }
 
 // A tool that is missing is passed over in silence; one that runs already is started a second time.

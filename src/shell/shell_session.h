@@ -71,6 +71,7 @@ class ShellSession {
   void showCurves(const Command& command);
   void showCurvePage(const Command& command);
   void startTool(const Command& command);
+  void flipToggle(const Command& command);
 
   void show(ActiveDocument document, const Remarks& remarks);
 

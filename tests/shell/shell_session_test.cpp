@@ -49,7 +49,7 @@ class Shell : public ::testing::Test {
 // ---- Triggering
 
 TEST_F(Shell, AnUnknownCommandOrOneThatIsOffDoesNothing) {
-  for (const char* name : {"NOSUCH", "", "QUXIAN", "ZMPRINT", "RZMSAVE", "ZMOPEN0", "PTK0", "SAMETY", "RZMYULAN"})
+  for (const char* name : {"NOSUCH", "", "QUXIAN", "ZMPRINT", "RZMSAVE", "ZMOPEN0", "PTK0", "RZMYULAN"})
     EXPECT_FALSE(shell.trigger(name)) << name;
   EXPECT_THAT(windows.shown, IsEmpty());
   EXPECT_THAT(dialogs.shown, IsEmpty());
@@ -64,6 +64,7 @@ TEST_F(Shell, EveryCommandThatIsBuiltAndOnDoesItsWork) {
   for (const Command& command : commandTable()) {
     if (command.action == Action::None || command.action == Action::StartThisProgram || !command.built) continue;
     if (command.action == Action::Import || command.action == Action::StartTool) continue;  // off or outside
+    if (command.action == Action::FlipToggle) continue;                                     // shows nothing
     openDocument();
     windows.form1->envelopes.ratioEnabled = true;
     EXPECT_TRUE(shell.trigger(command.name)) << command.name;
