@@ -16,6 +16,7 @@
 #include "shell/toggles.h"
 #include "store/file_update.h"
 #include "store/settings_file.h"
+#include "store/source_folders.h"
 
 namespace triaxlab {
 namespace {
@@ -26,9 +27,8 @@ namespace fs = std::filesystem;
 constexpr char kFolderMarker = '9';
 constexpr SettingsField kDataFolderBehindMarker{kDataFolderField.position + 1, kDataFolderField.width - 1};
 
-constexpr SettingsField kSourceFolderField{20, 170};
-constexpr SettingsField kDatxFolderField{1, 170};  // of SZDATX.sys and WCXDATX.sys
-constexpr std::string_view kUsualSourceFolder = "c:\\qvb";
+/// What `sourceFolder` holds until an importer opens: the folder of the QVB98 triaxial data.
+constexpr const SourceFolder& kFirstSourceFolder = sourceFolderOf(3);
 
 void append(Remarks& remarks, const Remarks& more) { remarks.insert(remarks.end(), more.begin(), more.end()); }
 
@@ -80,19 +80,6 @@ void recoverSave(const Workspace& workspace, Remarks& remarks) {
   }
 }
 
-void readDatxFolders(Workspace& workspace) {
-  struct DatxFolder {
-    std::string_view file;
-    std::string Workspace::*folder;
-  };
-  constexpr std::array kFolders{DatxFolder{"WCXDATX.sys", &Workspace::winUnconfinedDatxFolder},
-                                DatxFolder{"SZDATX.sys", &Workspace::winTriaxialDatxFolder}};
-  for (const DatxFolder& datx : kFolders) {
-    const std::string stored = readUtf8({workspace.applicationFolder, datx.file}, kDatxFolderField);
-    workspace.*datx.folder = stored.empty() ? textOfPath(workspace.applicationFolder) : stored;
-  }
-}
-
 }  // namespace
 
 fs::path executableFolder() {
@@ -138,11 +125,12 @@ std::optional<Remarks> startUp(Workspace& workspace, const InstanceCheck& isOnly
   readToggles(workspace);
   if (!isOnlyInstance()) return std::nullopt;
 
-  workspace.sourceFolder = readUtf8(settings, kSourceFolderField);
+  workspace.sourceFolder = storedSourceFolder(workspace, kFirstSourceFolder);
   if (workspace.sourceFolder.empty()) workspace.sourceFolder = kUsualSourceFolder;
   makeFolder(workspace.projectFolder());
   recoverSave(workspace, remarks);
-  readDatxFolders(workspace);
+  for (const SourceFolder& folder : kSourceFolders)
+    if (folder.inUse != nullptr) takeSourceFolderIntoUse(workspace, folder);
   return remarks;
 }
 
