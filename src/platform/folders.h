@@ -1,0 +1,17 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace triaxlab {
+
+/// Names of the folders in a folder, links to folders too, in ascending order without regard to case; those that the
+/// system hides (".name") are left out. Empty when the folder can't be read.
+std::vector<std::string> listFolders(const std::filesystem::path& folder);
+
+/// Where a person looks for a disk: "/", then the mounted disks, sticks and shares of the network in ascending order.
+/// What the system mounts for itself is left out. `mountTable` has a line for each mount (fstab format).
+std::vector<std::filesystem::path> mountedVolumes(const std::filesystem::path& mountTable = "/proc/self/mounts");
+
+}  // namespace triaxlab

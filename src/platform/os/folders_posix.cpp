@@ -1,0 +1,72 @@
+#include "platform/folders.h"
+
+#include <mntent.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <memory>
+#include <set>
+#include <string_view>
+#include <system_error>
+
+#include "platform/files.h"
+
+namespace triaxlab {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string lowered(std::string name) {
+  for (char& c : name)
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  return name;
+}
+
+constexpr std::array<std::string_view, 8> kNetworkTypes{"nfs", "nfs4",       "cifs",   "smb3",
+                                                        "9p",  "fuse.sshfs", "vboxsf", "virtiofs"};
+/// Disks below these belong to the system.
+constexpr std::array<std::string_view, 4> kSystemFolders{"/boot", "/snap", "/var", "/usr"};
+
+bool isVolume(const mntent& mount) {
+  const std::string_view folder = mount.mnt_dir, type = mount.mnt_type, device = mount.mnt_fsname;
+  const bool ofSystem = std::any_of(kSystemFolders.begin(), kSystemFolders.end(), [&](std::string_view system) {
+    return folder == system || (folder.starts_with(system) && folder[system.size()] == '/');
+  });
+  if (ofSystem || type == "squashfs") return false;
+  // A share whose server is away would let us wait, so it isn't looked at.
+  if (std::find(kNetworkTypes.begin(), kNetworkTypes.end(), type) != kNetworkTypes.end()) return true;
+  return device.starts_with("/dev/") && folderExists(folder);
+}
+
+}  // namespace
+
+std::vector<std::string> listFolders(const fs::path& folder) {
+  std::vector<std::string> names;
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    std::string name = entry->path().filename().string();
+    if (!name.starts_with('.') && folderExists(entry->path())) names.push_back(std::move(name));
+  }
+  std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+    const std::string lowA = lowered(a), lowB = lowered(b);
+    return lowA != lowB ? lowA < lowB : a < b;
+  });
+  return names;
+}
+
+std::vector<fs::path> mountedVolumes(const fs::path& mountTable) {
+  std::set<fs::path> mounted;
+  if (const std::unique_ptr<std::FILE, int (*)(std::FILE*)> table{setmntent(mountTable.c_str(), "re"), endmntent}) {
+    mntent mount{};
+    std::array<char, 4096> texts{};
+    while (getmntent_r(table.get(), &mount, texts.data(), static_cast<int>(texts.size())) != nullptr)
+      if (isVolume(mount)) mounted.insert(mount.mnt_dir);
+  }
+  mounted.erase("/");
+  std::vector<fs::path> volumes{"/"};
+  volumes.insert(volumes.end(), mounted.begin(), mounted.end());
+  return volumes;
+}
+
+}  // namespace triaxlab
