@@ -84,6 +84,12 @@ Envelope envelopeOfPage(const TriaxialSampleRecord& record, const EnvelopeFields
 double degreesOfTangent(double tangent) { return std::atan(tangent) * 180 / 3.1415926535; }
 double tangentOfDegrees(double degrees) { return std::tan(degrees * 3.1415926 / 180); }
 
+double steppedTangent(double tangent, double step) {
+  constexpr double kSteepest = 89.9;
+  const double radians = std::clamp(degreesOfTangent(tangent) + step, 0.0, kSteepest) * 3.1415926 / 180;
+  return std::sin(radians) / std::cos(radians);
+}
+
 void fitTotalEnvelope(TriaxialSampleRecord& record, int failedStages, NumberFormat cohesionFormat) {
   const auto fields = totalFields(record);
   if (const auto fitted = fit(record, fields, failedStages)) store(fields, *fitted, cohesionFormat);
@@ -94,6 +100,12 @@ Envelopes envelopesOfPage(TriaxialSampleRecord& record, NumberFormat cohesionFor
   found.total = envelopeOfPage(record, totalFields(record), cohesionFormat);
   if (record.testMethod == kCU) found.effective = envelopeOfPage(record, effectiveFields(record), cohesionFormat);
   return found;
+}
+
+void storeAdjustedEnvelopes(TriaxialSampleRecord& record, const Envelopes& envelopes, NumberFormat cohesionFormat) {
+  record.adjustedFlag = 1;
+  store(totalFields(record), envelopes.total, cohesionFormat);
+  if (record.testMethod == kCU) store(effectiveFields(record), envelopes.effective, cohesionFormat);
 }
 
 }  // namespace triaxlab

@@ -10,15 +10,20 @@ struct Envelope {
   double tanPhi = 0;
   double cohesion = 0;  // kPa
   bool exists = false;  // false: circles only, no line
+  bool operator==(const Envelope&) const = default;
 };
 struct Envelopes {
   Envelope total;
   Envelope effective;  // for CU
+  bool operator==(const Envelopes&) const = default;
 };
 
 /// Degrees of an angle given by its tangent, and the way back. The two use different values of pi on purpose.
 double degreesOfTangent(double tangent);
 double tangentOfDegrees(double degrees);
+
+/// The tangent of an angle that has been raised or lowered by `step` degrees, held within 0 and 89.9.
+double steppedTangent(double tangent, double step);
 
 /// The total fit of the opening pass over `failedStages` stages: stores frictionAngle, cohesionTenths and cohesionText.
 void fitTotalEnvelope(TriaxialSampleRecord& record, int failedStages, NumberFormat cohesionFormat);
@@ -27,5 +32,9 @@ void fitTotalEnvelope(TriaxialSampleRecord& record, int failedStages, NumberForm
 /// When the circles have no such line (one centre, or a radius that grows as fast as the centre) the record keeps the
 /// results that it holds, and these are shown.
 Envelopes envelopesOfPage(TriaxialSampleRecord& record, NumberFormat cohesionFormat);
+
+/// Keeps envelopes that a person has set: from now on they are read back and no longer fitted. Only CU keeps the
+/// effective one.
+void storeAdjustedEnvelopes(TriaxialSampleRecord& record, const Envelopes& envelopes, NumberFormat cohesionFormat);
 
 }  // namespace triaxlab

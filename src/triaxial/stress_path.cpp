@@ -22,15 +22,24 @@ PathLine fit(const TriaxialSampleRecord& record) {
   return {*slope, sumY / n - *slope * sumX / n};
 }
 
+void store(TriaxialSampleRecord& record, const PathLine& line) {
+  assignIf(record.pathSlope, toSingle(line.slope));
+  assignIf(record.pathIntercept, toSingle(line.intercept));
+}
+
 }  // namespace
 
 PathLine stressPathOfPage(TriaxialSampleRecord& record) {
   if (record.testMethod != kCU) return {};
   if (record.pathAdjustedFlag == 1) return {record.pathSlope, record.pathIntercept};
   const PathLine fitted = fit(record);
-  assignIf(record.pathSlope, toSingle(fitted.slope));
-  assignIf(record.pathIntercept, toSingle(fitted.intercept));
+  store(record, fitted);
   return fitted;
+}
+
+void storeAdjustedPath(TriaxialSampleRecord& record, const PathLine& line) {
+  record.pathAdjustedFlag = 1;
+  store(record, line);
 }
 
 }  // namespace triaxlab

@@ -251,5 +251,49 @@ TEST(OpeningFit, EveryFormatOfTheCohesion) {
   }
 }
 
+// ---- set by hand
+
+TEST(SteppedTangent, GoesByTenthsOfADegreeFrom0To89_9) {
+  // The way up uses 3.1415926 alone, since the angle of 0 is 0 by any pi.
+  EXPECT_DOUBLE_EQ(steppedTangent(0, 0.1), std::tan(0.1 * 3.1415926 / 180));
+  EXPECT_EQ(steppedTangent(0, -0.1), 0);
+  EXPECT_EQ(steppedTangent(-0.5, 0.1), 0);
+  const double steepest = std::tan(89.9 * 3.1415926 / 180);
+  EXPECT_DOUBLE_EQ(steppedTangent(std::tan(89.85 * 3.1415926 / 180), 0.1), steepest);
+  EXPECT_DOUBLE_EQ(steppedTangent(steepest, 0.1), steepest);
+}
+
+TEST(SteppedTangent, EachStepUsesTwoValuesOfPi) {
+  // 45 degrees of the tangent 1 are 45.0000000013; less 0.1 and through 3.1415926.
+  const double degrees = 45 * (3.14159265358979312 / 3.1415926535) - 0.1;
+  EXPECT_DOUBLE_EQ(steppedTangent(1, -0.1), std::tan(degrees * 3.1415926 / 180));
+}
+
+TEST(AdjustedEnvelopes, AreKeptAndReadBack) {
+  TriaxialSampleRecord record = tests::sampleOf(kCU);
+  storeAdjustedEnvelopes(record, {.total = {1, 12.57, true}, .effective = {0, -3.55, true}}, NumberFormat::Tenths);
+  EXPECT_EQ(record.adjustedFlag, 1);
+  EXPECT_EQ(record.frictionAngle, 45.0F);
+  EXPECT_EQ(record.cohesionTenths, 125);  // Int(125.7)
+  EXPECT_EQ(tests::text(record.cohesionText), "12.6");
+  EXPECT_EQ(record.frictionAngleEff, 0.0F);
+  EXPECT_EQ(record.cohesionEffTenths, -36);  // Int(-35.5)
+  EXPECT_EQ(tests::text(record.cohesionEffText), "-3.6");
+  const Envelopes shown = envelopesOfPage(record, NumberFormat::Tenths);
+  EXPECT_EQ(shown.total.cohesion, 12.6);
+  EXPECT_DOUBLE_EQ(shown.total.tanPhi, std::tan(45 * 3.1415926 / 180));
+  EXPECT_EQ(shown.effective.cohesion, -3.6);
+}
+
+TEST(AdjustedEnvelopes, TheEffectiveOneIsOfCUAlone) {
+  TriaxialSampleRecord record = tests::sampleOf(kUU);
+  storeAdjustedEnvelopes(record, {.total = {0, 5000, true}, .effective = {1, 7, true}}, NumberFormat::Whole);
+  EXPECT_EQ(tests::text(record.cohesionText), "5000");
+  EXPECT_EQ(record.cohesionTenths, 0) << "50000 is no 16-bit number";
+  EXPECT_TRUE(record.cohesionEffText.isBlank());
+  EXPECT_EQ(record.cohesionEffTenths, 0);
+  EXPECT_EQ(record.frictionAngleEff, 0.0F);
+}
+
 }  // namespace
 }  // namespace triaxlab

@@ -62,5 +62,14 @@ TEST(StressPath, AdjustedByHandIsReadBack) {
   EXPECT_DOUBLE_EQ(stressPathOfPage(record).slope, 0.4);
 }
 
+TEST(StressPath, SetByHandIsKeptAndReadBack) {
+  TriaxialSampleRecord record = withPoints({{"100", "50"}, {"200", "90"}});
+  storeAdjustedPath(record, {.slope = 0.5, .intercept = -7.25});
+  EXPECT_EQ(record.pathAdjustedFlag, 1);
+  EXPECT_EQ(record.pathSlope, 0.5F);
+  EXPECT_EQ(record.pathIntercept, -7.25F);
+  EXPECT_EQ(stressPathOfPage(record), (PathLine{0.5, -7.25}));
+}
+
 }  // namespace
 }  // namespace triaxlab

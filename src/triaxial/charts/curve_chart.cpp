@@ -171,6 +171,13 @@ std::string titleOf(const PageForm& form, const ChartOptions& options) {
 
 std::string_view titleOf(CurvePage page) { return formOf(page).texts.title; }
 
+PlotScale scaleOfPage(const TriaxialSampleRecord& record, CurvePage page, const ChartOptions& options) {
+  const PageForm& form = formOf(page);
+  const PageResults none;
+  const Chart chart{record, none, options, Font{}};
+  return form.scale(chart, form.curves(chart));
+}
+
 void drawCurvePage(DrawingSurface& surface, const TriaxialSampleRecord& record, CurvePage page,
                    const PageResults& results, const ChartOptions& options) {
   const PageForm& form = formOf(page);

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "common/text_number.h"
 #include "platform/drawing_surface.h"
+#include "triaxial/charts/plot.h"
+#include "triaxial/curve_adjustment.h"
 #include "triaxial/curve_page.h"
 #include "triaxial/record.h"
 
@@ -15,13 +15,6 @@ namespace triaxlab {
 
 /// The canvas of every chart, twips.
 inline constexpr double kChartWidth = 7050, kChartHeight = 4700;
-
-/// The working copies of a stress-strain curve while a person corrects it.
-struct CurveAdjustment {
-  ShearRows<FixedText<6>> workCurve;    // drawn in place of deviatorStress, kPa
-  PerStage<std::int16_t> stageShift{};  // rows by which a curve slides to the left, 0 to 50
-  std::size_t selectedStage = 0;
-};
 
 /// The line that a person moves by keys.
 enum class MovedLine : std::uint8_t { None, TotalEnvelope, EffectiveEnvelope, StressPath };
@@ -40,6 +33,9 @@ struct ChartOptions {
 
 /// "主应力差与轴向应变曲线" and its five companions.
 std::string_view titleOf(CurvePage page);
+
+/// What the divisions of a page's plot stand for when it is drawn with these options.
+PlotScale scaleOfPage(const TriaxialSampleRecord& record, CurvePage page, const ChartOptions& options);
 
 /// Draws a page of a sample on a canvas of kChartWidth x kChartHeight, the same on screen and on paper. What lies
 /// outside the plot is clipped away. `results` are those of computePage, which has run on the record; moved lines come

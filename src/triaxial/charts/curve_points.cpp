@@ -20,12 +20,15 @@ ChartCurves curvesOf(const TriaxialSampleRecord& record, const PointOf& pointOf)
   return curves;
 }
 
-/// Puts the origin in front of each curve against strain. On one specimen a later stage goes on from where the stage
+/// Whether a curve against strain has the origin in front. On one specimen a later stage goes on from where the stage
 /// before it was unloaded, so the first of its points, the origin, is left out.
+bool beginsAtOrigin(const TriaxialSampleRecord& record, std::size_t stage) {
+  return stage == 0 || record.shearMode != 2 || record.uuAdjustFlag != 0;
+}
+
 ChartCurves fromOrigin(const TriaxialSampleRecord& record, ChartCurves curves) {
-  const bool laterStagesGoOn = record.shearMode == 2 && record.uuAdjustFlag == 0;
   for (std::size_t stage = 0; stage < kStages; ++stage)
-    if (!curves[stage].empty() && !(laterStagesGoOn && stage > 0)) curves[stage].insert(curves[stage].begin(), Point{});
+    if (!curves[stage].empty() && beginsAtOrigin(record, stage)) curves[stage].insert(curves[stage].begin(), Point{});
   return curves;
 }
 
@@ -39,6 +42,17 @@ std::optional<Point> atStrain(const TriaxialSampleRecord& record, std::size_t st
   const double strain = record.axialStrain[row][stage];
   if (!(std::abs(strain) <= kWhole)) return std::nullopt;
   return Point{strain, y};
+}
+
+/// The reading that is drawn at the strain of a row. A curve that slides to the left shows a later one there.
+std::optional<Point> stressStrainPoint(const TriaxialSampleRecord& record, const CurveAdjustment* adjustment,
+                                       std::size_t stage, std::size_t row) {
+  const auto& stresses = adjustment ? adjustment->workCurve : record.deviatorStress;
+  const auto shift = adjustment ? static_cast<std::size_t>(std::max<int>(adjustment->stageShift[stage], 0)) : 0U;
+  if (row + shift >= kShearRows) return std::nullopt;
+  const double stress = plottedNumber(stresses[row + shift][stage]);
+  if (stress == 0) return std::nullopt;
+  return atStrain(record, stage, row, stress);
 }
 
 struct EffectiveStresses {
@@ -55,16 +69,28 @@ std::optional<EffectiveStresses> effectiveStresses(const TriaxialSampleRecord& r
 }  // namespace
 
 ChartCurves stressStrainCurves(const TriaxialSampleRecord& record, const CurveAdjustment* adjustment) {
-  const auto& stresses = adjustment ? adjustment->workCurve : record.deviatorStress;
-  return fromOrigin(record, curvesOf(record, [&](std::size_t stage, std::size_t row) -> std::optional<Point> {
-                      // A curve that slides to the left shows a later row at the strain of an earlier one.
-                      const std::size_t shift =
-                          adjustment ? static_cast<std::size_t>(std::max<int>(adjustment->stageShift[stage], 0)) : 0;
-                      if (row + shift >= kShearRows) return std::nullopt;
-                      const double stress = plottedNumber(stresses[row + shift][stage]);
-                      if (stress == 0) return std::nullopt;
-                      return atStrain(record, stage, row, stress);
+  return fromOrigin(record, curvesOf(record, [&](std::size_t stage, std::size_t row) {
+                      return stressStrainPoint(record, adjustment, stage, row);
                     }));
+}
+
+std::optional<std::size_t> rowNextTo(const TriaxialSampleRecord& record, const CurveAdjustment& adjustment,
+                                     double strain) {
+  struct Neighbour {
+    double strain;
+    std::optional<std::size_t> row;  // the origin has none
+  };
+  const std::size_t stage = adjustment.selectedStage;
+  std::optional<Neighbour> before;
+  if (beginsAtOrigin(record, stage) && record.shearMode != 1) before = {0, std::nullopt};
+  for (std::size_t row = 0; row < kShearRows; ++row) {
+    const auto point = stressStrainPoint(record, &adjustment, stage, row);
+    if (!point) continue;
+    if (before && before->strain <= strain && strain <= point->x)
+      return std::abs(strain - before->strain) <= std::abs(strain - point->x) ? before->row : row;
+    before = {point->x, row};
+  }
+  return std::nullopt;
 }
 
 ChartCurves porePressureCurves(const TriaxialSampleRecord& record) {

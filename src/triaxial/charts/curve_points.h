@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cmath>
+#include <cstddef>
+#include <optional>
 #include <vector>
 
 #include "platform/drawing_surface.h"
@@ -25,6 +27,11 @@ using ChartCurves = PerStage<std::vector<Point>>;
 /// Axial strain (%), deviator stress (kPa), from the origin; the working curves of an adjustment, if there is one.
 /// A later stage of one specimen begins at its first row, unless the sample's flag says otherwise.
 ChartCurves stressStrainCurves(const TriaxialSampleRecord& record, const CurveAdjustment* adjustment);
+/// The row at whose strain the selected curve has its point next to a strain (%): the nearer of the two neighbours
+/// between which the strain lies, the former of two equally near. Nothing where the curve has no such neighbours or the
+/// nearer one is the origin. A test of separate specimens (shear mode 1) has nothing in front of its first reading.
+std::optional<std::size_t> rowNextTo(const TriaxialSampleRecord& record, const CurveAdjustment& adjustment,
+                                     double strain);
 /// Axial strain (%), pore pressure (kPa), from the origin as above.
 ChartCurves porePressureCurves(const TriaxialSampleRecord& record);
 /// Axial strain (%), ratio of the effective principal stresses, from the origin as above.
