@@ -19,6 +19,10 @@ enum class CurvePage : std::uint8_t {
   StressRatio = 6,               // 有效应力比与轴向应变曲线
 };
 
+inline bool isEnvelopePage(CurvePage page) {
+  return page == CurvePage::StressRatioEnvelope || page == CurvePage::StressDifferenceEnvelope;
+}
+
 /// What showing a page works out before anything is drawn.
 struct PageResults {
   FailureRows failureRows;  // pages 2 and 3

@@ -1,12 +1,15 @@
 #include "triaxial/session/curve_session.h"
 
 #include <algorithm>
+#include <cstring>
+#include <utility>
 
 #include "common/conversions.h"
 #include "common/gbk.h"
 #include "triaxial/charts/curve_chart.h"
 #include "triaxial/measures.h"
 #include "triaxial/session/typed_text.h"
+#include "triaxial/touching_circles.h"
 
 namespace triaxlab {
 namespace {
@@ -33,6 +36,8 @@ void CurveSession::load() {
   m_text1Visible = std::none_of(table.begin(), table.end(), isLive);
   m_page = CurvePage::StressStrain;
   m_table.reset();
+  m_intervention.reset();
+  m_envelopeJustAccepted = false;
   m_changed = false;
   m_workspace.typedDateTexts = {};
   showSample();
@@ -55,6 +60,9 @@ void CurveSession::enterPage(CurvePage page) {
 void CurveSession::drawPage() {
   m_results = {};
   if (isLive(record())) m_results = computePage(record(), m_page, m_workspace.settings.habits.cohesionFormat());
+  if (isEnvelopePage(m_page) && std::exchange(m_envelopeJustAccepted, false) &&
+      m_workspace.settings.habits.autoAdjustRawData)
+    rescaleToEnvelope(record(), m_results.envelopes.total);
   m_drawn = record();
   const PerStage<double> limits = ClampFailureLimit(m_drawn);
   for (std::size_t stage = 0; stage < kStages; ++stage)
@@ -65,7 +73,9 @@ void CurveSession::drawPage() {
 void CurveSession::draw(DrawingSurface& surface) const {
   ChartOptions options;
   options.cohesionFormat = m_workspace.settings.habits.cohesionFormat();
-  drawCurvePage(surface, m_drawn, m_page, m_results, options);
+  PageResults results = m_results;
+  m_intervention.show(options, results);
+  drawCurvePage(surface, m_drawn, m_page, results, options);
 }
 
 void CurveSession::setTablePage(TablePage page) {
@@ -74,24 +84,27 @@ void CurveSession::setTablePage(TablePage page) {
 }
 
 void CurveSession::selectLabel(int labelIndex) {
-  if (!m_list.select(labelIndex)) return;
+  if (m_intervention.running() || !m_list.select(labelIndex)) return;
   m_text1Visible = true;
   showSample();
 }
 
 void CurveSession::scrollList(int top) {
+  if (m_intervention.running()) return;
   m_list.scroll(top);
   showSample();
 }
 
 bool CurveSession::keyInList(ListKey key, CursorPlace cursor) {
-  if (!m_list.key(key, cursor)) return false;
+  if (m_intervention.running() || !m_list.key(key, cursor)) return false;
   showSample();
   return true;
 }
 
 void CurveSession::showPage(int page) {
-  if (page < static_cast<int>(CurvePage::StressStrain) || page > static_cast<int>(CurvePage::StressRatio)) return;
+  if (m_intervention.running() || page < static_cast<int>(CurvePage::StressStrain) ||
+      page > static_cast<int>(CurvePage::StressRatio))
+    return;
   const auto wanted = static_cast<CurvePage>(page);
   if (wanted == CurvePage::StressRatioEnvelope) m_envelopeCheck = EnvelopeCheck::Ratio;
   if (wanted == CurvePage::StressDifferenceEnvelope) m_envelopeCheck = EnvelopeCheck::Difference;
@@ -100,21 +113,25 @@ void CurveSession::showPage(int page) {
 }
 
 void CurveSession::previousPage() {
+  if (m_intervention.running()) return;
   enterPage(pageBefore(m_page, record(), m_envelopeCheck));
   showSample();
 }
 
 void CurveSession::nextPage() {
+  if (m_intervention.running()) return;
   enterPage(pageBehind(m_page, record(), m_envelopeCheck));
   showSample();
 }
 
 void CurveSession::previousTablePage() {
+  if (m_intervention.running()) return;
   finishTyping();
   setTablePage(tablePageBefore(m_table.page(), record()));
 }
 
 void CurveSession::nextTablePage() {
+  if (m_intervention.running()) return;
   finishTyping();
   setTablePage(tablePageBehind(m_table.page(), record()));
 }
@@ -149,6 +166,8 @@ std::string CurveSession::boxText(Box box) const {
 }
 
 void CurveSession::edit(Box box, std::string_view utf8) {
+  if (box.name == BoxName::Text10) return m_intervention.typeFactor(utf8);
+  if (box.name == BoxName::Text11) return m_intervention.typeSummand(utf8);
   if (box.name == BoxName::Text8) {
     m_strainLimitTexts.at(static_cast<std::size_t>(box.index)) = gbkToUtf8(takenText(utf8, kLimitWidth));
     return;
@@ -165,6 +184,7 @@ void CurveSession::edit(Box box, std::string_view utf8) {
 }
 
 bool CurveSession::keyOnMethodField(int box, MethodKey key) {
+  if (m_intervention.running()) return false;
   const bool onMethod = box == 1;
   TriaxialSampleRecord& sample = record();
   if (key == MethodKey::End) {
@@ -182,6 +202,7 @@ bool CurveSession::keyOnMethodField(int box, MethodKey key) {
 }
 
 void CurveSession::applyStrainLimits() {
+  if (m_intervention.running()) return;
   finishTyping();
   for (std::size_t stage = 0; stage < kStages; ++stage)
     record().failureStrainLimit[stage] = limitOf(m_strainLimitTexts[stage]);
@@ -190,9 +211,45 @@ void CurveSession::applyStrainLimits() {
   m_table.refresh(record());
 }
 
+void CurveSession::enterIntervention() {
+  if (m_intervention.running() || !canIntervene()) return;
+  showSample();
+  m_intervention.enter(record(), m_page, m_results);
+}
+
+void CurveSession::leaveIntervention(Dialogs& dialogs) {
+  if (!m_intervention.running()) return;
+  const bool kept = dialogs.ask("三轴曲线调整", "   曲线已经调整\n保存修改后数据吗？", MessageIcon::Exclamation);
+  const TriaxialSampleRecord before = record();
+  if (kept) {
+    m_intervention.rearrange(record());  // a save that did not get to its end may have sorted the specimens, too
+    m_intervention.accept(record(), m_workspace.settings.habits.cohesionFormat());
+    m_envelopeJustAccepted = m_intervention.phase() == Phase::Envelope;
+  } else {
+    m_intervention.drop(record());
+  }
+  // A sample that was saved while the phase ran is taken back by a No as well.
+  if (kept || std::memcmp(&before, &record(), sizeof before) != 0) m_changed = true;
+  m_intervention.end();
+  const bool wasRescaled = m_envelopeJustAccepted && m_workspace.settings.habits.autoAdjustRawData;
+  showSample();
+  // The circles of the peaks follow the readings that the first showing has scaled; those of the ratios do not.
+  if (wasRescaled && m_page == CurvePage::StressDifferenceEnvelope) showSample();
+}
+
+void CurveSession::reprocess() {
+  if (m_intervention.running()) return;
+  record().adjustedFlag = record().pathAdjustedFlag = 0;
+  m_changed = true;
+  showSample();
+}
+
 void CurveSession::markSaved() {
   m_changed = false;
-  showSample();
+  if (!m_intervention.running()) return showSample();
+  m_intervention.rearrange(record());
+  m_drawn = record();
+  m_table.refresh(record());
 }
 
 bool CurveSession::asksToSave(Dialogs& dialogs) const {

@@ -11,6 +11,7 @@
 #include "platform/drawing_surface.h"
 #include "store/workspace.h"
 #include "triaxial/curve_page.h"
+#include "triaxial/session/intervention.h"
 #include "triaxial/session/page_steps.h"
 #include "triaxial/session/result_table.h"
 #include "triaxial/session/sample_fields.h"
@@ -76,6 +77,7 @@ struct CurveState {
   bool strainLimitsVisible = false;  // Label8, Text8(0 to 4) and Command8 together
   PerStage<std::string> text8;
   bool command5Visible = true;
+  bool command8Enabled = true;
   bool command5Enabled = false;  // the consolidation table has no window so far
 
   std::array<std::string, kTableColumns> columnHeads;  // second line; the first has kStageColumns
@@ -95,6 +97,9 @@ struct CurveState {
   MenuEntryState QUXIAN2, QUXIAN3;
   std::uint8_t currentCurvePage = 1;
   std::uint8_t currentTablePage = 3;
+
+  /// While a phase runs its controls lie over the list, and neither page, sample nor method can be changed.
+  InterventionState intervention;
 };
 
 /// What stands behind the curve window: which sample, which pages, what a key does to the record. One method for each
@@ -114,8 +119,8 @@ class CurveSession {
   /// Draws the page on display on a canvas of 7050 x 4700 twips, as it was when it was last shown: an edit of the
   /// record alone doesn't change the picture.
   void draw(DrawingSurface& surface) const;
-  /// Counts the showings of a page; a canvas that has drawn this number is up to date.
-  std::uint64_t pictureNumber() const { return m_pictureNumber; }
+  /// Counts the showings of a page and the changes of a phase; a canvas that has drawn this number is up to date.
+  std::uint64_t pictureNumber() const { return m_pictureNumber + m_intervention.pictureNumber(); }
   /// Row of the sample tables that is on display, 0 to 1000.
   std::size_t sampleRow() const { return m_list.row(); }
 
@@ -151,11 +156,25 @@ class CurveSession {
   /// Command8: stores the five strain limits and draws the page anew.
   void applyStrainLimits();
 
+  // 干预
+  bool canIntervene() const { return Intervention::isPossible(record(), m_page); }
+  /// Begins the phase of the page on display. Until it is left, nothing but the phase and the fields of the sample
+  /// takes what a person does.
+  void enterIntervention();
+  /// Asks whether the work is to be kept, and goes on after either answer. Nothing when no phase runs.
+  void leaveIntervention(Dialogs& dialogs);
+  /// The phase that runs, for its own keys, buttons and mouse.
+  Intervention& intervention() { return m_intervention; }
+  const Intervention& intervention() const { return m_intervention; }
+  /// RQUXIAN: what was set by hand for the sample is forgotten and fitted anew.
+  void reprocess();
+
   // Unsaved changes
   bool isChanged() const { return m_changed; }
   /// A change that another window made to the same sample.
   void markChanged() { m_changed = true; }
-  /// A save went well. It may have put the specimens of a sample in another order, so the sample is shown anew.
+  /// A save went well. It may have put the specimens of a sample in another order, so the sample is shown anew; a phase
+  /// that runs goes on.
   void markSaved();
   /// The question of closing: true when there are unsaved changes and the person wants them saved.
   bool asksToSave(Dialogs& dialogs) const;
@@ -190,6 +209,8 @@ class CurveSession {
   PerStage<std::string> m_strainLimitTexts;
   std::optional<TypedBox> m_typed;
   bool m_changed = false;
+  Intervention m_intervention;
+  bool m_envelopeJustAccepted = false;  // until an envelope page has been drawn
 
   TriaxialSampleRecord m_drawn;  // the sample as it was when the page was last shown
   PageResults m_results;

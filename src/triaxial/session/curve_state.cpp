@@ -7,10 +7,6 @@
 namespace triaxlab {
 namespace {
 
-bool isEnvelopePage(CurvePage page) {
-  return page == CurvePage::StressRatioEnvelope || page == CurvePage::StressDifferenceEnvelope;
-}
-
 template <std::size_t N, class TextOf>
 std::array<std::string, N> texts(TextOf textOf) {
   std::array<std::string, N> all;
@@ -31,7 +27,7 @@ void CurveSession::fillList(CurveState& state) const {
   }
   state.listTop = m_list.top();
   state.selectedLine = m_list.line();
-  state.text1 = {m_text1Visible, m_list.labelIndex(), boxText({BoxName::Text1})};
+  state.text1 = {m_text1Visible && !m_intervention.running(), m_list.labelIndex(), boxText({BoxName::Text1})};
 }
 
 void CurveSession::fillFields(CurveState& state) const {
@@ -44,6 +40,7 @@ void CurveSession::fillFields(CurveState& state) const {
   state.locationLabels = locationLabels(m_workspace.settings.habits);
   state.label4 = sample.adjustedFlag == 1 ? "已经干预" : "原始数据";
   state.label4Visible = state.strainLimitsVisible = isEnvelopePage(m_page);
+  state.command8Enabled = !m_intervention.running();
   state.command5Visible = sample.testMethod != kUU;
   state.text5 = boxText({BoxName::Text5});
   state.textW = texts<4>([this](int i) { return boxText({BoxName::TextW, i}); });
@@ -71,6 +68,7 @@ CurveState CurveSession::state() const {
   state.QUXIAN3 = {true, m_envelopeCheck == EnvelopeCheck::Difference};
   state.currentCurvePage = static_cast<std::uint8_t>(m_page);
   state.currentTablePage = static_cast<std::uint8_t>(m_table.page());
+  state.intervention = m_intervention.state();
   return state;
 }
 
