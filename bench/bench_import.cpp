@@ -78,7 +78,7 @@ std::size_t import(const std::filesystem::path& path, Workspace& workspace) {
   const auto source = importerOfId("auto")->open(path);
   std::vector<std::size_t> rows(source->rows().size());
   std::iota(rows.begin(), rows.end(), std::size_t{0});
-  const ImportReport report = source->read(rows, workspace);
+  const ImportReport report = source->read(rows, workspace, {});
   runOpeningPass(workspace.TriaxialSampleTable, NumberFormat::Whole);
   return report.sampleRows;
 }

@@ -41,7 +41,7 @@ void importAll(const Importer& importer, const std::filesystem::path& path, Work
   std::vector<std::size_t> rows(source->rows().size());
   std::iota(rows.begin(), rows.end(), std::size_t{0});
   if (rows.size() > 100) std::abort();
-  const ImportReport report = source->read(rows, workspace);
+  const ImportReport report = source->read(rows, workspace, {});
   if (report.sampleRows > kTableRows || workspace.TriaxialSampleTable.size() != kTableRows) std::abort();
 }
 

@@ -11,7 +11,6 @@
 #include <fmt/core.h>
 
 #include <array>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -20,8 +19,11 @@
 
 #include "common/conversions.h"
 #include "common/gbk.h"
+#include "importers/area_correction.h"
 #include "importers/importer.h"
+#include "importers/indexed_source.h"
 #include "importers/ku_file.h"
+#include "importers/reading_words.h"
 #include "importers/triaxial_import.h"
 
 namespace triaxlab {
@@ -36,10 +38,6 @@ struct AutomaticTail {             // offset in the entry
 using AutomaticEntry = KuIndexEntry<AutomaticTail>;
 static_assert(sizeof(AutomaticTail) == 8 && sizeof(AutomaticEntry) == 30 && alignof(AutomaticEntry) == 1);
 static_assert(offsetof(AutomaticTail, entryProjectTail) == 1 && offsetof(AutomaticTail, entryFormat) == 5);
-
-/// Reading i of the shear phase stands at index i; index 0 is not used.
-using ShearWords = std::array<Little<std::int16_t>, kImportedShearRows>;
-using ConsolidationWords = std::array<Little<std::int16_t>, kImportedConsolidationRows>;
 
 struct AutoSpecimenRecord {                    // offset
   std::uint8_t validMark = 0;                  //   0  255 on a stored specimen; older block only
@@ -76,7 +74,6 @@ static_assert(std::is_trivially_copyable_v<AutoSpecimenRecord>);
 
 constexpr std::uint8_t kLastOlderFormat = 10;
 constexpr std::uint8_t kValid = 255;
-constexpr std::uint8_t kMultiStage = 2;
 
 /// What the two readers of the file differ in.
 struct Reader {
@@ -128,7 +125,7 @@ std::string methodText(std::uint8_t method) {
   return method < kMethods.size() ? kMethods[method] : "";
 }
 
-SourceRow gridRow(const AutomaticEntry& entry, const Reader& reader) {
+SourceRow rowOf(const AutomaticEntry& entry, const Reader& reader) {
   const bool newerBlock = isNewerBlock(entry, reader);
   SourceRow row;
   row.projectNo = shownText(entry.entryProjectNo.view());
@@ -144,15 +141,15 @@ SourceRow gridRow(const AutomaticEntry& entry, const Reader& reader) {
 // ---- the data blocks
 
 /// A data block as it stands in the file: groups of one specimen (newer) or five (older).
-struct Block {
+struct AutomaticBlock {
   bool newer = false;
   std::size_t groupSize = kStages;
   std::vector<AutoSpecimenRecord> specimens;
   bool isWhole = true;
 };
 
-Block readBlock(const File& file, const AutomaticEntry& entry, const Reader& reader) {
-  Block block;
+AutomaticBlock blockOf(const File& file, const AutomaticEntry& entry, const Reader& reader) {
+  AutomaticBlock block;
   block.newer = isNewerBlock(entry, reader);
   block.groupSize = block.newer ? 1 : kStages;
   const std::uint64_t start = entry.entryDataOffset.value();
@@ -167,16 +164,6 @@ Block readBlock(const File& file, const AutomaticEntry& entry, const Reader& rea
   return block;
 }
 
-/// A number field of hundredths; a word of 0 leaves it blank.
-void setHundredths(FixedText<6>& field, std::int16_t hundredths) {
-  if (hundredths != 0) SetNumber(field, hundredths / 100.0, NumberFormat::Hundredths);
-}
-
-/// A word of tenths as the format "0" shows it: half away from zero.
-double wholeOfTenths(std::int16_t tenths) { return std::round(tenths / 10.0); }
-
-std::int16_t readingOrZero(std::int16_t word) { return word == kNoReading ? std::int16_t{0} : word; }
-
 SampleIdentity identityOf(const AutoSpecimenRecord& raw) {
   SampleIdentity identity;
   SetText(identity.projectNo, shownText(raw.recordProjectNo.view()));
@@ -184,56 +171,6 @@ SampleIdentity identityOf(const AutoSpecimenRecord& raw) {
   identity.testMethod = raw.testMethod;
   return identity;
 }
-
-/// The stress on the section that a specimen has at a strain, from the stress on its initial section.
-class AreaCorrection {
- public:
-  AreaCorrection(const TriaxialSampleRecord& row, std::size_t slot, bool newerBlock)
-      : m_method(row.testMethod),
-        m_initialArea(row.initialArea[slot].number()),
-        m_consolidatedArea(row.consolidatedArea[slot].number()),
-        m_height(row.consolidatedHeight[slot].number()),
-        m_drainedNumerator(m_initialArea) {
-    if (newerBlock) return;
-    // An older block's CD tests differ from a newer one's, and so do its two shear modes from each other.
-    if (row.shearMode == kMultiStage)
-      m_height /= 100;
-    else
-      m_drainedNumerator = m_consolidatedArea;
-  }
-
-  /// `strain` is a fraction, `drained` a volume in ml. Nothing: the reading stays as it is.
-  std::optional<double> stress(double x, double strain, double drained) const {
-    switch (m_method) {
-      case kUU:
-        return unlessZero(x * (1 - strain));
-      case kCU:
-        if (m_consolidatedArea == 0) return std::nullopt;
-        return unlessZero(x * (1 - strain) * m_initialArea / m_consolidatedArea);
-      case kCD:
-        return drainedStress(x, strain, drained);
-      default:
-        return std::nullopt;
-    }
-  }
-
- private:
-  static std::optional<double> unlessZero(double stress) {
-    if (stress == 0) return std::nullopt;
-    return stress;
-  }
-
-  std::optional<double> drainedStress(double x, double strain, double drained) const {
-    const double volume = m_consolidatedArea * m_height - drained;
-    const double height = m_height - strain * m_height;
-    if (volume == 0 || height == 0) return std::nullopt;
-    return x * m_drainedNumerator / (volume / height);
-  }
-
-  std::uint8_t m_method;
-  double m_initialArea, m_consolidatedArea, m_height;
-  double m_drainedNumerator;  // the area above the line of a CD test
-};
 
 /// Fills one slot of a row from one specimen record.
 class SpecimenFiller {
@@ -247,7 +184,8 @@ class SpecimenFiller {
     fillMeasures();
     fillConsolidation();
     fillShear();
-    if (m_reader.correctsForArea) correctForArea();
+    if (!m_reader.correctsForArea) return;
+    correctStressOnInitialSection(m_row, m_slot, m_newerBlock ? DrainedForm::OnInitialArea : DrainedForm::ByShearMode);
   }
 
  private:
@@ -304,23 +242,6 @@ class SpecimenFiller {
     return static_cast<std::int16_t>(wholeOfTenths(word));
   }
 
-  /// The stress was worked out on the initial section. Reading 51 lies outside the correction.
-  void correctForArea() {
-    constexpr std::size_t kCorrectedRows = 50;
-    const bool multiStage = m_row.shearMode == kMultiStage;
-    const double step = multiStage ? 0.002 : 0.004;
-    const double used = multiStage && m_row.testMethod != kCU ? strainOfEarlierStages(m_row, m_slot) : 0;
-    const AreaCorrection correction(m_row, m_slot, m_newerBlock);
-    for (std::size_t row = 0; row < kCorrectedRows; ++row) {
-      FixedText<6>& stress = m_row.deviatorStress[row][m_slot];
-      const double x = stress.number();
-      if (x == 0) continue;
-      const double drained = std::abs(m_row.volumeChange[row][m_slot] / 100.0);
-      const auto corrected = correction.stress(x, static_cast<double>(row + 1) * step + used, drained);
-      if (corrected) SetNumber(stress, *corrected, NumberFormat::Whole);
-    }
-  }
-
   const AutoSpecimenRecord& m_raw;
   bool m_newerBlock;
   const Reader& m_reader;
@@ -331,7 +252,7 @@ class SpecimenFiller {
 // ---- groups of specimens
 
 /// One specimen of a newer block, or up to five of an older one, as they stand in the file.
-struct Group {
+struct AutomaticGroup {
   bool inNewerBlock;
   std::span<const AutoSpecimenRecord> slots;
 
@@ -343,67 +264,48 @@ struct Group {
 };
 
 /// The last specimen of a group names it. Nothing for a group without one.
-std::optional<SampleIdentity> identityOf(const Group& group) {
+std::optional<SampleIdentity> identityOf(const AutomaticGroup& group) {
   for (std::size_t slot = group.slots.size(); slot-- > 0;)
     if (group.hasSpecimen(slot)) return identityOf(group.slots[slot]);
   return std::nullopt;
 }
 
-/// All groups of a block that take part. An older block leaves a blank row for a group without a specimen; in a newer
-/// block it is no group.
-void addGroups(const Block& block, const Reader& reader, std::vector<Group>& groups, TriaxialImportPlan& plan) {
-  using Gathering = TriaxialImportPlan::Gathering;
-  const std::span<const AutoSpecimenRecord> specimens = block.specimens;
-  for (std::size_t at = 0; at < specimens.size(); at += block.groupSize) {
-    const Group group{block.newer, specimens.subspan(at, block.groupSize)};
-    const auto identity = identityOf(group);
-    if (block.newer && !identity) continue;
-    plan.addGroup(identity.value_or(SampleIdentity{}),
-                  reader.gathersSpecimens ? Gathering::BySample : Gathering::OwnRow);
-    groups.push_back(group);
-  }
-}
-
 // ---- the source
 
-class AutomaticSource : public RawSource {
- public:
-  AutomaticSource(std::filesystem::path path, const Reader& reader) : m_path(std::move(path)), m_reader(reader) {
-    m_index = readKuIndex<AutomaticTail>(File(m_path, File::Mode::Read), m_remarks);
-    for (const AutomaticEntry& entry : m_index) m_rows.push_back(gridRow(entry, reader));
+struct AutomaticFormat {
+  using Entry = AutomaticEntry;
+  using Block = AutomaticBlock;
+  using Group = AutomaticGroup;
+
+  std::vector<Entry> readIndex(const File& file, Remarks& remarks) const {
+    return readKuIndex<AutomaticTail>(file, remarks);
   }
+  SourceRow gridRow(const Entry& entry) const { return rowOf(entry, *reader); }
+  Block readBlock(const File& file, const Entry& entry) const { return blockOf(file, entry, *reader); }
 
-  std::span<const SourceRow> rows() const override { return m_rows; }
-  const Remarks& remarks() const override { return m_remarks; }
-
-  ImportReport read(std::span<const std::size_t> marked, Workspace& workspace) const override {
-    const File file(m_path, File::Mode::Read);
-    std::vector<Block> blocks;  // whose specimens the groups point at
-    blocks.reserve(marked.size());
-    std::vector<Group> groups;
-    TriaxialImportPlan plan;
-    Remarks remarks;
-    for (const std::size_t row : marked) {
-      plan.addProjectDate(m_rows.at(row));
-      const Block& block = blocks.emplace_back(readBlock(file, m_index.at(row), m_reader));
-      if (!block.isWhole) remarks.push_back(cutShortRemark(file, fmt::format("第{}行的数据", row + 1)));
-      addGroups(block, m_reader, groups, plan);
+  /// All groups of a block that take part. An older block leaves a blank row for a group without a specimen; in a newer
+  /// block it is no group.
+  void addGroups(const Block& block, const SourceRow& source, TriaxialImportPlan& plan,
+                 std::vector<Group>& groups) const {
+    using Gathering = TriaxialImportPlan::Gathering;
+    plan.addProjectDate(source);
+    const std::span<const AutoSpecimenRecord> specimens = block.specimens;
+    for (std::size_t at = 0; at < specimens.size(); at += block.groupSize) {
+      const Group group{block.newer, specimens.subspan(at, block.groupSize)};
+      const auto identity = identityOf(group);
+      if (block.newer && !identity) continue;
+      plan.addGroup(identity.value_or(SampleIdentity{}),
+                    reader->gathersSpecimens ? Gathering::BySample : Gathering::OwnRow);
+      groups.push_back(group);
     }
-    const auto fill = [&](std::size_t number, TriaxialSampleRecord& record) {
-      const Group& group = groups[number];
-      for (std::size_t slot = 0; slot < group.slots.size(); ++slot)
-        if (group.hasSpecimen(slot))
-          SpecimenFiller(group.slots[slot], group.inNewerBlock, m_reader, record, slot).fill();
-    };
-    return plan.carryOut(workspace, fill, std::move(remarks));
   }
 
- private:
-  std::filesystem::path m_path;
-  const Reader& m_reader;
-  std::vector<AutomaticEntry> m_index;
-  std::vector<SourceRow> m_rows;
-  Remarks m_remarks;
+  void fill(const Group& group, TriaxialSampleRecord& row) const {
+    for (std::size_t slot = 0; slot < group.slots.size(); ++slot)
+      if (group.hasSpecimen(slot)) SpecimenFiller(group.slots[slot], group.inNewerBlock, *reader, row, slot).fill();
+  }
+
+  const Reader* reader;
 };
 
 constexpr std::array kColumns{SourceColumn{"工程编号", 1500}, SourceColumn{"试验日期", 1500},
@@ -411,7 +313,7 @@ constexpr std::array kColumns{SourceColumn{"工程编号", 1500}, SourceColumn{"
 
 template <const Reader& reader>
 std::unique_ptr<RawSource> openAutomatic(const std::filesystem::path& path) {
-  return std::make_unique<AutomaticSource>(path, reader);
+  return std::make_unique<IndexedSource<AutomaticFormat>>(path, AutomaticFormat{&reader});
 }
 
 constexpr Importer kShared{.id = "",
@@ -419,8 +321,9 @@ constexpr Importer kShared{.id = "",
                            .form = "",
                            .title = "全自动三轴试验原始数据库",
                            .defaultFile = "HSZSJ.KU",
-                           .folderField = {2000, 170},
+                           .folderField = sourceFolderField(1),
                            .messageTitle = "打开三轴试验数据",
+                           .thirdButton = "输出接口数据",
                            .document = kForm1,
                            .columns = kColumns,
                            .open = nullptr};

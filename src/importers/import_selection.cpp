@@ -8,6 +8,7 @@
 #include "common/text_number.h"
 #include "platform/files.h"
 #include "store/settings_file.h"
+#include "store/source_folders.h"
 
 namespace triaxlab {
 namespace {
@@ -15,7 +16,6 @@ namespace {
 constexpr SourceColumn kNumberColumn{"序号", 930};
 constexpr SourceColumn kMarkColumn{"处理选择", 1000};
 constexpr const char* kMark = "处理";
-constexpr const char* kDefaultSourceFolder = "c:\\qvb";
 
 /// The limit in effect is one less than the message says.
 constexpr std::size_t kMostMarks = 999;
@@ -32,7 +32,7 @@ ImportSelection::ImportSelection(const Importer& importer, Workspace& workspace)
     : m_importer(importer), m_workspace(workspace) {
   if (importer.folderField.width == 0) return;
   const std::string folder = sharedSettings(workspace).readText(importer.folderField);
-  workspace.sourceFolder = folder.empty() ? kDefaultSourceFolder : gbkToUtf8(folder);
+  workspace.sourceFolder = folder.empty() ? std::string(kUsualSourceFolder) : gbkToUtf8(folder);
 }
 
 void ImportSelection::load(Dialogs& dialogs) {
@@ -80,11 +80,11 @@ void ImportSelection::toggleMark(std::size_t row, Dialogs& dialogs) {
   m_markCount = mark ? m_markCount + 1 : m_markCount - 1;
 }
 
-ImportReport ImportSelection::read() {
+ImportReport ImportSelection::read(const Progress& progress) {
   std::vector<std::size_t> marked;
   for (std::size_t row = 0; row < m_marked.size(); ++row)
     if (m_marked[row]) marked.push_back(row);
-  return m_source->read(marked, m_workspace);
+  return m_source->read(marked, m_workspace, progress);
 }
 
 }  // namespace triaxlab

@@ -50,7 +50,7 @@ class ImportSelection {
 
   /// 处理: reads the marked rows into the tables of the workspace; see RawSource::read. The document window is then
   /// prepared as for an opened project. Pre: state().canRead.
-  ImportReport read();
+  ImportReport read(const Progress& progress = {});
 
  private:
   const Importer& m_importer;

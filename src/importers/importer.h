@@ -8,8 +8,10 @@
 #include <string_view>
 #include <vector>
 
+#include "common/progress.h"
 #include "common/user_error.h"
 #include "store/settings_file.h"
+#include "store/source_folders.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
@@ -42,8 +44,10 @@ class RawSource {
   virtual const Remarks& remarks() const = 0;
   /// Reads the rows (numbers from 0, ascending) and replaces the sample table of the test's kind, the display table and
   /// the project date table by what they hold; sets rawImportPending. The workspace changes in the last statements,
-  /// when nothing can fail any more. UserError: the file can't be read, more samples than the table has rows.
-  virtual ImportReport read(std::span<const std::size_t> marked, Workspace& workspace) const = 0;
+  /// when nothing can fail any more, and `progress` goes with them. UserError: the file can't be read, more samples
+  /// than the table has rows.
+  virtual ImportReport read(std::span<const std::size_t> marked, Workspace& workspace,
+                            const Progress& progress) const = 0;
 };
 
 /// One source of raw data: all that its window, its menu entry and its name on the command line differ in. An importer
@@ -54,8 +58,9 @@ struct Importer {
   std::string_view form;         // object name of the window
   std::string_view title;        // of the window, UTF-8 like all texts here
   std::string_view defaultFile;  // in the source folder
-  SettingsField folderField;     // of qvb.sys, the source folder; a width of 0: the folder stays as the caller left it
+  SettingsField folderField;     // sourceFolderField(kind); a width of 0: the folder stays as the caller left it
   std::string_view messageTitle;
+  std::string_view thirdButton;           // caption of Command3; empty: the window has none
   ActiveDocument document;                // whose table is filled, and which window shows it then
   std::span<const SourceColumn> columns;  // between 序号 and 处理选择, which every grid has
   /// Reads the index. UserError: the file is missing, a folder, unreadable. An empty file has no rows.

@@ -48,14 +48,6 @@ struct KuIndexEntry {                  // offset
   Tail entryTail;                      // 22
 };                                     // 30
 
-/// A 16-bit word that holds sign and magnitude: the top bit means minus.
-constexpr std::int16_t fromSignAndMagnitude(std::int16_t word) {
-  return static_cast<std::int16_t>(word < 0 ? -(word + 32768) : word);
-}
-
-/// The controllers write this word where they took no reading.
-inline constexpr std::int16_t kNoReading = -30000;
-
 /// What a text box shows of a foreign text: up to the first zero byte, without the blanks around it.
 std::string_view shownText(std::string_view text);
 

@@ -26,6 +26,7 @@ void copySpecimen(const Record& from, std::size_t fromSlot, Record& into, std::s
   into.initialArea[intoSlot] = from.initialArea[fromSlot];
   into.consolidatedArea[intoSlot] = from.consolidatedArea[fromSlot];
   into.consolidationDrainage[intoSlot] = from.consolidationDrainage[fromSlot];
+  into.ringCoefficient[intoSlot] = from.ringCoefficient[fromSlot];
   const auto copy = [&](auto member, std::size_t count) {
     copyRows(from.*member, fromSlot, into.*member, intoSlot, count);
   };
@@ -47,26 +48,18 @@ void mergeSpecimens(const Record& from, Record& into) {
   for (std::size_t slot = 0; slot < kStages; ++slot) {
     const double pressure = from.cellPressure[slot].number();
     if (pressure == 0) continue;
-    if (const auto known = slotOfPressure(into, pressure)) {
-      copySpecimen(from, slot, into, *known);
-    } else if (const auto unused = slotOfPressure(into, 0)) {
-      copySpecimen(from, slot, into, *unused);
-      into.cellPressure[*unused] = from.cellPressure[slot];
-    }
+    const auto place = slotForPressure(into, pressure);
+    if (!place) continue;
+    copySpecimen(from, slot, into, *place);
+    if (into.cellPressure[*place].number() == 0) into.cellPressure[*place] = from.cellPressure[slot];
   }
 }
 
 }  // namespace
 
-double strainOfEarlierStages(const TriaxialSampleRecord& row, std::size_t stage) {
-  constexpr std::size_t kMostRows = 50;
-  double strain = 0;
-  for (std::size_t earlier = 0; earlier < stage; ++earlier) {
-    std::size_t rows = 1;
-    while (rows < kMostRows && row.deviatorStress[rows][earlier].number() != 0) ++rows;
-    strain += static_cast<double>(rows) * 0.002;
-  }
-  return strain;
+std::optional<std::size_t> slotForPressure(const TriaxialSampleRecord& row, double pressure) {
+  const auto known = slotOfPressure(row, pressure);
+  return known ? known : slotOfPressure(row, 0);
 }
 
 void TriaxialImportPlan::addProjectDate(const SourceRow& source) {
@@ -77,19 +70,30 @@ void TriaxialImportPlan::addProjectDate(const SourceRow& source) {
   SetText(date.testDate, source.testDate);
 }
 
+void TriaxialImportPlan::setProjectDate(const SourceRow& source) {
+  ProjectDate wanted;
+  SetText(wanted.projectNo, source.projectNo);
+  const auto known = std::find_if(m_projectDates.begin(), m_projectDates.end(),
+                                  [&](const ProjectDate& row) { return row.projectNo == wanted.projectNo; });
+  if (known == m_projectDates.end()) return addProjectDate(source);
+  SetText(known->testDate, source.testDate);
+}
+
 void TriaxialImportPlan::addGroup(const SampleIdentity& identity, Gathering gathering) {
   m_places.push_back(placeOf(identity, gathering));
 }
 
 TriaxialImportPlan::Place TriaxialImportPlan::placeOf(const SampleIdentity& identity, Gathering gathering) {
-  if (gathering == Gathering::BySample)
-    if (const auto same = m_rowOfSample.find(identity); same != m_rowOfSample.end()) return {same->second, true};
+  if (gathering != Gathering::OwnRow)
+    if (const auto same = m_rowOfSample.find(identity); same != m_rowOfSample.end())
+      return {same->second, true, gathering};
   if (m_rowCount == kTableRows) throw UserError("选中的试样超过1001个，数据没有读入。请减少选中的行，分几次处理。");
   m_rowOfSample.try_emplace(identity, m_rowCount);
-  return {m_rowCount++, false};
+  return {m_rowCount++, false, gathering};
 }
 
-ImportReport TriaxialImportPlan::carryOut(Workspace& workspace, const Fill& fill, Remarks remarks) const {
+ImportReport TriaxialImportPlan::carryOut(Workspace& workspace, const Fill& fill, Remarks remarks,
+                                          const Progress& progress) const {
   static const Record kBlank;
   auto& table = workspace.TriaxialSampleTable;
   workspace.clearLocations();
@@ -99,14 +103,15 @@ ImportReport TriaxialImportPlan::carryOut(Workspace& workspace, const Fill& fill
   // A row is blanked in the moment when it is filled, while it is at hand: the table is far larger than the caches.
   for (std::size_t group = 0; group < m_places.size(); ++group) {
     const Place& place = m_places[group];
-    if (place.joins) {
+    if (place.joins && place.gathering == Gathering::BySample) {
       Record specimens = kBlank;
       fill(group, specimens);
       mergeSpecimens(specimens, table[place.row]);
     } else {
-      table[place.row] = kBlank;
+      if (!place.joins) table[place.row] = kBlank;
       fill(group, table[place.row]);
     }
+    tell(progress, group + 1, m_places.size());
   }
   const auto firstUnused = table.begin() + static_cast<std::ptrdiff_t>(m_rowCount);
   std::for_each(table.begin(), firstUnused, FillSampleTimeAxes);

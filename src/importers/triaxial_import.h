@@ -5,9 +5,11 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <tuple>
 #include <vector>
 
+#include "common/progress.h"
 #include "importers/importer.h"
 #include "store/workspace.h"
 #include "triaxial/record.h"
@@ -15,9 +17,8 @@
 
 namespace triaxlab {
 
-/// Strain that the stages before this one have used up, as a fraction: 0.2 % for each row of theirs, up to the first
-/// row without stress. An unused slot in front counts as one row.
-double strainOfEarlierStages(const TriaxialSampleRecord& row, std::size_t stage);
+/// The slot of a row with this cell pressure, kPa, else the first free one; nothing when all five are taken by others.
+std::optional<std::size_t> slotForPressure(const TriaxialSampleRecord& row, double pressure);
 
 /// What makes two groups of specimens one sample.
 struct SampleIdentity {
@@ -37,23 +38,28 @@ class TriaxialImportPlan {
   enum class Gathering : std::uint8_t {
     OwnRow,    // a row for each group
     BySample,  // the specimens of a group join the earlier row of their sample, if there is one
+    InPlace,   // as BySample, but the group is filled into the row as it stands and finds its slots itself
   };
-  /// Fills a blank row from the group with this number, counted from 0 in the order of addGroup. Doesn't throw.
+  /// Fills a row, blank unless it is to be filled in place, from the group with this number, counted from 0 in the
+  /// order of addGroup. Doesn't throw.
   using Fill = std::function<void(std::size_t group, TriaxialSampleRecord& row)>;
 
   /// The next row of the project date table. UserError when it is full.
   void addProjectDate(const SourceRow& source);
+  /// The row of this project takes the date; the next row is its own when there is none yet.
+  void setProjectDate(const SourceRow& source);
   /// UserError when the group needs a row and the table is full.
   void addGroup(const SampleIdentity& identity, Gathering gathering);
 
   /// Clears the tables of the workspace and fills them. A specimen that joins a row replaces the one of its pressure,
-  /// or takes the first free slot. Nothing fails here.
-  ImportReport carryOut(Workspace& workspace, const Fill& fill, Remarks remarks) const;
+  /// or takes the first free slot. Nothing fails here. The progress counts groups.
+  ImportReport carryOut(Workspace& workspace, const Fill& fill, Remarks remarks, const Progress& progress) const;
 
  private:
   struct Place {
     std::size_t row;
     bool joins;  // an earlier group has this row
+    Gathering gathering;
   };
   Place placeOf(const SampleIdentity& identity, Gathering gathering);
 

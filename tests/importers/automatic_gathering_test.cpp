@@ -129,7 +129,7 @@ TEST_F(Gathering, OnlyMarkedRowsAreRead) {
   const auto source =
       openFile(kuFile({newerEntry({at(100, 11)}), newerEntry({at(100, 21, "S-2")}), newerEntry({at(100, 31, "S-3")})}));
   const std::size_t marked[] = {0, 2};
-  EXPECT_EQ(source->read(marked, workspace).sampleRows, 2U);
+  EXPECT_EQ(source->read(marked, workspace, {}).sampleRows, 2U);
   EXPECT_EQ(slots(0), "100:11");
   EXPECT_EQ(slots(1), "100:31");
 }

@@ -100,7 +100,7 @@ TEST_F(AutomaticIndex, NoEntriesIsAnEmptyGridAndNoRemark) {
     const auto source = openFile(file);
     EXPECT_TRUE(source->rows().empty());
     EXPECT_TRUE(source->remarks().empty());
-    EXPECT_EQ(source->read({}, workspace).sampleRows, 0U);
+    EXPECT_EQ(source->read({}, workspace, {}).sampleRows, 0U);
   }
 }
 

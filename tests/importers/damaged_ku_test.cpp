@@ -119,7 +119,7 @@ TEST_F(DamagedKu, AFileThatIsGoneWhenItIsReadChangesNothing) {
   std::filesystem::remove(folder.path() / "HSZSJ.KU");
   const ImportedState before(workspace);
   const std::size_t marked[] = {0};
-  EXPECT_THROW(source->read(marked, workspace), UserError);
+  EXPECT_THROW(source->read(marked, workspace, {}), UserError);
   EXPECT_TRUE(ImportedState(workspace) == before);
 }
 

@@ -32,7 +32,7 @@ class ImportTest : public ::testing::Test {
     const auto opened = importerOfId(source)->open(path);
     std::vector<std::size_t> rows(opened->rows().size());
     std::iota(rows.begin(), rows.end(), std::size_t{0});
-    return opened->read(rows, workspace);
+    return opened->read(rows, workspace, {});
   }
   std::unique_ptr<RawSource> openFile(std::string_view bytes, std::string_view source = "auto") {
     return importerOfId(source)->open(folder.write("HSZSJ.KU", bytes));

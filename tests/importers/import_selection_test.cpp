@@ -167,7 +167,9 @@ class LongSource : public RawSource {
  public:
   std::span<const SourceRow> rows() const override { return m_rows; }
   const Remarks& remarks() const override { return m_remarks; }
-  ImportReport read(std::span<const std::size_t> marked, Workspace&) const override { return {marked.size(), {}}; }
+  ImportReport read(std::span<const std::size_t> marked, Workspace&, const Progress&) const override {
+    return {marked.size(), {}};
+  }
 
  private:
   std::vector<SourceRow> m_rows = std::vector<SourceRow>(1200);

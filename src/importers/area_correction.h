@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+#include "common/fixed_text.h"
+#include "triaxial/record.h"
+
+namespace triaxlab {
+
+// What an apparatus measures is a load, or a stress on the section that the specimen had before the test. The importers
+// turn it into the stress on the section that the specimen has at the strain of the reading. Strains are fractions
+// here, heights cm, sections cm2, volumes ml; measures are taken from their texts, as everything that reads a record
+// does.
+
+/// Rows that are corrected. The last reading of the apparatus, number 51, lies outside and stays as it was read.
+inline constexpr std::size_t kCorrectedRows = 50;
+
+/// Strain from one row to the next: 0.2 % when several stages are sheared on one specimen, else 0.4 %. A record of
+/// shearMode 3 has steps of 0.4 % here, although its strain column has steps of 0.2 %.
+inline double shearStep(const TriaxialSampleRecord& record) { return record.shearMode == 2 ? 0.002 : 0.004; }
+
+/// Strain that the stages before this one have used up: 0.2 % for each row of theirs, up to the first row without
+/// stress. An unused slot in front counts as one row.
+double strainOfEarlierStages(const TriaxialSampleRecord& row, std::size_t stage);
+
+/// Section of a drained specimen: what is left of its volume over what is left of its height. Nothing when either comes
+/// to 0.
+std::optional<double> drainedSection(double consolidatedArea, double consolidatedHeight, double drained, double strain);
+
+/// Replaces the readings of a slot, rows without one apart, by what `correct(reading, strain, drained volume)` makes of
+/// them, an std::optional<double> in kPa; nothing leaves the row as it is. The strain runs on from the earlier stages
+/// of the specimen, but not in a CU test.
+template <class Correct>
+void correctForArea(TriaxialSampleRecord& record, std::size_t slot, Correct&& correct) {
+  const bool runsOn = record.shearMode == 2 && record.testMethod != kCU;
+  const double used = runsOn ? strainOfEarlierStages(record, slot) : 0;
+  const double step = shearStep(record);
+  for (std::size_t row = 0; row < kCorrectedRows; ++row) {
+    FixedText<6>& stress = record.deviatorStress[row][slot];
+    const double reading = stress.number();
+    if (reading == 0) continue;
+    const double drained = std::abs(record.volumeChange[row][slot] / 100.0);
+    const std::optional<double> corrected = correct(reading, static_cast<double>(row + 1) * step + used, drained);
+    if (corrected) SetNumber(stress, *corrected, NumberFormat::Whole);
+  }
+}
+
+/// How the generations of the apparatus differ in the correction of their CD tests.
+enum class DrainedForm : std::uint8_t {
+  OnInitialArea,  // the same for all shear modes
+  ByShearMode,    // shearMode 2 takes the height in hundredths, the others put the consolidated area above the line
+  CommonSet,      // ByShearMode, and a result of 0 leaves the row as it is
+};
+
+/// The correction of stresses that were worked out on the initial section.
+void correctStressOnInitialSection(TriaxialSampleRecord& record, std::size_t slot, DrainedForm form);
+
+}  // namespace triaxlab
