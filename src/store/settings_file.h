@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -22,8 +24,8 @@ inline constexpr SettingsField kYearField{910, 60}, kMonthField{970, 60}, kDayFi
 inline constexpr SettingsField kDotMatrixByte{198, 1};
 inline constexpr SettingsField kEffectiveCirclesByte{1800, 1}, kTotalCirclesByte{1801, 1};  // inverted: 0 is on
 
-/// A binary settings file of fixed positions (qvb.sys, SZDATX.sys, WCXDATX.sys). Bytes beyond its end read as 0; a
-/// write beyond the end fills the gap with zero bytes. A missing file reads as empty.
+/// A binary settings file of fixed positions (qvb.sys, zmsz.sys, SZDATX.sys, WCXDATX.sys). Bytes beyond its end read as
+/// 0; a write beyond the end fills the gap with zero bytes. A missing file reads as empty.
 class SettingsFile {
  public:
   SettingsFile(const std::filesystem::path& applicationFolder, std::string_view name);
@@ -35,6 +37,9 @@ class SettingsFile {
   /// Blank-padded to the field's width. The file is made when it is missing. UserError when it can't be written.
   void writeText(SettingsField field, std::string_view gbk);
   void writeByte(std::uint32_t position, std::uint8_t value);
+  /// Bytes as they stand, from a position on.
+  void read(std::uint32_t position, std::span<std::byte> into) const;
+  void write(std::uint32_t position, std::span<const std::byte> from);
 
  private:
   std::filesystem::path m_path;
