@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,12 +23,21 @@ struct GridColumn {
   int width = 0;
 };
 
-/// The session behind the project browser (OPENFORM). The kind of file is `openDialogKind` of the workspace, 1 so far.
-/// The hint speaks of the letter T; only Enter, the double click and Labelcz open. Sorting and the sample list are off.
+class SampleListSession;
+
+/// The document window that shows the tests of a kind; nothing as long as this version has none.
+std::optional<ActiveDocument> documentOf(ProjectKind kind);
+
+/// The session behind the project browser (OPENFORM). The kind of file is `openDialogKind` of the workspace.
+/// The hint speaks of the letter T; only Enter, the double click and Labelcz open.
 class BrowserSession {
  public:
-  /// Lists the project files; row 1, column 1 is current.
-  BrowserSession(Workspace& workspace, Dialogs& dialogs, RangeChooser chooseRange);
+  /// Shows a sample list (Form13, Form14) until it is left.
+  using SampleListShower = std::function<void(SampleListSession&)>;
+
+  /// Lists the project files by file name; row 1, column 1 is current.
+  BrowserSession(Workspace& workspace, Dialogs& dialogs, RangeChooser chooseRange,
+                 SampleListShower showSampleList = {});
 
   static constexpr std::string_view kSortByProject = "工程编号排序";                       // Command1
   static constexpr std::string_view kSortByDate = "创建日期排序";                          // Command2
@@ -56,14 +66,37 @@ class BrowserSession {
   /// The remarks of the open; nothing as long as no project was opened.
   const std::optional<Remarks>& opened() const { return m_opened; }
 
+  /// Command1, Command2: the rows in ascending order of the column's text, by the bytes of its GBK form; rows of equal
+  /// texts keep their order. The current cell stays where it is in the grid.
+  void sortByProject();
+  void sortByDate();
+
+  /// False for files that are never written: their samples can't be put in order.
+  bool hasSampleLists() const;
+  /// Labelsize: the sample list of the current row's project. Each time a list was saved, and when it is left, the
+  /// projects are listed anew, in the order that they had, the same project current; then `listed` is called.
+  void showSampleList(const std::function<void()>& listed);
+  /// What sample lists had to say.
+  const Remarks& remarks() const { return m_remarks; }
+
  private:
+  using Key = std::string ProjectListRow::*;
+
+  /// The current row, or null when its project cell is empty, which is shown.
+  const ProjectListRow* chosenProject();
+  void listAnew();
+  void sort();
+
   Workspace& m_workspace;
   Dialogs& m_dialogs;
   RangeChooser m_chooseRange;
+  SampleListShower m_showSampleList;
   const ProjectKindInfo& m_kind;
   std::vector<ProjectListRow> m_rows;
+  Key m_sortKey = &ProjectListRow::fileName;
   int m_currentRow = 1, m_currentColumn = 1;
   std::optional<Remarks> m_opened;
+  Remarks m_remarks;
 };
 
 }  // namespace triaxlab

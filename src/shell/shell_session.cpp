@@ -155,14 +155,20 @@ void ShellSession::newDocument(const Command& command) {
 
 void ShellSession::openProject(const Command& command) {
   m_workspace.openDialogKind = command.argument;
-  if (!mayClose(kForm1)) return;
-  BrowserSession browser(m_workspace, m_dialogs, [&](int sampleCount) {
+  const std::optional<ActiveDocument> document = documentOf(static_cast<ProjectKind>(command.argument));
+  if (document && !mayClose(*document)) return;
+  const auto chooseRange = [&](int sampleCount) {
     RangeDialog range(sampleCount);
     m_windows.showRangeDialog(range);
     return range.range();
-  });
+  };
+  BrowserSession browser(m_workspace, m_dialogs, chooseRange,
+                         [&](SampleListSession& list) { m_windows.showSampleList(list); });
   m_windows.showBrowser(browser);
-  if (browser.opened()) show(kForm1, *browser.opened());
+  if (document && browser.opened())
+    show(*document, *browser.opened());
+  else if (!browser.remarks().empty())
+    showRemarks(browser.remarks());
 }
 
 void ShellSession::import(const Command& command) {

@@ -16,6 +16,7 @@ namespace triaxlab {
 class BrowserSession;
 class OverwriteSession;
 class RangeDialog;
+class SampleListSession;
 
 /// A loaded document window as the shell needs it: the window hands each call on to its session.
 class DocumentWindow {
@@ -48,6 +49,7 @@ class ShellWindows {
   virtual ~ShellWindows() = default;
 
   virtual void showBrowser(BrowserSession& session) = 0;            // OPENFORM
+  virtual void showSampleList(SampleListSession& session) = 0;      // Form14, Form13
   virtual void showRangeDialog(RangeDialog& dialog) = 0;            // Form21
   virtual void showOverwriteDialog(OverwriteSession& session) = 0;  // Form10
   virtual void showPrintDialog(std::string_view form) = 0;          // SETPRINTFORM

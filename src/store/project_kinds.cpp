@@ -35,6 +35,7 @@ const std::array<ProjectKindInfo, 5> kProjectKinds{{
         .listHeading = "三轴试验数据表WKSZ(X).TXT ",
         .openTitle = "打开三轴数据文件",
         .saveMessage = "三轴试验数据保存完毕",
+        .sampleListCaption = "三轴土样列表",
         .listTitle = "保存三轴文件",
     },
     {
@@ -51,6 +52,7 @@ const std::array<ProjectKindInfo, 5> kProjectKinds{{
         .listHeading = "无侧限试验数据表KWCX(X).TXT ",
         .openTitle = "打开无侧限数据文件",
         .saveMessage = "无侧限试验数据保存完毕",
+        .sampleListCaption = "无侧限土样列表",
         .listTitle = "保存无侧限文件",
     },
     {
@@ -67,6 +69,7 @@ const std::array<ProjectKindInfo, 5> kProjectKinds{{
         .listHeading = "K0试验数据表KO(X).TXT ",
         .openTitle = "打开KO数据文件",
         .saveMessage = "K0试验数据保存完毕",
+        .sampleListCaption = "K0土样列表",
         .listTitle = "保存K0文件",
     },
     {
@@ -83,6 +86,7 @@ const std::array<ProjectKindInfo, 5> kProjectKinds{{
         .listHeading = "TK0试验数据表TKO(X).TXT ",
         .openTitle = "打开TKO数据文件",
         .saveMessage = "TK0试验数据保存完毕",
+        .sampleListCaption = "TK0土样列表",
         .listTitle = "保存TK0文件",
     },
     {
@@ -99,6 +103,7 @@ const std::array<ProjectKindInfo, 5> kProjectKinds{{
         .listHeading = "三轴试验数据表KSZ(X).TXT ",
         .openTitle = "打开三轴数据文件",
         .saveMessage = "三轴试验数据保存完毕",
+        .sampleListCaption = "三轴土样列表",
         .listTitle = "",
     },
 }};

@@ -24,6 +24,14 @@ void ClickLabel::setMarked(bool marked) {
   setGround();
 }
 
+void ClickLabel::setInk(std::optional<QColor> ink) {
+  if (ink == m_ink) return;
+  m_ink = ink;
+  QPalette colours;  // what isn't set in it comes from the window
+  if (ink) colours.setColor(QPalette::WindowText, *ink);
+  setPalette(colours);
+}
+
 void ClickLabel::setGround() {
   if (m_look == Look::Caption) return;
   const auto plain = m_look == Look::Head ? QPalette::Button : QPalette::Base;

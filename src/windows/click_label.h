@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QColor>
 #include <QLabel>
 #include <cstdint>
+#include <optional>
 
 namespace triaxlab {
 
@@ -19,6 +21,8 @@ class ClickLabel : public QLabel {
 
   /// Shown on the ground of a chosen line.
   void setMarked(bool marked);
+  /// Shown in a colour of its own, or again in that of the desktop.
+  void setInk(std::optional<QColor> ink);
 
  signals:
   void clicked();
@@ -34,6 +38,7 @@ class ClickLabel : public QLabel {
 
   Look m_look;
   bool m_marked = false;
+  std::optional<QColor> m_ink;
 };
 
 }  // namespace triaxlab

@@ -19,6 +19,7 @@
 #include "windows/overwrite_window.h"
 #include "windows/project_browser_window.h"
 #include "windows/range_window.h"
+#include "windows/sample_list_window.h"
 #include "windows/triaxial_curve_window.h"
 #include "windows/triaxial_print_window.h"
 #include "windows/words.h"
@@ -102,6 +103,10 @@ void MDIForm1::closeEvent(QCloseEvent* event) {
 // ---- dialogs
 
 void MDIForm1::showBrowser(BrowserSession& session) { OPENFORM(this, session).exec(); }
+
+void MDIForm1::showSampleList(SampleListSession& session) {
+  SampleListWindow(QApplication::activeModalWidget(), session).exec();
+}
 
 void MDIForm1::showRangeDialog(RangeDialog& dialog) { Form21(QApplication::activeWindow(), dialog).exec(); }
 

@@ -37,6 +37,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
  private:
   // ShellWindows
   void showBrowser(BrowserSession& session) override;
+  void showSampleList(SampleListSession& session) override;
   void showRangeDialog(RangeDialog& dialog) override;
   void showOverwriteDialog(OverwriteSession& session) override;
   void showPrintDialog(std::string_view form) override;

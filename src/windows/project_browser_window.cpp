@@ -16,7 +16,7 @@ constexpr Place kWindow{0, 0, 9300, 7800};
 constexpr Place kListName{200, 120, 5000, 300}, kHint{200, 420, 6000, 300};
 constexpr Place kGrid{200, 780, 8900, 5700};
 constexpr Place kOpen{200, 6630, 2700, 600}, kSampleList{3100, 6630, 3300, 600};
-constexpr Place kByProject{6700, 6600, 1600, 330}, kByDate{6700, 6960, 1600, 330};
+constexpr Place kByProject{7200, 6600, 1900, 330}, kByDate{7200, 6960, 1900, 330};
 constexpr Place kSorting{200, 7350, 5000, 300};
 
 GridContent contentOf(const BrowserSession& session) {
@@ -54,11 +54,34 @@ void OPENFORM::makeLabels() {
     return label;
   };
   connect(clickable("Labelcz", BrowserSession::kOpen, kOpen), &ClickLabel::clicked, this, &OPENFORM::open);
-  // Sample lists and sorting come with the maintenance of lists.
-  clickable("Labelsize", BrowserSession::kSampleList, kSampleList)->setEnabled(false);
-  put(new QPushButton(words(BrowserSession::kSortByProject), this), "Command1", kByProject)->setEnabled(false);
-  put(new QPushButton(words(BrowserSession::kSortByDate), this), "Command2", kByDate)->setEnabled(false);
-  put(new ClickLabel(this, words(BrowserSession::kSorting)), "Labelp", kSorting)->hide();
+  auto* const samples = clickable("Labelsize", BrowserSession::kSampleList, kSampleList);
+  samples->setEnabled(m_session.hasSampleLists());
+  connect(samples, &ClickLabel::clicked, this, [this] { m_session.showSampleList([this] { showRows(); }); });
+  const auto button = [this](const char* name, std::string_view caption, Place place, void (BrowserSession::*order)()) {
+    auto* const made = put(new QPushButton(words(caption), this), name, place);
+    made->setAutoDefault(false);
+    connect(made, &QPushButton::clicked, this, [this, order] { sort(order); });
+  };
+  button("Command1", BrowserSession::kSortByProject, kByProject, &BrowserSession::sortByProject);
+  button("Command2", BrowserSession::kSortByDate, kByDate, &BrowserSession::sortByDate);
+  m_sorting = put(new ClickLabel(this, words(BrowserSession::kSorting)), "Labelp", kSorting);
+  m_sorting->hide();
+}
+
+void OPENFORM::showRows() {
+  // The reset forgets the current cell; the session doesn't.
+  const int row = m_session.currentRow(), column = m_session.currentColumn();
+  m_grid->contentChanged();
+  m_grid->setCurrentCell(row, column);
+}
+
+void OPENFORM::sort(void (BrowserSession::*order)()) {
+  m_sorting->show();
+  m_sorting->repaint();
+  (m_session.*order)();
+  showRows();
+  m_sorting->hide();
+  m_grid->setFocus();
 }
 
 void OPENFORM::open() {

@@ -6,9 +6,10 @@
 
 namespace triaxlab {
 
+class ClickLabel;
 class GridView;
 
-/// The list of project files of one kind; a double click, Enter or 打开文件 opens the chosen one.
+/// The list of project files of one kind, to be sorted; a double click, Enter or 打开文件 opens the chosen one.
 class OPENFORM : public QDialog {
   Q_OBJECT
 
@@ -18,9 +19,12 @@ class OPENFORM : public QDialog {
  private:
   void makeLabels();
   void open();
+  void showRows();
+  void sort(void (BrowserSession::*order)());
 
   BrowserSession& m_session;
   GridView* m_grid;
+  ClickLabel* m_sorting = nullptr;
 };
 
 }  // namespace triaxlab

@@ -5,6 +5,7 @@
 #include <QPushButton>
 
 #include "windows/layout.h"
+#include "windows/number_box.h"
 #include "windows/words.h"
 
 namespace triaxlab {
@@ -14,12 +15,6 @@ constexpr Place kWindow{0, 0, 4500, 2100};
 constexpr Place kPrompt{300, 200, 3900, 300};
 constexpr Place kFirst{300, 650, 1500, 330}, kTo{1950, 650, 600, 330}, kLast{2700, 650, 1500, 330};
 constexpr Place kAccept{1500, 1350, 1500, 400};
-
-QLineEdit* numberBox(QWidget* parent, const char* name, Place place, std::string& text) {
-  QLineEdit* const box = put(new QLineEdit(words(text), parent), name, place);
-  QObject::connect(box, &QLineEdit::textEdited, box, [&text](const QString& typed) { text = utf8(typed); });
-  return box;
-}
 
 }  // namespace
 

@@ -14,6 +14,7 @@
 #include "shell/browser_session.h"
 #include "shell/overwrite_session.h"
 #include "shell/range_dialog.h"
+#include "shell/sample_list_session.h"
 #include "shell/shell_session.h"
 #include "shell/shell_windows.h"
 
@@ -69,6 +70,7 @@ class FakeWindows : public ShellWindows {
  public:
   std::vector<std::string> shown;
   std::function<void(BrowserSession&)> inBrowser = [](BrowserSession&) {};
+  std::function<void(SampleListSession&)> inSampleList = [](SampleListSession&) {};
   std::function<void(RangeDialog&)> inRangeDialog = [](RangeDialog&) {};
   std::function<void(OverwriteSession&)> inOverwriteDialog = [](OverwriteSession&) {};
   std::function<std::optional<Remarks>()> inImporter = []() -> std::optional<Remarks> { return std::nullopt; };
@@ -78,6 +80,10 @@ class FakeWindows : public ShellWindows {
   void showBrowser(BrowserSession& session) override {
     shown.emplace_back("OPENFORM");
     inBrowser(session);
+  }
+  void showSampleList(SampleListSession& session) override {
+    shown.emplace_back(session.form());
+    inSampleList(session);
   }
   void showRangeDialog(RangeDialog& dialog) override {
     shown.emplace_back("Form21");
