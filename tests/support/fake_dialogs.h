@@ -1,0 +1,52 @@
+#pragma once
+
+#include <deque>
+#include <filesystem>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/dialogs.h"
+
+namespace triaxlab::testing {
+
+/// Boxes are noted down as "[title] text", those with a mark as "stop [title] text" or "! [title] text", input boxes
+/// with the value that they show behind " = ". Questions and input boxes are answered from queues.
+class FakeDialogs : public Dialogs {
+ public:
+  std::vector<std::string> shown;
+  std::deque<bool> answers;
+  std::deque<std::optional<std::string>> inputs;  // nothing: the person cancels
+
+  void message(std::string_view title, std::string_view text, MessageIcon icon) override { note(title, text, icon); }
+  bool ask(std::string_view title, std::string_view text, MessageIcon icon) override {
+    note(title, text, icon);
+    return next(answers);
+  }
+  std::optional<std::filesystem::path> chooseFile(const FileQuestion&) override { return std::nullopt; }
+  std::optional<std::filesystem::path> chooseFileToSave(const FileQuestion&) override { return std::nullopt; }
+  std::optional<std::string> input(std::string_view title, std::string_view prompt, std::string_view value) override {
+    note(title, std::string(prompt) + " = " + std::string(value), MessageIcon::None);
+    return next(inputs);
+  }
+
+  std::vector<std::string> take() { return std::exchange(shown, {}); }
+
+ private:
+  void note(std::string_view title, std::string_view text, MessageIcon icon) {
+    const char* const mark = icon == MessageIcon::Stop ? "stop " : icon == MessageIcon::Exclamation ? "! " : "";
+    shown.push_back(mark + ("[" + std::string(title) + "] ") + std::string(text));
+  }
+  template <class Answers>
+  typename Answers::value_type next(Answers& queue) {
+    if (queue.empty()) throw std::logic_error("a box without an answer: " + shown.back());
+    auto answer = std::move(queue.front());
+    queue.pop_front();
+    return answer;
+  }
+};
+
+}  // namespace triaxlab::testing
