@@ -14,6 +14,15 @@ namespace triaxlab {
 
 using Bytes = std::vector<std::byte>;
 
+/// Tells whether a file is still the one that was read: a change of its content, or another file in its place, gives
+/// another stamp.
+struct FileStamp {
+  std::uint64_t size = 0;
+  std::int64_t modifiedNs = 0;
+  std::uint64_t node = 0;  // the file system's own number of the file
+  bool operator==(const FileStamp&) const = default;
+};
+
 /// An open file at byte positions. Every failure is a UserError whose sentence names the file and the cause.
 class File {
  public:
@@ -30,11 +39,17 @@ class File {
 
   const std::filesystem::path& path() const { return m_path; }
   std::uint64_t size() const;
+  FileStamp stamp() const;
   /// Fills `into` from `offset`; returns how many bytes there were before the end of the file.
   std::size_t readAt(std::uint64_t offset, std::span<std::byte> into) const;
   /// Writes all of `from`; a gap beyond the end fills with zero bytes.
   void writeAt(std::uint64_t offset, std::span<const std::byte> from);
   void resize(std::uint64_t size);
+  /// Takes the content of `from` by sharing its blocks, which costs neither time nor space until one of the two files
+  /// is written to. False where the file system can't do that; nothing has happened then.
+  bool shareContentOf(const File& from);
+  /// Writes the content of `from` over this one's beginning.
+  void copyContentOf(const File& from);
   /// Returns when the content is on the disk.
   void sync();
 
@@ -45,6 +60,10 @@ class File {
 
 bool fileExists(const std::filesystem::path& path);
 bool folderExists(const std::filesystem::path& path);
+/// Nothing when there is no such file.
+std::optional<FileStamp> stampOf(const std::filesystem::path& path);
+/// Bytes that this program can still write in the folder; nothing when the system doesn't say.
+std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder);
 /// True when files can be made in the folder.
 bool folderIsWritable(const std::filesystem::path& folder);
 

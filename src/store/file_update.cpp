@@ -232,13 +232,45 @@ class KeptBytes {
   std::span<std::byte> m_free;
 };
 
+/// Asked without the lock: true also while another program is at its save.
+bool mayHoldRemains(const std::filesystem::path& dataFolder) {
+  return fileExists(dataFolder / kJournalName) || fileExists(dataFolder / kNewContentName);
+}
+
+void applyFound(const std::filesystem::path& dataFolder, const FoundJournal& journal, DataLock& lock) {
+  for (const JournalFile& file : journal.files()) lock.take(dataFolder / pathFromText(file.path));
+  JournalApplication application(dataFolder, journal.files(), journal);
+  try {
+    application.lengthen();
+    application.exchange();
+    application.overwrite();
+  } catch (const UserError& cause) {
+    failUnfinished(dataFolder / kJournalName, cause);
+  }
+}
+
+/// Brings a save to its end that a dead program began, or drops what it left.
+void finishInterrupted(const std::filesystem::path& dataFolder, DataLock& lock) {
+  const std::filesystem::path journal = dataFolder / kJournalName;
+  if (fileExists(journal)) {
+    if (const std::optional<FoundJournal> found = FoundJournal::open(journal)) applyFound(dataFolder, *found, lock);
+    dropJournal(journal);
+  }
+  if (fileExists(dataFolder / kNewContentName)) dropNewContent(dataFolder);
+}
+
 }  // namespace
 
 struct FileUpdate::State {
+  State(std::filesystem::path folder, std::chrono::milliseconds patience)
+      : dataFolder(std::move(folder)), lock(std::in_place, dataFolder, patience) {}
+
   std::filesystem::path dataFolder;
+  std::optional<DataLock> lock;
   std::map<std::string, PendingWrites> files;  // by the path below the data folder
   std::map<std::string, JournalDeed> deeds;    // files that are replaced or removed
-  bool isCommitted = false;                    // or will be: the journal stands
+  bool isCommitted = false;
+  bool isUnfinished = false;  // the journal stands
   KeptBytes kept;
   /// What was asked for last: a save reads thousands of records of one file.
   std::filesystem::path lastPath;
@@ -271,14 +303,18 @@ struct FileUpdate::State {
   }
 };
 
-FileUpdate::FileUpdate(std::filesystem::path dataFolder) : m_state(std::make_unique<State>()) {
-  m_state->dataFolder = std::move(dataFolder);
-  recover(m_state->dataFolder);
+FileUpdate::FileUpdate(std::filesystem::path dataFolder, std::chrono::milliseconds patience)
+    : m_state(std::make_unique<State>(std::move(dataFolder), patience)) {
+  if (mayHoldRemains(m_state->dataFolder)) finishInterrupted(m_state->dataFolder, *m_state->lock);
 }
 
 FileUpdate::~FileUpdate() {
-  if (!m_state->isCommitted) dropNewContent(m_state->dataFolder);
+  if (m_state->lock && !m_state->isCommitted && !m_state->isUnfinished) dropNewContent(m_state->dataFolder);
 }
+
+DataLock& FileUpdate::lock() { return *m_state->lock; }
+
+void FileUpdate::unlock() { m_state->lock.reset(); }
 
 std::filesystem::path FileUpdate::newContentPath() const { return m_state->dataFolder / kNewContentName; }
 
@@ -334,6 +370,15 @@ void FileUpdate::remove(const std::filesystem::path& file) {
   m_state->deeds[m_state->keyOf(file)] = JournalDeed::Remove;
 }
 
+std::uint64_t FileUpdate::pendingBytes() const {
+  std::uint64_t size = 0;
+  for (const auto& [path, writes] : m_state->files)
+    for (const auto& [at, bytes] : writes) size += bytes.size();
+  return size;
+}
+
+bool FileUpdate::isUnfinished() const { return m_state->isUnfinished; }
+
 void FileUpdate::commit() {
   State& state = *m_state;
   if (state.files.empty() && state.deeds.empty()) return;
@@ -344,7 +389,7 @@ void FileUpdate::commit() {
   for (const auto& [path, deed] : state.deeds) files.push_back({path, {}, deed});
   const std::filesystem::path journal = state.dataFolder / kJournalName;
   const auto failLater = [&](const UserError& cause) {
-    state.isCommitted = true;
+    state.isUnfinished = true;
     failUnfinished(journal, cause);
   };
   try {
@@ -379,22 +424,10 @@ void FileUpdate::commit() {
   state.kept = {};
 }
 
-void FileUpdate::recover(const std::filesystem::path& dataFolder) {
-  const std::filesystem::path journal = dataFolder / kJournalName;
-  if (fileExists(journal)) {
-    if (const std::optional<FoundJournal> found = FoundJournal::open(journal)) {
-      JournalApplication application(dataFolder, found->files(), *found);
-      try {
-        application.lengthen();
-        application.exchange();
-        application.overwrite();
-      } catch (const UserError& cause) {
-        failUnfinished(journal, cause);
-      }
-    }
-    dropJournal(journal);
-  }
-  if (fileExists(dataFolder / kNewContentName)) dropNewContent(dataFolder);
+void FileUpdate::recover(const std::filesystem::path& dataFolder, std::chrono::milliseconds patience) {
+  if (!mayHoldRemains(dataFolder)) return;
+  DataLock lock(dataFolder, patience);
+  finishInterrupted(dataFolder, lock);
 }
 
 }  // namespace triaxlab

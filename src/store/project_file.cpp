@@ -156,11 +156,12 @@ SampleRange limitedRange(SampleRange wanted) {
 
 Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fileName,
                     const RangeChooser& chooseRange) {
-  FileUpdate::recover(workspace.dataFolder);
+  FileUpdate::recover(workspace.dataFolder, workspace.lockPatience);
   const ProjectKindInfo& info = infoOf(kind);
   const std::filesystem::path path = findProjectFile(workspace.projectFolder(), info, fileName);
   Remarks remarks = upgradeProject(workspace, info, path);
   const File file(path, File::Mode::Read);
+  const FileStamp stamp = file.stamp();
   OpenedFile opened{file, info, readProjectHead(readerOf(file), info, path), {}, {}, std::move(remarks)};
   opened.span = askedSpan(opened.head.sampleCount, chooseRange);
   const auto* const table =
@@ -168,7 +169,11 @@ Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fil
   const Installer install = table->read(opened, workspace.settings.habits.cohesionFormat());
   readEndText(opened);
 
+  if (file.stamp() != stamp)
+    throw UserError(fmt::format("文件“{}”在读取时被别的程序改动，没有打开，请再打开一次。", textOfPath(path)));
+
   // Everything is read: from here on nothing fails.
+  workspace.fileMemory.remember(FileUse::Document, path, stamp);
   install(workspace);
   installDates(workspace, opened.head.header);
   workspace.clearLocations();

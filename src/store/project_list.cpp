@@ -39,7 +39,7 @@ ProjectListRow rowOf(const std::filesystem::path& path, const std::string& fileN
 }  // namespace
 
 std::vector<ProjectListRow> listProjects(const Workspace& workspace, ProjectKind kind) {
-  FileUpdate::recover(workspace.dataFolder);
+  FileUpdate::recover(workspace.dataFolder, workspace.lockPatience);
   std::vector<std::string> names = listFiles(workspace.projectFolder(), infoOf(kind).filePrefix, ".TXT");
   if (names.size() > kLargestList) names.resize(kLargestList);
   std::vector<ProjectListRow> rows;
@@ -48,12 +48,13 @@ std::vector<ProjectListRow> listProjects(const Workspace& workspace, ProjectKind
   return rows;
 }
 
-SampleListTable listSamples(const Workspace& workspace, ProjectKind kind, std::string_view fileName) {
-  FileUpdate::recover(workspace.dataFolder);
+SampleListTable listSamples(Workspace& workspace, ProjectKind kind, std::string_view fileName) {
+  FileUpdate::recover(workspace.dataFolder, workspace.lockPatience);
   const ProjectKindInfo& info = infoOf(kind);
   const std::filesystem::path path = findProjectFile(workspace.projectFolder(), info, fileName);
   upgradeProject(workspace, info, path);
   const File file(path, File::Mode::Read);
+  workspace.fileMemory.remember(FileUse::List, path, file.stamp());
   const ProjectHead head = readProjectHead(readerOf(file), info, path);
   const std::vector<SampleIndexEntry> index = loadSampleIndex(readerOf(file), info, head.sampleCount);
   SampleListTable rows(index.size());

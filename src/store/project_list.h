@@ -35,6 +35,6 @@ using SampleListTable = std::vector<SampleListRow>;
 
 /// The samples of a project file with what the summary file knows of them; a file of an old format is upgraded in place
 /// first. UserError as openProject.
-SampleListTable listSamples(const Workspace& workspace, ProjectKind kind, std::string_view fileName);
+SampleListTable listSamples(Workspace& workspace, ProjectKind kind, std::string_view fileName);
 
 }  // namespace triaxlab

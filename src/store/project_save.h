@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <optional>
@@ -21,14 +22,23 @@ namespace triaxlab {
 /// named with its rows.
 class ProjectSave {
  public:
-  /// `kind` is one whose files are written. UserError when an interrupted save can't be finished first.
+  /// `kind` is one whose files are written.
   ProjectSave(Workspace& workspace, ProjectKind kind);
   virtual ~ProjectSave() = default;
   ProjectSave(const ProjectSave&) = delete;
   ProjectSave& operator=(const ProjectSave&) = delete;
 
-  /// All or nothing on disk. UserError when nothing was written.
-  void run(const OverwriteChooser& chooseOverwrites);
+  /// What to say of files that another program has changed.
+  struct ChangesOfOthers {
+    std::string title;
+    const ChangeQuestion& mayOverwrite;
+  };
+
+  /// Takes the locks, reads what is on disk and asks what there is to ask. UserError when an interrupted save can't be
+  /// finished first, another program is at its save, or the person doesn't want it; nothing was written then.
+  void begin(const OverwriteChooser& chooseOverwrites, const ChangesOfOthers& changes);
+  /// Pre: `begin` has returned. All or nothing on disk. UserError when nothing was written.
+  void finish();
   /// What was left out, and why; one sentence each.
   const std::vector<std::string>& errors() const { return m_errors; }
   const Remarks& remarks() const { return m_remarks; }
@@ -63,14 +73,19 @@ class ProjectSave {
   /// A project of the table: its files, or why it can't be saved, with the rows that are left out.
   struct SavedProject {
     std::string projectNo;
+    std::filesystem::path path;
+    std::vector<std::size_t> tableRows;
     std::unique_ptr<ProjectUpdate> project;
     std::unique_ptr<SummaryUpdate> summary;
     std::string refusal;
-    std::vector<std::size_t> refusedRows;
   };
 
-  void findFiles();
+  void release();
+  void findFiles(ChangedFiles& changed);
+  void loadFiles();
   void load(SavedProject& project);
+  std::vector<std::optional<FileStamp>> stamps() const;
+  void keepCopies(const std::vector<std::filesystem::path>& files);
   void saveRow(const SaveableRow& row);
   const ProjectHeader& lastHeader() const;
   ProjectHeader newHeader(std::string_view projectNo) const;
@@ -79,7 +94,7 @@ class ProjectSave {
   Workspace& m_workspace;
   const ProjectKindInfo& m_info;
   SampleRows m_table;
-  FileUpdate m_update;
+  std::optional<FileUpdate> m_update;
   std::map<std::string, SavedProject> m_projects;  // by number without regard to case, as files are named
   std::vector<SaveableRow> m_rows;
   ProjectUpdate* m_last = nullptr;

@@ -23,6 +23,8 @@ class ProjectUpdate {
   ProjectUpdate(FileUpdate& update, const ProjectKindInfo& info, std::filesystem::path path);
 
   bool exists() const { return m_exists; }
+  /// A record was written.
+  bool isWritten() const { return m_written; }
   /// Of a file that exists.
   ProjectHeader& header() { return m_head.header; }
   /// The save makes the file, with this header.

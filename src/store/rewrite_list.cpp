@@ -3,10 +3,14 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <array>
+#include <optional>
 #include <unordered_set>
 #include <vector>
 
+#include "store/backup.h"
 #include "store/file_update.h"
+#include "store/own_changes.h"
 #include "store/project_frame.h"
 #include "store/project_number.h"
 #include "store/summary_update.h"
@@ -96,29 +100,52 @@ std::unordered_set<std::string> numbersOf(const File& file, const ProjectKindInf
   return numbers;
 }
 
-}  // namespace
-
-RewriteReport rewriteProject(const Workspace& workspace, ProjectKind kind, std::string_view fileName,
-                             std::span<const std::uint32_t> order) {
-  const ProjectKindInfo& info = infoOf(kind);
-  if (info.listTitle.empty()) throw UserError(fmt::format("文件“{}”是旧三轴数据文件，只能读取，不能重排。", fileName));
-  FileUpdate update(workspace.dataFolder);
-  const std::filesystem::path path = findProjectFile(workspace.projectFolder(), info, fileName);
-  RewriteReport report{std::string(info.listTitle), "数据保存完毕!", upgradeProject(workspace, info, path)};
+/// The rewrite of one file with the right to do it.
+void rewriteLocked(Workspace& workspace, FileUpdate& update, const ProjectKindInfo& info,
+                   const std::filesystem::path& path, std::span<const std::uint32_t> order, Remarks& remarks) {
   const File file(path, File::Mode::Read);
   const ProjectHead head = readProjectHead(readerOf(file), info, path);
   checkOrder(order, head.sampleCount, path);
-
-  blankDeletedSamples(update, workspace, kind, head.header.projectNo.trimmed(),
+  blankDeletedSamples(update, workspace, info.kind, head.header.projectNo.trimmed(),
                       numbersOf(file, info, head.sampleCount, order));
+  // Beside the new file there may be one more on the way from the application folder.
+  const std::uint64_t room = 2 * (file.size() + update.pendingBytes());
+  for (const std::string& remark : keepCopy(workspace, path, room)) remarks.push_back(remark);
   if (order.empty()) {
     update.remove(path);
   } else {
     makeNewContent(workspace, file, info, head.header, order, update.newContentPath());
     update.replace(path);
   }
-  update.commit();
-  return report;
+  const std::array paths{path};
+  commitOwnChanges(update, workspace.fileMemory, paths);
+  if (const std::optional<FileStamp> stamp = stampOf(path)) workspace.fileMemory.remember(FileUse::List, path, *stamp);
+}
+
+}  // namespace
+
+RewriteReport rewriteProject(Workspace& workspace, ProjectKind kind, std::string_view fileName,
+                             std::span<const std::uint32_t> order, const ChangeQuestion& mayOverwriteChanges) {
+  const ProjectKindInfo& info = infoOf(kind);
+  if (info.listTitle.empty()) throw UserError(fmt::format("文件“{}”是旧三轴数据文件，只能读取，不能重排。", fileName));
+  RewriteReport report{std::string(info.listTitle), "数据保存完毕!", {}};
+  ChangedFiles changed(workspace.fileMemory, FileUse::List, report.title);
+  for (;;) {
+    {
+      FileUpdate update(workspace.dataFolder, workspace.lockPatience);
+      const std::filesystem::path path = findProjectFile(workspace.projectFolder(), info, fileName);
+      update.lock().take(path);
+      changed.look(path);
+      if (!changed.hasQuestion()) {
+        for (const std::string& remark : upgradeProject(workspace, update.lock(), info, path))
+          report.remarks.push_back(remark);
+        rewriteLocked(workspace, update, info, path, order, report.remarks);
+        return report;
+      }
+    }
+    // Nobody else waits for the answer; afterwards everything is looked at anew.
+    report.remarks = changed.ask(mayOverwriteChanges);
+  }
 }
 
 }  // namespace triaxlab

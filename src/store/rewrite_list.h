@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "common/user_error.h"
+#include "store/changed_files.h"
 #include "store/project_kinds.h"
 #include "store/workspace.h"
 
@@ -15,7 +16,7 @@ namespace triaxlab {
 struct RewriteReport {
   std::string title;    // "保存三轴文件"
   std::string message;  // "数据保存完毕!"
-  Remarks remarks;      // the file was of an old format, and too short
+  Remarks remarks;      // of an upgrade; no backup; another program's changes written over with nobody there to ask
 };
 
 /// Writes a project file (name without folder) anew with the samples at these positions (from 0), in this order; those
@@ -23,10 +24,14 @@ struct RewriteReport {
 /// blanked for every sample number that the list doesn't have. A triaxial file loses its controlledDocNo until the next
 /// save. A file of an old format is upgraded first. The header keeps all but its count.
 ///
+/// A file that another program changed since its samples were listed is rewritten when `mayOverwriteChanges` says so:
+/// the positions are those of the list. Before its first change a copy of the file is kept (store/backup.h).
+///
 /// All or nothing over both files, also for a crash. The new file is made in the applicationFolder (a.bak).
 /// UserError: as openProject; an order with a position that the file doesn't have, or with one twice; a kind whose
-/// files are never written; a summary file that can't be read; a full disk.
-RewriteReport rewriteProject(const Workspace& workspace, ProjectKind kind, std::string_view fileName,
-                             std::span<const std::uint32_t> order);
+/// files are never written; a summary file that can't be read; a full disk; another program at its save; a refusal to
+/// write over changes. Nothing has changed then.
+RewriteReport rewriteProject(Workspace& workspace, ProjectKind kind, std::string_view fileName,
+                             std::span<const std::uint32_t> order, const ChangeQuestion& mayOverwriteChanges = {});
 
 }  // namespace triaxlab

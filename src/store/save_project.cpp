@@ -37,13 +37,15 @@ std::unique_ptr<ProjectSave> saveOf(Workspace& workspace, ProjectKind kind) {
 
 }  // namespace
 
-SaveReport saveProject(Workspace& workspace, ProjectKind kind, const OverwriteChooser& chooseOverwrites) {
+SaveReport saveProject(Workspace& workspace, ProjectKind kind, const OverwriteChooser& chooseOverwrites,
+                       const ChangeQuestion& mayOverwriteChanges) {
   const ProjectKindInfo& info = infoOf(infoOf(kind).documentKind);
   SaveReport report{"保存数据", std::string(info.saveMessage), {}, {}};
   if (!hasLiveRow(SampleRows(workspace, info.kind))) return report;
-  report.remarks = storeProcessingDate(workspace);
   const std::unique_ptr<ProjectSave> save = saveOf(workspace, info.kind);
-  save->run(chooseOverwrites);
+  save->begin(chooseOverwrites, {report.title, mayOverwriteChanges});
+  report.remarks = storeProcessingDate(workspace);
+  save->finish();
   report.errors = save->errors();
   report.remarks.insert(report.remarks.end(), save->remarks().begin(), save->remarks().end());
   return report;

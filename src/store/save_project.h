@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "common/user_error.h"
+#include "store/changed_files.h"
 #include "store/project_kinds.h"
 #include "store/workspace.h"
 
@@ -26,7 +27,9 @@ struct SaveReport {
   /// What could not be written: a project number that can't be a file name, a damaged file, a full file, each with the
   /// rows that it concerns. Everything else was written.
   std::vector<std::string> errors;
-  Remarks remarks;  // the processing date is not in qvb.sys, an upgraded file was too short: the samples are saved
+  /// The samples are saved, but: the processing date is not in qvb.sys, an upgraded file was too short, there is no
+  /// backup, another program's changes were written over with nobody there to ask.
+  Remarks remarks;
 };
 
 /// Saves the table of a kind into its project files and the summary files, all or nothing on disk. Of the triaxial
@@ -34,11 +37,17 @@ struct SaveReport {
 /// holds all that its file does; it alone is saved with a controlledDocNo, and an import of it asks `chooseOverwrites`
 /// first. The records are saved as they stand: whoever shows them has reduced them. A file of an old format is upgraded
 /// first. A table without a live row writes nothing, and the report says the same. UserError when nothing was written
-/// (disk full, no right to write, data folder gone, no row that could be saved); the workspace is then as it was.
-SaveReport saveProject(Workspace& workspace, ProjectKind kind, const OverwriteChooser& chooseOverwrites);
+/// (disk full, no right to write, data folder gone, no row that could be saved, another program at its save); the
+/// workspace is then as it was.
+///
+/// A file that another program changed since it was opened is written over when `mayOverwriteChanges` says so. Before
+/// the first change a copy of each existing file is kept (store/backup.h).
+SaveReport saveProject(Workspace& workspace, ProjectKind kind, const OverwriteChooser& chooseOverwrites,
+                       const ChangeQuestion& mayOverwriteChanges = {});
 
-inline SaveReport saveTriaxial(Workspace& workspace, const OverwriteChooser& chooseOverwrites) {
-  return saveProject(workspace, ProjectKind::Triaxial, chooseOverwrites);
+inline SaveReport saveTriaxial(Workspace& workspace, const OverwriteChooser& chooseOverwrites,
+                               const ChangeQuestion& mayOverwriteChanges = {}) {
+  return saveProject(workspace, ProjectKind::Triaxial, chooseOverwrites, mayOverwriteChanges);
 }
 
 }  // namespace triaxlab

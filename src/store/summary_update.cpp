@@ -101,6 +101,7 @@ void blankDeletedSamples(FileUpdate& update, const Workspace& workspace, Project
                          const std::unordered_set<std::string>& sampleNumbers) {
   const std::filesystem::path path = summaryPath(workspace, projectNo);
   if (path.empty() || !update.exists(path)) return;
+  update.lock().take(path);
   const ReadAt readAt = readerOf(update, path);
   const auto blank = [&](std::size_t k, const SummaryRecord& stored) {
     if (sampleNumbers.contains(std::string(stored.sampleNo.trimmed()))) return;

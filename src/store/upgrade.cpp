@@ -6,8 +6,10 @@
 #include <array>
 #include <cstddef>
 #include <cstring>
+#include <optional>
 #include <span>
 
+#include "store/backup.h"
 #include "store/project_frame.h"
 #include "triaxial/record.h"
 #include "unconfined/record.h"
@@ -146,6 +148,24 @@ void writeTemporary(const std::filesystem::path& path, const Conversion& convers
   }
 }
 
+const OldFormat* oldFormatOf(const ProjectKindInfo& info) {
+  const auto* const format = std::find_if(kOldFormats.begin(), kOldFormats.end(),
+                                          [&info](const OldFormat& row) { return row.kind == info.kind; });
+  return format != kOldFormats.end() ? format : nullptr;
+}
+
+/// The head of the file if it has the old format.
+std::optional<ProjectHead> oldHead(const File& file, const ProjectKindInfo& info) {
+  const ProjectHead head = readAnyProjectHead(readerOf(file), file.path());
+  if (!isOldFormat(head.header, info)) return std::nullopt;
+  return head;
+}
+
+/// Space for the temporary file, and for another beside the old one where the application folder is on another disk.
+std::uint64_t roomFor(const ProjectKindInfo& info, const ProjectHead& head) {
+  return 2 * (recordPosition(info.recordSize, static_cast<std::uint32_t>(head.sampleCount)) + kEndTextWidth);
+}
+
 /// After a power cut either file may stand; they hold the same samples, so a disk that can't say is no error here.
 void makeDurable(const std::filesystem::path& folder) {
   try {
@@ -156,15 +176,17 @@ void makeDurable(const std::filesystem::path& folder) {
 
 }  // namespace
 
-Remarks upgradeProject(const Workspace& workspace, const ProjectKindInfo& info, const std::filesystem::path& file) {
-  const auto* const format = std::find_if(kOldFormats.begin(), kOldFormats.end(),
-                                          [&info](const OldFormat& row) { return row.kind == info.kind; });
-  if (format == kOldFormats.end() || !fileExists(file)) return {};
+Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindInfo& info,
+                       const std::filesystem::path& file) {
+  const OldFormat* const format = oldFormatOf(info);
+  if (format == nullptr || !fileExists(file)) return {};
   const File old(file, File::Mode::Read);
-  const ProjectHead head = readAnyProjectHead(readerOf(old), file);
-  if (!isOldFormat(head.header, info)) return {};
-  const Conversion conversion(old, info, *format, head);
+  const std::optional<ProjectHead> head = oldHead(old, info);
+  if (!head) return {};
+  lock.take(file);
+  const Conversion conversion(old, info, *format, *head);
   const std::filesystem::path temporary = fileOrNew(workspace.applicationFolder, format->temporaryName);
+  Remarks remarks = keepCopy(workspace, file, roomFor(info, *head));
   try {
     writeTemporary(temporary, conversion);
     moveFile(temporary, file);
@@ -173,8 +195,17 @@ Remarks upgradeProject(const Workspace& workspace, const ProjectKindInfo& info, 
                                 cause.what()));
   }
   makeDurable(file.parent_path());
-  if (conversion.missing() == 0) return {};
-  return {missingSamplesRemark(file, conversion.missing())};
+  workspace.fileMemory.noteOwnChange(file, old.stamp(), stampOf(file));
+  if (conversion.missing() > 0) remarks.push_back(missingSamplesRemark(file, conversion.missing()));
+  return remarks;
+}
+
+Remarks upgradeProject(Workspace& workspace, const ProjectKindInfo& info, const std::filesystem::path& file) {
+  if (oldFormatOf(info) == nullptr || !fileExists(file)) return {};
+  if (!oldHead(File(file, File::Mode::Read), info)) return {};
+  DataLock lock(workspace.dataFolder, workspace.lockPatience);
+  lock.take(file);  // and whoever held it may have upgraded the file
+  return upgradeProject(workspace, lock, info, file);
 }
 
 }  // namespace triaxlab

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "common/user_error.h"
+#include "store/data_lock.h"
 #include "store/project_kinds.h"
 #include "store/workspace.h"
 
@@ -18,7 +19,11 @@ namespace triaxlab {
 ///
 /// The new file is made in the applicationFolder (b.bak, WCX.BAK), synced, and put in the old one's place in one step.
 /// UserError when that fails, or when the head is damaged: the old file is then as it was, and a finished .bak stays
-/// until the next attempt. A file that holds fewer samples than it says gets blank ones, and a remark.
-Remarks upgradeProject(const Workspace& workspace, const ProjectKindInfo& info, const std::filesystem::path& file);
+/// until the next attempt. A file that holds fewer samples than it says gets blank ones, and a remark. A copy of the
+/// old file is kept (store/backup.h). The lock is that of a save; without one, an old file is locked for the time of
+/// it.
+Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindInfo& info,
+                       const std::filesystem::path& file);
+Remarks upgradeProject(Workspace& workspace, const ProjectKindInfo& info, const std::filesystem::path& file);
 
 }  // namespace triaxlab

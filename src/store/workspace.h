@@ -2,6 +2,7 @@
 
 #include <array>
 #include <bitset>
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -13,6 +14,8 @@
 #include "common/settings.h"
 #include "k0/record.h"
 #include "platform/files.h"
+#include "store/data_lock.h"
+#include "store/file_memory.h"
 #include "store/project_header.h"
 #include "triaxial/record.h"
 #include "unconfined/record.h"
@@ -83,7 +86,9 @@ struct Workspace {
   std::string sourceFolder = "c:\\qvb";     // UTF-8; folder of the current raw source
   std::string winTriaxialDatxFolder;
   std::string winUnconfinedDatxFolder;
-  std::optional<Date> fixedToday;  // taken as today, for results that can be repeated
+  std::optional<Date> fixedToday;                          // taken as today, for results that can be repeated
+  std::chrono::milliseconds lockPatience = kLockPatience;  // for another program that is writing
+  FileMemory fileMemory;                                   // of the project files
 
   Settings settings;
 

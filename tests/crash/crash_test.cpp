@@ -90,6 +90,7 @@ class Crash : public ::testing::TestWithParam<Scene> {
       if (outcome.exitStatus == kUnchanged) {
         ASSERT_TRUE(after == m_old) << then;
       }
+      expectWholeBackups(then);
       if (outcome.exitStatus == kDone || outcome.exitStatus == kFinishedLater) {
         ASSERT_TRUE(after == m_new) << then;
       }
@@ -102,6 +103,7 @@ class Crash : public ::testing::TestWithParam<Scene> {
       ASSERT_TRUE(contents() == m_new && !std::filesystem::exists(m_folder.path() / "b.bak")) << then;
     }
     EXPECT_TRUE(m_sawOld && m_sawNew) << "a save that is stopped early leaves the old files, a late one the new";
+    EXPECT_EQ(m_backups > 0, !GetParam().existing.empty());
   }
 
   /// Leaves a complete journal that nothing of was applied, then stops each attempt to finish it.
@@ -186,6 +188,7 @@ class Crash : public ::testing::TestWithParam<Scene> {
     Contents files;
     for (const char* name : {"HSZS", "ZMSJ"})
       for (const auto& entry : std::filesystem::directory_iterator(m_folder.path() / name)) {
+        if (entry.is_directory()) continue;  // the backups
         const std::string path = std::string(name) + "/" + entry.path().filename().string();
         files[path] = m_folder.read(path);
       }
@@ -193,7 +196,20 @@ class Crash : public ::testing::TestWithParam<Scene> {
       if (std::filesystem::exists(m_folder.path() / name)) files[name] = m_folder.read(name);
     return files;
   }
+  /// Every finished copy is the old file, byte for byte.
+  void expectWholeBackups(const std::string& then) {
+    const std::filesystem::path folder = m_folder.path() / "HSZS/backup";
+    if (!std::filesystem::exists(folder)) return;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+      const std::string name = entry.path().filename().string();
+      if (name == "copy.new") continue;  // one that was being made
+      ++m_backups;
+      const std::string original = name.substr(0, name.find('_')) + ".txt";
+      ASSERT_TRUE(m_folder.read("HSZS/backup/" + name) == m_old.at("HSZS/" + original)) << then << ": " << name;
+    }
+  }
   void restore(const Contents& files) const {
+    std::filesystem::remove_all(m_folder.path() / "HSZS/backup");
     for (const auto& [path, bytes] : contents())
       if (!files.contains(path)) std::filesystem::remove(m_folder.path() / path);
     for (const auto& [path, bytes] : files) m_folder.write(path, bytes);
@@ -203,6 +219,7 @@ class Crash : public ::testing::TestWithParam<Scene> {
   Contents m_old, m_new;
   long m_calls = 0;
   bool m_sawOld = false, m_sawNew = false;
+  long m_backups = 0;
 };
 
 std::string nameOf(const ::testing::TestParamInfo<Scene>& scene) { return scene.param.name; }

@@ -2,7 +2,10 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <fmt/core.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -91,13 +94,16 @@ void takePermissions(const std::filesystem::path& file, const std::filesystem::p
   if (stat(from.c_str(), &old) == 0) chmod(file.c_str(), old.st_mode & 07777);
 }
 
-void copyContent(const File& from, File& to) {
-  Bytes block(std::size_t{1} << 20);
-  std::uint64_t done = 0;
-  while (const std::size_t got = from.readAt(done, block)) {
-    to.writeAt(done, std::span(block).first(got));
-    done += got;
-  }
+FileStamp stampOfStatus(const struct stat& status) {
+  constexpr std::int64_t kNsPerSecond = 1'000'000'000;
+  return {static_cast<std::uint64_t>(status.st_size), status.st_mtim.tv_sec * kNsPerSecond + status.st_mtim.tv_nsec,
+          status.st_ino};
+}
+
+/// Errors of copy_file_range after which reading and writing do the same work.
+bool canBeCopiedOtherwise(int error) {
+  constexpr std::array kErrors{EXDEV, EINVAL, ENOSYS, EOPNOTSUPP, EBADF, EPERM, ETXTBSY, EOVERFLOW};
+  return std::find(kErrors.begin(), kErrors.end(), error) != kErrors.end();
 }
 
 /// Fills a file beside `target`, syncs it and renames it over the target.
@@ -163,6 +169,12 @@ std::uint64_t File::size() const {
   return static_cast<std::uint64_t>(status.st_size);
 }
 
+FileStamp File::stamp() const {
+  struct stat status {};
+  if (fstat(m_descriptor, &status) != 0) fail("读取文件", m_path, errno);
+  return stampOfStatus(status);
+}
+
 std::size_t File::readAt(std::uint64_t offset, std::span<std::byte> into) const {
   std::size_t done = 0;
   while (done < into.size()) {
@@ -191,6 +203,25 @@ void File::resize(std::uint64_t size) {
     fail("写入文件", m_path, errno);
 }
 
+bool File::shareContentOf(const File& from) { return ioctl(m_descriptor, FICLONE, from.m_descriptor) == 0; }
+
+void File::copyContentOf(const File& from) {
+  constexpr std::size_t kAtOnce = std::size_t{1} << 30;
+  off64_t readFrom = 0, writeTo = 0;
+  ssize_t copied = 1;
+  while (copied > 0)
+    copied = repeatInterrupted(
+        [&] { return copy_file_range(from.m_descriptor, &readFrom, m_descriptor, &writeTo, kAtOnce, 0); });
+  if (copied < 0 && !canBeCopiedOtherwise(errno)) fail("写入文件", m_path, errno);
+  // What the system didn't copy: nothing as a rule, all of it between some file systems.
+  auto done = static_cast<std::uint64_t>(writeTo);
+  Bytes block(std::size_t{1} << 20);
+  while (const std::size_t got = from.readAt(done, block)) {
+    writeAt(done, std::span(block).first(got));
+    done += got;
+  }
+}
+
 void File::sync() {
   if (repeatInterrupted([&] { return fsync(m_descriptor); }) != 0) fail("写入文件", m_path, errno);
 }
@@ -203,6 +234,18 @@ bool fileExists(const std::filesystem::path& path) {
 bool folderExists(const std::filesystem::path& path) {
   struct stat status {};
   return !holdsZeroByte(path) && stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+std::optional<FileStamp> stampOf(const std::filesystem::path& path) {
+  struct stat status {};
+  if (holdsZeroByte(path) || stat(path.c_str(), &status) != 0 || S_ISDIR(status.st_mode)) return std::nullopt;
+  return stampOfStatus(status);
+}
+
+std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) {
+  struct statvfs status {};
+  if (repeatInterrupted([&] { return statvfs(folder.c_str(), &status); }) != 0) return std::nullopt;
+  return std::uint64_t{status.f_bavail} * status.f_frsize;
 }
 
 bool folderIsWritable(const std::filesystem::path& folder) {
@@ -237,7 +280,7 @@ void moveFile(const std::filesystem::path& from, const std::filesystem::path& to
   if (rename(from.c_str(), to.c_str()) == 0) return;
   if (errno != EXDEV) fail("写入文件", to, errno);
   const File source(from, File::Mode::Read);
-  replaceThroughCopy(to, [&source](File& beside) { copyContent(source, beside); });
+  replaceThroughCopy(to, [&source](File& beside) { beside.copyContentOf(source); });
   unlink(from.c_str());
 }
 

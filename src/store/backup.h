@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string_view>
+
+#include "common/user_error.h"
+#include "store/workspace.h"
+
+namespace triaxlab {
+
+// Copies of project files as they were before a run of the program first changed them lie in the folder `backup` beside
+// them. WKSZ17.txt of 2024-05-06 14:30:15 becomes WKSZ17_20240506-143015-000000.txt: local time to the microsecond, so
+// that names of one project sort by age. `copy.new` is one that didn't get finished.
+
+inline constexpr std::string_view kBackupFolder = "backup";
+inline constexpr std::size_t kMostBackupsOfAProject = 5;
+inline constexpr std::uint64_t kLargestBackups = std::uint64_t{1} << 30;  // bytes, all together
+
+/// Call before a project file is changed, with the right to change it. Keeps a copy of an existing file unless this run
+/// has one of this state, and drops copies beyond the limits, the oldest first. The disk keeps `room` bytes for the
+/// change itself; shared blocks are used where the file system can. A copy that can't be made is a remark and nothing
+/// more.
+Remarks keepCopy(Workspace& workspace, const std::filesystem::path& file, std::uint64_t room);
+
+}  // namespace triaxlab
