@@ -66,6 +66,14 @@ double strainOfEarlierStages(const TriaxialSampleRecord& row, std::size_t stage)
   return strain;
 }
 
+std::optional<DrainedFactors> drainedFactors(std::int16_t initialHeight, std::int16_t initialArea,
+                                             std::int16_t drainage) {
+  const auto volume = static_cast<float>(initialArea / 100.0 * initialHeight / 100);
+  if (volume == 0) return std::nullopt;
+  return DrainedFactors{.height = static_cast<float>(1 - drainage / 100.0 / (3.0 * volume)),
+                        .area = static_cast<float>(1 - 2.0 * drainage / 100 / (3.0 * volume))};
+}
+
 std::optional<double> drainedSection(double consolidatedArea, double consolidatedHeight, double drained,
                                      double strain) {
   const double volume = consolidatedArea * consolidatedHeight - drained;

@@ -26,6 +26,16 @@ inline double shearStep(const TriaxialSampleRecord& record) { return record.shea
 /// stress. An unused slot in front counts as one row.
 double strainOfEarlierStages(const TriaxialSampleRecord& row, std::size_t stage);
 
+/// What drainage in the consolidation leaves of a specimen's height and section, as fractions.
+struct DrainedFactors {
+  float height = 0, area = 0;
+};
+
+/// From words of hundredths: 1 - V / (3 h A) and 1 - 2 V / (3 h A), where V is the drainage. In single precision,
+/// rounded at each step: the product h A, the factors. Nothing when the product is 0.
+std::optional<DrainedFactors> drainedFactors(std::int16_t initialHeight, std::int16_t initialArea,
+                                             std::int16_t drainage);
+
 /// Section of a drained specimen: what is left of its volume over what is left of its height. Nothing when either comes
 /// to 0.
 std::optional<double> drainedSection(double consolidatedArea, double consolidatedHeight, double drained, double strain);

@@ -8,10 +8,15 @@ namespace triaxlab {
 // A new source is a file that defines its importer, one line here, and its name in the list below.
 extern const Importer kAutomaticOldImporter;
 extern const Importer kAutomaticImporter;
+extern const Importer kManualImporter;
+extern const Importer kNanjingImporter;
+extern const Importer kNewQvbImporter;
+extern const Importer kQvb98Importer;
 
 namespace {
 
-constexpr std::array kImporters{&kAutomaticOldImporter, &kAutomaticImporter};
+constexpr std::array kImporters{&kQvb98Importer,  &kAutomaticOldImporter, &kAutomaticImporter,
+                                &kNewQvbImporter, &kManualImporter,       &kNanjingImporter};
 
 const Importer* find(std::string_view Importer::*column, std::string_view wanted) {
   const auto* const found = std::find_if(kImporters.begin(), kImporters.end(),

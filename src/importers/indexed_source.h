@@ -50,7 +50,7 @@ class IndexedSource : public RawSource {
     Remarks remarks;
     for (const std::size_t row : marked) {
       const auto& block = blocks.emplace_back(m_format.readBlock(file, m_index.at(row)));
-      if (!block.isWhole) remarks.push_back(cutShortRemark(file, fmt::format("第{}行的数据", row + 1)));
+      if (!block.isWhole) remarks.push_back(cutShortRemark(m_path, fmt::format("第{}行的数据", row + 1)));
       m_format.addGroups(block, m_rows.at(row), plan, groups);
     }
     const auto fill = [&](std::size_t number, TriaxialSampleRecord& record) { m_format.fill(groups[number], record); };

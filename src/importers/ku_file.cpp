@@ -13,9 +13,8 @@ std::string slashedEntryDate(const FixedText<8>& entryDate) {
   return std::string(shownText(date));
 }
 
-std::string cutShortRemark(const File& file, std::string_view whatIsMissing) {
-  return fmt::format("文件“{}”不完整：{}超出了文件末尾，缺少的部分按空白处理。", textOfPath(file.path()),
-                     whatIsMissing);
+std::string cutShortRemark(const std::filesystem::path& path, std::string_view whatIsMissing) {
+  return fmt::format("文件“{}”不完整：{}超出了文件末尾，缺少的部分按空白处理。", textOfPath(path), whatIsMissing);
 }
 
 }  // namespace triaxlab

@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <span>
 #include <string>
 #include <string_view>
@@ -55,7 +56,7 @@ std::string_view shownText(std::string_view text);
 std::string slashedEntryDate(const FixedText<8>& entryDate);
 
 /// The sentence for a file that ends in front of what it promises.
-std::string cutShortRemark(const File& file, std::string_view whatIsMissing);
+std::string cutShortRemark(const std::filesystem::path& path, std::string_view whatIsMissing);
 
 /// The entries that the count promises, at most 100, and the file holds. An entry that the end cuts counts.
 template <class Tail>
@@ -73,7 +74,7 @@ std::vector<KuIndexEntry<Tail>> readKuIndex(const File& file, Remarks& remarks) 
   const auto bytes = std::as_writable_bytes(std::span(entries));
   const std::size_t got = countBytes < sizeof count ? 0 : file.readAt(sizeof count, bytes);
   entries.resize((got + sizeof(Entry) - 1) / sizeof(Entry));
-  if (got < bytes.size()) remarks.push_back(cutShortRemark(file, "索引"));
+  if (got < bytes.size()) remarks.push_back(cutShortRemark(file.path(), "索引"));
   return entries;
 }
 

@@ -1,0 +1,283 @@
+// RSZSJ.KU, the database of the newer QVB triaxial apparatus.
+//
+// A .KU file (see ku_file.h). A data block is two bytes that are passed over and then specimens one by one; how many
+// they are stands in the index entry. The specimens of one sample number, project and method are one sample. The
+// apparatus keeps dial readings: a reading times the coefficient of the proving ring is the load, which is put over the
+// section that the specimen has at the strain of the reading. A specimen is filled into its row where it stands, so a
+// second test at a known pressure leaves of the first what it doesn't write itself. Not known: the reserved places.
+#include <fmt/core.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <type_traits>
+#include <vector>
+
+#include "common/gbk.h"
+#include "importers/area_correction.h"
+#include "importers/importer.h"
+#include "importers/indexed_source.h"
+#include "importers/ku_file.h"
+#include "importers/reading_words.h"
+#include "importers/triaxial_import.h"
+
+namespace triaxlab {
+namespace {
+
+struct NewQvbTail {                // offset in the entry
+  FixedText<2> reserved22;         // 22
+  std::uint8_t specimenCount = 0;  // 24  records in the block
+  FixedText<5> reserved25;         // 25
+};                                 // 30
+using NewQvbEntry = KuIndexEntry<NewQvbTail>;
+static_assert(sizeof(NewQvbTail) == 8 && offsetof(NewQvbTail, specimenCount) == 2);
+
+constexpr std::size_t kPoreWords = 51;  // one less than dial readings
+constexpr std::size_t kDrainedVolumeWords = 24;
+
+struct NewQvbSpecimenRecord {                         // offset
+  std::uint8_t reserved0 = 0;                         //   0
+  FixedText<10> recordProjectNo;                      //   1
+  FixedText<10> recordSampleNo;                       //  11  empty: no specimen
+  std::uint8_t testMethod = 0;                        //  21  TestMethod
+  std::uint8_t shearMode = 0;                         //  22  2, 3: a reading each 0.2 %, else each 0.4 %
+  FixedText<7> reserved23;                            //  23
+  Little<std::int16_t> rawCellPressure;               //  30  0.1 kPa; 0: no specimen
+  Little<std::int16_t> rawInitialHeight;              //  32  0.01 cm
+  Little<std::int16_t> rawConsolidatedHeight;         //  34  0.01 cm
+  Little<std::int16_t> rawInitialArea;                //  36  0.01 cm2
+  Little<std::int16_t> rawDrainage;                   //  38  0.01 ml
+  Little<std::int16_t> rawShearRate;                  //  40  1/1000 %/min
+  Little<std::int16_t> rawRingCoefficient;            //  42  0.001 N/0.01mm
+  FixedText<6> reserved44;                            //  44
+  ConsolidationWords rawConsolidationPore;            //  50  0.1 kPa, reading k at k² minutes
+  Words<kDrainedVolumeWords> rawConsolidationVolume;  // 100  0.01 ml, sign and magnitude
+  ShearWords rawDial;                                 // 148  0.1 division
+  Words<kPoreWords> rawPore;                          // 252  0.1 kPa, sign and magnitude; same index
+  Words<kPoreWords> rawVolume;                        // 354  0.01 ml; same index
+  FixedText<44> reserved456;                          // 456
+};                                                    // 500
+static_assert(sizeof(NewQvbSpecimenRecord) == 500 && alignof(NewQvbSpecimenRecord) == 1);
+static_assert(offsetof(NewQvbSpecimenRecord, recordSampleNo) == 11 && offsetof(NewQvbSpecimenRecord, testMethod) == 21);
+static_assert(offsetof(NewQvbSpecimenRecord, rawCellPressure) == 30);
+static_assert(offsetof(NewQvbSpecimenRecord, rawRingCoefficient) == 42);
+static_assert(offsetof(NewQvbSpecimenRecord, rawConsolidationPore) == 50);
+static_assert(offsetof(NewQvbSpecimenRecord, rawConsolidationVolume) == 100);
+static_assert(offsetof(NewQvbSpecimenRecord, rawDial) == 148 && offsetof(NewQvbSpecimenRecord, rawPore) == 252);
+static_assert(offsetof(NewQvbSpecimenRecord, rawVolume) == 354 && offsetof(NewQvbSpecimenRecord, reserved456) == 456);
+static_assert(std::is_trivially_copyable_v<NewQvbSpecimenRecord>);
+
+// ---- the index
+
+SourceRow rowOf(const NewQvbEntry& entry) {
+  SourceRow row;
+  row.projectNo = shownText(entry.entryProjectNo.view());
+  row.testDate = slashedEntryDate(entry.entryDate);
+  row.cells = {gbkToUtf8(row.projectNo), gbkToUtf8(row.testDate), fmt::format("{}", entry.entryTail.specimenCount)};
+  return row;
+}
+
+// ---- the data blocks
+
+struct NewQvbBlock {
+  std::vector<NewQvbSpecimenRecord> specimens;
+  bool isWhole = true;
+};
+
+NewQvbBlock blockOf(const File& file, const NewQvbEntry& entry) {
+  NewQvbBlock block;
+  block.specimens.resize(entry.entryTail.specimenCount);
+  const auto bytes = std::as_writable_bytes(std::span(block.specimens));
+  block.isWhole = file.readAt(std::uint64_t{entry.entryDataOffset.value()} + 2, bytes) == bytes.size();
+  return block;
+}
+
+bool isSpecimen(const NewQvbSpecimenRecord& raw) {
+  return raw.rawCellPressure != 0 && !shownText(raw.recordSampleNo.view()).empty();
+}
+
+SampleIdentity identityOf(const NewQvbSpecimenRecord& raw) {
+  SampleIdentity identity;
+  SetText(identity.projectNo, shownText(raw.recordProjectNo.view()));
+  SetText(identity.sampleNo, shownText(raw.recordSampleNo.view()));
+  identity.testMethod = raw.testMethod;
+  return identity;
+}
+
+/// A drainage beyond these bounds is a stray reading.
+std::int16_t drainageOf(const NewQvbSpecimenRecord& raw) {
+  constexpr std::int16_t kMost = 10000;
+  const std::int16_t drainage = raw.rawDrainage;
+  return drainage > kMost || drainage < -kMost ? std::int16_t{0} : drainage;
+}
+
+/// The stress in kPa from a load in N, on the section that a specimen has at a strain. Nothing without a section.
+class LoadCorrection {
+ public:
+  LoadCorrection(const TriaxialSampleRecord& row, std::size_t slot)
+      : m_method(row.testMethod),
+        m_initialArea(row.initialArea[slot].number()),
+        m_consolidatedArea(row.consolidatedArea[slot].number()),
+        m_consolidatedHeight(row.consolidatedHeight[slot].number()) {}
+
+  std::optional<double> operator()(double load, double strain, double drained) const {
+    switch (m_method) {
+      case kUU:
+        return undrained(load, strain, m_initialArea);
+      case kCU:
+        return undrained(load, strain, m_consolidatedArea);
+      case kCD:
+        if (const auto area = drainedSection(m_consolidatedArea, m_consolidatedHeight, drained, strain))
+          return load * kKpaOfNewtonsPerCm2 / *area;
+        return std::nullopt;
+      default:
+        return std::nullopt;
+    }
+  }
+
+ private:
+  static constexpr double kKpaOfNewtonsPerCm2 = 10;
+
+  static std::optional<double> undrained(double load, double strain, double area) {
+    if (area == 0) return std::nullopt;
+    return (1 - strain) * load * kKpaOfNewtonsPerCm2 / area;
+  }
+
+  std::uint8_t m_method;
+  double m_initialArea, m_consolidatedArea, m_consolidatedHeight;
+};
+
+/// Fills the slot that its pressure finds in a row from one specimen record.
+class SpecimenFiller {
+ public:
+  SpecimenFiller(const NewQvbSpecimenRecord& raw, TriaxialSampleRecord& row, std::size_t slot)
+      : m_raw(raw), m_row(row), m_slot(slot) {}
+
+  void fill() {
+    fillIdentity();
+    fillMeasures();
+    fillConsolidatedSize();
+    fillConsolidation();
+    fillShear();
+    correctForArea(m_row, m_slot, LoadCorrection(m_row, m_slot));
+  }
+
+ private:
+  /// In mode 3 the stages are sheared as in mode 2, and the axial strain runs on.
+  void fillIdentity() {
+    constexpr std::uint8_t kStrainRunsOn = 3, kMultiStage = 2;
+    const SampleIdentity identity = identityOf(m_raw);
+    const bool runsOn = m_raw.shearMode == kStrainRunsOn;
+    m_row.projectNo = identity.projectNo;
+    m_row.sampleNo = identity.sampleNo;
+    m_row.testMethod = identity.testMethod;
+    m_row.shearMode = runsOn ? kMultiStage : m_raw.shearMode;
+    m_row.uuAdjustFlag = runsOn ? 1 : 0;
+    m_row.shearRate[m_slot] = m_raw.rawShearRate;
+  }
+
+  void fillMeasures() {
+    SetNumber(m_row.cellPressure[m_slot], wholeOfTenths(m_raw.rawCellPressure), NumberFormat::Whole);
+    setHundredths(m_row.initialHeight[m_slot], m_raw.rawInitialHeight);
+    setHundredths(m_row.initialArea[m_slot], m_raw.rawInitialArea);
+    if (m_raw.testMethod != kUU) setHundredths(m_row.consolidatedHeight[m_slot], m_raw.rawConsolidatedHeight);
+    SetNumber(m_row.consolidationDrainage[m_slot], drainageOf(m_raw) / 100.0, NumberFormat::Hundredths);
+  }
+
+  /// Worked out from the drainage, of UU tests as well. Without an initial volume the stored height stands and the area
+  /// is "0.00".
+  void fillConsolidatedSize() {
+    const auto factors =
+        drainedFactors(m_raw.rawInitialHeight, m_raw.rawInitialArea, drainageOf(m_raw)).value_or(DrainedFactors{});
+    const double height = m_raw.rawInitialHeight / 100.0 * factors.height;
+    if (height != 0) SetNumber(m_row.consolidatedHeight[m_slot], height, NumberFormat::Hundredths);
+    SetNumber(m_row.consolidatedArea[m_slot], m_raw.rawInitialArea / 100.0 * factors.area, NumberFormat::Hundredths);
+  }
+
+  void fillConsolidation() {
+    for (std::size_t k = 0; k < kImportedConsolidationRows; ++k)
+      m_row.consolidationPorePressure[k][m_slot] = readingOrZero(m_raw.rawConsolidationPore[k]);
+    for (std::size_t k = 0; k < kDrainedVolumeWords; ++k)
+      m_row.consolidationVolume[k][m_slot] = fromSignAndMagnitude(readingOrZero(m_raw.rawConsolidationVolume[k]));
+  }
+
+  /// Loads, to one decimal; the correction turns them into stresses.
+  void fillShear() {
+    const double coefficient = m_raw.rawRingCoefficient;
+    for (std::size_t reading = 1; reading < kImportedShearRows; ++reading) {
+      const std::int16_t dial = readingOrZero(m_raw.rawDial[reading]);
+      if (dial == 0) continue;
+      const std::size_t row = reading - 1;
+      SetNumber(m_row.deviatorStress[row][m_slot], dial / 10.0 * coefficient / 1000, NumberFormat::Tenths);
+      fillPoreAndVolume(reading, row);
+    }
+  }
+
+  /// The last dial reading has neither.
+  void fillPoreAndVolume(std::size_t reading, std::size_t row) {
+    const bool exists = reading < kPoreWords;
+    if (exists && m_raw.rawPore[reading] != kNoReading)
+      SetNumber(m_row.porePressure[row][m_slot], wholeOfTenths(fromSignAndMagnitude(m_raw.rawPore[reading])),
+                NumberFormat::Whole);
+    m_row.volumeChange[row][m_slot] = exists ? readingOrZero(m_raw.rawVolume[reading]) : std::int16_t{0};
+  }
+
+  const NewQvbSpecimenRecord& m_raw;
+  TriaxialSampleRecord& m_row;
+  std::size_t m_slot;
+};
+
+// ---- the source
+
+struct NewQvbFormat {
+  using Entry = NewQvbEntry;
+  using Block = NewQvbBlock;
+  using Group = const NewQvbSpecimenRecord*;
+
+  std::vector<Entry> readIndex(const File& file, Remarks& remarks) const {
+    return readKuIndex<NewQvbTail>(file, remarks);
+  }
+  SourceRow gridRow(const Entry& entry) const { return rowOf(entry); }
+  Block readBlock(const File& file, const Entry& entry) const { return blockOf(file, entry); }
+
+  void addGroups(const Block& block, const SourceRow& source, TriaxialImportPlan& plan,
+                 std::vector<Group>& groups) const {
+    plan.addProjectDate(source);
+    for (const NewQvbSpecimenRecord& raw : block.specimens) {
+      if (!isSpecimen(raw)) continue;
+      plan.addGroup(identityOf(raw), TriaxialImportPlan::Gathering::InPlace);
+      groups.push_back(&raw);
+    }
+  }
+
+  /// A sixth pressure finds no slot and is dropped.
+  void fill(Group raw, TriaxialSampleRecord& row) const {
+    if (const auto slot = slotForPressure(row, wholeOfTenths(raw->rawCellPressure)))
+      SpecimenFiller(*raw, row, *slot).fill();
+  }
+};
+
+constexpr std::array kColumns{SourceColumn{"工程编号", 1500}, SourceColumn{"试验日期", 1500},
+                              SourceColumn{"试样个数", 1000}};
+
+std::unique_ptr<RawSource> openNewQvb(const std::filesystem::path& path) {
+  return std::make_unique<IndexedSource<NewQvbFormat>>(path);
+}
+
+}  // namespace
+
+extern constinit const Importer kNewQvbImporter{.id = "new-qvb",
+                                                .menuCommand = "NEWSZ2",
+                                                .form = "OPENFORM10",
+                                                .title = "新QVB三轴试验原始数据库",
+                                                .defaultFile = "RSZSJ.KU",
+                                                .folderField = {13500, 170},
+                                                .messageTitle = "打开三轴试验数据",
+                                                .thirdButton = "",
+                                                .document = kForm1,
+                                                .columns = kColumns,
+                                                .open = openNewQvb};
+
+}  // namespace triaxlab

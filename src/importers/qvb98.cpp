@@ -1,0 +1,327 @@
+// KSZSJ.KU, the database of the QVB98 triaxial apparatus.
+//
+// A .KU file (see ku_file.h). A data block is a group count, groups of four specimens, and behind them a text with long
+// sample numbers; a group is one sample. The apparatus keeps dial readings of a proving ring: a reading times the
+// ring's coefficient is the load, which is put over the section that the specimen has at the strain of the reading. No
+// unit factor is applied, so the stress has the unit that the stored coefficient gives it. Sample numbers are packed
+// decimals. Not known: the first 20 bytes of a group and the reserved places of a specimen.
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <optional>
+#include <span>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "common/conversions.h"
+#include "common/gbk.h"
+#include "importers/area_correction.h"
+#include "importers/importer.h"
+#include "importers/indexed_source.h"
+#include "importers/ku_file.h"
+#include "importers/reading_words.h"
+#include "importers/triaxial_import.h"
+
+namespace triaxlab {
+namespace {
+
+using QvbEntry = KuIndexEntry<FixedText<8>>;  // the tail is not used
+
+constexpr std::size_t kSlots = 4;
+constexpr std::size_t kReadings = 50;
+
+struct QvbSpecimenRecord {                       // offset
+  std::array<std::uint8_t, 4> packedSampleNo{};  //   0
+  FixedText<2> reserved4;                        //   4
+  std::uint8_t testMethod = 0;                   //   6  TestMethod
+  FixedText<2> reserved7;                        //   7
+  std::uint8_t shearMode = 0;                    //   9  2: a reading each 0.2 %, else each 0.4 %
+  Little<std::int16_t> rawCellPressure;          //  10  kPa; 0: no specimen
+  Little<std::int16_t> rawInitialHeight;         //  12  0.01 cm
+  Little<std::int16_t> rawConsolidatedHeight;    //  14  0.01 cm
+  Little<std::int16_t> rawInitialArea;           //  16  0.01 cm2
+  Little<std::int16_t> rawDrainage;              //  18  0.01 ml
+  Little<std::int16_t> rawRingCoefficient;       //  20  0.001 load per division
+  FixedText<10> reserved22;                      //  22
+  Words<kReadings> rawDial;                      //  32  divisions; reading i stands at index i
+  Little<std::int16_t> rawStartPore;             // 132  kPa, sign and magnitude; 0: not read
+  Words<kReadings> rawPore;                      // 134  kPa, sign and magnitude
+  Words<kReadings> rawVolume;                    // 234  0.01 ml, sign and magnitude
+  FixedText<2> reserved334;                      // 334
+};                                               // 336
+static_assert(sizeof(QvbSpecimenRecord) == 336 && alignof(QvbSpecimenRecord) == 1);
+static_assert(offsetof(QvbSpecimenRecord, testMethod) == 6 && offsetof(QvbSpecimenRecord, shearMode) == 9);
+static_assert(offsetof(QvbSpecimenRecord, rawCellPressure) == 10 && offsetof(QvbSpecimenRecord, rawDrainage) == 18);
+static_assert(offsetof(QvbSpecimenRecord, rawRingCoefficient) == 20 && offsetof(QvbSpecimenRecord, rawDial) == 32);
+static_assert(offsetof(QvbSpecimenRecord, rawStartPore) == 132 && offsetof(QvbSpecimenRecord, rawPore) == 134);
+static_assert(offsetof(QvbSpecimenRecord, rawVolume) == 234 && offsetof(QvbSpecimenRecord, reserved334) == 334);
+static_assert(std::is_trivially_copyable_v<QvbSpecimenRecord>);
+
+struct QvbGroupRecord {                             // offset
+  FixedText<20> unknown;                            //    0
+  std::array<QvbSpecimenRecord, kSlots> specimens;  //   20
+};                                                  // 1364
+static_assert(sizeof(QvbGroupRecord) == 1364 && offsetof(QvbGroupRecord, specimens) == 20);
+
+/// Behind the groups: "zmgj", then ten places for each group.
+using LongSampleNumbers = FixedText<644>;
+
+// ---- the index
+
+SourceRow rowOf(const QvbEntry& entry) {
+  SourceRow row;
+  row.projectNo = shownText(entry.entryProjectNo.view());
+  row.testDate = slashedEntryDate(entry.entryDate);
+  row.cells = {gbkToUtf8(row.projectNo), gbkToUtf8(row.testDate), fmt::format("{}", entry.entryGroupCount)};
+  return row;
+}
+
+// ---- the data blocks
+
+struct QvbBlock {
+  std::vector<QvbGroupRecord> groups;
+  LongSampleNumbers longSampleNumbers;
+  bool isWhole = true;
+};
+
+QvbBlock blockOf(const File& file, const QvbEntry& entry) {
+  QvbBlock block;
+  const std::uint64_t start = entry.entryDataOffset.value();
+  std::uint8_t groupCount = 0;
+  block.isWhole = file.readAt(start, writableBytesOf(groupCount)) == sizeof groupCount;
+  block.groups.resize(groupCount);
+  const auto bytes = std::as_writable_bytes(std::span(block.groups));
+  if (file.readAt(start + 1, bytes) < bytes.size()) block.isWhole = false;
+  // A database without long numbers may end behind its last group.
+  file.readAt(start + 1 + bytes.size(), writableBytesOf(block.longSampleNumbers));
+  return block;
+}
+
+/// Two digits a byte, the high nibble first. 10 is a dash; what lies above adds no character.
+std::string unpacked(const std::array<std::uint8_t, 4>& packed) {
+  std::string number;
+  const auto add = [&number](int nibble) {
+    if (nibble < 10) number += static_cast<char>('0' + nibble);
+    if (nibble == 10) number += '-';
+  };
+  for (const std::uint8_t byte : packed) {
+    add(byte >> 4);
+    add(byte & 0xF);
+  }
+  return number;
+}
+
+/// The long number of a group is taken with the blanks around it, if it has more than six characters within them.
+std::optional<std::string> longSampleNo(const LongSampleNumbers& numbers, std::size_t group) {
+  constexpr std::string_view kMark = "zmgj";
+  constexpr std::size_t kWidth = 10, kMostPacked = 6;
+  const std::string_view text = numbers.view();
+  const std::size_t at = kMark.size() + group * kWidth;
+  if (!text.starts_with(kMark) || at >= text.size()) return std::nullopt;
+  std::string_view number = text.substr(at, kWidth);
+  number = number.substr(0, number.find('\0'));
+  if (Trim(number).size() <= kMostPacked) return std::nullopt;
+  return std::string(number);
+}
+
+/// The load on the section that a specimen has at a strain.
+class RingStress {
+ public:
+  RingStress(const QvbSpecimenRecord& raw, const TriaxialSampleRecord& row, std::size_t slot)
+      : m_method(row.testMethod),
+        m_coefficient(raw.rawRingCoefficient / 1000.0),
+        m_initialArea(row.initialArea[slot].number()),
+        m_consolidatedArea(row.consolidatedArea[slot].number()),
+        m_consolidatedHeight(raw.rawConsolidatedHeight / 100.0) {}
+
+  /// Nothing when the load or the section comes to 0.
+  std::optional<double> stress(std::int16_t dial, double strain, double drained) const {
+    const double load = m_coefficient * dial;
+    const auto area = section(strain, drained);
+    if (load == 0 || !area) return std::nullopt;
+    return quotient(load, *area);
+  }
+
+ private:
+  std::optional<double> section(double strain, double drained) const {
+    switch (m_method) {
+      case kUU:
+        return quotient(m_initialArea, 1 - strain);
+      case kCU:
+        return quotient(m_consolidatedArea, 1 - strain);
+      case kCD:
+        return drainedSection(m_consolidatedArea, m_consolidatedHeight, drained, strain);
+      default:
+        return std::nullopt;
+    }
+  }
+
+  std::uint8_t m_method;
+  double m_coefficient, m_initialArea, m_consolidatedArea, m_consolidatedHeight;
+};
+
+/// Strain that the stages before this one have used up: counted on their dial readings, not on the stresses.
+double strainOfEarlierDials(const QvbGroupRecord& group, std::size_t slot) {
+  double strain = 0;
+  for (std::size_t earlier = 0; earlier < slot; ++earlier) {
+    const auto& dial = group.specimens[earlier].rawDial;
+    std::size_t rows = 1;
+    while (rows < kReadings && readingOrZero(dial[rows]) != 0) ++rows;
+    strain += static_cast<double>(rows) * 0.002;
+  }
+  return strain;
+}
+
+/// Fills one slot of a row from one specimen record.
+class SpecimenFiller {
+ public:
+  SpecimenFiller(const QvbGroupRecord& group, TriaxialSampleRecord& row, std::size_t slot)
+      : m_group(group), m_raw(group.specimens[slot]), m_row(row), m_slot(slot) {}
+
+  void fill() {
+    fillMeasures();
+    fillStartPore();
+    fillPoreAndVolume();
+    fillStress();
+  }
+
+ private:
+  void fillMeasures() {
+    SetNumber(m_row.cellPressure[m_slot], m_raw.rawCellPressure, NumberFormat::Whole);
+    setHundredths(m_row.initialHeight[m_slot], m_raw.rawInitialHeight);
+    setHundredths(m_row.consolidatedHeight[m_slot], m_raw.rawConsolidatedHeight);
+    setHundredths(m_row.initialArea[m_slot], m_raw.rawInitialArea);
+    setHundredths(m_row.consolidationDrainage[m_slot], m_raw.rawDrainage);
+    if (m_raw.rawRingCoefficient != 0)
+      SetNumber(m_row.ringCoefficient[m_slot], m_raw.rawRingCoefficient / 1000.0, NumberFormat::Thousandths);
+    // Without a height the volume itself goes into the area.
+    double area = m_raw.rawInitialHeight / 100.0 * m_raw.rawInitialArea / 100 - m_raw.rawDrainage / 100.0;
+    if (m_raw.rawConsolidatedHeight != 0) area /= m_raw.rawConsolidatedHeight / 100.0;
+    if (area != 0 && m_row.testMethod != kUU) SetNumber(m_row.consolidatedArea[m_slot], area, NumberFormat::Hundredths);
+  }
+
+  /// The record holds tenths of a kPa, the apparatus kPa; a pressure that doesn't fit stays as it is.
+  void fillStartPore() {
+    constexpr std::size_t kSearched = 49;
+    std::int16_t start = readingOrZero(m_raw.rawStartPore);
+    for (std::size_t i = 0; i < kSearched && start == 0; ++i) start = readingOrZero(m_raw.rawPore[i]);
+    start = fromSignAndMagnitude(start);
+    m_row.consolidationPorePressure[0][m_slot] = toInt16(start * 10.0).value_or(start);
+  }
+
+  bool hasReading(std::size_t i) const { return readingOrZero(m_raw.rawDial[i]) != 0; }
+
+  /// Volumes lose their sign and move up a row: a row holds the volume that goes with the next dial reading. Those of
+  /// rows without a dial reading are lost on the way.
+  void fillPoreAndVolume() {
+    std::array<std::int16_t, kReadings + 1> volumes{};
+    for (std::size_t i = 0; i < kReadings; ++i) {
+      if (!hasReading(i)) continue;
+      if (m_raw.rawPore[i] != kNoReading)
+        SetNumber(m_row.porePressure[i][m_slot], fromSignAndMagnitude(m_raw.rawPore[i]), NumberFormat::Hundredths);
+      volumes[i] = fromSignAndMagnitude(readingOrZero(m_raw.rawVolume[i]));
+    }
+    for (std::size_t i = 0; i < kReadings; ++i)
+      m_row.volumeChange[i][m_slot] = static_cast<std::int16_t>(std::abs(volumes[i + 1]));
+  }
+
+  void fillStress() {
+    const double used = m_row.shearMode == 2 ? strainOfEarlierDials(m_group, m_slot) : 0;
+    const double step = shearStep(m_row);
+    const RingStress ring(m_raw, m_row, m_slot);
+    for (std::size_t i = 0; i < kReadings; ++i) {
+      if (!hasReading(i)) continue;
+      const double drained = m_row.volumeChange[i][m_slot] / 100.0;
+      const auto stress = ring.stress(m_raw.rawDial[i], static_cast<double>(i + 1) * step + used, drained);
+      if (stress) SetNumber(m_row.deviatorStress[i][m_slot], *stress, NumberFormat::Whole);
+    }
+  }
+
+  const QvbGroupRecord& m_group;
+  const QvbSpecimenRecord& m_raw;
+  TriaxialSampleRecord& m_row;
+  std::size_t m_slot;
+};
+
+// ---- the source
+
+struct QvbGroup {
+  const QvbGroupRecord* record;
+  SampleIdentity identity;
+
+  bool hasSpecimen(std::size_t slot) const { return record->specimens[slot].rawCellPressure != 0; }
+};
+
+/// The first slot names the sample. A group that has none there stays without a name and a method.
+SampleIdentity identityOf(const QvbBlock& block, std::size_t group, const SourceRow& source) {
+  const QvbSpecimenRecord& first = block.groups[group].specimens[0];
+  SampleIdentity identity;
+  if (first.rawCellPressure == 0) return identity;
+  SetText(identity.projectNo, source.projectNo);
+  SetText(identity.sampleNo, longSampleNo(block.longSampleNumbers, group).value_or(unpacked(first.packedSampleNo)));
+  identity.testMethod = first.testMethod;
+  return identity;
+}
+
+struct Qvb98Format {
+  using Entry = QvbEntry;
+  using Block = QvbBlock;
+  using Group = QvbGroup;
+
+  std::vector<Entry> readIndex(const File& file, Remarks& remarks) const {
+    return readKuIndex<FixedText<8>>(file, remarks);
+  }
+  SourceRow gridRow(const Entry& entry) const { return rowOf(entry); }
+  Block readBlock(const File& file, const Entry& entry) const { return blockOf(file, entry); }
+
+  /// A group without a specimen takes a row that stays blank.
+  void addGroups(const Block& block, const SourceRow& source, TriaxialImportPlan& plan,
+                 std::vector<Group>& groups) const {
+    for (std::size_t i = 0; i < block.groups.size(); ++i) {
+      const Group group{&block.groups[i], identityOf(block, i, source)};
+      bool used = false;
+      for (std::size_t slot = 0; slot < kSlots; ++slot) used = used || group.hasSpecimen(slot);
+      if (used) plan.setProjectDate(source);
+      plan.addGroup(group.identity, TriaxialImportPlan::Gathering::BySample);
+      groups.push_back(group);
+    }
+  }
+
+  void fill(const Group& group, TriaxialSampleRecord& row) const {
+    row.projectNo = group.identity.projectNo;
+    row.sampleNo = group.identity.sampleNo;
+    row.testMethod = group.identity.testMethod;
+    if (group.hasSpecimen(0)) row.shearMode = group.record->specimens[0].shearMode;
+    for (std::size_t slot = 0; slot < kSlots; ++slot)
+      if (group.hasSpecimen(slot)) SpecimenFiller(*group.record, row, slot).fill();
+  }
+};
+
+constexpr std::array kColumns{SourceColumn{"工程编号", 1500}, SourceColumn{"试验日期", 1500},
+                              SourceColumn{"组 数", 800}};
+
+std::unique_ptr<RawSource> openQvb98(const std::filesystem::path& path) {
+  return std::make_unique<IndexedSource<Qvb98Format>>(path);
+}
+
+}  // namespace
+
+extern constinit const Importer kQvb98Importer{.id = "qvb98",
+                                               .menuCommand = "OLDSZ",
+                                               .form = "OPENFORM1",
+                                               .title = "QVB98三轴试验原始数据库",
+                                               .defaultFile = "KSZSJ.KU",
+                                               .folderField = {20, 170},
+                                               .messageTitle = "打开三轴试验数据",
+                                               .thirdButton = "",
+                                               .document = kForm1,
+                                               .columns = kColumns,
+                                               .open = openQvb98};
+
+}  // namespace triaxlab
