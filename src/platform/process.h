@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string_view>
 
@@ -7,5 +8,15 @@ namespace triaxlab {
 
 /// Starts a program without waiting for it. A program that isn't there, or that can't be started, is silent.
 void startProgram(const std::filesystem::path& program);
+
+enum class Raising : std::uint8_t {
+  Done,          // the desktop was asked to bring the window to the front
+  NoSuchWindow,  // not yet, perhaps
+  NotPossible,   // on this desktop, or without one
+};
+
+/// Brings the window with this title (UTF-8) to the front, whatever program it belongs to; without one the first whose
+/// title begins so. An empty title names none.
+Raising raiseWindow(std::string_view title);
 
 }  // namespace triaxlab

@@ -1,0 +1,185 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/process.h"
+
+namespace triaxlab {
+namespace {
+
+/// A display of its own for the test; DISPLAY names it as long as it lives.
+class XServer {
+ public:
+  XServer() {
+    int pipeEnds[2];
+    if (pipe(pipeEnds) != 0) return;
+    m_server = fork();
+    if (m_server == 0) {
+      const int silence = open("/dev/null", O_RDWR);
+      dup2(silence, STDERR_FILENO);
+      const std::string numberGoesTo = std::to_string(pipeEnds[1]);
+      execlp("Xvfb", "Xvfb", "-displayfd", numberGoesTo.c_str(), "-screen", "0", "640x480x24", "-nolisten", "tcp",
+             nullptr);
+      _exit(127);
+    }
+    close(pipeEnds[1]);
+    std::string number;
+    for (char c = 0; read(pipeEnds[0], &c, 1) == 1 && c != '\n';) number += c;
+    close(pipeEnds[0]);
+    if (!number.empty()) setenv("DISPLAY", (":" + number).c_str(), 1);
+    m_runs = !number.empty();
+  }
+  ~XServer() {
+    unsetenv("DISPLAY");
+    kill(m_server, SIGTERM);
+    waitpid(m_server, nullptr, 0);
+  }
+  XServer(const XServer&) = delete;
+  XServer& operator=(const XServer&) = delete;
+
+  bool runs() const { return m_runs; }
+
+ private:
+  pid_t m_server = -1;
+  bool m_runs = false;
+};
+
+/// Windows of another program, on that display.
+class OtherProgram {
+ public:
+  OtherProgram() : m_connection(xcb_connect(nullptr, nullptr)) {
+    m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+  }
+  ~OtherProgram() { xcb_disconnect(m_connection); }
+  OtherProgram(const OtherProgram&) = delete;
+  OtherProgram& operator=(const OtherProgram&) = delete;
+
+  xcb_window_t openWindow(std::string_view title) {
+    const xcb_window_t window = xcb_generate_id(m_connection);
+    xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, window, m_root, 0, 0, 100, 100, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    setProperty(window, atom("_NET_WM_NAME"), atom("UTF8_STRING"), 8, title.data(), title.size());
+    xcb_map_window(m_connection, window);
+    finish();
+    return window;
+  }
+
+  /// The windows from the lowest to the one in front.
+  std::vector<xcb_window_t> stack() const {
+    auto* const tree = xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, m_root), nullptr);
+    const xcb_window_t* const first = xcb_query_tree_children(tree);
+    std::vector<xcb_window_t> windows(first, first + xcb_query_tree_children_length(tree));
+    std::free(tree);
+    return windows;
+  }
+
+  /// From now on this program is the desktop: it lists the windows and is told the wishes.
+  void becomeDesktop(const std::vector<xcb_window_t>& windows) {
+    const std::uint32_t wishes = XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT;
+    xcb_change_window_attributes(m_connection, m_root, XCB_CW_EVENT_MASK, &wishes);
+    setProperty(m_root, atom("_NET_CLIENT_LIST"), XCB_ATOM_WINDOW, 32, windows.data(), windows.size());
+    finish();
+  }
+  /// The window that is wished to be active; nothing when there is no wish.
+  std::optional<xcb_window_t> wishedWindow() {
+    finish();
+    std::optional<xcb_window_t> wished;
+    while (xcb_generic_event_t* const event = xcb_poll_for_event(m_connection)) {
+      const auto* const message = reinterpret_cast<const xcb_client_message_event_t*>(event);
+      if ((event->response_type & 0x7F) == XCB_CLIENT_MESSAGE && message->type == atom("_NET_ACTIVE_WINDOW") &&
+          message->data.data32[0] == 2)  // a wish of the person
+        wished = message->window;
+      std::free(event);
+    }
+    return wished;
+  }
+
+ private:
+  xcb_atom_t atom(std::string_view name) const {
+    const auto cookie = xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+    auto* const reply = xcb_intern_atom_reply(m_connection, cookie, nullptr);
+    const xcb_atom_t atom = reply->atom;
+    std::free(reply);
+    return atom;
+  }
+  void setProperty(xcb_window_t window, xcb_atom_t name, xcb_atom_t type, std::uint8_t bits, const void* data,
+                   std::size_t count) {
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, name, type, bits,
+                        static_cast<std::uint32_t>(count), data);
+  }
+  /// Returns when the display has done everything so far.
+  void finish() const {
+    std::free(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+  }
+
+  xcb_connection_t* m_connection;
+  xcb_window_t m_root;
+};
+
+constexpr std::string_view kTool = "QVB固结（黄土压缩）试验数据处理";
+
+class RaiseWindow : public ::testing::Test {
+ protected:
+  void SetUp() override { ASSERT_TRUE(display.runs()) << "Xvfb is needed for this test"; }
+  XServer display;
+};
+
+TEST_F(RaiseWindow, TheWindowWithTheTitleComesToTheFront) {
+  OtherProgram other;
+  const xcb_window_t tool = other.openWindow(kTool), above = other.openWindow("文件");
+  ASSERT_EQ(other.stack(), (std::vector{tool, above}));
+  EXPECT_EQ(raiseWindow(kTool), Raising::Done);
+  EXPECT_EQ(other.stack(), (std::vector{above, tool}));
+}
+
+TEST_F(RaiseWindow, ATitleThatGoesOnCountsWhenNoneIsTheSame) {
+  OtherProgram other;
+  const xcb_window_t document = other.openWindow(std::string(kTool) + " - 2024-018");
+  const xcb_window_t same = other.openWindow(kTool), above = other.openWindow("文件");
+  EXPECT_EQ(raiseWindow(kTool), Raising::Done);
+  EXPECT_EQ(other.stack(), (std::vector{document, above, same}));
+  EXPECT_EQ(raiseWindow("QVB固结（黄土压缩）试验数据处理 -"), Raising::Done);
+  EXPECT_EQ(other.stack(), (std::vector{above, same, document}));
+}
+
+TEST_F(RaiseWindow, AWindowThatIsNotThereYetIsTold) {
+  OtherProgram other;
+  const xcb_window_t window = other.openWindow("文件"), above = other.openWindow("");
+  EXPECT_EQ(raiseWindow(kTool), Raising::NoSuchWindow);
+  EXPECT_EQ(raiseWindow(""), Raising::NoSuchWindow);
+  EXPECT_EQ(other.stack(), (std::vector{window, above}));
+}
+
+TEST_F(RaiseWindow, ADesktopIsAskedForAWindowOfItsList) {
+  OtherProgram other;
+  const xcb_window_t tool = other.openWindow(kTool);
+  other.openWindow("文件");
+  const xcb_window_t unlisted = other.openWindow("menu");
+  other.becomeDesktop({tool});
+  EXPECT_EQ(raiseWindow("menu"), Raising::NoSuchWindow);
+  EXPECT_EQ(other.wishedWindow(), std::nullopt);
+  EXPECT_EQ(raiseWindow(kTool), Raising::Done);
+  EXPECT_EQ(other.wishedWindow(), tool);
+  EXPECT_NE(unlisted, tool);
+}
+
+TEST(RaiseWindowWithoutADisplay, IsNotPossible) {
+  unsetenv("DISPLAY");
+  EXPECT_EQ(raiseWindow(kTool), Raising::NotPossible);
+  setenv("DISPLAY", ":987654", 1);
+  EXPECT_EQ(raiseWindow(kTool), Raising::NotPossible);
+  unsetenv("DISPLAY");
+}
+
+}  // namespace
+}  // namespace triaxlab
