@@ -2,6 +2,7 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "common/gbk.h"
@@ -21,9 +22,11 @@ constexpr const char* kMark = "处理";
 constexpr std::size_t kMostMarks = 999;
 constexpr const char* kTooManyMarks = "对不起，你所选择的试样太多，最多只能处理1000个....";
 
-FileQuestion questionFor(const Importer& importer, const std::filesystem::path& initial) {
+/// A source whose files have no name of their own, but a mask, starts with no name.
+FileQuestion questionFor(const Importer& importer, const std::filesystem::path& folder) {
+  const bool isMask = importer.defaultFile.find('*') != std::string_view::npos;
   return {std::string(importer.title), fmt::format("Log Files ({0})|{0}|All  Files (*.*)|*.*", importer.defaultFile),
-          initial};
+          folder / (isMask ? std::string_view() : importer.defaultFile)};
 }
 
 }  // namespace
@@ -38,8 +41,15 @@ ImportSelection::ImportSelection(const Importer& importer, Workspace& workspace)
 void ImportSelection::load(Dialogs& dialogs) {
   const std::filesystem::path folder = pathFromText(m_workspace.sourceFolder);
   if (const auto file = findFile(folder, m_importer.defaultFile)) return open(*file);
+  choose(dialogs);
+}
+
+bool ImportSelection::choose(Dialogs& dialogs) {
+  const std::filesystem::path folder = pathFromText(m_workspace.sourceFolder);
   const auto& start = folderExists(folder) ? folder : m_workspace.applicationFolder;
-  if (const auto chosen = dialogs.chooseFile(questionFor(m_importer, start / m_importer.defaultFile))) open(*chosen);
+  const auto chosen = dialogs.chooseFile(questionFor(m_importer, start));
+  if (chosen) open(*chosen);
+  return chosen.has_value();
 }
 
 void ImportSelection::open(const std::filesystem::path& sourcePath) {
@@ -78,6 +88,11 @@ void ImportSelection::toggleMark(std::size_t row, Dialogs& dialogs) {
     return dialogs.message(m_importer.messageTitle, kTooManyMarks, MessageIcon::Information);
   m_marked[row - 1] = mark;
   m_markCount = mark ? m_markCount + 1 : m_markCount - 1;
+}
+
+void ImportSelection::markAll() {
+  m_markCount = std::min(m_marked.size(), kMostMarks);
+  std::fill_n(m_marked.begin(), m_markCount, true);
 }
 
 ImportReport ImportSelection::read(const Progress& progress) {

@@ -31,6 +31,8 @@ class ImportSelection {
   /// Opens the default file of the source folder; asks for a file when it isn't there. A cancelled question leaves the
   /// grid empty. UserError when the file can't be read; the grid is empty then, too.
   void load(Dialogs& dialogs);
+  /// Asks for a file and opens it; false when the question was cancelled. UserError as `load`.
+  bool choose(Dialogs& dialogs);
   /// Opens this database instead.
   void open(const std::filesystem::path& sourcePath);
 
@@ -47,6 +49,9 @@ class ImportSelection {
   /// A double click on a row: marks it or takes the mark off. Row 0 and rows past the last are passed over. More than
   /// 999 marks are refused with a message.
   void toggleMark(std::size_t row, Dialogs& dialogs);
+
+  /// Marks every row, as far as the limit allows.
+  void markAll();
 
   /// 处理: reads the marked rows into the tables of the workspace; see RawSource::read. The document window is then
   /// prepared as for an opened project. Pre: state().canRead.

@@ -6,6 +6,7 @@
 #include <array>
 #include <vector>
 
+#include "importers/import_selection.h"
 #include "platform/process.h"
 #include "shell/browser_session.h"
 #include "shell/document_operations.h"
@@ -63,6 +64,7 @@ bool ShellSession::trigger(std::string_view name) {
       Work{Action::Save, &ShellSession::saveCommand},
       Work{Action::Exit, &ShellSession::exitCommand},
       Work{Action::Import, &ShellSession::import},
+      Work{Action::OpenNanjingFile, &ShellSession::openNanjingFile},
       Work{Action::ShowCurves, &ShellSession::showCurves},
       Work{Action::FlipToggle, &ShellSession::flipToggle},
       Work{Action::StartTool, &ShellSession::startTool},
@@ -172,11 +174,22 @@ void ShellSession::openProject(const Command& command) {
 }
 
 void ShellSession::import(const Command& command) {
-  std::optional<Remarks> remarks = m_windows.showImporter(command.target);
-  if (!remarks) return;
+  const std::optional<Remarks> remarks = m_windows.showImporter(command.target);
+  if (remarks) showImport(*remarks);
+}
+
+// The file is read as soon as it is chosen, for there is nothing to select in it.
+void ShellSession::openNanjingFile(const Command& command) {
+  ImportSelection file(*importerOfMenuCommand(command.name), m_workspace);
+  if (!file.choose(m_dialogs)) return;
+  file.markAll();
+  showImport(file.read([this](std::size_t done, std::size_t total) { m_windows.showProgress(done, total); }).remarks);
+}
+
+void ShellSession::showImport(Remarks remarks) {
   const Remarks more = importedTriaxialDocument(m_workspace);
-  remarks->insert(remarks->end(), more.begin(), more.end());
-  show(kForm1, *remarks);
+  remarks.insert(remarks.end(), more.begin(), more.end());
+  show(kForm1, remarks);
 }
 
 void ShellSession::print(const Command& command) {

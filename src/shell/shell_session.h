@@ -65,6 +65,7 @@ class ShellSession {
   void newDocument(const Command& command);
   void openProject(const Command& command);
   void import(const Command& command);
+  void openNanjingFile(const Command& command);
   void print(const Command& command);
   void saveCommand(const Command& command);
   void exitCommand(const Command& command);
@@ -73,6 +74,8 @@ class ShellSession {
   void startTool(const Command& command);
   void flipToggle(const Command& command);
 
+  /// An importer has filled the triaxial table: prepares it and shows it.
+  void showImport(Remarks remarks);
   void show(ActiveDocument document, const Remarks& remarks);
 
   Workspace& m_workspace;

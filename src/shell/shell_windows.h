@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -66,6 +67,8 @@ class ShellWindows {
   virtual DocumentWindow* document(ActiveDocument document) = 0;
   virtual CurveDocument* curveDocument() = 0;
 
+  /// Moves ProgressBar1, which is painted at once: no event is handled. It hides when all is done.
+  virtual void showProgress(std::size_t done, std::size_t total) = 0;
   /// Command states, captions or status texts may have changed: take them over from the shell session.
   virtual void refresh() = 0;
   /// Ends the process at once; nothing is asked any more.

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <utility>
 
 #include "shell/error_display.h"
 #include "windows/grid_view.h"
@@ -14,7 +15,7 @@ namespace {
 constexpr Place kWindow{0, 0, 9000, 7500};
 constexpr Place kFileCount{200, 150, 3000, 300}, kMarkCount{3400, 150, 3500, 300};
 constexpr Place kGrid{200, 540, 8600, 5900};
-constexpr Place kRead{1500, 6700, 1400, 450}, kOutput{3400, 6700, 1800, 450}, kReturn{5700, 6700, 1400, 450};
+constexpr Place kRead{1500, 6700, 1400, 450}, kThird{3400, 6700, 1800, 450}, kReturn{5700, 6700, 1400, 450};
 
 GridContent contentOf(const ImportSelection& selection) {
   GridContent content;
@@ -28,10 +29,11 @@ GridContent contentOf(const ImportSelection& selection) {
 
 }  // namespace
 
-ImporterWindow::ImporterWindow(QWidget* parent, ImportSelection& selection, Dialogs& dialogs)
+ImporterWindow::ImporterWindow(QWidget* parent, ImportSelection& selection, Dialogs& dialogs, Progress progress)
     : QDialog(parent),
       m_selection(selection),
       m_dialogs(dialogs),
+      m_progress(std::move(progress)),
       m_grid(put(new GridView(this, contentOf(selection)), "Grid1", kGrid)),
       m_fileCount(put(new QLabel(this), "Label1", kFileCount)),
       m_markCount(put(new QLabel(this), "Label2", kMarkCount)) {
@@ -52,7 +54,8 @@ void ImporterWindow::makeButtons() {
   leave->setAutoDefault(false);
   connect(leave, &QPushButton::clicked, this, &QDialog::reject);
   // Stands there and does nothing.
-  put(new QPushButton("输出接口数据", this), "Command3", kOutput)->setAutoDefault(false);
+  if (const auto caption = m_selection.importer().thirdButton; !caption.empty())
+    put(new QPushButton(words(caption), this), "Command3", kThird)->setAutoDefault(false);
 }
 
 void ImporterWindow::load() {
@@ -71,7 +74,7 @@ void ImporterWindow::toggleMark(int row) {
 
 void ImporterWindow::read() {
   const bool done = runShowingErrors(m_dialogs, [this] {
-    const ImportReport report = m_selection.read();
+    const ImportReport report = m_selection.read(m_progress);
     m_remarks = m_selection.remarks();
     m_remarks->insert(m_remarks->end(), report.remarks.begin(), report.remarks.end());
   });

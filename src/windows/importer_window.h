@@ -20,7 +20,7 @@ class ImporterWindow : public QDialog {
   Q_OBJECT
 
  public:
-  ImporterWindow(QWidget* parent, ImportSelection& selection, Dialogs& dialogs);
+  ImporterWindow(QWidget* parent, ImportSelection& selection, Dialogs& dialogs, Progress progress);
 
   /// What the import has to say; nothing when the window was left without reading.
   const std::optional<Remarks>& remarks() const { return m_remarks; }
@@ -34,6 +34,7 @@ class ImporterWindow : public QDialog {
 
   ImportSelection& m_selection;
   Dialogs& m_dialogs;
+  Progress m_progress;
   GridView* m_grid;
   QLabel *m_fileCount, *m_markCount;
   QPushButton* m_read = nullptr;

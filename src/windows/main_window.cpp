@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QLabel>
+#include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -122,7 +123,8 @@ std::optional<Remarks> MDIForm1::showImporter(std::string_view form) {
   for (const Importer* const importer : importers()) {
     if (importer->form != form) continue;
     ImportSelection selection(*importer, m_workspace);
-    ImporterWindow window(this, selection, m_dialogs);
+    ImporterWindow window(this, selection, m_dialogs,
+                          [this](std::size_t done, std::size_t total) { showProgress(done, total); });
     window.exec();
     return window.remarks();
   }
@@ -201,6 +203,16 @@ void MDIForm1::refresh() {
 void MDIForm1::refreshStatusBar() {
   const std::array<std::string, 3> texts = m_shell.statusTexts();
   for (std::size_t i = 0; i < texts.size(); ++i) m_panels.at(i)->setText(words(texts.at(i)));
+}
+
+void MDIForm1::showProgress(std::size_t done, std::size_t total) {
+  m_progress->setVisible(done < total);
+  if (done == total) return;
+  m_progress->setRange(0, static_cast<int>(total));
+  // Laid out and painted here: work that tells its progress lets no event run.
+  statusBar()->layout()->activate();
+  m_progress->setValue(static_cast<int>(done));
+  m_progress->repaint();
 }
 
 void MDIForm1::listOpenWindows() {

@@ -47,6 +47,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   std::vector<ActiveDocument> loadedDocuments() const override;
   DocumentWindow* document(ActiveDocument document) override;
   CurveDocument* curveDocument() override;
+  void showProgress(std::size_t done, std::size_t total) override;
   void refresh() override;
   void endProgram() override;
 

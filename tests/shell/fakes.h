@@ -76,6 +76,7 @@ class FakeWindows : public ShellWindows {
   std::function<std::optional<Remarks>()> inImporter = []() -> std::optional<Remarks> { return std::nullopt; };
   std::optional<FakeDocument> form1;
   int refreshes = 0;
+  std::vector<std::pair<std::size_t, std::size_t>> progress;
 
   void showBrowser(BrowserSession& session) override {
     shown.emplace_back("OPENFORM");
@@ -108,6 +109,7 @@ class FakeWindows : public ShellWindows {
   }
   DocumentWindow* document(ActiveDocument document) override { return form1 && document == kForm1 ? &*form1 : nullptr; }
   CurveDocument* curveDocument() override { return form1 ? &*form1 : nullptr; }
+  void showProgress(std::size_t done, std::size_t total) override { progress.emplace_back(done, total); }
   void refresh() override { ++refreshes; }
   void endProgram() override { shown.emplace_back("end"); }
 
