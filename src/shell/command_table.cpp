@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "store/source_folders.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
@@ -23,6 +24,14 @@ constexpr Command dialog(Name name, Name caption, Name parent, Action action, Na
 }
 constexpr Command importer(Name name, Name caption, Name form) {
   return dialog(name, caption, "RZMOPEN", Action::Import, form);
+}
+/// Its caption is what Form5 asks for.
+constexpr Command sourceFolder(Name name, std::int16_t kind) {
+  constexpr Name kPleaseEnter = "请输入", kColon = ":";
+  Name caption = sourceFolderOf(kind).prompt;
+  caption.remove_prefix(kPleaseEnter.size());
+  caption.remove_suffix(kColon.size());
+  return entry(name, caption, "SET0", Action::SetSourceFolder, kind);
 }
 constexpr Command curvePage(Name name, Name caption, std::int16_t page, Name shortcut,
                             CommandKind kind = CommandKind::Entry) {
@@ -89,18 +98,18 @@ constexpr std::array kCommands{
     later(entry("SAVEASEXCEL", "另存为Excel文件", "RZMFILE", A::SaveAsWorkbook)),
     withKey(entry("ZMSAVE", "保存", "RZMFILE", A::Save), "Ctrl+S"),
     belowLine(submenu("SET0", "设置", "RZMFILE")),
-    later(entry("SHEZHI2", "QVB98三轴源文件所在目录", "SET0", A::SetSourceFolder, 3)),
-    later(entry("SHEZHI", "全自动三轴源文件所在目录", "SET0", A::SetSourceFolder, 1)),
-    later(entry("XSHEZHI1", "新QVB三轴源文件所在目录", "SET0", A::SetSourceFolder, 5)),
-    later(entry("SHEZHI1", "无侧限源文件所在目录", "SET0", A::SetSourceFolder, 2)),
-    later(entry("XSHEZHI2", "新无侧限源文件所在目录", "SET0", A::SetSourceFolder, 6)),
-    later(entry("SHEZHI3", "Ko源文件所在目录", "SET0", A::SetSourceFolder, 4)),
-    later(entry("XSHEZHI3", "新Ko源文件所在目录", "SET0", A::SetSourceFolder, 7)),
-    later(entry("TK0SZ", "TKo源文件所在目录", "SET0", A::SetSourceFolder, 8)),
-    later(entry("WINSZ", "WIN版三轴源文件所在目录", "SET0", A::SetSourceFolder, 10)),
-    later(entry("WINWCX", "WIN版无侧限源文件所在目录", "SET0", A::SetSourceFolder, 11)),
-    later(entry("WINSZDAT", "WIN版三轴DATX格式文件所在目录", "SET0", A::SetSourceFolder, 12)),
-    later(entry("WINWCXDAT", "WIN版无侧限DATX格式文件所在目录", "SET0", A::SetSourceFolder, 13)),
+    sourceFolder("SHEZHI2", 3),
+    sourceFolder("SHEZHI", 1),
+    sourceFolder("XSHEZHI1", 5),
+    sourceFolder("SHEZHI1", 2),
+    sourceFolder("XSHEZHI2", 6),
+    sourceFolder("SHEZHI3", 4),
+    sourceFolder("XSHEZHI3", 7),
+    sourceFolder("TK0SZ", 8),
+    sourceFolder("WINSZ", 10),
+    sourceFolder("WINWCX", 11),
+    sourceFolder("WINSZDAT", 12),
+    sourceFolder("WINWCXDAT", 13),
     belowLine(withKey(entry("ZMEXIT", "退出", "RZMFILE", A::Exit), "Ctrl+Q")),
 
     submenu("RZMOPEN", "打开"),

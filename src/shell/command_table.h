@@ -49,7 +49,7 @@ struct Command {
   Action action = Action::None;
   std::int16_t argument = 0;
   std::string_view target = {};
-  std::string_view windowTitle = {};  // of the tool; to raise it is left to the desktop
+  std::string_view windowTitle = {};  // of the tool
   std::string_view shortcut = {};     // in the spelling of QKeySequence
   bool lineAbove = false;             // a separator in front
   bool built = true;                  // false: this version doesn't have its work, so it is never enabled

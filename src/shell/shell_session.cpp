@@ -13,6 +13,7 @@
 #include "shell/ini_settings.h"
 #include "shell/overwrite_session.h"
 #include "shell/range_dialog.h"
+#include "shell/source_folder_session.h"
 #include "shell/start_up.h"
 #include "shell/toggles.h"
 #include "shell/tools.h"
@@ -62,6 +63,7 @@ bool ShellSession::trigger(std::string_view name) {
       Work{Action::Print, &ShellSession::print},
       Work{Action::PrintWithTK0, &ShellSession::print},
       Work{Action::Save, &ShellSession::saveCommand},
+      Work{Action::SetSourceFolder, &ShellSession::setSourceFolder},
       Work{Action::Exit, &ShellSession::exitCommand},
       Work{Action::Import, &ShellSession::import},
       Work{Action::OpenNanjingFile, &ShellSession::openNanjingFile},
@@ -217,15 +219,23 @@ void ShellSession::showCurvePage(const Command& command) {
   showCurves(command);
 }
 
+void ShellSession::setSourceFolder(const Command& command) {
+  m_workspace.openDialogKind = command.argument;
+  SourceFolderSession session(m_workspace, m_dialogs);
+  m_windows.showSourceFolder(session);
+}
+
 void ShellSession::flipToggle(const Command& command) {
   const ToggleByte& byte = *toggleOfCommand(command.name);
   setToggle(m_workspace, byte.toggle, !(m_workspace.settings.toggles.*byte.toggle));
 }
 
-// A tool that is missing is passed over in silence; one that runs already is started a second time.
+// A tool that is missing is passed over in silence; one that runs already is started a second time, and one of its
+// windows comes to the front.
 void ShellSession::startTool(const Command& command) {
   const std::array folders{m_workspace.applicationFolder, executableFolder()};
   if (const auto tool = findTool(folders, command.target)) startProgram(*tool);
+  m_windows.raiseTool(command.windowTitle);
 }
 
 }  // namespace triaxlab

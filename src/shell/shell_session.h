@@ -71,6 +71,7 @@ class ShellSession {
   void exitCommand(const Command& command);
   void showCurves(const Command& command);
   void showCurvePage(const Command& command);
+  void setSourceFolder(const Command& command);
   void startTool(const Command& command);
   void flipToggle(const Command& command);
 

@@ -18,6 +18,7 @@ class BrowserSession;
 class OverwriteSession;
 class RangeDialog;
 class SampleListSession;
+class SourceFolderSession;
 
 /// A loaded document window as the shell needs it: the window hands each call on to its session.
 class DocumentWindow {
@@ -52,6 +53,7 @@ class ShellWindows {
   virtual void showBrowser(BrowserSession& session) = 0;            // OPENFORM
   virtual void showSampleList(SampleListSession& session) = 0;      // Form14, Form13
   virtual void showRangeDialog(RangeDialog& dialog) = 0;            // Form21
+  virtual void showSourceFolder(SourceFolderSession& session) = 0;  // Form5
   virtual void showOverwriteDialog(OverwriteSession& session) = 0;  // Form10
   virtual void showPrintDialog(std::string_view form) = 0;          // SETPRINTFORM
   /// OPENFORM0 and its kin. The remarks of the import; nothing when the dialog was left without 处理.
@@ -71,6 +73,9 @@ class ShellWindows {
   virtual void showProgress(std::size_t done, std::size_t total) = 0;
   /// Command states, captions or status texts may have changed: take them over from the shell session.
   virtual void refresh() = 0;
+  /// Brings the window of a sibling tool, which may still be opening it, to the front. Nothing happens where the desktop
+  /// can't do that.
+  virtual void raiseTool(std::string_view windowTitle) = 0;
   /// Ends the process at once; nothing is asked any more.
   virtual void endProgram() = 0;
 };

@@ -21,6 +21,7 @@
 #include "windows/project_browser_window.h"
 #include "windows/range_window.h"
 #include "windows/sample_list_window.h"
+#include "windows/source_folder_window.h"
 #include "windows/triaxial_curve_window.h"
 #include "windows/triaxial_print_window.h"
 #include "windows/words.h"
@@ -110,6 +111,8 @@ void MDIForm1::showSampleList(SampleListSession& session) {
 }
 
 void MDIForm1::showRangeDialog(RangeDialog& dialog) { Form21(QApplication::activeWindow(), dialog).exec(); }
+
+void MDIForm1::showSourceFolder(SourceFolderSession& session) { Form5(this, session).exec(); }
 
 void MDIForm1::showOverwriteDialog(OverwriteSession& session) { Form10(this, session).exec(); }
 
@@ -228,6 +231,8 @@ void MDIForm1::listOpenWindows() {
     connect(entry, &QAction::triggered, this, [this, document] { raiseDocument(document); });
   }
 }
+
+void MDIForm1::raiseTool(std::string_view windowTitle) { m_toolRaiser.raise(windowTitle); }
 
 void MDIForm1::endProgram() {
   hide();

@@ -8,6 +8,7 @@
 #include "shell/shell_session.h"
 #include "shell/shell_windows.h"
 #include "store/workspace.h"
+#include "windows/tool_raiser.h"
 
 class QLabel;
 class QMdiArea;
@@ -39,6 +40,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   void showBrowser(BrowserSession& session) override;
   void showSampleList(SampleListSession& session) override;
   void showRangeDialog(RangeDialog& dialog) override;
+  void showSourceFolder(SourceFolderSession& session) override;
   void showOverwriteDialog(OverwriteSession& session) override;
   void showPrintDialog(std::string_view form) override;
   std::optional<Remarks> showImporter(std::string_view form) override;
@@ -49,6 +51,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   CurveDocument* curveDocument() override;
   void showProgress(std::size_t done, std::size_t total) override;
   void refresh() override;
+  void raiseTool(std::string_view windowTitle) override;
   void endProgram() override;
 
   void makeStatusBar();
@@ -67,6 +70,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   std::array<QLabel*, 3> m_panels{};
   QProgressBar* m_progress = nullptr;
   QPointer<Form1> m_form1;
+  ToolRaiser m_toolRaiser;
 };
 
 }  // namespace triaxlab

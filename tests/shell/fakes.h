@@ -17,6 +17,7 @@
 #include "shell/sample_list_session.h"
 #include "shell/shell_session.h"
 #include "shell/shell_windows.h"
+#include "shell/source_folder_session.h"
 
 namespace triaxlab::testing {
 
@@ -72,9 +73,11 @@ class FakeWindows : public ShellWindows {
   std::function<void(BrowserSession&)> inBrowser = [](BrowserSession&) {};
   std::function<void(SampleListSession&)> inSampleList = [](SampleListSession&) {};
   std::function<void(RangeDialog&)> inRangeDialog = [](RangeDialog&) {};
+  std::function<void(SourceFolderSession&)> inSourceFolder = [](SourceFolderSession&) {};
   std::function<void(OverwriteSession&)> inOverwriteDialog = [](OverwriteSession&) {};
   std::function<std::optional<Remarks>()> inImporter = []() -> std::optional<Remarks> { return std::nullopt; };
   std::optional<FakeDocument> form1;
+  std::vector<std::string> raisedTools;
   int refreshes = 0;
   std::vector<std::pair<std::size_t, std::size_t>> progress;
 
@@ -89,6 +92,10 @@ class FakeWindows : public ShellWindows {
   void showRangeDialog(RangeDialog& dialog) override {
     shown.emplace_back("Form21");
     inRangeDialog(dialog);
+  }
+  void showSourceFolder(SourceFolderSession& session) override {
+    shown.emplace_back("Form5");
+    inSourceFolder(session);
   }
   void showOverwriteDialog(OverwriteSession& session) override {
     shown.emplace_back("Form10");
@@ -111,6 +118,7 @@ class FakeWindows : public ShellWindows {
   CurveDocument* curveDocument() override { return form1 ? &*form1 : nullptr; }
   void showProgress(std::size_t done, std::size_t total) override { progress.emplace_back(done, total); }
   void refresh() override { ++refreshes; }
+  void raiseTool(std::string_view windowTitle) override { raisedTools.emplace_back(windowTitle); }
   void endProgram() override { shown.emplace_back("end"); }
 
   std::vector<std::string> take() { return std::exchange(shown, {}); }
