@@ -1,6 +1,7 @@
 #include "shell/command_states.h"
 
 #include <algorithm>
+#include <array>
 #include <span>
 
 #include "shell/toggles.h"
@@ -17,12 +18,24 @@ struct Switching {
 };
 
 constexpr std::string_view kRatioEnvelope = "QUXIAN2";
+constexpr std::string_view kLeaveIntervention = "退出干预";
+
+/// While somebody corrects by hand, nothing may take the sample or the page away; tools could change its files.
+constexpr std::array<std::string_view, 7> kOffInIntervention{"NEW0",   "DAKAI",   "SET0",     "SETUPMIDU",
+                                                             "QUXIAN", "RQUXIAN", "SHUJUBIAO"};
+bool isOffInIntervention(const Command& command) {
+  return command.action == Action::StartTool ||
+         std::find(kOffInIntervention.begin(), kOffInIntervention.end(), command.name) != kOffInIntervention.end();
+}
+
 /// The one command that is shown and hidden instead of being switched on and off.
 constexpr std::string_view kShownOrHidden = "PTK0";
 
 // RZMPRINT1 needs Form1 as the others do, which turns it on.
-const Names kOffAtStart{"RZMGANYU",  "PEXCEL",  "RZMSAVE",     "RZMPRINT",  "QUXIAN", "RQUXIAN",
+const Names kOffAtStart{"PEXCEL",    "RZMSAVE", "RZMPRINT",    "QUXIAN",    "RQUXIAN",
                         "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1", "PTK0"};
+
+// RZMGANYU stands in no list: it follows what the document on which it acts has on display.
 
 // RZMOPEN is off while a document is open, so that a second raw import can't start over it.
 // NOLINTNEXTLINE(modernize-avoid-c-arrays): only here the lists live as long as the array that they stand in
@@ -31,8 +44,8 @@ const Switching kActivation[] = {
      {"RZMSAVE", "RZMPRINT", "PEXCEL", "QUXIAN", "RQUXIAN", "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1"},
      {"PTK0", "RZMOPEN"}},
     {kForm4, {"PEXCEL", "RZMSAVE", "RZMPRINT", "ZMPRINT"}, {"PTK0", "RZMOPEN"}},
-    {kForm6, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "RZMGANYU"}, {"PTK0", "RZMOPEN"}},
-    {kForm9, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "PTK0"}, {"RZMGANYU", "RZMOPEN"}},
+    {kForm6, {"RZMSAVE", "RZMPRINT", "ZMPRINT"}, {"PTK0", "RZMOPEN"}},
+    {kForm9, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "PTK0"}, {"RZMOPEN"}},
     {kForm2, {}, {"PTK0"}},
     {kForm7, {}, {"PTK0"}},
 };
@@ -42,11 +55,10 @@ const Switching kActivation[] = {
 const Switching kClosing[] = {
     {kForm1,
      {"RZMOPEN"},
-     {"RZMGANYU", "RZMSAVE", "PEXCEL", "RZMPRINT", "QUXIAN", "RQUXIAN", "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL",
-      "RZMPRINT1"}},
+     {"RZMSAVE", "PEXCEL", "RZMPRINT", "QUXIAN", "RQUXIAN", "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1"}},
     {kForm4, {"RZMOPEN"}, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "PEXCEL"}},
-    {kForm6, {"RZMOPEN"}, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "RZMGANYU"}},
-    {kForm9, {"RZMOPEN"}, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "RZMGANYU", "PTK0"}},
+    {kForm6, {"RZMOPEN"}, {"RZMSAVE", "RZMPRINT", "ZMPRINT"}},
+    {kForm9, {"RZMOPEN"}, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "PTK0"}},
 };
 
 /// The row of a document; empty lists when it has none.
@@ -102,6 +114,11 @@ CommandState CommandStates::of(const Command& command, const CommandContext& con
                      .caption = command.caption};
   if (command.kind == CommandKind::Submenu && !hasEntries(command)) state.visible = false;
   if (command.name == kRatioEnvelope && !context.envelopes.ratioEnabled) state.enabled = false;
+  if (command.action == Action::Intervene) {
+    state.enabled = command.built && (context.intervention.possible || context.intervention.running);
+    if (context.intervention.running) state.caption = kLeaveIntervention;
+  }
+  if (context.intervention.running && isOffInIntervention(command)) state.enabled = false;
   if (const Command* const above = findCommand(command.parent)) {
     const CommandState menu = of(*above, context);
     state.visible = state.visible && menu.visible;

@@ -23,6 +23,7 @@ struct CommandState {
 struct CommandContext {
   Toggles toggles;
   EnvelopeEntries envelopes;
+  InterventionEntry intervention = {};  // of the window on which RZMGANYU acts
 };
 
 /// Which commands are on. Start, activation and closing of document windows each switch the commands of one table and

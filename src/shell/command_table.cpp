@@ -130,8 +130,8 @@ constexpr std::array kCommands{
 
     submenu("RZMEDIT", "编辑"),
     entry("RZMSAVE", "保存", "RZMEDIT", A::Save),
-    later(belowLine(entry("RZMGANYU", "干预", "RZMEDIT", A::Intervene))),
-    later(entry("RQUXIAN", "重处理曲线", "RZMEDIT", A::ReprocessCurves)),
+    belowLine(entry("RZMGANYU", "干预", "RZMEDIT", A::Intervene)),
+    entry("RQUXIAN", "重处理曲线", "RZMEDIT", A::ReprocessCurves),
 
     submenu("RZMVIEW", "视图"),
     doing(submenu("QUXIAN", "曲线", "RZMVIEW"), A::ShowCurves),

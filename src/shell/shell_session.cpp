@@ -53,7 +53,8 @@ ShellSession::ShellSession(Workspace& workspace, Dialogs& dialogs, ShellWindows&
 
 CommandState ShellSession::commandState(const Command& command) const {
   const CurveDocument* const curves = m_windows.curveDocument();
-  return m_commands.of(command, {m_workspace.settings.toggles, curves ? curves->envelopeEntries() : EnvelopeEntries{}});
+  return m_commands.of(command, {m_workspace.settings.toggles, curves ? curves->envelopeEntries() : EnvelopeEntries{},
+                                 interventionEntry()});
 }
 
 bool ShellSession::trigger(std::string_view name) {
@@ -71,6 +72,8 @@ bool ShellSession::trigger(std::string_view name) {
       Work{Action::FlipToggle, &ShellSession::flipToggle},
       Work{Action::StartTool, &ShellSession::startTool},
       Work{Action::ShowCurvePage, &ShellSession::showCurvePage},
+      Work{Action::Intervene, &ShellSession::intervene},
+      Work{Action::ReprocessCurves, &ShellSession::reprocessCurves},
   };
   const Command* const command = findCommand(name);
   if (command == nullptr) return false;
@@ -108,8 +111,10 @@ void ShellSession::documentActivated(ActiveDocument document) {
 }
 
 bool ShellSession::mayClose(ActiveDocument document) {
-  const DocumentWindow* const window = m_windows.document(document);
-  return window == nullptr || !window->asksToSave(m_dialogs) || save();
+  DocumentWindow* const window = m_windows.document(document);
+  if (window == nullptr) return true;
+  if (window->interventionEntry().running) window->leaveIntervention(m_dialogs);
+  return !window->asksToSave(m_dialogs) || save();
 }
 
 void ShellSession::documentClosed(ActiveDocument document) {
@@ -228,6 +233,41 @@ void ShellSession::setSourceFolder(const Command& command) {
 void ShellSession::flipToggle(const Command& command) {
   const ToggleByte& byte = *toggleOfCommand(command.name);
   setToggle(m_workspace, byte.toggle, !(m_workspace.settings.toggles.*byte.toggle));
+}
+
+ActiveDocument ShellSession::interventionDocument() const {
+  for (const ActiveDocument document : m_windows.loadedDocuments())
+    if (const DocumentWindow* const window = m_windows.document(document);
+        window != nullptr && window->interventionEntry().running)
+      return document;
+  if (m_workspace.activeDocument == kForm6) return kForm6;
+  return m_workspace.activeDocument == kForm9 ? kNoDocument : kForm1;
+}
+
+InterventionEntry ShellSession::interventionEntry() const {
+  const DocumentWindow* const window = m_windows.document(interventionDocument());
+  return window != nullptr ? window->interventionEntry() : InterventionEntry{};
+}
+
+bool ShellSession::interventionKey() {
+  if (!interventionEntry().running && m_workspace.activeDocument != kForm1) return false;
+  return trigger("RZMGANYU");
+}
+
+void ShellSession::intervene(const Command& /*command*/) {
+  const ActiveDocument document = interventionDocument();
+  m_windows.raiseDocument(document);
+  documentActivated(document);
+  DocumentWindow& window = *m_windows.document(document);
+  if (window.interventionEntry().running)
+    window.leaveIntervention(m_dialogs);
+  else
+    window.enterIntervention();
+}
+
+void ShellSession::reprocessCurves(const Command& command) {
+  if (CurveDocument* const curves = m_windows.curveDocument()) curves->reprocess();
+  showCurves(command);
 }
 
 // A tool that is missing is passed over in silence; one that runs already is started a second time, and one of its

@@ -31,6 +31,10 @@ class ShellSession {
   /// the way is shown, and the command ends there.
   bool trigger(std::string_view name);
 
+  /// F4: leaves the intervention that runs, whichever window is in front, or begins one in the curve window. False when
+  /// the key means nothing now.
+  bool interventionKey();
+
   // The status bar
   /// 就绪 or the last remark; project; test date.
   std::array<std::string, 3> statusTexts() const;
@@ -71,6 +75,8 @@ class ShellSession {
   void exitCommand(const Command& command);
   void showCurves(const Command& command);
   void showCurvePage(const Command& command);
+  void intervene(const Command& command);
+  void reprocessCurves(const Command& command);
   void setSourceFolder(const Command& command);
   void startTool(const Command& command);
   void flipToggle(const Command& command);
@@ -78,6 +84,9 @@ class ShellSession {
   /// An importer has filled the triaxial table: prepares it and shows it.
   void showImport(Remarks remarks);
   void show(ActiveDocument document, const Remarks& remarks);
+  /// The document on which 干预 acts: the one where it runs, else that of the window in front.
+  ActiveDocument interventionDocument() const;
+  InterventionEntry interventionEntry() const;
 
   Workspace& m_workspace;
   Dialogs& m_dialogs;

@@ -17,8 +17,14 @@ namespace triaxlab {
 class BrowserSession;
 class OverwriteSession;
 class RangeDialog;
-class SampleListSession;
 class SourceFolderSession;
+class SampleListSession;
+
+/// 干预 in a document window.
+struct InterventionEntry {
+  bool possible = false;  // what the window shows can be corrected by hand
+  bool running = false;   // and somebody is at it
+};
 
 /// A loaded document window as the shell needs it: the window hands each call on to its session.
 class DocumentWindow {
@@ -29,6 +35,11 @@ class DocumentWindow {
   virtual void markSaved() = 0;
   /// Second and third panel of the status bar, project and test date of the sample on display; UTF-8.
   virtual std::array<std::string, 2> statusPanels() const = 0;
+
+  virtual InterventionEntry interventionEntry() const { return {}; }
+  virtual void enterIntervention() {}
+  /// Asks whether the work is to be kept, and ends the intervention after either answer.
+  virtual void leaveIntervention(Dialogs& /*dialogs*/) {}
 };
 
 /// The two exclusive checks of the menu as the sample on display sets them. One of them is always checked.
@@ -42,6 +53,8 @@ class CurveDocument : public DocumentWindow {
  public:
   virtual void showPage(CurvePage page) = 0;
   virtual EnvelopeEntries envelopeEntries() const = 0;
+  /// What was set by hand for the sample on display is forgotten and fitted anew.
+  virtual void reprocess() = 0;
 };
 
 /// The windows as the shell needs them, made by the main window. Dialogs are modal: the calls return when the dialog

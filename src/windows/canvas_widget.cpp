@@ -1,7 +1,9 @@
 #include "windows/canvas_widget.h"
 
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <cmath>
 
 #include "platform/qt/painter_surface.h"
 #include "windows/layout.h"
@@ -12,6 +14,7 @@ CanvasWidget::CanvasWidget(QWidget* parent, int width, int height, Drawing drawi
     : QWidget(parent), m_width(width), m_height(height), m_drawing(std::move(drawing)) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::ClickFocus);
+  setMouseTracking(true);
 }
 
 void CanvasWidget::redraw() {
@@ -36,6 +39,22 @@ void CanvasWidget::drawPicture() {
 void CanvasWidget::paintEvent(QPaintEvent*) {
   if (!m_isCurrent || m_picture.deviceIndependentSize().toSize() != size()) drawPicture();
   QPainter(this).drawImage(0, 0, m_picture);
+}
+
+void CanvasWidget::tellMouse(const QMouseEvent& event) {
+  // Whole twips: a fraction comes from the pixels of a fine screen alone.
+  const QPointF place = event.position() * kTwipsPerPixel;
+  emit mouseAt({std::round(place.x()), std::round(place.y())}, event.buttons().testFlag(Qt::LeftButton));
+}
+
+void CanvasWidget::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) tellMouse(*event);
+}
+
+void CanvasWidget::mouseMoveEvent(QMouseEvent* event) { tellMouse(*event); }
+
+void CanvasWidget::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) emit mouseReleased();
 }
 
 }  // namespace triaxlab

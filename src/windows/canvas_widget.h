@@ -23,14 +23,23 @@ class CanvasWidget : public QWidget {
   int heightTwips() const { return m_height; }
   void drawOn(DrawingSurface& surface) const { m_drawing(surface); }
 
+ signals:
+  /// The mouse stands at a place of the canvas (twips); `leftButton` is down. Comes with each press and move.
+  void mouseAt(Point place, bool leftButton);
+  void mouseReleased();
+
  public slots:
   /// What the drawing shows has changed.
   void redraw();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
+  void tellMouse(const QMouseEvent& event);
   void drawPicture();
 
   int m_width, m_height;

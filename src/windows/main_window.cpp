@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QMdiArea>
@@ -102,6 +103,12 @@ void MDIForm1::closeEvent(QCloseEvent* event) {
   m_shell.endProgram();
 }
 
+void MDIForm1::keyPressEvent(QKeyEvent* event) {
+  // No shortcut of the entry: a document may have a use of its own for the key.
+  if (event->key() == Qt::Key_F4 && event->modifiers() == Qt::NoModifier && m_shell.interventionKey()) return;
+  QMainWindow::keyPressEvent(event);
+}
+
 // ---- dialogs
 
 void MDIForm1::showBrowser(BrowserSession& session) { OPENFORM(this, session).exec(); }
@@ -137,7 +144,7 @@ std::optional<Remarks> MDIForm1::showImporter(std::string_view form) {
 // ---- documents
 
 void MDIForm1::loadForm1() {
-  m_form1 = new Form1(m_workspace, m_shell);
+  m_form1 = new Form1(m_workspace, m_dialogs, m_shell);
   QMdiSubWindow* const frame = m_area->addSubWindow(m_form1);
   frame->setProperty(kDocumentProperty, static_cast<int>(kForm1));
   frame->setAttribute(Qt::WA_DeleteOnClose);

@@ -34,6 +34,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   // ShellWindows

@@ -1,6 +1,7 @@
 #include "windows/triaxial_curve_layout.h"
 
 #include <QFrame>
+#include <QGroupBox>
 #include <QPushButton>
 #include <QScrollBar>
 
@@ -69,15 +70,18 @@ QScrollBar* scrollBar(QWidget* window, const char* name, Place place, int page) 
 
 QSize curveWindowSize() { return rectangle(kWindow).size(); }
 
-CurveControls::CurveControls(QWidget* window, CanvasWidget::Drawing drawing) : m_window(window) {
+CurveControls::CurveControls(QWidget* window, CanvasWidget::Drawing drawing) : intervention(window), m_window(window) {
   makeList();
   makeCurves(std::move(drawing));
   makeSampleFields();
   makeStages();
   makeTable();
   makeDocumentFields();
+  edits.emplace_back(intervention.text10, Box{BoxName::Text10});
+  edits.emplace_back(intervention.text11, Box{BoxName::Text11});
   text1->raise();
   text2->raise();
+  intervention.frame1->raise();
 }
 
 ClickLabel* CurveControls::caption(const QString& text, int x, int y, int width) {

@@ -7,6 +7,7 @@
 
 #include "triaxial/session/curve_session.h"
 #include "windows/canvas_widget.h"
+#include "windows/triaxial_intervention_layout.h"
 
 class QPushButton;
 class QScrollBar;
@@ -57,6 +58,8 @@ struct CurveControls {
   std::array<RecordEdit*, 4> textW{};
   ClickLabel* text9Caption = nullptr;
   RecordEdit* text9 = nullptr;
+
+  InterventionControls intervention;
 
  private:
   void makeList();

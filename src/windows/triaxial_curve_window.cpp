@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QWheelEvent>
@@ -30,6 +31,11 @@ constexpr KeyRow<MethodKey> kMethodKeys[] = {{Qt::Key_End, MethodKey::End},
                                              {Qt::Key_1, MethodKey::One},
                                              {Qt::Key_2, MethodKey::Two},
                                              {Qt::Key_3, MethodKey::Three}};
+
+constexpr KeyRow<ArrowKey> kArrowKeys[] = {{Qt::Key_Left, ArrowKey::Left},
+                                           {Qt::Key_Right, ArrowKey::Right},
+                                           {Qt::Key_Up, ArrowKey::Up},
+                                           {Qt::Key_Down, ArrowKey::Down}};
 
 template <class Key, std::size_t N>
 std::optional<Key> keyOf(const QKeyEvent& event, const KeyRow<Key> (&table)[N]) {
@@ -60,8 +66,9 @@ CursorPlace cursorOf(const RecordEdit& edit) {
 
 }  // namespace
 
-Form1::Form1(Workspace& workspace, ShellSession& shell)
-    : m_shell(shell),
+Form1::Form1(Workspace& workspace, Dialogs& dialogs, ShellSession& shell)
+    : m_dialogs(dialogs),
+      m_shell(shell),
       m_session(workspace),
       m_controls(this, [this](DrawingSurface& surface) { m_session.draw(surface); }) {
   setObjectName("Form1");
@@ -71,6 +78,7 @@ Form1::Form1(Workspace& workspace, ShellSession& shell)
   connectPages();
   connectEdits();
   connectMethodKeys();
+  connectIntervention();
   refresh();
 }
 
@@ -143,6 +151,53 @@ void Form1::connectMethodKeys() {
     };
 }
 
+void Form1::connectIntervention() {
+  const InterventionControls& controls = m_controls.intervention;
+  Intervention& phase = m_session.intervention();
+  for (std::size_t stage = 0; stage < kStages; ++stage)
+    connect(controls.stageOptions.at(stage), &QRadioButton::clicked, this,
+            [this, &phase, stage] { act([&] { phase.selectStage(stage); }); });
+  for (std::size_t i = 0; i < controls.envelopeOptions.size(); ++i)
+    connect(controls.envelopeOptions.at(i), &QRadioButton::clicked, this,
+            [this, &phase, i] { act([&] { phase.chooseEffective(i == 1); }); });
+  const auto onAsking = [this, &phase](auto* control, auto signal, void (Intervention::*step)(Dialogs&)) {
+    connect(control, signal, this, [this, &phase, step] { act([&] { (phase.*step)(m_dialogs); }); });
+  };
+  onAsking(controls.command6, &QPushButton::clicked, &Intervention::multiply);
+  onAsking(controls.command7, &QPushButton::clicked, &Intervention::add);
+  onAsking(controls.label14, &ClickLabel::doubleClicked, &Intervention::askCohesionStep);
+  connect(m_controls.picture1, &CanvasWidget::mouseAt, this, [this, &phase](Point place, bool leftButton) {
+    if (phase.phase() == Phase::Curve) act([&] { phase.mouseAt(place, leftButton); });
+  });
+  connect(m_controls.picture1, &CanvasWidget::mouseReleased, this, [&phase] { phase.mouseReleased(); });
+  for (QWidget* const control : findChildren<QWidget*>()) control->installEventFilter(this);
+}
+
+bool Form1::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && keyInPhase(*watched, static_cast<QKeyEvent&>(*event))) return true;
+  return QWidget::eventFilter(watched, event);
+}
+
+bool Form1::keyInPhase(const QObject& focus, const QKeyEvent& event) {
+  Intervention& phase = m_session.intervention();
+  const InterventionControls& controls = m_controls.intervention;
+  if (!phase.running() || &focus == controls.text10 || &focus == controls.text11) return false;
+  if (const std::optional<ArrowKey> key = keyOf(event, kArrowKeys)) {
+    act([&] { phase.key(*key); });
+    return true;
+  }
+  // A box takes back its own typing.
+  if (qobject_cast<const QLineEdit*>(&focus) != nullptr) return false;
+  const bool control = event.modifiers() == Qt::ControlModifier;
+  if (control && event.key() == Qt::Key_Z)
+    act([&] { phase.undo(); });
+  else if (control && event.key() == Qt::Key_Y)
+    act([&] { phase.redo(); });
+  else
+    return false;
+  return true;
+}
+
 void Form1::startTyping(RecordEdit* overlay) {
   if (!overlay->isVisible()) return;
   overlay->setFocus();
@@ -158,7 +213,7 @@ void Form1::closeEvent(QCloseEvent* event) {
 void Form1::wheelEvent(QWheelEvent* event) {
   const bool overList = event->position().x() < m_controls.picture1->x();
   const bool overTable = event->position().y() > m_controls.picture1->geometry().bottom();
-  if (overList)
+  if (overList && m_controls.vScroll1->isVisible())
     m_controls.vScroll1->event(event);
   else if (overTable)
     m_controls.vScroll2->event(event);
@@ -173,6 +228,27 @@ void Form1::load() {
 
 void Form1::showPage(CurvePage page) {
   m_session.showPage(static_cast<int>(page));
+  refresh();
+}
+
+InterventionEntry Form1::interventionEntry() const {
+  return {.possible = m_session.canIntervene(), .running = m_session.intervention().running()};
+}
+
+void Form1::enterIntervention() {
+  m_session.enterIntervention();
+  refresh();
+  m_controls.picture1->setFocus();
+}
+
+void Form1::leaveIntervention(Dialogs& dialogs) {
+  m_session.leaveIntervention(dialogs);
+  refresh();
+  m_controls.picture1->setFocus();
+}
+
+void Form1::reprocess() {
+  m_session.reprocess();
   refresh();
 }
 
@@ -204,6 +280,7 @@ void Form1::showState() {
   showFields(now);
   showStages(now);
   showTable(now);
+  showIntervention(now);
   if (m_pictureShown != m_session.pictureNumber()) {
     m_pictureShown = m_session.pictureNumber();
     m_controls.picture1->redraw();
@@ -243,6 +320,7 @@ void Form1::showFields(const CurveState& now) {
 void Form1::showStages(const CurveState& now) {
   m_controls.label8->setVisible(now.strainLimitsVisible);
   m_controls.command8->setVisible(now.strainLimitsVisible);
+  m_controls.command8->setEnabled(now.command8Enabled);
   for (std::size_t stage = 0; stage < kStages; ++stage) {
     m_controls.text8.at(stage)->showText(words(now.text8.at(stage)));
     m_controls.text8.at(stage)->setVisible(now.strainLimitsVisible);
@@ -262,6 +340,16 @@ void Form1::showTable(const CurveState& now) {
   m_controls.vScroll2->setValue(now.tableTop);
   showOverlay(m_controls.text2, now.text2, m_controls.label2.at(static_cast<std::size_t>(now.text2.labelIndex)),
               m_controls.picture1);
+}
+
+void Form1::showIntervention(const CurveState& now) {
+  const bool idle = !now.intervention.running();
+  for (ClickLabel* const label : m_controls.label5) label->setVisible(idle);
+  for (ClickLabel* const label : m_controls.label1) label->setVisible(idle);
+  m_controls.vScroll1->setVisible(idle);
+  for (QPushButton* const step : {m_controls.command1, m_controls.command2, m_controls.command3, m_controls.command4})
+    step->setEnabled(idle);
+  m_controls.intervention.show(now.intervention);
 }
 
 }  // namespace triaxlab

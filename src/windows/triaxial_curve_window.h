@@ -16,8 +16,8 @@ class Form1 : public QWidget, public CurveDocument {
   Q_OBJECT
 
  public:
-  /// Both outlive the window.
-  Form1(Workspace& workspace, ShellSession& shell);
+  /// All three outlive the window.
+  Form1(Workspace& workspace, Dialogs& dialogs, ShellSession& shell);
   ~Form1() override;
 
   /// Shows the table of the workspace as a window that was just opened.
@@ -28,8 +28,12 @@ class Form1 : public QWidget, public CurveDocument {
   bool asksToSave(Dialogs& dialogs) const override { return m_session.asksToSave(dialogs); }
   void markSaved() override { m_session.markSaved(); }
   std::array<std::string, 2> statusPanels() const override;
+  InterventionEntry interventionEntry() const override;
+  void enterIntervention() override;
+  void leaveIntervention(Dialogs& dialogs) override;
   void showPage(CurvePage page) override;
   EnvelopeEntries envelopeEntries() const override;
+  void reprocess() override;
 
  signals:
   /// Another sample, or the same one after a change: menu and status bar follow.
@@ -39,13 +43,17 @@ class Form1 : public QWidget, public CurveDocument {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void connectList();
   void connectPages();
   void connectEdits();
   void connectMethodKeys();
+  void connectIntervention();
   bool keyInList(const QKeyEvent& event);
+  /// True when the phase that runs takes the key.
+  bool keyInPhase(const QObject& focus, const QKeyEvent& event);
 
   /// Does what the person asked of the session, then shows its state. What goes wrong is told.
   template <class Operation>
@@ -59,7 +67,9 @@ class Form1 : public QWidget, public CurveDocument {
   void showFields(const CurveState& now);
   void showStages(const CurveState& now);
   void showTable(const CurveState& now);
+  void showIntervention(const CurveState& now);
 
+  Dialogs& m_dialogs;
   ShellSession& m_shell;
   CurveSession m_session;
   CurveControls m_controls;

@@ -56,6 +56,8 @@ class FakeDocument : public CurveDocument {
   bool changed = false;
   CurvePage page = CurvePage::StressStrain;
   EnvelopeEntries envelopes;
+  InterventionEntry intervention{.possible = true, .running = false};
+  int reprocessed = 0;
 
   bool asksToSave(Dialogs& dialogs) const override {
     return changed && dialogs.ask("保存三轴数据", "   数据已修改\n保存修改后数据吗？", MessageIcon::None);
@@ -64,6 +66,13 @@ class FakeDocument : public CurveDocument {
   std::array<std::string, 2> statusPanels() const override { return {"工程编号:P1", "试验日期:2024/05/06"}; }
   void showPage(CurvePage wanted) override { page = wanted; }
   EnvelopeEntries envelopeEntries() const override { return envelopes; }
+  InterventionEntry interventionEntry() const override { return intervention; }
+  void enterIntervention() override { intervention.running = true; }
+  void leaveIntervention(Dialogs& dialogs) override {
+    changed = dialogs.ask("三轴曲线调整", "   曲线已经调整\n保存修改后数据吗？", MessageIcon::Exclamation) || changed;
+    intervention.running = false;
+  }
+  void reprocess() override { ++reprocessed; }
 };
 
 /// Notes what is shown. A dialog does what the test has put into its function.

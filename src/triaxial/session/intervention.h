@@ -15,7 +15,6 @@ namespace triaxlab {
 
 /// The texts of the controls that a phase shows.
 namespace intervention_captions {
-inline constexpr const char* kFrame = "干预";                          // Frame1
 inline constexpr const char* kMousePlace = "鼠标点坐标：";             // in front of Label12
 inline constexpr const char* kFactor = "所有数据乘以值：";             // in front of Text10
 inline constexpr const char* kSummand = "  所有数据加值：";            // in front of Text11

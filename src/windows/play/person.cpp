@@ -19,7 +19,7 @@ namespace {
 
 constexpr int kWheelNotch = 120;  // eighths of a degree, as the toolkit counts
 
-void sendMouse(QWidget* widget, QPoint place, QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held) {
+void sendMouse(QWidget* widget, QPointF place, QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held) {
   QMouseEvent event(type, place, widget->mapToGlobal(place), button, held, Qt::NoModifier);
   QApplication::sendEvent(widget, &event);
 }
@@ -82,12 +82,14 @@ bool triggerShortcut(const QWidget* widget, const KeyStroke& stroke) {
 
 }  // namespace
 
-void moveMouse(QWidget* widget, QPoint place, MouseMotion motion) {
+void moveMouse(QWidget* widget, QPointF place, MouseMotion motion) {
   switch (motion) {
     case MouseMotion::Press:
       focusByClick(widget);
       return sendMouse(widget, place, QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton);
     case MouseMotion::Move:
+      return sendMouse(widget, place, QEvent::MouseMove, Qt::NoButton, Qt::NoButton);
+    case MouseMotion::Drag:
       return sendMouse(widget, place, QEvent::MouseMove, Qt::NoButton, Qt::LeftButton);
     case MouseMotion::Release:
       return sendMouse(widget, place, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);

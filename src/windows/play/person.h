@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPoint>
+#include <QPointF>
 #include <QString>
 #include <cstdint>
 
@@ -10,10 +11,10 @@ namespace triaxlab {
 
 // What a person's hands do, as the events that the toolkit would make of it.
 
-enum class MouseMotion : std::uint8_t { Press, Move, Release };
+enum class MouseMotion : std::uint8_t { Press, Drag, Move, Release };
 
-/// The left button at a place of the widget; a press gives the focus as a real one does.
-void moveMouse(QWidget* widget, QPoint place, MouseMotion motion);
+/// The left button at a place of the widget, down from press to release; a drag is a move with it. A press gives the focus as a real one does.
+void moveMouse(QWidget* widget, QPointF place, MouseMotion motion);
 void clickMouse(QWidget* widget, QPoint place);
 void doubleClickMouse(QWidget* widget, QPoint place);
 /// Notches away from the person are positive.

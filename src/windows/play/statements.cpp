@@ -13,7 +13,6 @@
 #include <QTableView>
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdio>
 #include <memory>
 
@@ -101,7 +100,7 @@ void doubleClickCell(Arguments& arguments, Stage&) {
 
 struct CanvasPlace {
   CanvasWidget* canvas;
-  QPoint place;
+  QPointF place;  // pixels
 };
 
 /// `W.C X Y`, in the canvas's twips.
@@ -109,11 +108,10 @@ CanvasPlace takeCanvasPlace(Arguments& arguments) {
   const Target target = takeTarget(arguments);
   auto* const canvas = as<CanvasWidget>(reachControl(target), target, "canvas");
   const int x = arguments.number("x"), y = arguments.number("y");
-  const auto pixel = [](int twips) { return static_cast<int>(std::floor(twips / double{kTwipsPerPixel})); };
-  return {canvas, {pixel(x), pixel(y)}};
+  return {canvas, QPointF(x, y) / kTwipsPerPixel};
 }
 
-void mouse(Arguments& arguments, Stage&) {
+void mouse(Arguments& arguments, Stage& stage) {
   static constexpr std::array<std::pair<std::string_view, MouseMotion>, 3> kMotions{
       {{"press", MouseMotion::Press}, {"move", MouseMotion::Move}, {"release", MouseMotion::Release}}};
   const CanvasPlace at = takeCanvasPlace(arguments);
@@ -121,7 +119,9 @@ void mouse(Arguments& arguments, Stage&) {
   arguments.end();
   const auto* const found = std::ranges::find(kMotions, motion, [](const auto& row) { return row.first; });
   if (found == kMotions.end()) throw ScriptError("not press, move or release: " + motion);
-  moveMouse(at.canvas, at.place, found->second);
+  const bool drags = found->second == MouseMotion::Move && stage.leftButtonDown;
+  if (found->second != MouseMotion::Move) stage.leftButtonDown = found->second == MouseMotion::Press;
+  moveMouse(at.canvas, at.place, drags ? MouseMotion::Drag : found->second);
 }
 
 void wheel(Arguments& arguments, Stage&) {
@@ -130,7 +130,7 @@ void wheel(Arguments& arguments, Stage&) {
   const std::string modifier = arguments.isEmpty() ? "" : arguments.word("Ctrl");
   arguments.end();
   if (!modifier.empty() && modifier != "Ctrl") throw ScriptError("not Ctrl: " + modifier);
-  turnWheel(at.canvas, at.place, notches, modifier.empty() ? Qt::NoModifier : Qt::ControlModifier);
+  turnWheel(at.canvas, at.place.toPoint(), notches, modifier.empty() ? Qt::NoModifier : Qt::ControlModifier);
 }
 
 // ---- keyboard

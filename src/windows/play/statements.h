@@ -12,6 +12,7 @@ namespace triaxlab {
 struct Stage {
   PlayDialogs& dialogs;
   std::filesystem::path folder;  // of the script; paths are relative to it
+  bool leftButtonDown = false;   // since a press on a canvas
 };
 
 /// Runs one statement. ScriptError when it can't be carried out.
