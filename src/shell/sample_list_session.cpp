@@ -190,20 +190,20 @@ void SampleListSession::save(SampleListView& view) {
   });
 }
 
-// The positions in the list are worth nothing when the file isn't the one that was listed: another program may have
-// rewritten it, and so may an earlier save of this list that reached the journal and then failed.
-void SampleListSession::requireListedFile() const {
-  if (sampleNumbers(listSamples(m_workspace, m_kind, m_fileName)) != m_numbersInFile)
+// In a file with other samples the positions of the list are worth nothing: it would be scrambled.
+bool SampleListSession::mayOverwriteChanges(std::string_view title, std::string_view question) const {
+  if (!holdsSamples(m_workspace, m_kind, m_fileName, m_numbersInFile))
     throw UserError(
         fmt::format("文件“{}”中的试样与列表打开时不同，这次没有保存。请返回后重新打开土样列表。", m_fileName));
+  return m_dialogs.ask(title, question, MessageIcon::Exclamation);
 }
 
 void SampleListSession::rewrite() {
-  requireListedFile();
   std::vector<std::uint32_t> order;
   order.reserve(m_rows.size());
   for (const SampleListRow& row : m_rows) order.push_back(static_cast<std::uint32_t>(row.recordIndex));
-  m_report = rewriteProject(m_workspace, m_kind, m_fileName, order);
+  m_report = rewriteProject(m_workspace, m_kind, m_fileName, order,
+                            [this](auto title, auto question) { return mayOverwriteChanges(title, question); });
   // From here on the list speaks of the new file.
   for (std::size_t i = 0; i < m_rows.size(); ++i) m_rows[i].recordIndex = i;
   m_numbersInFile = sampleNumbers(m_rows);

@@ -133,10 +133,14 @@ void ShellSession::endProgram() {
 bool ShellSession::save() {
   bool complete = false;
   run([&] {
-    const SaveReport report =
-        saveTriaxial(m_workspace, [&](Workspace& workspace, const std::vector<KnownSample>& known) {
+    const SaveReport report = saveTriaxial(
+        m_workspace,
+        [&](Workspace& workspace, const std::vector<KnownSample>& known) {
           OverwriteSession session(workspace, known);
           m_windows.showOverwriteDialog(session);
+        },
+        [&](std::string_view title, std::string_view question) {
+          return m_dialogs.ask(title, question, MessageIcon::Exclamation);
         });
     m_dialogs.message(report.title, report.message, MessageIcon::None);
     showRemarks(report.remarks);

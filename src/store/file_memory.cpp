@@ -27,6 +27,12 @@ void FileMemory::noteOwnChange(const std::filesystem::path& file, const std::opt
     if (states.*state == before) states.*state = after;
 }
 
+void FileMemory::noteUnfinishedChange(const std::filesystem::path& file) {
+  States& states = m_files[file];
+  states.document.reset();
+  states.copied.reset();
+}
+
 const FileMemory::States* FileMemory::find(const std::filesystem::path& file) const {
   const auto found = m_files.find(file);
   return found != m_files.end() ? &found->second : nullptr;

@@ -34,8 +34,9 @@ class FileMemory {
   /// state goes for the new one.
   void noteOwnChange(const std::filesystem::path& file, const std::optional<FileStamp>& before,
                      const std::optional<FileStamp>& after);
-  /// The state of the file is nobody's: this program began to change it and did not come to the end.
-  void forget(const std::filesystem::path& file) { m_files.erase(file); }
+  /// This program began to change the file and did not come to the end; the journal will. What comes out is its own
+  /// work to the document, but no longer the file that was listed.
+  void noteUnfinishedChange(const std::filesystem::path& file);
 
  private:
   struct States {

@@ -13,7 +13,7 @@ void commitOwnChanges(FileUpdate& update, FileMemory& memory, std::span<const st
   const auto noteChanges = [&] {
     for (std::size_t i = 0; i < files.size(); ++i)
       if (update.isUnfinished())
-        memory.forget(files[i]);
+        memory.noteUnfinishedChange(files[i]);
       else
         memory.noteOwnChange(files[i], before[i], stampOf(files[i]));
   };
