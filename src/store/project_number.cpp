@@ -42,8 +42,8 @@ std::optional<std::string> whyNoFileName(std::string_view projectNo) {
   return std::nullopt;
 }
 
-std::string projectFileName(std::string_view prefix, std::string_view projectNo) {
-  return std::string(prefix) + gbkToUtf8(projectNo) + ".txt";
+std::string projectFileName(std::string_view prefix, std::string_view projectNo, std::string_view extension) {
+  return std::string(prefix).append(gbkToUtf8(projectNo)).append(extension);
 }
 
 std::string printableText(std::string_view gbk) {

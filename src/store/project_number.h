@@ -12,8 +12,8 @@ namespace triaxlab {
 /// Why the number (GBK, trimmed) can't be part of a file name, as the middle of a sentence; nothing when it can.
 std::optional<std::string> whyNoFileName(std::string_view projectNo);
 
-/// prefix + number + ".txt" in UTF-8. Pre: the number can be part of a file name.
-std::string projectFileName(std::string_view prefix, std::string_view projectNo);
+/// prefix + number + extension in UTF-8. Pre: the number can be part of a file name.
+std::string projectFileName(std::string_view prefix, std::string_view projectNo, std::string_view extension = ".txt");
 
 /// GBK text of a record as a sentence can show it: UTF-8, control characters as "?".
 std::string printableText(std::string_view gbk);
