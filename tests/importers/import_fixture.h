@@ -38,6 +38,16 @@ class ImportTest : public ::testing::Test {
     return importerOfId(source)->open(folder.write("HSZSJ.KU", bytes));
   }
 
+  /// The sentence with which the import is refused.
+  std::string refusal(std::string_view bytes, std::string_view source) {
+    try {
+      importFile(bytes, source);
+    } catch (const UserError& error) {
+      return error.what();
+    }
+    return "not refused";
+  }
+
   const TriaxialSampleRecord& row(std::size_t index) const { return workspace.TriaxialSampleTable.at(index); }
   /// The text of a field of the first row, without its blanks.
   std::string_view stress(std::size_t i, std::size_t slot = 0) const {

@@ -24,6 +24,13 @@ inline std::string word(int value) {
 
 inline std::string byte(int value) { return std::string(1, static_cast<char>(value)); }
 
+/// `count` words of which those that aren't given are 0. Readings are given by their index.
+inline std::string words(const std::map<int, int>& readings, int count) {
+  std::string bytes;
+  for (int i = 0; i < count; ++i) bytes += readings.count(i) != 0 ? word(readings.at(i)) : word(0);
+  return bytes;
+}
+
 /// One specimen of 460 bytes. Readings are given by their index, 1 to 51 in the shear phase, 0 to 24 in consolidation.
 struct Specimen {
   std::string sampleNo = "S-1";
@@ -41,13 +48,6 @@ struct Specimen {
            word(consolidatedHeight) + word(initialArea) + word(consolidatedArea) + word(drainage) + word(shearRate) +
            byte(stageFlag) + words(consolidationPore, 25) + words(consolidationVolume, 25) + words(stress, 52) +
            words(pore, 52) + words(volume, 52) + std::string(8, ' ');
-  }
-
- private:
-  static std::string words(const std::map<int, int>& readings, int count) {
-    std::string bytes;
-    for (int i = 0; i < count; ++i) bytes += readings.count(i) != 0 ? word(readings.at(i)) : word(0);
-    return bytes;
   }
 };
 
