@@ -191,19 +191,22 @@ void SampleListSession::save(SampleListView& view) {
 }
 
 // In a file with other samples the positions of the list are worth nothing: it would be scrambled.
-bool SampleListSession::mayOverwriteChanges(std::string_view title, std::string_view question) const {
+void SampleListSession::requireListedSamples() const {
   if (!holdsSamples(m_workspace, m_kind, m_fileName, m_numbersInFile))
     throw UserError(
         fmt::format("文件“{}”中的试样与列表打开时不同，这次没有保存。请返回后重新打开土样列表。", m_fileName));
-  return m_dialogs.ask(title, question, MessageIcon::Exclamation);
 }
 
 void SampleListSession::rewrite() {
+  requireListedSamples();
   std::vector<std::uint32_t> order;
   order.reserve(m_rows.size());
   for (const SampleListRow& row : m_rows) order.push_back(static_cast<std::uint32_t>(row.recordIndex));
-  m_report = rewriteProject(m_workspace, m_kind, m_fileName, order,
-                            [this](auto title, auto question) { return mayOverwriteChanges(title, question); });
+  m_report =
+      rewriteProject(m_workspace, m_kind, m_fileName, order, [this](std::string_view title, std::string_view question) {
+        requireListedSamples();
+        return m_dialogs.ask(title, question, MessageIcon::Exclamation);
+      });
   // From here on the list speaks of the new file.
   for (std::size_t i = 0; i < m_rows.size(); ++i) m_rows[i].recordIndex = i;
   m_numbersInFile = sampleNumbers(m_rows);

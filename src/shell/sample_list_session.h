@@ -98,7 +98,7 @@ class SampleListSession {
   void save(SampleListView& view);
 
   bool isInList(int index) const;
-  void requireListedFile() const;
+  void requireListedSamples() const;
   void rewrite();
 
   Workspace& m_workspace;

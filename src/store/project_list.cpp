@@ -1,5 +1,7 @@
 #include "store/project_list.h"
 
+#include <algorithm>
+
 #include "platform/files.h"
 #include "store/file_update.h"
 #include "store/project_frame.h"
@@ -36,6 +38,15 @@ ProjectListRow rowOf(const std::filesystem::path& path, const std::string& fileN
   return row;
 }
 
+/// By position; GBK, trimmed.
+std::vector<std::string> readSampleNumbers(const File& file, const ProjectKindInfo& info, int sampleCount) {
+  std::vector<std::string> numbers;
+  numbers.reserve(static_cast<std::size_t>(sampleCount));
+  for (const SampleIndexEntry& entry : loadSampleIndex(readerOf(file), info, sampleCount))
+    numbers.emplace_back(entry.sampleNo.trimmed());
+  return numbers;
+}
+
 }  // namespace
 
 std::vector<ProjectListRow> listProjects(const Workspace& workspace, ProjectKind kind) {
@@ -56,11 +67,9 @@ SampleListTable listSamples(Workspace& workspace, ProjectKind kind, std::string_
   const File file(path, File::Mode::Read);
   workspace.fileMemory.remember(FileUse::List, path, file.stamp());
   const ProjectHead head = readProjectHead(readerOf(file), info, path);
-  const std::vector<SampleIndexEntry> index = loadSampleIndex(readerOf(file), info, head.sampleCount);
-  SampleListTable rows(index.size());
-  std::vector<std::string> numbers(index.size());
+  const std::vector<std::string> numbers = readSampleNumbers(file, info, head.sampleCount);
+  SampleListTable rows(numbers.size());
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    numbers[i] = index[i].sampleNo.trimmed();
     rows[i].recordIndex = i;
     rows[i].sampleNo = gbkToUtf8(numbers[i]);
   }
@@ -75,6 +84,15 @@ SampleListTable listSamples(Workspace& workspace, ProjectKind kind, std::string_
     // A list without boreholes is still the list of the samples; opening the project tells of the damaged summary file.
   }
   return rows;
+}
+
+bool holdsSamples(const Workspace& workspace, ProjectKind kind, std::string_view fileName,
+                  std::span<const std::string> sampleNumbers) {
+  const ProjectKindInfo& info = infoOf(kind);
+  const std::filesystem::path path = findProjectFile(workspace.projectFolder(), info, fileName);
+  const File file(path, File::Mode::Read);
+  const int sampleCount = readProjectHead(readerOf(file), info, path).sampleCount;
+  return std::ranges::equal(readSampleNumbers(file, info, sampleCount), sampleNumbers, {}, gbkToUtf8);
 }
 
 }  // namespace triaxlab

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "store/project_kinds.h"
@@ -36,5 +38,10 @@ using SampleListTable = std::vector<SampleListRow>;
 /// The samples of a project file with what the summary file knows of them; a file of an old format is upgraded in place
 /// first. UserError as openProject.
 SampleListTable listSamples(Workspace& workspace, ProjectKind kind, std::string_view fileName);
+
+/// True when the file still holds samples of these numbers (UTF-8, trimmed) in this order. It isn't listed by that: a
+/// change by another program is still told. UserError when it can't be read.
+bool holdsSamples(const Workspace& workspace, ProjectKind kind, std::string_view fileName,
+                  std::span<const std::string> sampleNumbers);
 
 }  // namespace triaxlab
