@@ -3,17 +3,22 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 
 #include "shell/fakes.h"
 #include "shell/lab.h"
+#include "shell/list_range_dialog.h"
+#include "shell/sample_list_session.h"
 
 namespace triaxlab {
 namespace {
 
+using ::testing::AllOf;
 using ::testing::ElementsAre;
 using testing::FakeDialogs;
 using ::testing::HasSubstr;
+using ::testing::IsEmpty;
 using testing::Lab;
 using testing::sample;
 
@@ -162,6 +167,245 @@ TEST_F(Browser, AProjectThatWentAwayIsRefusedByName) {
   EXPECT_FALSE(session.open());
   ASSERT_EQ(dialogs.shown.size(), 1U);
   EXPECT_THAT(dialogs.shown[0], HasSubstr("WKSZA1.txt"));
+}
+
+// ---- the other kinds
+
+struct KindOfTest {
+  ProjectKind kind;
+  std::string caption, listName, openTitle;
+};
+const KindOfTest kKinds[] = {
+    {ProjectKind::Triaxial, "三轴试验数据文件列表", "三轴试验数据表WKSZ(X).TXT ", "打开三轴数据文件"},
+    {ProjectKind::OldTriaxial, "三轴试验数据文件列表", "三轴试验数据表KSZ(X).TXT ", "打开三轴数据文件"},
+    {ProjectKind::Unconfined, "无侧限试验数据文件列表", "无侧限试验数据表KWCX(X).TXT ", "打开无侧限数据文件"},
+    {ProjectKind::K0, "K0试验数据文件列表", "K0试验数据表KO(X).TXT ", "打开KO数据文件"},
+    {ProjectKind::TK0, "TK0试验数据文件列表", "TK0试验数据表TKO(X).TXT ", "打开TKO数据文件"},
+};
+constexpr ProjectKind kWithoutWindow[] = {ProjectKind::Unconfined, ProjectKind::K0, ProjectKind::TK0};
+
+std::vector<std::string> projectsOf(const BrowserSession& session) {
+  std::vector<std::string> projects;
+  for (int row = 1; !session.cell(row, 1).empty(); ++row) projects.push_back(session.cell(row, 1));
+  return projects;
+}
+
+class BrowserOfAnyKind : public Browser {
+ protected:
+  BrowserSession browserOf(ProjectKind kind) {
+    lab.workspace.openDialogKind = static_cast<std::int16_t>(kind);
+    return {lab.workspace, dialogs,
+            [](int count) {
+              return SampleRange{1, count};
+            },
+            [this](SampleListSession& list) { inList(list); }};
+  }
+  std::function<void(SampleListSession&)> inList = [](SampleListSession&) {};
+};
+
+TEST_F(BrowserOfAnyKind, ListsTheFilesOfItsKindAlone) {
+  for (const KindOfTest& kind : kKinds)
+    lab.writeSamples(kind.kind, "of-" + std::to_string(static_cast<int>(kind.kind)), {"A"});
+  for (const KindOfTest& kind : kKinds) {
+    const BrowserSession session = browserOf(kind.kind);
+    EXPECT_EQ(session.caption(), kind.caption);
+    EXPECT_EQ(session.listName(), kind.listName);
+    EXPECT_THAT(projectsOf(session), ElementsAre("of-" + std::to_string(static_cast<int>(kind.kind))));
+  }
+}
+
+TEST_F(BrowserOfAnyKind, AnEmptyRowShowsTheMessageUnderTheTitleOfItsKind) {
+  for (const KindOfTest& kind : kKinds) {
+    SetText(lab.workspace.processingDate.year, "2012");
+    BrowserSession session = browserOf(kind.kind);
+    EXPECT_FALSE(session.open());
+    EXPECT_THAT(dialogs.take(), ElementsAre("[" + kind.openTitle + "] 对不起,你没有选中工程!!"));
+    EXPECT_FALSE(lab.workspace.processingDate.isSet());
+  }
+}
+
+TEST_F(BrowserOfAnyKind, AnOldestTriaxialFileOpensIntoTheTriaxialTable) {
+  lab.writeSamples(ProjectKind::OldTriaxial, "P1", {"A-1", "A-2"});
+  lab.workspace.rawImportPending = true;
+  BrowserSession session = browserOf(ProjectKind::OldTriaxial);
+  EXPECT_TRUE(session.open());
+  ASSERT_TRUE(session.opened().has_value());
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[1].sampleNo.trimmed(), "A-2");
+  EXPECT_FALSE(isLive(lab.workspace.TriaxialSampleTable[2]));
+  EXPECT_FALSE(lab.workspace.rawImportPending);
+  EXPECT_EQ(documentOf(ProjectKind::OldTriaxial), kForm1);
+}
+
+TEST_F(BrowserOfAnyKind, AKindWithoutAWindowIsNotReadAndSaysWhy) {
+  for (const ProjectKind kind : kWithoutWindow) {
+    lab.writeSamples(kind, "P1", {"A-1"});
+    SetText(lab.workspace.processingDate.year, "2012");
+    lab.workspace.rawImportPending = true;
+    BrowserSession session = browserOf(kind);
+    EXPECT_FALSE(session.open());
+    EXPECT_THAT(dialogs.take(),
+                ElementsAre("[" + std::string(infoOf(kind).openTitle) +
+                            "] 本版本还不能显示这类试验的数据，文件没有打开；可以用“土样列表”整理其中土样的顺序。"));
+    EXPECT_FALSE(session.opened().has_value());
+    EXPECT_EQ(lab.workspace.processingDate.year.view(), "2012");
+    EXPECT_TRUE(lab.workspace.rawImportPending);
+    EXPECT_EQ(documentOf(kind), std::nullopt);
+  }
+  EXPECT_TRUE(lab.workspace.UnconfinedSampleTable[0].sampleNo.isBlank());
+  EXPECT_TRUE(lab.workspace.K0SampleTable[0].sampleNo.isBlank());
+}
+
+// ---- sorts
+
+TEST_F(BrowserOfAnyKind, SortsByProjectInTheByteOrderOfGbk) {
+  // 甲 is BC D7 and 乙 D2 D2 in GBK, but E7 94 B2 and E4 B9 99 in UTF-8. The folder lists a2 before B1.
+  for (const char* project : {"乙", "a2", "甲", "B1"}) lab.writeSamples(ProjectKind::K0, utf8ToGbk(project), {"A"});
+  BrowserSession session = browserOf(ProjectKind::K0);
+  EXPECT_THAT(projectsOf(session), ElementsAre("a2", "B1", "乙", "甲"));
+  session.sortByProject();
+  EXPECT_THAT(projectsOf(session), ElementsAre("B1", "a2", "甲", "乙"));
+  EXPECT_EQ(session.cell(4, 0), "4") << "numbers are those of the rows";
+  session.sortByProject();
+  EXPECT_THAT(projectsOf(session), ElementsAre("B1", "a2", "甲", "乙")) << "ascending at every press";
+}
+
+TEST_F(BrowserOfAnyKind, SortsByDateAndKeepsTheOrderOfEqualDates) {
+  lab.writeSamples(ProjectKind::TK0, "A", {"1"}, "2024/02/01");
+  lab.writeSamples(ProjectKind::TK0, "B", {"1"}, "2023/12/31");
+  lab.writeSamples(ProjectKind::TK0, "C", {"1"}, "2024/02/01");
+  lab.writeSamples(ProjectKind::TK0, "D", {"1"}, "");
+  BrowserSession session = browserOf(ProjectKind::TK0);
+  session.sortByDate();
+  EXPECT_THAT(projectsOf(session), ElementsAre("D", "B", "A", "C"));
+}
+
+TEST_F(BrowserOfAnyKind, FileNamesGoAlongWithTheirRows) {
+  // The number in the file, by which the rows are sorted, is another than that in its name.
+  lab.writeProject("A", {sample("Z", "of file A")});
+  lab.writeProject("B", {sample("Y", "of file B")});
+  for (const auto& [name, projectNo] : {std::pair{"HSZS/WKSZA.txt", "Z"}, {"HSZS/WKSZB.txt", "Y"}}) {
+    std::string bytes = lab.folder.read(name);
+    bytes[4] = *projectNo;
+    lab.folder.write(name, bytes);
+  }
+  BrowserSession session = browserOf(ProjectKind::Triaxial);
+  session.setCurrentCell(1, 3);
+  session.sortByProject();
+  EXPECT_THAT(projectsOf(session), ElementsAre("Y", "Z"));
+  EXPECT_EQ(session.currentRow(), 1) << "the current cell is one of the grid";
+  EXPECT_EQ(session.currentColumn(), 3);
+  EXPECT_TRUE(session.open());
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].sampleNo.trimmed(), "of file B");
+}
+
+TEST_F(BrowserOfAnyKind, AnEmptyListIsSortedToo) {
+  BrowserSession session = browserOf(ProjectKind::K0);
+  session.sortByDate();
+  session.sortByProject();
+  EXPECT_EQ(session.rowCount(), 1);
+}
+
+// ---- sample lists
+
+/// A list's window in which every dialog is accepted as it comes up.
+class AcceptingView : public SampleListView {
+ public:
+  void askForRange(ListRangeDialog& dialog) override { dialog.accept(); }
+  void showRowMoves(RowMoves&) override {}
+  void refresh() override {}
+};
+void press(SampleListSession& list, ListAction action) {
+  AcceptingView view;
+  for (const ListButton& button : list.buttons())
+    if (button.action == action) {
+      list.press(button, view);
+      return;
+    }
+}
+
+TEST_F(BrowserOfAnyKind, ShowsTheSampleListOfTheCurrentRow) {
+  lab.writeSamples(ProjectKind::K0, "P1", {"A"});
+  lab.writeSamples(ProjectKind::K0, "P2", {"B", "C"});
+  BrowserSession session = browserOf(ProjectKind::K0);
+  session.setCurrentCell(2, 1);
+  std::vector<std::string> seen;
+  inList = [&](SampleListSession& list) {
+    seen = {std::string(list.caption()), list.projectLine(), list.line(1).cells[1]};
+  };
+  int listed = 0;
+  session.showSampleList([&] { ++listed; });
+  EXPECT_THAT(seen, ElementsAre("K0土样列表", "工程编号:P2", "C"));
+  EXPECT_EQ(listed, 1) << "when the list is left";
+  EXPECT_THAT(dialogs.shown, IsEmpty());
+  EXPECT_FALSE(session.opened().has_value());
+}
+
+TEST_F(BrowserOfAnyKind, AnEmptyRowHasNoSampleList) {
+  SetText(lab.workspace.processingDate.year, "2012");
+  BrowserSession session = browserOf(ProjectKind::TK0);
+  inList = [](SampleListSession&) { ADD_FAILURE(); };
+  session.showSampleList([] { ADD_FAILURE(); });
+  EXPECT_THAT(dialogs.take(), ElementsAre("[打开TKO数据文件] 对不起,你没有选中工程!!"));
+  EXPECT_TRUE(lab.workspace.processingDate.isSet()) << "only an open drops the date";
+}
+
+TEST_F(BrowserOfAnyKind, AFileThatIsNoProjectHasNoSampleList) {
+  lab.folder.write("HSZS/KObad.txt", "no header");
+  BrowserSession session = browserOf(ProjectKind::K0);
+  inList = [](SampleListSession&) { ADD_FAILURE(); };
+  session.showSampleList([] {});
+  ASSERT_EQ(dialogs.shown.size(), 1U);
+  EXPECT_THAT(dialogs.shown[0], AllOf(HasSubstr("stop ["), HasSubstr("KObad.txt")));
+}
+
+TEST_F(BrowserOfAnyKind, FilesThatAreNeverWrittenHaveNoSampleLists) {
+  lab.writeSamples(ProjectKind::OldTriaxial, "P1", {"A"});
+  for (const KindOfTest& kind : kKinds)
+    EXPECT_EQ(browserOf(kind.kind).hasSampleLists(), kind.kind != ProjectKind::OldTriaxial);
+  BrowserSession session = browserOf(ProjectKind::OldTriaxial);
+  inList = [](SampleListSession&) { ADD_FAILURE(); };
+  session.showSampleList([] { ADD_FAILURE(); });
+  EXPECT_THAT(dialogs.shown, IsEmpty());
+}
+
+TEST_F(BrowserOfAnyKind, TheProjectsAreListedAnewBehindEachSave) {
+  lab.writeSamples(ProjectKind::K0, "A", {"1", "2"}, "2024/02/01");
+  lab.writeSamples(ProjectKind::K0, "B", {"1", "2", "3"}, "2024/01/01");
+  BrowserSession session = browserOf(ProjectKind::K0);
+  session.sortByDate();  // B, A
+  session.setCurrentCell(2, 2);
+  int listed = 0;
+  inList = [&](SampleListSession& list) {
+    list.flipMark(0);
+    press(list, ListAction::Delete);
+    press(list, ListAction::Save);
+    EXPECT_EQ(listed, 1);
+    EXPECT_EQ(session.cell(2, 2), "0001");
+    // Another project has come meanwhile, and goes before both.
+    lab.writeSamples(ProjectKind::K0, "C", {"1"}, "2023/01/01");
+  };
+  session.showSampleList([&] { ++listed; });
+  EXPECT_EQ(listed, 2);
+  EXPECT_THAT(projectsOf(session), ElementsAre("C", "B", "A")) << "in the order that was chosen";
+  EXPECT_EQ(session.cell(session.currentRow(), 1), "A") << "the same project is current";
+  EXPECT_EQ(session.currentColumn(), 2);
+}
+
+TEST_F(BrowserOfAnyKind, AProjectWhoseSamplesAreAllDeletedIsGone) {
+  for (const char* project : {"A", "B"}) lab.writeSamples(ProjectKind::K0, project, {"1"});
+  BrowserSession session = browserOf(ProjectKind::K0);
+  session.setCurrentCell(2, 1);
+  inList = [](SampleListSession& list) {
+    list.flipMark(0);
+    press(list, ListAction::Delete);
+    press(list, ListAction::Save);
+  };
+  session.showSampleList([] {});
+  EXPECT_THAT(projectsOf(session), ElementsAre("A"));
+  EXPECT_EQ(session.currentRow(), 1);
+  session.showSampleList([] {});
+  EXPECT_THAT(projectsOf(session), IsEmpty());
+  EXPECT_EQ(session.rowCount(), 1);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "shell/start_up.h"
 #include "store/project_header.h"
+#include "store/project_kinds.h"
 #include "store/workspace.h"
 #include "support/temporary_folder.h"
 #include "triaxial/record.h"
@@ -58,6 +59,35 @@ class Lab {
     for (const TriaxialSampleRecord& record : samples) append(bytes, bytesOf(record));
     bytes.append(100, ' ');
     folder.write("HSZS/WKSZ" + gbkToUtf8(projectNo) + ".txt", bytes);
+  }
+  /// Writes a project file of any kind with samples of these numbers (GBK) and nothing else in them but a letter at the
+  /// very end: a, b, c ... in their order. Returns its name.
+  std::string writeSamples(ProjectKind kind, std::string_view projectNo, const std::vector<std::string>& sampleNumbers,
+                           std::string_view createdDate = "2024/01/02") const {
+    const ProjectKindInfo& info = infoOf(kind);
+    ProjectHeader header;
+    SetText(header.sampleCount, FormatPadded(static_cast<int>(sampleNumbers.size()), 4));
+    SetText(header.projectNo, projectNo);
+    SetText(header.createdDate, createdDate);
+    SetText(header.versionTag, info.versionTag);
+    std::string bytes;
+    append(bytes, bytesOf(header));
+    for (std::size_t i = 0; i < sampleNumbers.size(); ++i) {
+      std::string record;
+      append(record, info.blankRecord());
+      const auto put = [&record](std::size_t at, std::size_t width, std::string text) {
+        text.resize(width, ' ');
+        record.replace(at, width, text);
+      };
+      put(0, 15, std::string(projectNo));
+      put(15, info.sampleNoWidth, sampleNumbers[i]);
+      record.back() = static_cast<char>('a' + i % 26);
+      bytes += record;
+    }
+    if (info.hasEndText) bytes.append(100, ' ');
+    std::string name = std::string(info.filePrefix) + gbkToUtf8(projectNo) + ".txt";
+    folder.write("HSZS/" + name, bytes);
+    return name;
   }
   bool hasProject(const std::string& projectNo) const {
     return fileExists(folder.path() / "HSZS" / ("WKSZ" + projectNo + ".txt"));

@@ -49,7 +49,7 @@ class Shell : public ::testing::Test {
 // ---- Triggering
 
 TEST_F(Shell, AnUnknownCommandOrOneThatIsOffDoesNothing) {
-  for (const char* name : {"NOSUCH", "", "QUXIAN", "ZMPRINT", "RZMSAVE", "ZMOPEN0", "PTK0", "RZMYULAN"})
+  for (const char* name : {"NOSUCH", "", "QUXIAN", "ZMPRINT", "RZMSAVE", "NEW1", "PTK0", "RZMYULAN"})
     EXPECT_FALSE(shell.trigger(name)) << name;
   EXPECT_THAT(windows.shown, IsEmpty());
   EXPECT_THAT(dialogs.shown, IsEmpty());
@@ -241,6 +241,43 @@ TEST_F(Shell, RemarksStandInTheStatusBarUntilTheNextCommand) {
   windows.inBrowser = [](BrowserSession&) {};
   shell.trigger("ZMOPEN");
   EXPECT_EQ(shell.statusTexts()[0], "就绪");
+}
+
+TEST_F(Shell, AnOldestTriaxialProjectIsShownInForm1) {
+  lab.writeSamples(ProjectKind::OldTriaxial, "P7", {"A-1"});
+  openChangedDocument();
+  dialogs.answers = {false};
+  windows.inBrowser = [](BrowserSession& browser) { EXPECT_TRUE(browser.open()); };
+  EXPECT_TRUE(shell.trigger("ZMOPENOLD"));
+  EXPECT_THAT(dialogs.take(), ElementsAre(kQuestion)) << "its table is replaced";
+  EXPECT_THAT(windows.take(), ElementsAre("OPENFORM", "load 1"));
+  EXPECT_EQ(lab.workspace.openDialogKind, 101);
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].projectNo.trimmed(), "P7");
+}
+
+TEST_F(Shell, TheBrowserOfAKindThatReplacesNoTableAsksNothing) {
+  openChangedDocument();
+  for (const auto& [command, kind] : {std::pair{"ZMOPEN0", 2}, {"OK0", 10}, {"TK0", 20}}) {
+    windows.inBrowser = [&](BrowserSession& browser) { EXPECT_FALSE(browser.open()); };
+    EXPECT_TRUE(shell.trigger(command));
+    EXPECT_EQ(lab.workspace.openDialogKind, kind);
+    EXPECT_THAT(windows.take(), ElementsAre("OPENFORM"));
+    EXPECT_THAT(dialogs.take(), ElementsAre(HasSubstr("对不起,你没有选中工程!!")));
+  }
+  EXPECT_TRUE(windows.form1->changed);
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].projectNo.trimmed(), "P1");
+}
+
+TEST_F(Shell, SampleListsHaveTheWindowOfTheirKind) {
+  for (const auto& [command, kind, form] : {std::tuple{"ZMOPEN", ProjectKind::Triaxial, "Form14"},
+                                            {"ZMOPEN0", ProjectKind::Unconfined, "Form13"},
+                                            {"OK0", ProjectKind::K0, "Form13"},
+                                            {"TK0", ProjectKind::TK0, "Form13"}}) {
+    lab.writeSamples(kind, "P7", {"A-1"});
+    windows.inBrowser = [](BrowserSession& browser) { browser.showSampleList([] {}); };
+    EXPECT_TRUE(shell.trigger(command));
+    EXPECT_THAT(windows.take(), ElementsAre("OPENFORM", form));
+  }
 }
 
 // ---- Importers

@@ -1,4 +1,4 @@
-// The values behind Form21 and Form10.
+// The values behind Form21, Form16 and Form10.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -8,6 +8,7 @@
 
 #include "common/gbk.h"
 #include "shell/lab.h"
+#include "shell/list_range_dialog.h"
 #include "shell/overwrite_session.h"
 #include "shell/range_dialog.h"
 
@@ -44,6 +45,35 @@ TEST(RangeDialog, CutsExchangesAndLimitsTheNumbers) {
 TEST(RangeDialog, ReadsNumbersAsFarAsTheyGo) {
   EXPECT_EQ(rangeOf("", "x"), std::pair(1, 1));
   EXPECT_EQ(rangeOf(" 12个", "20.6"), std::pair(12, 21));
+}
+
+ListRange listRangeOf(std::string first, std::string last, std::size_t rowCount) {
+  ListRangeDialog dialog = ListRangeDialog::forSort("升序排序", rowCount);
+  dialog.first = std::move(first);
+  dialog.last = std::move(last);
+  return dialog.range(rowCount);
+}
+
+TEST(ListRangeDialog, BeginsWithTheWholeListForASort) {
+  const ListRangeDialog dialog = ListRangeDialog::forSort("升序排序", 20);
+  EXPECT_EQ(dialog.first, "1");
+  EXPECT_EQ(dialog.last, "20");
+  EXPECT_EQ(dialog.range(20), (ListRange{1, 20}));
+  EXPECT_FALSE(dialog.isAccepted());
+}
+
+TEST(ListRangeDialog, BeginsWithoutARangeForADeletion) {
+  const ListRangeDialog dialog = ListRangeDialog::forDeletion("删除");
+  const ListRange range = dialog.range(20);
+  EXPECT_LT(range.last, range.first);
+}
+
+TEST(ListRangeDialog, CutsAndExchangesTheNumbers) {
+  EXPECT_EQ(listRangeOf("1", "9999", 20), (ListRange{1, 20}));
+  EXPECT_EQ(listRangeOf("1", "1E300", 20), (ListRange{1, 20}));
+  EXPECT_EQ(listRangeOf("7", "3", 20), (ListRange{3, 7}));
+  EXPECT_EQ(listRangeOf("-4", "3", 20), (ListRange{1, 3}));
+  EXPECT_EQ(listRangeOf(" 2号", "x4", 20), (ListRange{1, 2})) << "2 and 0";
 }
 
 class Overwrite : public ::testing::Test {
