@@ -70,7 +70,8 @@ QScrollBar* scrollBar(QWidget* window, const char* name, Place place, int page) 
 
 QSize curveWindowSize() { return rectangle(kWindow).size(); }
 
-CurveControls::CurveControls(QWidget* window, CanvasWidget::Drawing drawing) : intervention(window), m_window(window) {
+CurveControls::CurveControls(QWidget* window, CanvasWidget::Drawing drawing)
+    : intervention(window), physicalValues(window), m_window(window) {
   makeList();
   makeCurves(std::move(drawing));
   makeSampleFields();

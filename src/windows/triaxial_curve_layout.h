@@ -7,6 +7,7 @@
 
 #include "triaxial/session/curve_session.h"
 #include "windows/canvas_widget.h"
+#include "windows/physical_block.h"
 #include "windows/triaxial_intervention_layout.h"
 
 class QPushButton;
@@ -60,6 +61,7 @@ struct CurveControls {
   RecordEdit* text9 = nullptr;
 
   InterventionControls intervention;
+  PhysicalBlock physicalValues;
 
  private:
   void makeList();

@@ -350,6 +350,7 @@ void Form1::showIntervention(const CurveState& now) {
   for (QPushButton* const step : {m_controls.command1, m_controls.command2, m_controls.command3, m_controls.command4})
     step->setEnabled(idle);
   m_controls.intervention.show(now.intervention);
+  m_controls.physicalValues.show(now.physicalValues);
 }
 
 }  // namespace triaxlab

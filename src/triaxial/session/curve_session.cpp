@@ -6,6 +6,7 @@
 
 #include "common/conversions.h"
 #include "common/gbk.h"
+#include "store/physical_data.h"
 #include "triaxial/charts/curve_chart.h"
 #include "triaxial/measures.h"
 #include "triaxial/session/typed_text.h"
@@ -215,6 +216,15 @@ void CurveSession::enterIntervention() {
   if (m_intervention.running() || !canIntervene()) return;
   showSample();
   m_intervention.enter(record(), m_page, m_results);
+  readPhysicalValues();
+}
+
+void CurveSession::readPhysicalValues() {
+  m_physicalValues.clear();
+  if (!m_workspace.settings.toggles.showPhysicalIndices) return;
+  for (const PhysicalValue& value :
+       physicalValues(m_workspace, record().projectNo.trimmed(), record().sampleNo.trimmed()))
+    m_physicalValues.push_back({std::string(value.label), shownText(value.text)});
 }
 
 void CurveSession::leaveIntervention(Dialogs& dialogs) {

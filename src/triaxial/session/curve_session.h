@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/dialogs.h"
 #include "platform/drawing_surface.h"
@@ -60,6 +61,11 @@ struct ListLine {
   std::string sample;   // Label1(2 line + 1)
 };
 
+/// A value behind its label, UTF-8.
+struct LabelledText {
+  std::string label, text;
+};
+
 /// Everything that the curve window shows besides the canvas, UTF-8. Returned whole, so the window has one place where
 /// it becomes widgets. A box that is being typed in holds what was taken of the typing, all others the record's text.
 struct CurveState {
@@ -100,6 +106,7 @@ struct CurveState {
 
   /// While a phase runs its controls lie over the list, and neither page, sample nor method can be changed.
   InterventionState intervention;
+  std::vector<LabelledText> physicalValues;  // 物理指标; empty unless a phase runs and the laboratory wants them shown
 };
 
 /// What stands behind the curve window: which sample, which pages, what a key does to the record. One method for each
@@ -199,6 +206,7 @@ class CurveSession {
   void fillList(CurveState& state) const;
   void fillFields(CurveState& state) const;
   void fillTable(CurveState& state) const;
+  void readPhysicalValues();
 
   Workspace& m_workspace;
   SampleList m_list;
@@ -210,7 +218,8 @@ class CurveSession {
   std::optional<TypedBox> m_typed;
   bool m_changed = false;
   Intervention m_intervention;
-  bool m_envelopeJustAccepted = false;  // until an envelope page has been drawn
+  std::vector<LabelledText> m_physicalValues;  // of the sample whose phase runs
+  bool m_envelopeJustAccepted = false;         // until an envelope page has been drawn
 
   TriaxialSampleRecord m_drawn;  // the sample as it was when the page was last shown
   PageResults m_results;

@@ -69,6 +69,7 @@ CurveState CurveSession::state() const {
   state.currentCurvePage = static_cast<std::uint8_t>(m_page);
   state.currentTablePage = static_cast<std::uint8_t>(m_table.page());
   state.intervention = m_intervention.state();
+  if (m_intervention.running()) state.physicalValues = m_physicalValues;
   return state;
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/recording_surface.h"
+#include "support/fake_dialogs.h"
 #include "triaxial/session/hand_made_samples.h"
 
 namespace triaxlab {
@@ -30,6 +31,9 @@ void expectSoundState(const CurveSession& session, const TriaxialSampleRecord& s
   EXPECT_TRUE(now.listTop >= 0 && now.listTop <= 981);
   EXPECT_EQ(session.sampleRow(), static_cast<std::size_t>(now.listTop + now.selectedLine - 1));
   EXPECT_TRUE(!now.text2.visible || now.currentTablePage == 1);
+  EXPECT_FALSE(now.intervention.running() && now.text1.visible);
+  EXPECT_EQ(now.intervention.phase == Phase::Envelope,
+            now.intervention.running() && now.currentCurvePage >= 2 && now.currentCurvePage <= 3);
 }
 
 /// Steps at random, each one that a person can take.
@@ -37,6 +41,7 @@ void walk(CurveSession& session, const Workspace& workspace, std::mt19937& rando
   const auto any = [&random](int from, int to) { return std::uniform_int_distribution(from, to)(random); };
   const std::array<BoxName, 8> boxes{BoxName::Text1, BoxName::Text2, BoxName::Text3, BoxName::Text4,
                                      BoxName::Text5, BoxName::Text7, BoxName::Text8, BoxName::TextW};
+  testing::FakeDialogs dialogs;
   const std::array<const char*, 6> texts{"", "100", "砂土😀", "-1e30", "0.5", "\x01\xFF"};
   const std::vector<std::function<void()>> doings{
       [&] { session.selectLabel(any(-1, 50)); },
@@ -59,6 +64,29 @@ void walk(CurveSession& session, const Workspace& workspace, std::mt19937& rando
       [&] { session.keyOnMethodField(any(0, 1), static_cast<MethodKey>(any(0, 3))); },
       [&] { session.applyStrainLimits(); },
       [&] { session.markSaved(); },
+      [&] { session.reprocess(); },
+      [&] { session.enterIntervention(); },
+      [&] {
+        for (int i = any(0, 60); i > 0; --i) session.intervention().key(static_cast<ArrowKey>(any(0, 3)));
+      },
+      [&] { any(0, 2) == 0 ? session.intervention().redo() : session.intervention().undo(); },
+      [&] { session.intervention().selectStage(static_cast<std::size_t>(any(0, 5))); },
+      [&] { session.intervention().chooseEffective(any(0, 1) == 1); },
+      [&] {
+        session.edit({BoxName::Text10}, texts.at(static_cast<std::size_t>(any(0, 5))));
+        session.intervention().multiply(dialogs);
+      },
+      [&] {
+        session.edit({BoxName::Text11}, texts.at(static_cast<std::size_t>(any(0, 5))));
+        session.intervention().add(dialogs);
+      },
+      [&] {
+        session.intervention().mouseAt({double(any(-100, 7100)), double(any(-100, 4800))}, any(0, 1) == 1);
+      },
+      [&] {
+        dialogs.answers = {any(0, 1) == 1};
+        session.leaveIntervention(dialogs);
+      },
       [&] { session.load(); },
   };
   for (int i = 0; i < steps; ++i) {
