@@ -141,7 +141,7 @@ constexpr std::array kCommands{
     curvePage("QUXIAN4", "应力路径曲线", 4, "Ctrl+4"),
     curvePage("QUXIAN5", "孔隙压力与轴向应变曲线", 5, "Ctrl+5"),
     curvePage("QUXIAN6", "有效应力比与轴向应变曲线", 6, "Ctrl+6"),
-    later(entry("SHUJUBIAO", "数据表", "RZMVIEW", A::ShowDataTable)),
+    entry("SHUJUBIAO", "数据表", "RZMVIEW", A::ShowDataTable),
 
     submenu("RZMPRINT0", "打印"),
     entry("RZMPRINT", "打印", "RZMPRINT0", A::PrintWithTK0),

@@ -72,6 +72,7 @@ bool ShellSession::trigger(std::string_view name) {
       Work{Action::FlipToggle, &ShellSession::flipToggle},
       Work{Action::StartTool, &ShellSession::startTool},
       Work{Action::ShowCurvePage, &ShellSession::showCurvePage},
+      Work{Action::ShowDataTable, &ShellSession::showDataTable},
       Work{Action::Intervene, &ShellSession::intervene},
       Work{Action::ReprocessCurves, &ShellSession::reprocessCurves},
   };
@@ -80,6 +81,7 @@ bool ShellSession::trigger(std::string_view name) {
   const CommandState state = commandState(*command);
   if (!state.visible || !state.enabled) return false;
   m_remark.clear();
+  finishTyping();
   const auto* const work =
       std::find_if(kWork.begin(), kWork.end(), [&](const Work& w) { return w.action == command->action; });
   // Headings do nothing, and this program runs already.
@@ -110,7 +112,13 @@ void ShellSession::documentActivated(ActiveDocument document) {
   m_windows.refresh();
 }
 
+void ShellSession::finishTyping() {
+  for (const ActiveDocument document : m_windows.loadedDocuments())
+    if (DocumentWindow* const window = m_windows.document(document)) window->finishTyping();
+}
+
 bool ShellSession::mayClose(ActiveDocument document) {
+  finishTyping();
   DocumentWindow* const window = m_windows.document(document);
   if (window == nullptr) return true;
   if (window->interventionEntry().running) window->leaveIntervention(m_dialogs);
@@ -226,6 +234,13 @@ void ShellSession::showCurvePage(const Command& command) {
   if (CurveDocument* const curves = m_windows.curveDocument())
     curves->showPage(static_cast<CurvePage>(command.argument));
   showCurves(command);
+}
+
+void ShellSession::showDataTable(const Command& /*command*/) { showTable(kForm2); }
+
+void ShellSession::showTable(ActiveDocument table) {
+  m_windows.showDocument(table);
+  documentActivated(table);
 }
 
 void ShellSession::setSourceFolder(const Command& command) {

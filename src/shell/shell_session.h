@@ -57,6 +57,8 @@ class ShellSession {
   /// Saves the document on which the commands act and shows what the save has to say. False when not all could be
   /// written.
   bool save();
+  /// Opens the table of readings, Form2 or Form7, of the sample on display.
+  void showTable(ActiveDocument table);
   /// Runs an operation; a UserError ends it, is shown, and gives false.
   template <class Operation>
   bool run(Operation&& operation) {
@@ -75,6 +77,7 @@ class ShellSession {
   void exitCommand(const Command& command);
   void showCurves(const Command& command);
   void showCurvePage(const Command& command);
+  void showDataTable(const Command& command);
   void intervene(const Command& command);
   void reprocessCurves(const Command& command);
   void setSourceFolder(const Command& command);
@@ -84,6 +87,7 @@ class ShellSession {
   /// An importer has filled the triaxial table: prepares it and shows it.
   void showImport(Remarks remarks);
   void show(ActiveDocument document, const Remarks& remarks);
+  void finishTyping();
   /// The document on which 干预 acts: the one where it runs, else that of the window in front.
   ActiveDocument interventionDocument() const;
   InterventionEntry interventionEntry() const;

@@ -33,6 +33,8 @@ class DocumentWindow {
   /// The question of closing or replacing: true when there are unsaved changes and the person wants them saved.
   virtual bool asksToSave(Dialogs& dialogs) const = 0;
   virtual void markSaved() = 0;
+  /// What is still being typed is stored: a command is about to act on the tables.
+  virtual void finishTyping() {}
   /// Second and third panel of the status bar, project and test date of the sample on display; UTF-8.
   virtual std::array<std::string, 2> statusPanels() const = 0;
 
@@ -73,6 +75,7 @@ class ShellWindows {
   virtual std::optional<Remarks> showImporter(std::string_view form) = 0;
 
   /// Loads the document window when it isn't there, shows its table as if freshly loaded, and brings it to the front.
+  /// Form2 and Form7 open for the sample that Form1 has on display.
   virtual void showDocument(ActiveDocument document) = 0;
   /// Brings a loaded window to the front as it is.
   virtual void raiseDocument(ActiveDocument document) = 0;

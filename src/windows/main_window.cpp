@@ -15,6 +15,8 @@
 #include <QStatusBar>
 
 #include "importers/import_selection.h"
+#include "windows/consolidation_table_window.h"
+#include "windows/data_table_window.h"
 #include "windows/importer_window.h"
 #include "windows/layout.h"
 #include "windows/menu_bar.h"
@@ -123,8 +125,8 @@ void MDIForm1::showSourceFolder(SourceFolderSession& session) { Form5(this, sess
 
 void MDIForm1::showOverwriteDialog(OverwriteSession& session) { Form10(this, session).exec(); }
 
-void MDIForm1::showPrintDialog(std::string_view) {
-  if (!m_form1) return;
+void MDIForm1::showPrintDialog(std::string_view form) {
+  if (form != "SETPRINTFORM" || !m_form1) return;
   PrintOptions options(m_workspace, m_form1->sampleRow());
   SETPRINTFORM(this, options, m_workspace, m_dialogs).exec();
 }
@@ -143,29 +145,52 @@ std::optional<Remarks> MDIForm1::showImporter(std::string_view form) {
 
 // ---- documents
 
-void MDIForm1::loadForm1() {
-  m_form1 = new Form1(m_workspace, m_dialogs, m_shell);
-  QMdiSubWindow* const frame = m_area->addSubWindow(m_form1);
-  frame->setProperty(kDocumentProperty, static_cast<int>(kForm1));
+template <class Window>
+void MDIForm1::addDocument(QPointer<Window>& holder, Window* window, ActiveDocument document) {
+  holder = window;
+  QMdiSubWindow* const frame = m_area->addSubWindow(window);
+  frame->setProperty(kDocumentProperty, static_cast<int>(document));
   frame->setAttribute(Qt::WA_DeleteOnClose);
-  connect(m_form1, &Form1::sampleShown, this, &MDIForm1::refresh);
-  connect(m_form1, &Form1::closed, this, [this, frame] {
+  connect(window, &Window::closed, this, [this, frame, document, &holder] {
     // The frame is deleted only when the event loop gets to it; nobody may find it meanwhile.
     frame->setProperty(kDocumentProperty, static_cast<int>(kNoDocument));
-    m_form1 = nullptr;
-    m_shell.documentClosed(kForm1);
+    holder = nullptr;
+    m_shell.documentClosed(document);
   });
   frame->adjustSize();
   frame->move(0, 0);
 }
 
-void MDIForm1::showDocument(ActiveDocument document) {
-  if (document != kForm1) return;
+void MDIForm1::loadForm1() {
   if (m_form1) {
     m_form1->load();
   } else {
-    loadForm1();
+    addDocument(m_form1, new Form1(m_workspace, m_dialogs, m_shell), kForm1);
+    connect(m_form1, &Form1::sampleShown, this, &MDIForm1::refresh);
   }
+  // The tables stay with their row, which may hold another sample now.
+  if (m_form2) m_form2->load(m_form2->sampleRow());
+  if (m_form7) m_form7->load(m_form7->sampleRow());
+}
+
+void MDIForm1::showDataTable() {
+  if (m_form2) return m_form2->load(m_form1->sampleRow());
+  addDocument(m_form2, new Form2(m_workspace, m_shell, m_form1->sampleRow()), kForm2);
+}
+
+void MDIForm1::showConsolidationTable() {
+  if (m_form7) return m_form7->load(m_form1->sampleRow());
+  addDocument(m_form7, new Form7(m_workspace, m_shell, m_form1->sampleRow()), kForm7);
+  connect(m_form7, &Form7::sampleChanged, this, [this] {
+    if (m_form1) m_form1->markChanged();
+    refresh();
+  });
+}
+
+void MDIForm1::showDocument(ActiveDocument document) {
+  if (document == kForm1) loadForm1();
+  if (document == kForm2 && m_form1) showDataTable();
+  if (document == kForm7 && m_form1) showConsolidationTable();
   raiseDocument(document);
 }
 
@@ -198,7 +223,9 @@ std::vector<ActiveDocument> MDIForm1::loadedDocuments() const {
 }
 
 DocumentWindow* MDIForm1::document(ActiveDocument document) {
-  return document == kForm1 ? static_cast<DocumentWindow*>(m_form1.data()) : nullptr;
+  if (document == kForm1) return m_form1;
+  if (document == kForm2) return m_form2;
+  return document == kForm7 ? m_form7.data() : nullptr;
 }
 
 CurveDocument* MDIForm1::curveDocument() { return m_form1; }
@@ -208,6 +235,16 @@ CurveDocument* MDIForm1::curveDocument() { return m_form1; }
 void MDIForm1::refresh() {
   m_menu->refresh();
   refreshStatusBar();
+  refreshTables();
+}
+
+void MDIForm1::refreshTables() {
+  if (!m_form2 && !m_form7) return;
+  const bool byRatio = m_form1 && m_form1->envelopeEntries().ratioChecked;
+  const FailureMode mode = byRatio ? FailureMode::PeakRatio : FailureMode::PeakStress;
+  if (m_form2) m_form2->refresh(mode);
+  // Without the curve window nobody would ask about the changes.
+  if (m_form7) m_form7->refresh(mode, m_form1 != nullptr);
 }
 
 void MDIForm1::refreshStatusBar() {

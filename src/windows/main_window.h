@@ -19,6 +19,8 @@ namespace triaxlab {
 
 class CommandMenuBar;
 class Form1;
+class Form2;
+class Form7;
 
 /// The main window: menu, status bar, and the document windows as its children.
 class MDIForm1 : public QMainWindow, private ShellWindows {
@@ -60,6 +62,11 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   void refreshStatusBar();
   void listOpenWindows();
   void loadForm1();
+  void showDataTable();
+  void showConsolidationTable();
+  void refreshTables();
+  template <class Window>
+  void addDocument(QPointer<Window>& holder, Window* window, ActiveDocument document);
   void documentCameToFront(QMdiSubWindow* frame);
   QMdiSubWindow* frameOf(ActiveDocument document) const;
 
@@ -71,6 +78,8 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   std::array<QLabel*, 3> m_panels{};
   QProgressBar* m_progress = nullptr;
   QPointer<Form1> m_form1;
+  QPointer<Form2> m_form2;
+  QPointer<Form7> m_form7;
   ToolRaiser m_toolRaiser;
 };
 

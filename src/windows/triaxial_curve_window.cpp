@@ -124,6 +124,7 @@ void Form1::connectPages() {
   onClick(m_controls.command1, &CurveSession::previousTablePage);
   onClick(m_controls.command2, &CurveSession::nextTablePage);
   onClick(m_controls.command8, &CurveSession::applyStrainLimits);
+  connect(m_controls.command5, &QPushButton::clicked, this, [this] { m_shell.showTable(kForm7); });
   connect(m_controls.vScroll2, &QScrollBar::valueChanged, this,
           [this](int top) { act([&] { m_session.scrollTable(top); }); });
   for (int i = 0; i < kTableCells; ++i)

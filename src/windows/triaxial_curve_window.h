@@ -23,6 +23,8 @@ class Form1 : public QWidget, public CurveDocument {
   /// Shows the table of the workspace as a window that was just opened.
   void load();
   std::size_t sampleRow() const { return m_session.sampleRow(); }
+  /// Another window has changed the sample.
+  void markChanged() { m_session.markChanged(); }
 
   // CurveDocument
   bool asksToSave(Dialogs& dialogs) const override { return m_session.asksToSave(dialogs); }

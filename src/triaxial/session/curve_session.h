@@ -84,7 +84,7 @@ struct CurveState {
   PerStage<std::string> text8;
   bool command5Visible = true;
   bool command8Enabled = true;
-  bool command5Enabled = false;  // the consolidation table has no window so far
+  bool command5Enabled = true;
 
   std::array<std::string, kTableColumns> columnHeads;  // second line; the first has kStageColumns
   std::array<std::string, kTableCells> label2;

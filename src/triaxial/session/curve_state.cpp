@@ -42,6 +42,7 @@ void CurveSession::fillFields(CurveState& state) const {
   state.label4Visible = state.strainLimitsVisible = isEnvelopePage(m_page);
   state.command8Enabled = !m_intervention.running();
   state.command5Visible = sample.testMethod != kUU;
+  state.command5Enabled = !m_intervention.running();
   state.text5 = boxText({BoxName::Text5});
   state.textW = texts<4>([this](int i) { return boxText({BoxName::TextW, i}); });
   state.text9 = boxText({BoxName::Text9});
