@@ -17,12 +17,13 @@ struct PlayResult {
   std::string out, errors;
 };
 
-/// The program in a workspace of its own, with the demonstration database beside it; scripts are played one after the
+/// The program in a workspace of its own, with the demonstration databases beside it; scripts are played one after the
 /// other and find what the ones before have left.
 class PlayedProgram {
  public:
   PlayedProgram() {
-    std::filesystem::copy_file(std::filesystem::path(TRIAXLAB_SAMPLES) / "HSZSJ.KU", m_folder.path() / "HSZSJ.KU");
+    for (const auto& entry : std::filesystem::directory_iterator(TRIAXLAB_SAMPLES))
+      if (entry.is_regular_file()) std::filesystem::copy_file(entry.path(), m_folder.path() / entry.path().filename());
   }
 
   const TemporaryFolder& folder() const { return m_folder; }
