@@ -15,101 +15,12 @@
 #include "common/gbk.h"
 #include "common/text_number.h"
 #include "platform/files.h"
+#include "shell/ini_keys.h"
 
 namespace triaxlab {
 namespace {
 
-// ---- Keys
-
-/// On by its presence alone; what follows it does not matter.
-struct FlagValue {
-  bool LaboratoryHabits::*flag;
-};
-/// The number directly behind the key.
-struct NumberValue {
-  int LaboratoryHabits::*number;
-  int least, most;
-};
-/// The text between the next brackets.
-struct BracketedValue {
-  std::string LaboratoryHabits::*text;
-};
-struct HabitKey {
-  std::string_view key;
-  std::variant<FlagValue, NumberValue, BracketedValue> value;
-};
-
-using H = LaboratoryHabits;
-constexpr std::array kHabitKeys{
-    HabitKey{"[工程编号大于20字节]", FlagValue{&H::wideProjectNo}},
-    HabitKey{"[无侧限打印高度变化值]", FlagValue{&H::unconfinedHeightChange}},
-    HabitKey{"[三轴每个土样都打印试验方法和取土深度]", FlagValue{&H::methodAndDepthOnEverySample}},
-    HabitKey{"[三轴应力差人工干预后自动调整原始数据]", FlagValue{&H::autoAdjustRawData}},
-    HabitKey{"[三轴打印探井号]", FlagValue{&H::trialPitNumber}},
-    HabitKey{"[三轴无侧限显示50%峰值应变值]", FlagValue{&H::strainAtHalfPeak}},
-    HabitKey{"[三轴打印钻孔编号]", FlagValue{&H::printBoreholeNumber}},
-    HabitKey{"[三轴成果输出不打印试验方法]", FlagValue{&H::omitTestMethod}},
-    HabitKey{"[不打印页码/日期/数据表]", FlagValue{&H::omitPageDateTable}},
-    HabitKey{"[三轴不打印试验日期]", FlagValue{&H::omitTriaxialTestDate}},
-    HabitKey{"[无侧限不打印钢环系数]", FlagValue{&H::omitRingCoefficient}},
-    HabitKey{"[K0不打印试验日期]", FlagValue{&H::omitK0TestDate}},
-    HabitKey{"[TK0不打印试验日期]", FlagValue{&H::omitTK0TestDate}},
-    HabitKey{"[无侧限不打印试验日期]", FlagValue{&H::omitUnconfinedTestDate}},
-    HabitKey{"[三轴曲线输出Fliove格式]", FlagValue{&H::compactEnvelope}},
-    HabitKey{"[按工程编号打开win三轴]", FlagValue{&H::winTriaxialByProject}},
-    HabitKey{"[三轴试验取50点]", FlagValue{&H::take50Points}},
-    HabitKey{"[三轴含受控文件号]", FlagValue{&H::controlledDocNo}},
-    HabitKey{"[三轴表格编号]", BracketedValue{&H::formNumber}},
-    HabitKey{"[无侧限最大应变]", NumberValue{&H::unconfinedLargestStrain, 10, 50}},
-    HabitKey{"[第页]", BracketedValue{&H::pageLabel}},
-    HabitKey{"[三轴C]", NumberValue{&H::cohesionDecimals, 0, 4}},
-    HabitKey{"[无侧限灵敏度]", NumberValue{&H::sensitivityDecimals, 0, 4}},
-    HabitKey{"[三轴试验方法后加]", BracketedValue{&H::methodSuffix}},
-    HabitKey{"[工程编号]", BracketedValue{&H::projectNoLabel}},
-};
-
-template <class Owner>
-struct LabelKey {
-  std::string_view key;
-  std::string Owner::*label;
-};
-
-constexpr std::array kListLabelKeys{
-    LabelKey<H>{"[土样编号]=", &H::sampleNoLabel},
-    LabelKey<H>{"[钻孔号]=", &H::boreholeLabel},
-};
-
-using E = EnglishLabels;
-constexpr std::array kEnglishLabelKeys{
-    LabelKey<E>{"[三轴试验成果曲线]=", &E::resultCurve},
-    LabelKey<E>{"[一个试样多级不固结不排水试验]=", &E::multiStageUU},
-    LabelKey<E>{"[固结不排水试验]=", &E::testCU},
-    LabelKey<E>{"[不固结不排水试验]=", &E::testUU},
-    LabelKey<E>{"[工程编号]=", &E::projectNo},
-    LabelKey<E>{"[工程名称]=", &E::projectName},
-    LabelKey<E>{"[土样编号]=", &E::sampleNo},
-    LabelKey<E>{"[钻孔编号]=", &E::boreholeNo},
-    LabelKey<E>{"[试验日期]=", &E::testDate},
-    LabelKey<E>{"[取样深度]=", &E::samplingDepth},
-    LabelKey<E>{"[取样地点]=", &E::samplingSpot},
-    LabelKey<E>{"[主应力差与轴向应变曲线]=", &E::stressStrainCurve},
-    LabelKey<E>{"[应力差强度包线]=", &E::stressDifferenceEnvelope},
-    LabelKey<E>{"[试验]=", &E::testedBy},
-    LabelKey<E>{"[校核]=", &E::checkedBy},
-    LabelKey<E>{"[报告日期]=", &E::reportDate},
-    LabelKey<E>{"[仪器编号]=", &E::apparatusNo},
-};
-
-struct MarginKey {
-  std::string_view key;
-  double ChartLayout::*twips;
-};
-constexpr std::array kMarginKeys{
-    MarginKey{"[上边距]", &ChartLayout::topMarginTwips},
-    MarginKey{"[下边距]", &ChartLayout::bottomMarginTwips},
-};
-constexpr int kLeastMargin = 5, kLargestMargin = 100;  // mm
-constexpr double kTwipsPerMillimetre = 57.2;           // 1/25.4 inch is 56.7; the pages are laid out with this
+constexpr double kTwipsPerMillimetre = 57.2;  // 1/25.4 inch is 56.7; the pages are laid out with this
 
 // ---- Lines
 
@@ -245,7 +156,7 @@ void applyChartLayout(std::span<const std::byte> szshezhi, ChartLayout& layout) 
   forEachLine(decoded(szshezhi, kMarginKeys), kChartComment, [&](std::string_view line) {
     for (const MarginKey& key : kMarginKeys)
       if (const auto rest = behind(line, key.key))
-        if (const auto millimetres = limitedNumber(*rest, kLeastMargin, kLargestMargin))
+        if (const auto millimetres = limitedNumber(*rest, kLeastChartMarginMm, kLargestChartMarginMm))
           layout.*key.twips = *millimetres * kTwipsPerMillimetre;
     if (!holdsAKey(line, kMarginKeys)) takeSlot(line, layout);
     return true;

@@ -12,45 +12,17 @@
 
 #include "common/little.h"
 #include "common/user_error.h"
+#include "store/journal_format.h"
 #include "store/project_number.h"
 
 namespace triaxlab {
 namespace {
-
-constexpr std::array<char, 8> kBeginMark{'T', 'X', 'J', 'R', 'N', 'L', '1', '\n'};
-constexpr std::array<char, 8> kEndMark{'E', 'N', 'D', 'T', 'X', 'J', '1', '\n'};
 
 /// Unit of reading.
 constexpr std::size_t kBlock = std::size_t{1} << 20;
 /// No project or summary file comes near these; a journal that goes beyond them is not one of ours.
 constexpr std::uint64_t kLargestFile = std::numeric_limits<std::int32_t>::max();
 constexpr std::uint64_t kLargestIndex = std::uint64_t{16} << 20;
-
-struct JournalHead {
-  std::array<char, 8> mark = kBeginMark;
-  Little<std::uint64_t> indexSize;
-  Little<std::uint64_t> dataSize;
-};
-static_assert(sizeof(JournalHead) == 24);
-
-struct IndexFile {
-  Little<std::uint16_t> pathLength;
-  std::uint8_t deed = 0;
-  Little<std::uint32_t> pieceCount;
-};
-static_assert(sizeof(IndexFile) == 7);
-
-struct IndexPiece {
-  Little<std::uint64_t> offset;
-  Little<std::uint64_t> size;
-};
-static_assert(sizeof(IndexPiece) == 16);
-
-struct JournalFoot {
-  Little<std::uint64_t> checksum;
-  std::array<char, 8> mark = kEndMark;
-};
-static_assert(sizeof(JournalFoot) == 16);
 
 /// Tells a journal that was cut or torn by a crash from a whole one. Bytes are taken in groups of four words, each word
 /// into a lane of its own, which a processor works on side by side; in how many spans they come makes no difference.
@@ -104,12 +76,12 @@ void append(Bytes& to, std::span<const std::byte> bytes) { to.insert(to.end(), b
 Bytes indexOf(const std::vector<JournalFile>& files) {
   Bytes index;
   for (const JournalFile& file : files) {
-    const IndexFile head{static_cast<std::uint16_t>(file.path.size()), static_cast<std::uint8_t>(file.deed),
-                         static_cast<std::uint32_t>(file.pieces.size())};
+    const JournalIndexFile head{static_cast<std::uint16_t>(file.path.size()), static_cast<std::uint8_t>(file.deed),
+                                static_cast<std::uint32_t>(file.pieces.size())};
     append(index, bytesOf(head));
     append(index, std::as_bytes(std::span(file.path)));
     for (const JournalPiece& piece : file.pieces) {
-      const IndexPiece entry{piece.offset, piece.size};
+      const JournalIndexPiece entry{piece.offset, piece.size};
       append(index, bytesOf(entry));
     }
   }
@@ -141,21 +113,21 @@ class IndexParser {
 
  private:
   bool takeFile(JournalFile& file) {
-    IndexFile head;
+    JournalIndexFile head;
     if (!take(m_rest, head) || m_rest.size() < head.pathLength) return false;
     file.path.assign(reinterpret_cast<const char*>(m_rest.data()), head.pathLength);
     m_rest = m_rest.subspan(head.pathLength);
     file.deed = static_cast<JournalDeed>(head.deed);
     if (file.deed > JournalDeed::Remove || (file.deed != JournalDeed::Write && head.pieceCount != 0)) return false;
     if (file.deed == JournalDeed::Replace && std::exchange(m_replaces, true)) return false;
-    if (!isJournalPath(file.path) || m_rest.size() / sizeof(IndexPiece) < head.pieceCount) return false;
+    if (!isJournalPath(file.path) || m_rest.size() / sizeof(JournalIndexPiece) < head.pieceCount) return false;
     file.pieces.resize(head.pieceCount);
     return std::all_of(file.pieces.begin(), file.pieces.end(),
                        [this](JournalPiece& piece) { return takePiece(piece); });
   }
 
   bool takePiece(JournalPiece& piece) {
-    IndexPiece entry;
+    JournalIndexPiece entry;
     if (!take(m_rest, entry)) return false;
     piece = {entry.offset, entry.size, m_dataTaken};
     if (piece.size > m_dataSize - m_dataTaken || piece.size > kLargestFile || piece.offset > kLargestFile - piece.size)
@@ -177,7 +149,7 @@ bool readObject(const File& file, std::uint64_t offset, T& object) {
 /// The head of a journal whose sizes agree with that of its file.
 std::optional<JournalHead> plausibleHead(const File& file) {
   JournalHead head;
-  if (!readObject(file, 0, head) || head.mark != kBeginMark) return std::nullopt;
+  if (!readObject(file, 0, head) || head.mark != kJournalBeginMark) return std::nullopt;
   const std::uint64_t size = file.size(), frame = sizeof(JournalHead) + sizeof(JournalFoot);
   if (size < frame || head.indexSize > kLargestIndex || head.indexSize > size - frame) return std::nullopt;
   if (head.dataSize != size - frame - head.indexSize) return std::nullopt;
@@ -277,7 +249,7 @@ std::optional<FoundJournal> FoundJournal::open(const std::filesystem::path& jour
   Checksum checksum;
   checksum.add(bytesOf(*head));
   checksum.add(index);
-  if (foot.mark != kEndMark || !addData(file, dataStart, head->dataSize, checksum)) return std::nullopt;
+  if (foot.mark != kJournalEndMark || !addData(file, dataStart, head->dataSize, checksum)) return std::nullopt;
   if (foot.checksum != checksum.value()) return std::nullopt;
   std::optional<std::vector<JournalFile>> files = IndexParser(index, head->dataSize).files();
   if (!files) return std::nullopt;

@@ -3,76 +3,17 @@
 #include <fmt/core.h>
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstring>
 #include <optional>
 #include <span>
 
 #include "store/backup.h"
+#include "store/old_formats.h"
 #include "store/project_frame.h"
-#include "triaxial/record.h"
-#include "unconfined/record.h"
 
 namespace triaxlab {
 namespace {
-
-/// Bytes of an old record and where they stand today.
-struct FieldCopy {
-  std::size_t from, to, size;
-};
-
-// ---- Triaxial: the record ended where testDate begins today.
-
-constexpr std::size_t kOldTriaxialSize = 38366;
-constexpr std::array kTriaxialCopies{FieldCopy{0, 0, offsetof(TriaxialSampleRecord, testDate)}};
-
-// ---- Unconfined: 23 rows in each column, everything else in the same order.
-
-constexpr std::size_t kOldUnconfinedSize = 916;
-constexpr std::size_t kOldColumnSize = 23 * sizeof(UnconfinedColumn::value_type);
-constexpr std::size_t kColumnsStart = offsetof(UnconfinedSampleRecord, undisturbedStress);
-constexpr std::size_t kScalarsStart = offsetof(UnconfinedSampleRecord, sampleHeight);
-constexpr std::size_t kOldScalarsStart = kColumnsStart + 6 * kOldColumnSize;
-
-/// Column k of the six, in the order of the record.
-constexpr FieldCopy oldColumn(std::size_t k) {
-  return {kColumnsStart + k * kOldColumnSize, kColumnsStart + k * sizeof(UnconfinedColumn), kOldColumnSize};
-}
-constexpr std::array kUnconfinedCopies{
-    FieldCopy{0, 0, kColumnsStart},  // projectNo, sampleNo
-    oldColumn(0),
-    oldColumn(1),
-    oldColumn(2),
-    oldColumn(3),
-    oldColumn(4),
-    oldColumn(5),
-    FieldCopy{kOldScalarsStart, kScalarsStart, sizeof(UnconfinedSampleRecord) - kScalarsStart},
-};
-
-/// The copies take every byte of the old record, in order.
-template <std::size_t N>
-constexpr bool takeAll(const std::array<FieldCopy, N>& copies, std::size_t oldSize) {
-  std::size_t end = 0;
-  for (const FieldCopy& copy : copies) {
-    if (copy.from != end) return false;
-    end += copy.size;
-  }
-  return end == oldSize;
-}
-static_assert(takeAll(kTriaxialCopies, kOldTriaxialSize) && takeAll(kUnconfinedCopies, kOldUnconfinedSize));
-static_assert(kColumnsStart + 6 * sizeof(UnconfinedColumn) == kScalarsStart);
-
-struct OldFormat {
-  ProjectKind kind;
-  std::size_t recordSize;
-  std::span<const FieldCopy> copies;
-  const char* temporaryName;  // in the applicationFolder
-};
-constexpr std::array kOldFormats{
-    OldFormat{ProjectKind::Triaxial, kOldTriaxialSize, kTriaxialCopies, "b.bak"},
-    OldFormat{ProjectKind::Unconfined, kOldUnconfinedSize, kUnconfinedCopies, "WCX.BAK"},
-};
 
 /// Writes the file that takes the old one's place.
 class Conversion {
@@ -148,12 +89,6 @@ void writeTemporary(const std::filesystem::path& path, const Conversion& convers
   }
 }
 
-const OldFormat* oldFormatOf(const ProjectKindInfo& info) {
-  const auto* const format = std::find_if(kOldFormats.begin(), kOldFormats.end(),
-                                          [&info](const OldFormat& row) { return row.kind == info.kind; });
-  return format != kOldFormats.end() ? format : nullptr;
-}
-
 /// The head of the file if it has the old format.
 std::optional<ProjectHead> oldHead(const File& file, const ProjectKindInfo& info) {
   const ProjectHead head = readAnyProjectHead(readerOf(file), file.path());
@@ -178,7 +113,7 @@ void makeDurable(const std::filesystem::path& folder) {
 
 Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindInfo& info,
                        const std::filesystem::path& file) {
-  const OldFormat* const format = oldFormatOf(info);
+  const OldFormat* const format = oldFormatOf(info.kind);
   if (format == nullptr || !fileExists(file)) return {};
   const File old(file, File::Mode::Read);
   const std::optional<ProjectHead> head = oldHead(old, info);
@@ -201,7 +136,7 @@ Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindIn
 }
 
 Remarks upgradeProject(Workspace& workspace, const ProjectKindInfo& info, const std::filesystem::path& file) {
-  if (oldFormatOf(info) == nullptr || !fileExists(file)) return {};
+  if (oldFormatOf(info.kind) == nullptr || !fileExists(file)) return {};
   if (!oldHead(File(file, File::Mode::Read), info)) return {};
   DataLock lock(workspace.dataFolder, workspace.lockPatience);
   lock.take(file);  // and whoever held it may have upgraded the file
