@@ -4,8 +4,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <map>
-
 #include "store/project_file.h"
 #include "store/project_list.h"
 #include "store/save_project.h"
@@ -17,20 +15,7 @@ namespace {
 
 using ::testing::HasSubstr;
 
-class DamagedFiles : public StoreTest {
- protected:
-  /// Content of every file below the test's folder.
-  std::map<std::string, std::string> snapshot() const {
-    std::map<std::string, std::string> files;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder())) {
-      std::string& content = files[entry.path().string()];
-      if (!entry.is_regular_file()) continue;
-      const Bytes bytes = readWholeFile(entry.path(), std::uint64_t{1} << 30);
-      content.assign(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-    }
-    return files;
-  }
-};
+class DamagedFiles : public StoreTest {};
 
 TEST_F(DamagedFiles, AProjectCutAnywhereOpensWithWhatIsThere) {
   std::string whole = headerBytes({"0020", "P1"});

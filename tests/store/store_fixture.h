@@ -5,6 +5,7 @@
 
 #include <cstring>
 #include <filesystem>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -125,6 +126,19 @@ class StoreTest : public ::testing::Test {
     bytes.resize(File(data(name), File::Mode::Read).readAt(0, std::as_writable_bytes(std::span(bytes))));
     return bytes;
   }
+  /// Content of every file below the test's folder; of folders, that they are there.
+  std::map<std::string, std::string> snapshot() const {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder())) {
+      std::string& content = files[entry.path().string()];
+      if (!entry.is_regular_file()) continue;
+      const Bytes bytes = readWholeFile(entry.path(), std::uint64_t{1} << 30);
+      content.assign(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    }
+    return files;
+  }
+  /// Names of the copies that are kept of project files, in ascending order.
+  std::vector<std::string> backups() const { return listFiles(data("HSZS/backup"), "", ""); }
   bool has(const std::string& name) const { return std::filesystem::exists(data(name)); }
 
   TriaxialSampleRecord& row(std::size_t index) { return workspace.TriaxialSampleTable[index]; }
