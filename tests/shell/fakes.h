@@ -27,6 +27,8 @@ class FakeDialogs : public Dialogs {
  public:
   std::vector<std::string> shown;
   std::deque<bool> answers;
+  std::optional<std::filesystem::path> file;  // what is chosen in a file dialog; none: cancelled
+  std::vector<FileQuestion> questions;
 
   void message(std::string_view title, std::string_view text, MessageIcon icon) override { note(title, text, icon); }
   bool ask(std::string_view title, std::string_view text, MessageIcon icon) override {
@@ -36,7 +38,10 @@ class FakeDialogs : public Dialogs {
     answers.pop_front();
     return answer;
   }
-  std::optional<std::filesystem::path> chooseFile(const FileQuestion&) override { return std::nullopt; }
+  std::optional<std::filesystem::path> chooseFile(const FileQuestion& question) override {
+    questions.push_back(question);
+    return file;
+  }
   std::optional<std::filesystem::path> chooseFileToSave(const FileQuestion&) override { return std::nullopt; }
   std::optional<std::string> input(std::string_view, std::string_view, std::string_view) override {
     return std::nullopt;

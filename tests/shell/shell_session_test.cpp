@@ -63,8 +63,8 @@ TEST_F(Shell, HeadingsAndThisProgramAreThereAndDoNothing) {
 TEST_F(Shell, EveryCommandThatIsBuiltAndOnDoesItsWork) {
   for (const Command& command : commandTable()) {
     if (command.action == Action::None || command.action == Action::StartThisProgram || !command.built) continue;
-    if (command.action == Action::Import || command.action == Action::StartTool) continue;  // off or outside
-    if (command.action == Action::FlipToggle) continue;                                     // shows nothing
+    if (command.action == Action::Import || command.action == Action::StartTool) continue;            // off or outside
+    if (command.action == Action::FlipToggle || command.action == Action::OpenNanjingFile) continue;  // shows nothing
     openDocument();
     windows.form1->envelopes.ratioEnabled = true;
     EXPECT_TRUE(shell.trigger(command.name)) << command.name;
@@ -302,6 +302,60 @@ TEST_F(Shell, AnImporterLeftWithoutWorkChangesNothing) {
   EXPECT_EQ(lab.workspace.activeDocument, kNoDocument);
 }
 
+/// Two blocks of the Nanjing apparatus without readings, all lines empty but for date, project and sample.
+std::string twoNanjingSamples() {
+  std::string file;
+  for (const char* sampleNo : {"J-1", "J-2"}) {
+    file += "SZ-data\n2011/05/06\nNJ1\n" + std::string(sampleNo) + std::string(10, '\n') + std::string(4, '\0');
+    file += "\x41\x71\x3D\x7A" + std::string(3, '\0') + "\xC8\x42\n";  // the end mark, 100 kPa
+  }
+  return file;
+}
+
+TEST_F(Shell, ANanjingFileIsReadAsSoonAsItIsChosen) {
+  dialogs.file = lab.folder.write("raw/A1.SZD", twoNanjingSamples());
+  SetText(lab.workspace.controlledDocNo, "QR-07");
+  EXPECT_TRUE(shell.trigger("OPENNJ"));
+  ASSERT_EQ(dialogs.questions.size(), 1U);
+  EXPECT_EQ(dialogs.questions[0].title, "打开南京三轴原始数据文件");
+  EXPECT_EQ(dialogs.questions[0].filter, "Log Files (*.SZD)|*.SZD|All  Files (*.*)|*.*");
+  EXPECT_TRUE(dialogs.questions[0].initial.filename().empty()) << "no name to begin with";
+  EXPECT_THAT(windows.take(), ElementsAre("load 1"));
+  EXPECT_FALSE(isLive(lab.workspace.TriaxialSampleTable[0]));
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[2].sampleNo.trimmed(), "J-2");
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[1].failureStrainLimit[0], 150) << "by the opening pass";
+  EXPECT_FALSE(lab.workspace.rawImportPending);
+  EXPECT_TRUE(lab.workspace.controlledDocNo.isBlank());
+  EXPECT_THAT(windows.progress, ElementsAre(std::pair(1U, 2U), std::pair(2U, 2U)));
+}
+
+TEST_F(Shell, ANanjingFileReplacesAChangedDocumentWithoutAQuestion) {
+  openChangedDocument();
+  windows.take();
+  dialogs.file = lab.folder.write("raw/A1.SZD", twoNanjingSamples());
+  shell.trigger("OPENNJ");
+  EXPECT_THAT(dialogs.take(), IsEmpty());
+  EXPECT_THAT(windows.take(), ElementsAre("load 1"));
+}
+
+TEST_F(Shell, ACancelledNanjingFileChangesNothing) {
+  openDocument();
+  windows.take();
+  shell.trigger("OPENNJ");
+  EXPECT_THAT(windows.take(), IsEmpty());
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].projectNo.trimmed(), "P1");
+}
+
+TEST_F(Shell, ANanjingFileThatCannotBeReadIsNamedAndChangesNothing) {
+  openDocument();
+  windows.take();
+  dialogs.file = lab.folder.path() / "missing.SZD";
+  shell.trigger("OPENNJ");
+  EXPECT_THAT(dialogs.take(), ElementsAre(HasSubstr("missing.SZD")));
+  EXPECT_THAT(windows.take(), IsEmpty());
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].projectNo.trimmed(), "P1");
+}
+
 // ---- Save
 
 TEST_F(Shell, SaveSaysSoAndClearsTheMark) {
@@ -522,12 +576,14 @@ bool isStarted(const Lab& lab, ShellSession& shell, const char* file, const char
 
 TEST_F(Shell, AToolIsStartedFromTheApplicationFolder) {
   EXPECT_TRUE(isStarted(lab, shell, "zmgj.exe", "RZMGJ"));
+  EXPECT_THAT(windows.raisedTools, ElementsAre("QVB固结（黄土压缩）试验数据处理"));
   EXPECT_TRUE(isStarted(lab, shell, "zmsz8cs", "SAZHOU8")) << "without .exe and in another case";
 }
 
 TEST_F(Shell, AMissingToolIsSilent) {
   EXPECT_TRUE(shell.trigger("RZMWL"));
   EXPECT_THAT(dialogs.shown, IsEmpty());
+  EXPECT_THAT(windows.raisedTools, ElementsAre("QVB物理试验数据处理")) << "one may run from elsewhere";
 }
 
 }  // namespace
