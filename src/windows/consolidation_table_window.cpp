@@ -15,7 +15,7 @@ namespace {
 
 // Twips.
 constexpr Place kWindow{0, 0, 7600, 8300};
-constexpr Place kStageList{5270, 850, 1730, 290};
+constexpr Place kStageList{5270, 850, 1980, 290};
 constexpr int kBoxHeight = 300, kTextHeight = 210;
 constexpr Place kStartPressure{kStartPorePressureX, kTableFootY - (kBoxHeight - kTextHeight) / 2,
                                kStartPorePressureWidth, kBoxHeight};
@@ -33,12 +33,17 @@ Place cellPlace(int index) {
 Form7::Form7(Workspace& workspace, ShellSession& shell, std::size_t sampleRow)
     : m_shell(shell),
       m_session(workspace, sampleRow),
-      m_controls(this, {.canvasWidth = kConsolidationTableWidth, .stages = kStageList}, [this](DrawingSurface& surface) {
-        if (m_shown.table) drawConsolidationTable(surface, *m_shown.table);
-      }) {
+      m_controls(this, {.canvasWidth = kConsolidationTableWidth, .stages = kStageList},
+                 [this](DrawingSurface& surface) {
+                   if (m_shown.table) drawConsolidationTable(surface, *m_shown.table);
+                 }) {
   setObjectName("Form7");
   setWindowTitle(kConsolidationTableCaption);
   setMinimumSize(rectangle(kWindow).size());
+  // The cells lie over the rows of the canvas, in letters of the same size.
+  QFont font = this->font();
+  font.setPixelSize(pixels(kTextHeight));
+  setFont(font);
   makeCells();
   makeBoxes();
   connect(m_controls.combo1, &QComboBox::activated, this,

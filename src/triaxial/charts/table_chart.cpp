@@ -1,6 +1,8 @@
 #include "triaxial/charts/table_chart.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <string_view>
 
 #include "triaxial/charts/plot.h"
@@ -13,39 +15,66 @@ const Font kTableFont{.size = 10.5};
 // Twips of the canvas.
 constexpr double kFirstLineY = 250, kSecondLineY = 600;
 constexpr double kTopRuleY = 1200, kSymbolY = 1260, kUnitY = 1540, kTitleRuleY = 1850, kBottomRuleY = 7560;
-constexpr double kTableLeft = 300;
 constexpr double kDataColumnX = 800, kDataColumnWidth = 1000;
-/// Left edges of the heading's two lines of three and of the foot.
+/// Left edges of the texts in the heading's two lines and in the foot, and the ends of the rules.
 struct TextColumns {
   std::array<double, 3> heading, foot;
-  double right;  // end of the rules
+  double left, right;
 };
-constexpr TextColumns kDataTable{{300, 4200, 7400}, {300, 3300, 6300}, 12300};
+constexpr TextColumns kDataTable{{300, 4200, 7400}, {300, 3300, 6300}, 300, 12300};
 /// Narrower: what stands beside each other must not touch in its longest form.
-constexpr TextColumns kConsolidation{{300, 2850, 5270}, {300, 3000, 5200}, 7000};
+constexpr TextColumns kConsolidation{{300, 2850, 5270}, {300, 3000, 5200}, 50, 6850};
 
-/// A character that is set small, or a stretch of text in front of the next such character.
+enum class PieceKind : std::uint8_t { Plain, Subscript, Prime };
+/// A part of a symbol that is set in one go.
 struct Piece {
   std::string_view text;
-  bool subscript;
+  PieceKind kind;
 };
+
+constexpr std::string_view kPrime = "′";
 
 std::vector<Piece> piecesOf(std::string_view symbol) {
   std::vector<Piece> pieces;
   while (!symbol.empty()) {
-    const bool subscript = symbol.front() == '_';
-    if (subscript) symbol.remove_prefix(1);
-    const std::size_t size = subscript ? 1 : std::min(symbol.find('_'), symbol.size());
-    pieces.push_back({symbol.substr(0, size), subscript});
-    symbol.remove_prefix(size);
+    Piece piece{symbol.substr(0, std::min(symbol.find('_'), symbol.find(kPrime))), PieceKind::Plain};
+    if (symbol.front() == '_') {
+      symbol.remove_prefix(1);
+      piece = {symbol.substr(0, 1), PieceKind::Subscript};
+    } else if (symbol.starts_with(kPrime)) {
+      piece = {symbol.substr(0, kPrime.size()), PieceKind::Prime};
+    }
+    pieces.push_back(piece);
+    symbol.remove_prefix(piece.text.size());
   }
   return pieces;
 }
 
-double widthOf(const std::vector<Piece>& pieces, const Font& font) {
+/// A piece in its place; x from the left edge of the symbol, y from its upper edge.
+struct PlacedPiece {
+  std::string_view text;
+  Point place;
+  Font font;
+};
+struct SetSymbol {
+  std::vector<PlacedPiece> pieces;
   double width = 0;
-  for (const Piece& piece : pieces) width += textWidth(piece.text, piece.subscript ? smallFont(font) : font);
-  return width;
+};
+
+/// A prime stands over the subscript in front of it, as σ1′ is written. It needs half the room of its character.
+SetSymbol setSymbol(std::string_view symbol, const Font& font) {
+  SetSymbol set;
+  double subscriptX = 0;
+  for (const Piece& piece : piecesOf(symbol)) {
+    const bool subscript = piece.kind == PieceKind::Subscript, prime = piece.kind == PieceKind::Prime;
+    const Font& pieceFont = subscript ? smallFont(font) : font;
+    const double width = textWidth(piece.text, pieceFont);
+    const Point place{prime ? subscriptX : set.width, subscript ? subscriptDrop(font) : 0};
+    set.pieces.push_back({piece.text, place, pieceFont});
+    subscriptX = set.width;
+    set.width = std::max(set.width, place.x + (prime ? width / 2 : width));
+  }
+  return set;
 }
 
 void drawHeading(DrawingSurface& surface, const TableHeading& heading, const std::array<double, 3>& x) {
@@ -57,8 +86,8 @@ void drawHeading(DrawingSurface& surface, const TableHeading& heading, const std
   line(kSecondLineY, {&heading.date, &heading.test, &heading.rate});
 }
 
-void drawRules(DrawingSurface& surface, double right) {
-  for (const double y : {kTopRuleY, kTitleRuleY, kBottomRuleY}) surface.line({kTableLeft, y}, {right, y}, {});
+void drawRules(DrawingSurface& surface, const TextColumns& table) {
+  for (const double y : {kTopRuleY, kTitleRuleY, kBottomRuleY}) surface.line({table.left, y}, {table.right, y}, {});
 }
 
 /// 破坏孔压 and σ1 - σ3, the last two of the foot.
@@ -78,26 +107,25 @@ void drawCell(DrawingSurface& surface, double centreX, std::size_t row, const st
 
 void drawColumnTitle(DrawingSurface& surface, const ColumnTitle& title, double centreX, double width, double symbolY,
                      double unitY, const Font& font) {
-  const std::vector<Piece> pieces = piecesOf(title.symbol);
-  constexpr double kRoom = 0.96, kTenth = 10;
-  Font symbolFont = font;
-  if (const double needed = widthOf(pieces, font), room = kRoom * width; needed > room)
-    symbolFont.size = std::floor(font.size * room / needed * kTenth) / kTenth;
-  double x = centreX - widthOf(pieces, symbolFont) / 2;
-  // A smaller symbol stands on the line of the others.
-  const double y = symbolY + textHeight(font) - textHeight(symbolFont);
-  for (const Piece& piece : pieces) {
-    const Font& pieceFont = piece.subscript ? smallFont(symbolFont) : symbolFont;
-    surface.text({x, piece.subscript ? y + subscriptDrop(symbolFont) : y}, piece.text, pieceFont, Colour::Black);
-    x += textWidth(piece.text, pieceFont);
+  constexpr double kRoom = 0.9, kTenth = 10;
+  SetSymbol symbol = setSymbol(title.symbol, font);
+  Point corner{0, symbolY};
+  if (const double room = kRoom * width; symbol.width > room) {
+    Font smaller = font;
+    smaller.size = std::floor(font.size * room / symbol.width * kTenth) / kTenth;
+    symbol = setSymbol(title.symbol, smaller);
+    corner.y += textHeight(font) - textHeight(smaller);  // on the line of the others
   }
+  corner.x = centreX - symbol.width / 2;
+  for (const PlacedPiece& piece : symbol.pieces)
+    surface.text({corner.x + piece.place.x, corner.y + piece.place.y}, piece.text, piece.font, Colour::Black);
   if (*title.unit != '\0') surface.textCentred(centreX, unitY, title.unit, font, Colour::Black);
 }
 
 void drawDataTable(DrawingSurface& surface, const DataTable& table) {
   const auto columnX = [](std::size_t column) { return kDataColumnX + kDataColumnWidth * static_cast<double>(column); };
   drawHeading(surface, table.heading, kDataTable.heading);
-  drawRules(surface, kDataTable.right);
+  drawRules(surface, kDataTable);
   for (std::size_t column = 0; column < table.columns.size(); ++column)
     drawColumnTitle(surface, table.columns[column].title, columnX(column), kDataColumnWidth, kSymbolY, kUnitY,
                     kTableFont);
@@ -111,7 +139,7 @@ void drawDataTable(DrawingSurface& surface, const DataTable& table) {
 
 void drawConsolidationTable(DrawingSurface& surface, const ConsolidationTable& table) {
   drawHeading(surface, table.heading, kConsolidation.heading);
-  drawRules(surface, kConsolidation.right);
+  drawRules(surface, kConsolidation);
   for (std::size_t column = 0; column < kConsolidationColumns; ++column)
     drawColumnTitle(surface, kConsolidationTitles[column], kConsolidationColumnX[column], kConsolidationColumnWidth,
                     kSymbolY, kUnitY, kTableFont);
