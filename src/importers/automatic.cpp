@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -23,6 +24,7 @@
 #include "importers/importer.h"
 #include "importers/indexed_source.h"
 #include "importers/ku_file.h"
+#include "importers/raw_layouts.h"
 #include "importers/reading_words.h"
 #include "importers/triaxial_import.h"
 
@@ -38,6 +40,16 @@ struct AutomaticTail {             // offset in the entry
 using AutomaticEntry = KuIndexEntry<AutomaticTail>;
 static_assert(sizeof(AutomaticTail) == 8 && sizeof(AutomaticEntry) == 30 && alignof(AutomaticEntry) == 1);
 static_assert(offsetof(AutomaticTail, entryProjectTail) == 1 && offsetof(AutomaticTail, entryFormat) == 5);
+
+constexpr auto fieldsOf(RecordTag<AutomaticTail>) {
+  return std::tuple{
+      TRIAXLAB_FIELD(AutomaticTail, entryMethod, "", "1 UU, 2 CU, 3 CD"),
+      TRIAXLAB_FIELD(AutomaticTail, entryProjectTail, "", "further places of the project number"),
+      TRIAXLAB_FIELD(AutomaticTail, entryFormat, "", "above 10: newer block"),
+      TRIAXLAB_FIELD(AutomaticTail, entryProjectTail2, "", "last places of the project number, newer block"),
+  };
+}
+static_assert(tellsEveryByte<AutomaticTail>());
 
 struct AutoSpecimenRecord {                    // offset
   std::uint8_t validMark = 0;                  //   0  255 on a stored specimen; older block only
@@ -71,6 +83,37 @@ static_assert(offsetof(AutoSpecimenRecord, rawConsolidationVolume) == 90);
 static_assert(offsetof(AutoSpecimenRecord, rawStress) == 140 && offsetof(AutoSpecimenRecord, rawPore) == 244);
 static_assert(offsetof(AutoSpecimenRecord, rawVolume) == 348 && offsetof(AutoSpecimenRecord, recordEnd) == 452);
 static_assert(std::is_trivially_copyable_v<AutoSpecimenRecord>);
+
+constexpr auto fieldsOf(RecordTag<AutoSpecimenRecord>) {
+  return std::tuple{
+      TRIAXLAB_FIELD(AutoSpecimenRecord, validMark, "", "255 on a stored specimen; looked at in an older block only"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, recordCodeA, "", "code of the apparatus, meaning unknown"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, recordCodeB, "",
+                     "code of the apparatus; 12 and 13 in a newer block: stress in kPa, else unknown"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, testMethod, "", "1 UU, 2 CU, 3 CD"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, shearMode, "", "2: a reading each 0.2 %, else each 0.4 %"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, recordProjectNo, "", "project number"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, recordSampleNo, "", "sample number; empty: no specimen"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, rawCellPressure, "0.1 kPa", "cell pressure"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, rawInitialHeight, "0.01 cm", "height"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, rawConsolidatedHeight, "0.01 cm", "height after consolidation"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, rawInitialArea, "0.01 cm²", "area"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, rawConsolidatedArea, "0.01 cm²", "area after consolidation"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, rawDrainage, "0.01 ml", "drained volume"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, rawShearRate, "1/1000 %/min", "shear rate"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, rawStageFlag, "", "becomes uuAdjustFlag"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, rawConsolidationPore, "0.1 kPa",
+                     "pore pressure in consolidation; reading k at k² minutes, the last after a day"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, rawConsolidationVolume, "0.01 ml",
+                     "drained volume in consolidation, sign and magnitude"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, rawStress, "0.1 kPa",
+                     "stress on the initial section; index 0 not used; 0: no reading"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, rawPore, "0.1 kPa", "pore pressure, sign and magnitude"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, rawVolume, "", "volume change, 0.01 ml; in an older block 0.001 ml"),
+      TRIAXLAB_FIELD(AutoSpecimenRecord, recordEnd, "", "not used"),
+  };
+}
+static_assert(tellsEveryByte<AutoSpecimenRecord>());
 
 constexpr std::uint8_t kLastOlderFormat = 10;
 constexpr std::uint8_t kValid = 255;
@@ -343,5 +386,9 @@ constexpr Importer entry(std::string_view id, std::string_view menuCommand, std:
 extern constinit const Importer kAutomaticImporter = entry("auto", "NEWSZ", "OPENFORM0", openAutomatic<kReader>);
 extern constinit const Importer kAutomaticOldImporter =
     entry("auto-old", "OLDSZ1", "OPENFORM0OLD", openAutomatic<kOldReader>);
+
+std::vector<RawLayout> automaticLayouts() {
+  return {rawLayout<AutomaticEntry>("Index entry"), rawLayout<AutoSpecimenRecord>("Specimen")};
+}
 
 }  // namespace triaxlab

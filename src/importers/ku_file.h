@@ -8,11 +8,13 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <type_traits>
 #include <vector>
 
 #include "common/fixed_text.h"
 #include "common/little.h"
+#include "common/record_fields.h"
 #include "common/user_error.h"
 #include "platform/files.h"
 
@@ -48,6 +50,21 @@ struct KuIndexEntry {                  // offset
   Little<std::int16_t> entryReserved;  // 20  not used
   Tail entryTail;                      // 22
 };                                     // 30
+
+inline std::string typeText(RecordTag<HighWordFirst>) { return "uint32, two words, the high one first"; }
+
+template <class Tail>
+constexpr auto fieldsOf(RecordTag<KuIndexEntry<Tail>>) {
+  return std::tuple{
+      TRIAXLAB_FIELD(KuIndexEntry<Tail>, entryFlag, "", "not used"),
+      TRIAXLAB_FIELD(KuIndexEntry<Tail>, entryProjectNo, "", "project number, first six places"),
+      TRIAXLAB_FIELD(KuIndexEntry<Tail>, entryDate, "", "test date, yyyymmdd"),
+      TRIAXLAB_FIELD(KuIndexEntry<Tail>, entryGroupCount, "", "groups in the block"),
+      TRIAXLAB_FIELD(KuIndexEntry<Tail>, entryDataOffset, "", "where the block begins"),
+      TRIAXLAB_FIELD(KuIndexEntry<Tail>, entryReserved, "", "not used"),
+      TRIAXLAB_FIELD(KuIndexEntry<Tail>, entryTail, "", "not used"),
+  };
+}
 
 /// What a text box shows of a foreign text: up to the first zero byte, without the blanks around it.
 std::string_view shownText(std::string_view text);

@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <tuple>
 #include <type_traits>
 #include <vector>
 
@@ -20,6 +21,7 @@
 #include "importers/importer.h"
 #include "importers/indexed_source.h"
 #include "importers/ku_file.h"
+#include "importers/raw_layouts.h"
 #include "importers/reading_words.h"
 #include "importers/triaxial_import.h"
 
@@ -40,6 +42,19 @@ struct ManualIndexEntry {                 // offset
 static_assert(sizeof(ManualIndexEntry) == 35 && alignof(ManualIndexEntry) == 1);
 static_assert(offsetof(ManualIndexEntry, indexCount) == 25 && offsetof(ManualIndexEntry, indexFirstRecord) == 29);
 static_assert(std::is_trivially_copyable_v<ManualIndexEntry>);
+
+constexpr auto fieldsOf(RecordTag<ManualIndexEntry>) {
+  return std::tuple{
+      TRIAXLAB_FIELD(ManualIndexEntry, indexProjectNo, "", "project number; blank: the place is not used"),
+      TRIAXLAB_FIELD(ManualIndexEntry, indexDate, "", "test date as it was typed"),
+      TRIAXLAB_FIELD(ManualIndexEntry, indexCount, "", "records of the entry"),
+      TRIAXLAB_FIELD(ManualIndexEntry, indexFlag, "", "not used"),
+      TRIAXLAB_FIELD(ManualIndexEntry, reserved28, "", "not used"),
+      TRIAXLAB_FIELD(ManualIndexEntry, indexFirstRecord, "", "number of the first record, from 0"),
+      TRIAXLAB_FIELD(ManualIndexEntry, reserved33, "", "not used"),
+  };
+}
+static_assert(tellsEveryByte<ManualIndexEntry>());
 
 struct ManualSpecimenRecord {                  // offset
   FixedText<15> recordProjectNo;               //   0
@@ -72,6 +87,33 @@ static_assert(offsetof(ManualSpecimenRecord, rawConsolidationVolume) == 99);
 static_assert(offsetof(ManualSpecimenRecord, rawStress) == 149 && offsetof(ManualSpecimenRecord, rawPore) == 253);
 static_assert(offsetof(ManualSpecimenRecord, rawVolume) == 357 && offsetof(ManualSpecimenRecord, reserved461) == 461);
 static_assert(std::is_trivially_copyable_v<ManualSpecimenRecord>);
+
+constexpr auto fieldsOf(RecordTag<ManualSpecimenRecord>) {
+  return std::tuple{
+      TRIAXLAB_FIELD(ManualSpecimenRecord, recordProjectNo, "", "project number"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, recordSampleNo, "", "sample number; empty: no specimen"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, testMethod, "", "1 UU, 2 CU, 3 CD"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, shearMode, "", "2: a reading each 0.2 %, else each 0.4 %"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, stageFlag, "", "becomes uuAdjustFlag"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, rawCellPressure, "kPa", "cell pressure"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, rawInitialHeight, "0.01 cm", "height"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, rawConsolidatedHeight, "0.01 cm", "height after consolidation"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, rawInitialArea, "0.01 cm²", "area"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, reserved41, "", "not used"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, rawDrainage, "0.01 ml", "drained volume"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, rawShearRate, "1/1000 %/min", "shear rate"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, rawRingCoefficient, "", "not used: the readings are stresses"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, rawConsolidationPore, "0.1 kPa",
+                     "pore pressure in consolidation; reading k at k² minutes, the last after a day"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, rawConsolidationVolume, "0.01 ml", "drained volume in consolidation"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, rawStress, "0.1 kPa",
+                     "stress on the initial section; index 0 not used; 0: no reading"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, rawPore, "0.1 kPa", "pore pressure; same index"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, rawVolume, "0.01 ml", "volume change; same index"),
+      TRIAXLAB_FIELD(ManualSpecimenRecord, reserved461, "", "not used"),
+  };
+}
+static_assert(tellsEveryByte<ManualSpecimenRecord>());
 
 // ---- the index
 
@@ -242,5 +284,9 @@ extern constinit const Importer kManualImporter{.id = "manual",
                                                 .document = kForm1,
                                                 .columns = kColumns,
                                                 .open = openManual};
+
+std::vector<RawLayout> manualLayouts() {
+  return {rawLayout<ManualIndexEntry>("Index entry"), rawLayout<ManualSpecimenRecord>("Record")};
+}
 
 }  // namespace triaxlab

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <tuple>
 #include <type_traits>
 #include <vector>
 
@@ -20,6 +21,7 @@
 #include "importers/importer.h"
 #include "importers/indexed_source.h"
 #include "importers/ku_file.h"
+#include "importers/raw_layouts.h"
 #include "importers/reading_words.h"
 #include "importers/triaxial_import.h"
 
@@ -33,6 +35,15 @@ struct NewQvbTail {                // offset in the entry
 };                                 // 30
 using NewQvbEntry = KuIndexEntry<NewQvbTail>;
 static_assert(sizeof(NewQvbTail) == 8 && offsetof(NewQvbTail, specimenCount) == 2);
+
+constexpr auto fieldsOf(RecordTag<NewQvbTail>) {
+  return std::tuple{
+      TRIAXLAB_FIELD(NewQvbTail, reserved22, "", "not used"),
+      TRIAXLAB_FIELD(NewQvbTail, specimenCount, "", "specimens in the block"),
+      TRIAXLAB_FIELD(NewQvbTail, reserved25, "", "not used"),
+  };
+}
+static_assert(tellsEveryByte<NewQvbTail>());
 
 constexpr std::size_t kPoreWords = 51;  // one less than dial readings
 constexpr std::size_t kDrainedVolumeWords = 24;
@@ -68,6 +79,37 @@ static_assert(offsetof(NewQvbSpecimenRecord, rawConsolidationVolume) == 100);
 static_assert(offsetof(NewQvbSpecimenRecord, rawDial) == 148 && offsetof(NewQvbSpecimenRecord, rawPore) == 252);
 static_assert(offsetof(NewQvbSpecimenRecord, rawVolume) == 354 && offsetof(NewQvbSpecimenRecord, reserved456) == 456);
 static_assert(std::is_trivially_copyable_v<NewQvbSpecimenRecord>);
+
+constexpr auto fieldsOf(RecordTag<NewQvbSpecimenRecord>) {
+  return std::tuple{
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, reserved0, "", "not used"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, recordProjectNo, "", "project number"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, recordSampleNo, "", "sample number; empty: no specimen"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, testMethod, "", "1 UU, 2 CU, 3 CD"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, shearMode, "",
+                     "2, 3: a reading each 0.2 %, else each 0.4 %; 3 is kept as 2 with uuAdjustFlag 1"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, reserved23, "", "not used"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, rawCellPressure, "0.1 kPa", "cell pressure; 0: no specimen"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, rawInitialHeight, "0.01 cm", "height"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, rawConsolidatedHeight, "0.01 cm", "height after consolidation"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, rawInitialArea, "0.01 cm²", "area"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, rawDrainage, "0.01 ml",
+                     "drained volume; beyond ±10000 a stray reading, which counts as 0"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, rawShearRate, "1/1000 %/min", "shear rate"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, rawRingCoefficient, "0.001 N/0.01mm", "coefficient of the load ring"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, reserved44, "", "not used"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, rawConsolidationPore, "0.1 kPa",
+                     "pore pressure in consolidation; reading k at k² minutes, the last after a day"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, rawConsolidationVolume, "0.01 ml",
+                     "drained volume in consolidation, sign and magnitude"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, rawDial, "0.1 division",
+                     "readings of the load ring; index 0 not used; 0: no reading"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, rawPore, "0.1 kPa", "pore pressure, sign and magnitude; same index"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, rawVolume, "0.01 ml", "volume change; same index"),
+      TRIAXLAB_FIELD(NewQvbSpecimenRecord, reserved456, "", "not used"),
+  };
+}
+static_assert(tellsEveryByte<NewQvbSpecimenRecord>());
 
 // ---- the index
 
@@ -279,5 +321,9 @@ extern constinit const Importer kNewQvbImporter{.id = "new-qvb",
                                                 .document = kForm1,
                                                 .columns = kColumns,
                                                 .open = openNewQvb};
+
+std::vector<RawLayout> newQvbLayouts() {
+  return {rawLayout<NewQvbEntry>("Index entry"), rawLayout<NewQvbSpecimenRecord>("Specimen")};
+}
 
 }  // namespace triaxlab

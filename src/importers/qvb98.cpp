@@ -16,6 +16,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <tuple>
 #include <type_traits>
 #include <vector>
 
@@ -25,6 +26,7 @@
 #include "importers/importer.h"
 #include "importers/indexed_source.h"
 #include "importers/ku_file.h"
+#include "importers/raw_layouts.h"
 #include "importers/reading_words.h"
 #include "importers/triaxial_import.h"
 
@@ -62,6 +64,32 @@ static_assert(offsetof(QvbSpecimenRecord, rawRingCoefficient) == 20 && offsetof(
 static_assert(offsetof(QvbSpecimenRecord, rawStartPore) == 132 && offsetof(QvbSpecimenRecord, rawPore) == 134);
 static_assert(offsetof(QvbSpecimenRecord, rawVolume) == 234 && offsetof(QvbSpecimenRecord, reserved334) == 334);
 static_assert(std::is_trivially_copyable_v<QvbSpecimenRecord>);
+
+constexpr auto fieldsOf(RecordTag<QvbSpecimenRecord>) {
+  return std::tuple{
+      TRIAXLAB_FIELD(
+          QvbSpecimenRecord, packedSampleNo, "",
+          "sample number, two decimals a byte, the high nibble first; 10 is a dash, what lies above adds nothing"),
+      TRIAXLAB_FIELD(QvbSpecimenRecord, reserved4, "", "not used"),
+      TRIAXLAB_FIELD(QvbSpecimenRecord, testMethod, "", "1 UU, 2 CU, 3 CD"),
+      TRIAXLAB_FIELD(QvbSpecimenRecord, reserved7, "", "not used"),
+      TRIAXLAB_FIELD(QvbSpecimenRecord, shearMode, "", "2: a reading each 0.2 %, else each 0.4 %"),
+      TRIAXLAB_FIELD(QvbSpecimenRecord, rawCellPressure, "kPa", "cell pressure; 0: no specimen"),
+      TRIAXLAB_FIELD(QvbSpecimenRecord, rawInitialHeight, "0.01 cm", "height"),
+      TRIAXLAB_FIELD(QvbSpecimenRecord, rawConsolidatedHeight, "0.01 cm", "height after consolidation"),
+      TRIAXLAB_FIELD(QvbSpecimenRecord, rawInitialArea, "0.01 cm²", "area"),
+      TRIAXLAB_FIELD(QvbSpecimenRecord, rawDrainage, "0.01 ml", "drained volume"),
+      TRIAXLAB_FIELD(QvbSpecimenRecord, rawRingCoefficient, "0.001", "load of a division"),
+      TRIAXLAB_FIELD(QvbSpecimenRecord, reserved22, "", "not used"),
+      TRIAXLAB_FIELD(QvbSpecimenRecord, rawDial, "divisions", "readings of the load ring; 0: no reading"),
+      TRIAXLAB_FIELD(QvbSpecimenRecord, rawStartPore, "kPa",
+                     "pore pressure at the start, sign and magnitude; 0: the first of the others"),
+      TRIAXLAB_FIELD(QvbSpecimenRecord, rawPore, "kPa", "pore pressure, sign and magnitude"),
+      TRIAXLAB_FIELD(QvbSpecimenRecord, rawVolume, "0.01 ml", "volume change, sign and magnitude"),
+      TRIAXLAB_FIELD(QvbSpecimenRecord, reserved334, "", "not used"),
+  };
+}
+static_assert(tellsEveryByte<QvbSpecimenRecord>());
 
 struct QvbGroupRecord {                             // offset
   FixedText<20> unknown;                            //    0
@@ -323,5 +351,9 @@ extern constinit const Importer kQvb98Importer{.id = "qvb98",
                                                .document = kForm1,
                                                .columns = kColumns,
                                                .open = openQvb98};
+
+std::vector<RawLayout> qvb98Layouts() {
+  return {rawLayout<QvbEntry>("Index entry"), rawLayout<QvbSpecimenRecord>("Specimen")};
+}
 
 }  // namespace triaxlab
