@@ -24,6 +24,7 @@
 #include "importers/raw_layouts.h"
 #include "importers/reading_words.h"
 #include "importers/triaxial_import.h"
+#include "store/source_folders.h"
 
 namespace triaxlab {
 namespace {
@@ -315,7 +316,7 @@ extern constinit const Importer kNewQvbImporter{.id = "new-qvb",
                                                 .form = "OPENFORM10",
                                                 .title = "新QVB三轴试验原始数据库",
                                                 .defaultFile = "RSZSJ.KU",
-                                                .folderField = {13500, 170},
+                                                .folderField = sourceFolderField(5),
                                                 .messageTitle = "打开三轴试验数据",
                                                 .thirdButton = "",
                                                 .document = kForm1,

@@ -29,6 +29,7 @@
 #include "importers/raw_layouts.h"
 #include "importers/reading_words.h"
 #include "importers/triaxial_import.h"
+#include "store/source_folders.h"
 
 namespace triaxlab {
 namespace {
@@ -345,7 +346,7 @@ extern constinit const Importer kQvb98Importer{.id = "qvb98",
                                                .form = "OPENFORM1",
                                                .title = "QVB98三轴试验原始数据库",
                                                .defaultFile = "KSZSJ.KU",
-                                               .folderField = {20, 170},
+                                               .folderField = sourceFolderField(3),
                                                .messageTitle = "打开三轴试验数据",
                                                .thirdButton = "",
                                                .document = kForm1,
