@@ -153,6 +153,46 @@ TEST_F(Selection, ReadsTheMarkedRows) {
   EXPECT_TRUE(workspace.rawImportPending);
 }
 
+TEST_F(Selection, AllRowsAreMarkedAtOnce) {
+  ImportSelection selection(*importerOfId("auto"), workspace);
+  selection.open(folder.write("HSZSJ.KU", threeRows()));
+  selection.toggleMark(2, dialogs);
+  selection.markAll();
+  for (std::size_t row = 1; row <= 3; ++row) EXPECT_TRUE(selection.isMarked(row));
+  EXPECT_EQ(selection.state().label2, "选中的试样组数：3");
+}
+
+TEST_F(Selection, TheImportTellsItsProgressByGroups) {
+  ImportSelection selection(*importerOfId("auto"), workspace);
+  selection.open(folder.write("HSZSJ.KU", threeRows()));
+  selection.markAll();
+  std::vector<std::pair<std::size_t, std::size_t>> told;
+  selection.read([&](std::size_t done, std::size_t total) { told.emplace_back(done, total); });
+  EXPECT_EQ(told, (std::vector<std::pair<std::size_t, std::size_t>>{{1, 3}, {2, 3}, {3, 3}}));
+}
+
+TEST_F(Selection, ASourceOfFilesWithoutAFixedNameIsAskedForOne) {
+  ImportSelection selection(*importerOfId("nanjing"), workspace);
+  EXPECT_FALSE(selection.choose(dialogs)) << "cancelled";
+  EXPECT_EQ(selection.rowCount(), 0U);
+  ASSERT_EQ(dialogs.questions.size(), 1U);
+  EXPECT_EQ(dialogs.questions[0].title, "打开南京三轴原始数据文件");
+  EXPECT_EQ(dialogs.questions[0].filter, "Log Files (*.SZD)|*.SZD|All  Files (*.*)|*.*");
+  EXPECT_EQ(dialogs.questions[0].initial, workspace.applicationFolder / "");
+  dialogs.answer = folder.write("A1.SZD", "");
+  EXPECT_TRUE(selection.choose(dialogs));
+  EXPECT_EQ(selection.rowCount(), 1U);
+}
+
+TEST_F(Selection, TheManualSourceLooksInTheFolderAsItWasLeft) {
+  folder.write("left/SDSZSJ.KU", std::string(4000, '\0'));
+  workspace.sourceFolder = (folder.path() / "left").string();
+  ImportSelection selection(*importerOfId("manual"), workspace);
+  selection.load(dialogs);
+  EXPECT_TRUE(dialogs.questions.empty());
+  EXPECT_EQ(selection.state().label1, "文件总数: 100");
+}
+
 TEST_F(Selection, TellsWhatIsMissingOfTheIndex) {
   ImportSelection selection(*importerOfId("auto"), workspace);
   selection.open(folder.write("HSZSJ.KU", threeRows().substr(0, 40)));
