@@ -160,6 +160,15 @@ TEST_F(Start, SettingsThatCannotBeWrittenAreToldOnceAndTheProgramRunsOnDefaults)
   EXPECT_TRUE(hasFolder("HSZS"));
 }
 
+TEST_F(Start, AFolderInWhichNothingCanBeMadeStartsAllTheSame) {
+  workspace.applicationFolder = "/proc";  // refuses everybody
+  const Remarks remarks = startUp(workspace);
+  ASSERT_EQ(remarks.size(), 1U);
+  EXPECT_THAT(remarks[0], HasSubstr("/proc/qvb.sys"));
+  EXPECT_EQ(workspace.dataFolder, "/proc");
+  EXPECT_EQ(workspace.winTriaxialDatxFolder, "/proc");
+}
+
 TEST_F(Start, TextSettingsAreReadAndTheirRemarksHandedOn) {
   folder.write("zmqvb.ini", *utf8ToGbkExactly("[三轴C]2"));
   fs::create_directory(folder.path() / "sz.ini");
