@@ -35,6 +35,45 @@ inline TriaxialSampleRecord sample(std::string_view projectNo, std::string_view 
   return record;
 }
 
+/// A project file of any kind with samples of these numbers (GBK) and nothing else in them but a letter at the very
+/// end: a, b, c ... in their order.
+inline std::string sampleFileBytes(ProjectKind kind, std::string_view projectNo,
+                                   const std::vector<std::string>& sampleNumbers,
+                                   std::string_view createdDate = "2024/01/02") {
+  const ProjectKindInfo& info = infoOf(kind);
+  ProjectHeader header;
+  SetText(header.sampleCount, FormatPadded(static_cast<int>(sampleNumbers.size()), 4));
+  SetText(header.projectNo, projectNo);
+  SetText(header.createdDate, createdDate);
+  SetText(header.versionTag, info.versionTag);
+  std::string bytes;
+  append(bytes, bytesOf(header));
+  for (std::size_t i = 0; i < sampleNumbers.size(); ++i) {
+    std::string record;
+    append(record, info.blankRecord());
+    const auto put = [&record](std::size_t at, std::size_t width, std::string text) {
+      text.resize(width, ' ');
+      record.replace(at, width, text);
+    };
+    put(0, 15, std::string(projectNo));
+    put(15, info.sampleNoWidth, sampleNumbers[i]);
+    record.back() = static_cast<char>('a' + i % 26);
+    bytes += record;
+  }
+  if (info.hasEndText) bytes.append(100, ' ');
+  return bytes;
+}
+
+/// Count, then sample number and last letter of each record, and what is left behind them: "0002 Bb Aa +100".
+inline std::string contentOfSampleFile(ProjectKind kind, const std::string& bytes) {
+  const std::size_t size = infoOf(kind).recordSize;
+  std::string content = bytes.substr(0, 4);
+  std::size_t at = 81;
+  for (; at + size <= bytes.size(); at += size)
+    content += " " + std::string(Trim(std::string_view(bytes).substr(at + 15, 14))) + bytes[at + size - 1];
+  return content + " +" + std::to_string(bytes.size() - at);
+}
+
 /// A laboratory on disk after its first start: application and data folder in one.
 class Lab {
  public:
@@ -60,33 +99,11 @@ class Lab {
     bytes.append(100, ' ');
     folder.write("HSZS/WKSZ" + gbkToUtf8(projectNo) + ".txt", bytes);
   }
-  /// Writes a project file of any kind with samples of these numbers (GBK) and nothing else in them but a letter at the
-  /// very end: a, b, c ... in their order. Returns its name.
+  /// Writes the project file of sampleFileBytes and returns its name.
   std::string writeSamples(ProjectKind kind, std::string_view projectNo, const std::vector<std::string>& sampleNumbers,
                            std::string_view createdDate = "2024/01/02") const {
-    const ProjectKindInfo& info = infoOf(kind);
-    ProjectHeader header;
-    SetText(header.sampleCount, FormatPadded(static_cast<int>(sampleNumbers.size()), 4));
-    SetText(header.projectNo, projectNo);
-    SetText(header.createdDate, createdDate);
-    SetText(header.versionTag, info.versionTag);
-    std::string bytes;
-    append(bytes, bytesOf(header));
-    for (std::size_t i = 0; i < sampleNumbers.size(); ++i) {
-      std::string record;
-      append(record, info.blankRecord());
-      const auto put = [&record](std::size_t at, std::size_t width, std::string text) {
-        text.resize(width, ' ');
-        record.replace(at, width, text);
-      };
-      put(0, 15, std::string(projectNo));
-      put(15, info.sampleNoWidth, sampleNumbers[i]);
-      record.back() = static_cast<char>('a' + i % 26);
-      bytes += record;
-    }
-    if (info.hasEndText) bytes.append(100, ' ');
-    std::string name = std::string(info.filePrefix) + gbkToUtf8(projectNo) + ".txt";
-    folder.write("HSZS/" + name, bytes);
+    std::string name = std::string(infoOf(kind).filePrefix) + gbkToUtf8(projectNo) + ".txt";
+    folder.write("HSZS/" + name, sampleFileBytes(kind, projectNo, sampleNumbers, createdDate));
     return name;
   }
   bool hasProject(const std::string& projectNo) const {

@@ -87,15 +87,8 @@ class SampleList : public ::testing::Test {
   }
   static std::vector<std::string> samples(SampleListSession& session) { return column(session, 1); }
 
-  /// Count, then sample number and last letter of each record in the file, and its size beyond the records.
   std::string fileContent(ProjectKind kind) const {
-    const std::string bytes = lab.folder.read("HSZS/" + fileName);
-    const std::size_t size = infoOf(kind).recordSize;
-    std::string content = bytes.substr(0, 4);
-    std::size_t at = 81;
-    for (; at + size <= bytes.size(); at += size)
-      content += " " + std::string(Trim(std::string_view(bytes).substr(at + 15, 14))) + bytes[at + size - 1];
-    return content + " +" + std::to_string(bytes.size() - at);
+    return contentOfSampleFile(kind, lab.folder.read("HSZS/" + fileName));
   }
   bool isFileThere() const { return fileExists(lab.folder.path() / "HSZS" / fileName); }
 
