@@ -18,6 +18,7 @@
 #include "shell/browser_session.h"
 #include "shell/document_operations.h"
 #include "shell/ini_settings.h"
+#include "shell/sample_list_session.h"
 #include "store/project_list.h"
 #include "store/rewrite_list.h"
 #include "store/sample_rows.h"
@@ -84,20 +85,19 @@ class Program {
   }
 
   int operator()(const Samples& samples) {
-    const bool withLocation = isTriaxial(samples.kind);
-    const LaboratoryHabits& habits = m_workspace.settings.habits;
-    const auto rows = listSamples(m_workspace, samples.kind, samples.name);
-    GridLine headings{"序号", habits.sampleNoLabel};
-    if (withLocation) {
-      headings.push_back(habits.boreholeLabel.empty() ? "钻孔编号" : habits.boreholeLabel);
-      headings.emplace_back("取土深度");
-    }
+    const auto columns = sampleListColumns(samples.kind, m_workspace.settings.habits);
+    Remarks remarks;
+    const SampleListTable rows = listSamples(m_workspace, samples.kind, samples.name, &remarks);
+    GridLine headings;
+    for (const SampleListColumn& column : columns) headings.push_back(column.heading);
     printLine(headings);
     for (const SampleListRow& row : rows) {
-      GridLine cells{std::to_string(row.recordIndex + 1), row.sampleNo};
-      if (withLocation) cells.insert(cells.end(), {row.boreholeNo, row.samplingDepth});
+      GridLine cells;
+      for (const SampleListColumn& column : columns)
+        cells.push_back(column.text == nullptr ? std::to_string(row.recordIndex + 1) : row.*column.text);
       printLine(cells);
     }
+    printRemarks(remarks);
     return kDone;
   }
 

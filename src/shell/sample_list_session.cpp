@@ -88,7 +88,7 @@ SampleListSession::SampleListSession(Workspace& workspace, Dialogs& dialogs, Pro
       m_projectNo(std::move(projectNo)),
       m_saved(std::move(saved)),
       m_columns(sampleListColumns(kind, workspace.settings.habits)),
-      m_rows(listSamples(workspace, kind, m_fileName)),
+      m_rows(listSamples(workspace, kind, m_fileName, &m_remarks)),
       m_numbersInFile(sampleNumbers(m_rows)) {}
 
 std::string_view SampleListSession::form() const { return isTriaxial(m_kind) ? "Form14" : "Form13"; }

@@ -88,7 +88,7 @@ class SampleListSession {
   /// True when the list is to close. What can't be saved is shown, and the list stays as it is.
   bool press(const ListButton& button, SampleListView& view);
 
-  /// What the rewrites had to say.
+  /// What listing and rewriting had to say.
   const Remarks& remarks() const { return m_remarks; }
 
  private:
@@ -107,12 +107,12 @@ class SampleListSession {
   std::string m_fileName, m_projectNo;  // listedFileName, listedProject
   std::function<void()> m_saved;
   std::vector<SampleListColumn> m_columns;
+  Remarks m_remarks;  // filled while the rows are listed
   SampleListTable m_rows;
   std::vector<std::string> m_numbersInFile;  // sample numbers by position, as the list knows the file
   RewriteReport m_report;                    // of the last save
   bool m_isFileRemoved = false;              // by a save of the empty list
   int m_scroll = 0;
-  Remarks m_remarks;
 };
 
 }  // namespace triaxlab

@@ -47,6 +47,13 @@ std::vector<std::string> readSampleNumbers(const File& file, const ProjectKindIn
   return numbers;
 }
 
+/// Samples of the header's count that the file doesn't hold whole.
+std::size_t missingSamples(const File& file, const ProjectKindInfo& info, int sampleCount) {
+  const std::uint64_t held = (file.size() - sizeof(ProjectHeader)) / info.recordSize;
+  const auto claimed = static_cast<std::uint64_t>(sampleCount);
+  return static_cast<std::size_t>(claimed - std::min(claimed, held));
+}
+
 }  // namespace
 
 std::vector<ProjectListRow> listProjects(const Workspace& workspace, ProjectKind kind) {
@@ -59,14 +66,17 @@ std::vector<ProjectListRow> listProjects(const Workspace& workspace, ProjectKind
   return rows;
 }
 
-SampleListTable listSamples(Workspace& workspace, ProjectKind kind, std::string_view fileName) {
+SampleListTable listSamples(Workspace& workspace, ProjectKind kind, std::string_view fileName, Remarks* remarks) {
   FileUpdate::recover(workspace.dataFolder, workspace.lockPatience);
   const ProjectKindInfo& info = infoOf(kind);
   const std::filesystem::path path = findProjectFile(workspace.projectFolder(), info, fileName);
-  upgradeProject(workspace, info, path);
+  Remarks found = upgradeProject(workspace, info, path);
   const File file(path, File::Mode::Read);
   workspace.fileMemory.remember(FileUse::List, path, file.stamp());
   const ProjectHead head = readProjectHead(readerOf(file), info, path);
+  if (const std::size_t missing = missingSamples(file, info, head.sampleCount); missing > 0)
+    found.push_back(missingSamplesRemark(path, missing));
+  if (remarks != nullptr) *remarks = std::move(found);
   const std::vector<std::string> numbers = readSampleNumbers(file, info, head.sampleCount);
   SampleListTable rows(numbers.size());
   for (std::size_t i = 0; i < rows.size(); ++i) {

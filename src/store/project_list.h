@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "common/user_error.h"
 #include "store/project_kinds.h"
 #include "store/workspace.h"
 
@@ -36,8 +37,9 @@ struct SampleListRow {
 using SampleListTable = std::vector<SampleListRow>;
 
 /// The samples of a project file with what the summary file knows of them; a file of an old format is upgraded in place
-/// first. UserError as openProject.
-SampleListTable listSamples(Workspace& workspace, ProjectKind kind, std::string_view fileName);
+/// first. A file that holds fewer samples than it says has blank rows, and a remark. UserError as openProject.
+SampleListTable listSamples(Workspace& workspace, ProjectKind kind, std::string_view fileName,
+                            Remarks* remarks = nullptr);
 
 /// True when the file still holds samples of these numbers (UTF-8, trimmed) in this order. It isn't listed by that: a
 /// change by another program is still told. UserError when it can't be read.

@@ -509,6 +509,14 @@ TEST_F(SampleList, AFileThatIsNoProjectHasNoList) {
   EXPECT_THROW(open(ProjectKind::Triaxial), UserError);
 }
 
+TEST_F(SampleList, AFileThatIsTooShortIsListedWithBlankRowsAndARemark) {
+  fileName = lab.writeSamples(ProjectKind::K0, "P1", {"A", "B", "C"});
+  std::filesystem::resize_file(lab.folder.path() / "HSZS" / fileName, 81 + 243 + 10);
+  SampleListSession session = open(ProjectKind::K0);
+  EXPECT_THAT(samples(session), ElementsAre("A", "", ""));
+  EXPECT_THAT(session.remarks(), ElementsAre(AllOf(HasSubstr("KOP1.txt"), HasSubstr("缺 2 个试样"))));
+}
+
 TEST_F(SampleList, AnOldFileIsListedAndSavedInTodaysFormat) {
   // Without V2.0 in its header a triaxial file has records of 38366 bytes, 210 less than today's.
   fileName = lab.writeSamples(ProjectKind::Triaxial, "P1", {"B", "A"});
