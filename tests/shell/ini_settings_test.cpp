@@ -74,6 +74,20 @@ constexpr FlagCase kFlags[] = {
     {"[三轴含受控文件号]", &H::controlledDocNo},
 };
 
+TEST(Habits, WithoutAFileEveryKeyHasItsDefault) {
+  const LaboratoryHabits read = habits("");
+  for (const FlagCase& flag : kFlags) EXPECT_FALSE(read.*flag.flag) << flag.key;
+  EXPECT_EQ(read.formNumber, "");
+  EXPECT_EQ(read.unconfinedLargestStrain, 22);
+  EXPECT_EQ(read.pageLabel, "第      页") << "six blanks";
+  EXPECT_EQ(read.cohesionDecimals, 0);
+  EXPECT_EQ(read.sensitivityDecimals, 2);
+  EXPECT_EQ(read.methodSuffix, "");
+  EXPECT_EQ(read.projectNoLabel, "工程编号");
+  EXPECT_EQ(read.sampleNoLabel, "土样编号");
+  EXPECT_EQ(read.boreholeLabel, "");
+}
+
 TEST(Habits, EachFlagKeySwitchesItsOwnFlagAlone) {
   for (const FlagCase& on : kFlags) {
     const LaboratoryHabits read = habits(on.key);
@@ -91,6 +105,16 @@ TEST(Habits, OneLineMayHoldSeveralKeys) {
   EXPECT_TRUE(read.trialPitNumber);
   EXPECT_TRUE(read.omitTriaxialTestDate);
   EXPECT_EQ(read.cohesionDecimals, 3);
+}
+
+TEST(Habits, AKeyCountsInsideTheValueOfAnother) {
+  const LaboratoryHabits read = habits("[三轴表格编号] [三轴打印探井号]");
+  EXPECT_EQ(read.formNumber, "三轴打印探井号");
+  EXPECT_TRUE(read.trialPitNumber);
+}
+
+TEST(Habits, AMarkBehindATextMakesNoComment) {
+  EXPECT_TRUE(habits("以前不用 ;[三轴打印钻孔编号]").printBoreholeNumber);
 }
 
 TEST(Habits, ACommentLineSetsNothing) {
@@ -141,6 +165,10 @@ TEST(Habits, ANumberPastSixteenBitsLeavesTheDefault) {
   EXPECT_EQ(habits("[无侧限最大应变]1E999").unconfinedLargestStrain, 22);
   EXPECT_EQ(habits("[三轴C]-40000").cohesionDecimals, 0);
   EXPECT_EQ(habits("[无侧限灵敏度]-40000").sensitivityDecimals, 2);
+}
+
+TEST(Habits, ANumberPastSixteenBitsLeavesAnEarlierLineToo) {
+  EXPECT_EQ(habits("[三轴C]3\n[三轴C]99999").cohesionDecimals, 3);
 }
 
 TEST(Habits, DecimalsChooseTheFormatOfCohesion) {
@@ -204,6 +232,16 @@ TEST(SettingsText, LinesEndWithEitherMarkAndTheLastNeedsNone) {
   EXPECT_EQ(read.projectNoLabel, "合同号");
 }
 
+TEST(SettingsText, ACarriageReturnAloneEndsNoLine) {
+  EXPECT_FALSE(habits(";[三轴打印探井号]\r[三轴不打印试验日期]").omitTriaxialTestDate);
+}
+
+TEST(SettingsText, AFileOfMarksAndLineEndsHoldsNothing) {
+  for (const std::string_view empty : {"", "\r\n\r\n", "\n", ";", "\x1A", "[", "]", "[]", "]["})
+    EXPECT_EQ(habitsOf(empty).projectNoLabel, "工程编号") << empty;
+  EXPECT_EQ(habitsOf(kUtf8Mark).projectNoLabel, "工程编号");
+}
+
 TEST(SettingsText, ByteTwentySixEndsTheFile) {
   const LaboratoryHabits read = habits("[三轴打印探井号]\r\n\x1A\r\n[三轴不打印试验日期]\r\n");
   EXPECT_TRUE(read.trialPitNumber);
@@ -235,6 +273,21 @@ TEST(ListLabels, TheFirstLineOfAKeyCounts) {
   const LaboratoryHabits read = listLabels("[土样编号]=[甲]\n[土样编号]=[乙]\n[钻孔号]=[丙]\n[钻孔号]=[丁]\n");
   EXPECT_EQ(read.sampleNoLabel, "甲");
   EXPECT_EQ(read.boreholeLabel, "丙");
+}
+
+TEST(ListLabels, Utf8IsToldByItsKeys) {
+  LaboratoryHabits read;
+  applyListLabels(bytes("[土样编号]=[室内编号]\n[钻孔号]=[孔号]"), read);
+  EXPECT_EQ(read.sampleNoLabel, "室内编号");
+  EXPECT_EQ(read.boreholeLabel, "孔号");
+  applyListLabels(bytes(std::string(kUtf8Mark) + "[土样编号]=[试件]"), read);
+  EXPECT_EQ(read.sampleNoLabel, "试件");
+}
+
+TEST(ListLabels, BothMayStandInOneLine) {
+  const LaboratoryHabits read = listLabels("[土样编号]=[甲] [钻孔号]=[乙]");
+  EXPECT_EQ(read.sampleNoLabel, "甲");
+  EXPECT_EQ(read.boreholeLabel, "乙");
 }
 
 TEST(ListLabels, CommentsAndEmptyValuesLeaveTheDefault) {
@@ -285,6 +338,32 @@ TEST(EnglishLabelsFile, CommentsAndEmptyValuesKeepTheDefaultAndTheLaterLineCount
   EXPECT_EQ(read.checkedBy, "Checked by:");
 }
 
+TEST(EnglishLabelsFile, WithoutAFileTheLabelsAreTheUsualOnes) {
+  const EnglishLabels read = englishLabels("");
+  EXPECT_EQ(read.resultCurve, "Curve of triaxial test results");
+  EXPECT_EQ(read.multiStageUU, "Multiple-stage unconsolidated-undrained triaxial test of one sample");
+  EXPECT_EQ(read.testCU, "Consolidated undrained triaxial test");
+  EXPECT_EQ(read.testUU, "Unconsolidated-undrained triaxial test");
+  EXPECT_EQ(read.projectNo, "Project No.");
+  EXPECT_EQ(read.projectName, "Project");
+  EXPECT_EQ(read.sampleNo, "No. of soil sample");
+  EXPECT_EQ(read.boreholeNo, "Borehole No.");
+  EXPECT_EQ(read.testDate, "Date of test");
+  EXPECT_EQ(read.samplingDepth, "Sampling depth");
+  EXPECT_EQ(read.samplingSpot, "Sampling spot");
+  EXPECT_EQ(read.stressStrainCurve, "Curve of principal stress difference and axial stress-strain");
+  EXPECT_EQ(read.stressDifferenceEnvelope, "Strength envelope of stress difference");
+  EXPECT_EQ(read.testedBy, "Tested by:");
+  EXPECT_EQ(read.checkedBy, "Checked by:");
+  EXPECT_EQ(read.reportDate, "Report date:");
+  EXPECT_EQ(read.apparatusNo, "Apparatus No.");
+}
+
+TEST(EnglishLabelsFile, AKeyNeedsItsEqualsSign) {
+  EXPECT_EQ(englishLabels("[工程名称][Job]").projectName, "Project");
+  EXPECT_EQ(englishLabels("[工程名称]= [Job name]").projectName, "Job name");
+}
+
 // ---- szshezhi.txt
 
 TEST(ChartLayoutFile, DefaultsStandWithoutAFile) {
@@ -317,6 +396,19 @@ TEST(ChartLayoutFile, MarginsAreMillimetresHeldInsideTheirLimits) {
   EXPECT_DOUBLE_EQ(chart("[上边距]12.5").topMarginTwips, 686.4) << "12.5 goes to the even 12";
   EXPECT_DOUBLE_EQ(chart("[上边距]=25").topMarginTwips, 286) << "\"=25\" reads as 0";
   EXPECT_DOUBLE_EQ(chart("[上边距]40000").topMarginTwips, 900) << "past 16 bits";
+}
+
+TEST(ChartLayoutFile, AMarginLineIsNoText) {
+  const ChartLayout layout = chart("[05甲] [上边距]20");
+  EXPECT_DOUBLE_EQ(layout.topMarginTwips, 1144);
+  EXPECT_EQ(layout.slot[5], "");
+}
+
+TEST(ChartLayoutFile, OfALineWrittenTwiceTheLaterCounts) {
+  const ChartLayout layout = chart("[06甲]\r\n[下边距]10\r\n[06乙]\r\n[下边距]20\r\n[08]");
+  EXPECT_EQ(layout.slot[6], "乙");
+  EXPECT_DOUBLE_EQ(layout.bottomMarginTwips, 1144);
+  EXPECT_EQ(layout.slot[8], "") << "an empty text is a text";
 }
 
 TEST(ChartLayoutFile, TwoDigitsChooseTheSlot) {
@@ -411,6 +503,27 @@ TEST_F(SettingsFolder, AFileAboveTheLimitIsNamedAndIgnored) {
   ASSERT_EQ(remarks.size(), 1U);
   EXPECT_NE(remarks[0].find("zmqvb.ini"), std::string::npos) << remarks[0];
   EXPECT_EQ(workspace.settings.habits.cohesionDecimals, 0);
+}
+
+TEST_F(SettingsFolder, EachOfTheFourFilesHasTheLimit) {
+  std::string large = gbk("[工程编号]=[X]\n[土样编号]=[X]\n[06X]\n");
+  large.resize(kLargestTextFile + 1, '\n');
+  struct Case {
+    const char* file;
+    Remarks (*read)(Workspace&);
+  };
+  for (const Case& one : {Case{"zmqvb.ini", ReadIniSettings}, Case{"sz.ini", ReadIniSettings},
+                          Case{"esz.ini", ReadEnglishLabels}, Case{"szshezhi.txt", ReadChartLayout}}) {
+    folder.write(one.file, large);
+    const Remarks remarks = one.read(workspace);
+    ASSERT_EQ(remarks.size(), 1U) << one.file;
+    EXPECT_NE(remarks[0].find(one.file), std::string::npos) << remarks[0];
+    std::filesystem::remove(folder.path() / one.file);
+  }
+  EXPECT_EQ(workspace.settings.habits.projectNoLabel, "工程编号");
+  EXPECT_EQ(workspace.settings.habits.sampleNoLabel, "土样编号");
+  EXPECT_EQ(workspace.settings.english.projectNo, "Project No.");
+  EXPECT_EQ(workspace.settings.chart.slot[6], "试验审核人:");
 }
 
 TEST_F(SettingsFolder, AFileThatCannotBeReadIsNamedAndTheOtherIsRead) {
