@@ -83,10 +83,11 @@ void Form7::makeBoxes() {
   connect(m_text1, &QLineEdit::textEdited, this,
           [this](const QString& text) { act([&] { m_session.typeCell(utf8(text)); }); });
   m_text1->onKey = [this](const QKeyEvent& event) { return keyInCell(event); };
-  const auto finish = [this] { finishTyping(); };
-  connect(m_text1, &RecordEdit::focusLeft, this, finish);
-  connect(m_text2, &RecordEdit::focusLeft, this, finish);
-  connect(m_text2, &QLineEdit::returnPressed, this, finish);
+  connect(m_text1, &RecordEdit::focusLeft, this, &Form7::finishTyping);
+  // Text1 may be what takes the focus.
+  const auto finishStart = [this] { act([&] { m_session.finishStartPorePressure(); }); };
+  connect(m_text2, &RecordEdit::focusLeft, this, finishStart);
+  connect(m_text2, &QLineEdit::returnPressed, this, finishStart);
 }
 
 bool Form7::keyInCell(const QKeyEvent& event) {

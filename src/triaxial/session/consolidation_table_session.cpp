@@ -80,7 +80,7 @@ void ConsolidationTableSession::typeStartPorePressure(std::string_view utf8) {
 }
 
 void ConsolidationTableSession::finishTyping() {
-  m_typedStart.reset();
+  finishStartPorePressure();
   const std::optional<OpenCell> left = std::exchange(m_open, std::nullopt);
   // The cell shows less than is stored, 95 s as 1.6 min: only what was typed goes back.
   if (!left || left->text == left->before) return;

@@ -45,7 +45,9 @@ class ConsolidationTableSession : public StageTableSession {
   void typeCell(std::string_view utf8);
   /// Text2 now holds this text (UTF-8), which is stored at once.
   void typeStartPorePressure(std::string_view utf8);
-  /// Enter, or the focus has gone: stores Text1 and closes it; Text2 shows what is stored.
+  /// Text2 has lost the focus or got Enter: it shows what is stored.
+  void finishStartPorePressure() { m_typedStart.reset(); }
+  /// The same, and Text1 is stored and closed.
   void finishTyping();
   /// Esc: closes Text1 as if nothing had been typed.
   void dropTyping() { m_open.reset(); }
