@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "common/user_error.h"
+#include "platform/process.h"
 #include "platform/qt/application.h"
 #include "platform/qt/qt_dialogs.h"
 #include "shell/start_up.h"

@@ -9,6 +9,7 @@
 #include "cli/console_dialogs.h"
 #include "cli/program.h"
 #include "platform/files.h"
+#include "platform/process.h"
 #include "shell/start_up.h"
 
 namespace triaxlab::cli {

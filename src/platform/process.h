@@ -6,6 +6,9 @@
 
 namespace triaxlab {
 
+/// The folder of the running executable.
+std::filesystem::path executableFolder();
+
 /// Starts a program without waiting for it. A program that isn't there, or that can't be started, is silent.
 void startProgram(const std::filesystem::path& program);
 

@@ -82,11 +82,6 @@ void recoverSave(const Workspace& workspace, Remarks& remarks) {
 
 }  // namespace
 
-fs::path executableFolder() {
-  std::error_code ignored;
-  return fs::read_symlink("/proc/self/exe", ignored).parent_path();
-}
-
 fs::path userDataFolder() {
   const auto folderNamedBy = [](const char* variable) -> fs::path {
     const char* const value = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe): read before any thread starts

@@ -9,8 +9,6 @@
 
 namespace triaxlab {
 
-/// The folder of the running executable.
-std::filesystem::path executableFolder();
 /// This user's own data folder for the program; it need not exist.
 std::filesystem::path userDataFolder();
 

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "common/gbk.h"
+#include "platform/process.h"
 #include "shell/toggles.h"
 #include "store/settings_file.h"
 #include "support/temporary_folder.h"

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string>
+#include <system_error>
 #include <thread>
 
 #include "platform/files.h"
@@ -12,6 +13,11 @@
 extern char** environ;  // NOLINT(readability-redundant-declaration): POSIX leaves its declaration to the program
 
 namespace triaxlab {
+
+std::filesystem::path executableFolder() {
+  std::error_code ignored;
+  return std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path();
+}
 
 void startProgram(const std::filesystem::path& program) {
   // The tools are known by their Windows names; elsewhere the same name may stand without ".exe".

@@ -1,0 +1,129 @@
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "platform/captured_run.h"
+
+extern char** environ;  // NOLINT(readability-redundant-declaration): POSIX leaves its declaration to the program
+
+namespace triaxlab {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using End = CapturedRun::End;
+
+/// A descriptor that is closed at the end of its scope.
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : m_number(number) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() { reset(); }
+  int number() const { return m_number; }
+  void reset() {
+    if (m_number >= 0) close(std::exchange(m_number, -1));
+  }
+
+ private:
+  int m_number;
+};
+
+/// What the child finds as its standard streams.
+class Streams {
+ public:
+  explicit Streams(int output) {
+    posix_spawn_file_actions_init(&m_actions);
+    posix_spawn_file_actions_addopen(&m_actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&m_actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_adddup2(&m_actions, output, STDOUT_FILENO);
+  }
+  Streams(const Streams&) = delete;
+  Streams& operator=(const Streams&) = delete;
+  ~Streams() { posix_spawn_file_actions_destroy(&m_actions); }
+  const posix_spawn_file_actions_t* get() const { return &m_actions; }
+
+ private:
+  posix_spawn_file_actions_t m_actions{};
+};
+
+bool start(const std::filesystem::path& program, std::span<const std::string> arguments, int output, pid_t& child) {
+  std::vector<std::string> words{program.string()};
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  std::vector<char*> pointers;
+  for (std::string& word : words) pointers.push_back(word.data());
+  pointers.push_back(nullptr);
+  const Streams streams(output);
+  return posix_spawn(&child, words[0].c_str(), streams.get(), nullptr, pointers.data(), environ) == 0;
+}
+
+int millisecondsUntil(Clock::time_point deadline) {
+  const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
+  return static_cast<int>(std::clamp<std::int64_t>(left, 0, 60'000));
+}
+
+/// Reads to the end of the output; Done when it came.
+End readAll(int from, const RunLimits& limits, Clock::time_point deadline, Bytes& output) {
+  constexpr std::size_t kPiece = std::size_t{256} << 10;
+  while (true) {
+    pollfd waited{from, POLLIN, 0};
+    const int ready = poll(&waited, 1, millisecondsUntil(deadline));
+    if (ready < 0 && errno != EINTR) return End::Failed;
+    if (ready <= 0) {
+      if (Clock::now() >= deadline) return End::TimedOut;
+      continue;
+    }
+    const std::size_t held = output.size();
+    output.resize(held + kPiece);
+    const ssize_t got = read(from, output.data() + held, kPiece);
+    output.resize(held + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+    if (got == 0) return End::Done;
+    if (got < 0 && errno != EINTR) return End::Failed;
+    if (output.size() > limits.outputBytes) return End::TooMuch;
+  }
+}
+
+/// Waits for the child's end; one that doesn't come in time is brought about.
+End collect(pid_t child, End end, Clock::time_point deadline) {
+  int status = 0;
+  pid_t ended = 0;
+  while (end == End::Done && (ended = waitpid(child, &status, WNOHANG)) == 0) {
+    if (Clock::now() >= deadline) end = End::TimedOut;
+    std::this_thread::sleep_for(std::chrono::microseconds(200));
+  }
+  if (ended != child) {
+    kill(child, SIGKILL);
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) continue;
+    return end == End::Done ? End::Failed : end;
+  }
+  return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? End::Done : End::Failed;
+}
+
+}  // namespace
+
+CapturedRun captureProgram(const std::filesystem::path& program, std::span<const std::string> arguments,
+                           const RunLimits& limits) {
+  const auto deadline = Clock::now() + limits.time;
+  std::array<int, 2> ends{};
+  if (pipe2(ends.data(), O_CLOEXEC) != 0) return {};
+  const Descriptor reading(ends[0]);
+  Descriptor writing(ends[1]);
+  CapturedRun run;
+  pid_t child = 0;
+  if (!start(program, arguments, writing.number(), child)) return run;
+  writing.reset();
+  run.end = collect(child, readAll(reading.number(), limits, deadline, run.output), deadline);
+  return run;
+}
+
+}  // namespace triaxlab
