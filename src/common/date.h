@@ -17,6 +17,10 @@ std::string slashed(const Date& date);
 /// The day of a text "yyyy-mm-dd", or nothing when it is no such day of the calendar.
 std::optional<Date> parseIsoDate(std::string_view text);
 
+/// The day of a text as people and other programs write it: year, month and day as numbers, parted by "-", "/" or
+/// 年, 月, 日. A year of two digits is of 1930 to 2029. Nothing when it is no day of the calendar.
+std::optional<Date> parseWrittenDate(std::string_view utf8);
+
 /// The day by the system's clock, local time.
 Date systemToday();
 

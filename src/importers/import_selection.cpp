@@ -3,6 +3,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "common/gbk.h"
@@ -25,14 +26,16 @@ constexpr const char* kTooManyMarks = "对不起，你所选择的试样太多�
 /// A source whose files have no name of their own, but a mask, starts with no name.
 FileQuestion questionFor(const Importer& importer, const std::filesystem::path& folder) {
   const bool isMask = importer.defaultFile.find('*') != std::string_view::npos;
-  return {std::string(importer.title), fmt::format("Log Files ({0})|{0}|All  Files (*.*)|*.*", importer.defaultFile),
+  return {std::string(importer.fileDialogTitle.empty() ? importer.title : importer.fileDialogTitle),
+          fmt::format("Log Files ({0})|{0}|All  Files (*.*)|*.*", importer.defaultFile),
           folder / (isMask ? std::string_view() : importer.defaultFile)};
 }
 
 }  // namespace
 
 ImportSelection::ImportSelection(const Importer& importer, Workspace& workspace)
-    : m_importer(importer), m_workspace(workspace) {
+    : m_importer(importer), m_workspace(workspace), m_sortsAscending(importer.sorts.size(), false) {
+  if (importer.folderInUse != nullptr) workspace.sourceFolder = workspace.*importer.folderInUse;
   if (importer.folderField.width == 0) return;
   const std::string folder = sharedSettings(workspace).readText(importer.folderField);
   workspace.sourceFolder = folder.empty() ? std::string(kUsualSourceFolder) : gbkToUtf8(folder);
@@ -55,9 +58,12 @@ bool ImportSelection::choose(Dialogs& dialogs) {
 void ImportSelection::open(const std::filesystem::path& sourcePath) {
   m_source.reset();
   m_marked.clear();
+  m_order.clear();
   m_markCount = 0;
   m_source = m_importer.open(sourcePath);
   m_marked.assign(m_source->rows().size(), false);
+  m_order.resize(m_marked.size());
+  std::iota(m_order.begin(), m_order.end(), std::size_t{0});
 }
 
 std::vector<SourceColumn> ImportSelection::columns() const {
@@ -71,7 +77,7 @@ std::string ImportSelection::cell(std::size_t row, std::size_t column) const {
   if (row == 0) return std::string(columns().at(column).heading);
   if (column == 0) return FormatPadded(static_cast<std::int64_t>(row), 3);
   if (column > m_importer.columns.size()) return isMarked(row) ? kMark : "";
-  return m_source->rows()[row - 1].cells.at(column - 1);
+  return m_source->rows()[m_order[row - 1]].cells.at(column - 1);
 }
 
 SelectionState ImportSelection::state() const {
@@ -83,10 +89,11 @@ Remarks ImportSelection::remarks() const { return m_source ? m_source->remarks()
 
 void ImportSelection::toggleMark(std::size_t row, Dialogs& dialogs) {
   if (row == 0 || row > rowCount()) return;
-  const bool mark = !m_marked[row - 1];
+  const std::size_t place = m_order[row - 1];
+  const bool mark = !m_marked[place];
   if (mark && m_markCount == kMostMarks)
     return dialogs.message(m_importer.messageTitle, kTooManyMarks, MessageIcon::Information);
-  m_marked[row - 1] = mark;
+  m_marked[place] = mark;
   m_markCount = mark ? m_markCount + 1 : m_markCount - 1;
 }
 
@@ -95,9 +102,19 @@ void ImportSelection::markAll() {
   std::fill_n(m_marked.begin(), m_markCount, true);
 }
 
+void ImportSelection::sort(std::size_t button) {
+  const bool ascending = m_sortsAscending[button] = !m_sortsAscending[button];
+  const std::size_t column = m_importer.sorts[button].column;
+  const auto rows = m_source ? m_source->rows() : std::span<const SourceRow>{};
+  std::vector<std::string> keys;
+  for (const SourceRow& row : rows) keys.push_back(utf8ToGbk(row.cells.at(column)));
+  std::ranges::stable_sort(
+      m_order, [&](std::size_t a, std::size_t b) { return ascending ? keys[a] < keys[b] : keys[b] < keys[a]; });
+}
+
 ImportReport ImportSelection::read(const Progress& progress) {
   std::vector<std::size_t> marked;
-  for (std::size_t row = 0; row < m_marked.size(); ++row)
+  for (const std::size_t row : m_order)
     if (m_marked[row]) marked.push_back(row);
   return m_source->read(marked, m_workspace, progress);
 }

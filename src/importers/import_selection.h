@@ -28,6 +28,8 @@ class ImportSelection {
 
   const Importer& importer() const { return m_importer; }
 
+  bool isOpen() const { return m_source != nullptr; }
+
   /// Opens the default file of the source folder; asks for a file when it isn't there. A cancelled question leaves the
   /// grid empty. UserError when the file can't be read; the grid is empty then, too.
   void load(Dialogs& dialogs);
@@ -41,7 +43,7 @@ class ImportSelection {
   std::size_t rowCount() const { return m_marked.size(); }
   /// Text of a cell, UTF-8; rows count from 1, row 0 has the headings. Pre: row <= rowCount().
   std::string cell(std::size_t row, std::size_t column) const;
-  bool isMarked(std::size_t row) const { return row >= 1 && row <= rowCount() && m_marked[row - 1]; }
+  bool isMarked(std::size_t row) const { return row >= 1 && row <= rowCount() && m_marked[m_order[row - 1]]; }
   SelectionState state() const;
   /// What was damaged in the index of the open database; for the status bar.
   Remarks remarks() const;
@@ -53,6 +55,10 @@ class ImportSelection {
   /// Marks every row, as far as the limit allows.
   void markAll();
 
+  /// Sorts the rows by the column of one of the importer's sorts, ascending at first and the other way at each further
+  /// time. Rows that are equal stay as they stand; marks go with their rows.
+  void sort(std::size_t button);
+
   /// 处理: reads the marked rows into the tables of the workspace; see RawSource::read. The document window is then
   /// prepared as for an opened project. Pre: state().canRead.
   ImportReport read(const Progress& progress = {});
@@ -61,7 +67,9 @@ class ImportSelection {
   const Importer& m_importer;
   Workspace& m_workspace;
   std::unique_ptr<RawSource> m_source;  // nothing while no database is open
-  std::vector<bool> m_marked;           // one a row of the grid
+  std::vector<std::size_t> m_order;     // the source's rows as the grid shows them
+  std::vector<bool> m_marked;           // one a row of the source
+  std::vector<bool> m_sortsAscending;   // how each of the importer's sorts ran last
   std::size_t m_markCount = 0;
 };
 

@@ -29,6 +29,13 @@ struct SourceRow {
   std::string testDate;            // GBK, trimmed: yyyy/mm/dd as far as the database has it
 };
 
+/// A button that sorts the grid by one of the source's own columns, ascending and descending in turn.
+struct SourceSort {
+  std::string_view control;  // object name
+  std::string_view caption;
+  std::size_t column;
+};
+
 /// What reading the marked rows brought.
 struct ImportReport {
   std::size_t sampleRows = 0;  // rows of the sample table that the import filled, from 0 upward
@@ -42,10 +49,10 @@ class RawSource {
   virtual std::span<const SourceRow> rows() const = 0;
   /// What was damaged in the index.
   virtual const Remarks& remarks() const = 0;
-  /// Reads the rows (numbers from 0, ascending) and replaces the sample table of the test's kind, the display table and
-  /// the project date table by what they hold; sets rawImportPending. The workspace changes in the last statements,
-  /// when nothing can fail any more, and `progress` goes with them. UserError: the file can't be read, more samples
-  /// than the table has rows.
+  /// Reads the rows (numbers from 0, in the order of the grid) and replaces the sample table of the test's kind, the
+  /// display table and the project date table by what they hold; sets rawImportPending. The workspace changes in the
+  /// last statements, when nothing can fail any more, and `progress` goes with them. UserError: the file can't be read,
+  /// more samples than the table has rows.
   virtual ImportReport read(std::span<const std::size_t> marked, Workspace& workspace,
                             const Progress& progress) const = 0;
 };
@@ -65,6 +72,12 @@ struct Importer {
   std::span<const SourceColumn> columns;  // between 序号 and 处理选择, which every grid has
   /// Reads the index. UserError: the file is missing, a folder, unreadable. An empty file has no rows.
   std::unique_ptr<RawSource> (*open)(const std::filesystem::path& path);
+
+  std::string_view fileDialogTitle = {};          // empty: that of the window
+  std::string Workspace::*folderInUse = nullptr;  // the source folder of a source that has no folderField
+  bool fileFromCommand = false;                   // the command asks for the file before it shows the window
+  std::span<const SourceSort> sorts = {};
+  bool thirdButtonWorks = true;  // false: greyed, its work is not part of this version
 };
 
 /// The sources of this version, in the order of the menu.

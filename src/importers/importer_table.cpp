@@ -12,11 +12,15 @@ extern const Importer kManualImporter;
 extern const Importer kNanjingImporter;
 extern const Importer kNewQvbImporter;
 extern const Importer kQvb98Importer;
+extern const Importer kWindowsTriaxialDatxImporter;
+extern const Importer kWindowsTriaxialImporter;
 
 namespace {
 
-constexpr std::array kImporters{&kQvb98Importer,  &kAutomaticOldImporter, &kAutomaticImporter,
-                                &kNewQvbImporter, &kManualImporter,       &kNanjingImporter};
+constexpr std::array kImporters{&kWindowsTriaxialImporter, &kWindowsTriaxialDatxImporter,
+                                &kQvb98Importer,           &kAutomaticOldImporter,
+                                &kAutomaticImporter,       &kNewQvbImporter,
+                                &kManualImporter,          &kNanjingImporter};
 
 const Importer* find(std::string_view Importer::*column, std::string_view wanted) {
   const auto* const found = std::find_if(kImporters.begin(), kImporters.end(),

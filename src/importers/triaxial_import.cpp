@@ -1,11 +1,13 @@
 #include "importers/triaxial_import.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <optional>
 #include <utility>
 
 #include "common/fixed_text.h"
 #include "common/user_error.h"
+#include "platform/files.h"
 #include "triaxial/measures.h"
 
 namespace triaxlab {
@@ -18,6 +20,25 @@ void copyRows(const Rows& from, std::size_t fromSlot, Rows& into, std::size_t in
   for (std::size_t row = 0; row < count; ++row) into[row][intoSlot] = from[row][fromSlot];
 }
 
+/// The fields with a row for each reading, of which a source fills the first `count`.
+template <class Work>
+void forEachReadingField(Work&& work) {
+  work(&Record::consolidationPorePressure, kImportedConsolidationRows);
+  work(&Record::consolidationVolume, kImportedConsolidationRows);
+  work(&Record::deviatorStress, kImportedShearRows);
+  work(&Record::porePressure, kImportedShearRows);
+  work(&Record::volumeChange, kImportedShearRows);
+}
+
+/// Blanks what a source may have filled: a small part of the record, whose other fields were never touched.
+void blankAgain(Record& record) {
+  static const Record kBlank;
+  constexpr std::size_t kHead = offsetof(Record, deviatorStress);
+  std::copy_n(bytesOf(kBlank).begin(), kHead, writableBytesOf(record).begin());
+  forEachReadingField(
+      [&](auto member, std::size_t count) { std::copy_n((kBlank.*member).begin(), count, (record.*member).begin()); });
+}
+
 /// All that a source gives of one specimen but its pressure.
 void copySpecimen(const Record& from, std::size_t fromSlot, Record& into, std::size_t intoSlot) {
   into.shearRate[intoSlot] = from.shearRate[fromSlot];
@@ -27,14 +48,8 @@ void copySpecimen(const Record& from, std::size_t fromSlot, Record& into, std::s
   into.consolidatedArea[intoSlot] = from.consolidatedArea[fromSlot];
   into.consolidationDrainage[intoSlot] = from.consolidationDrainage[fromSlot];
   into.ringCoefficient[intoSlot] = from.ringCoefficient[fromSlot];
-  const auto copy = [&](auto member, std::size_t count) {
-    copyRows(from.*member, fromSlot, into.*member, intoSlot, count);
-  };
-  copy(&Record::consolidationPorePressure, kImportedConsolidationRows);
-  copy(&Record::consolidationVolume, kImportedConsolidationRows);
-  copy(&Record::deviatorStress, kImportedShearRows);
-  copy(&Record::porePressure, kImportedShearRows);
-  copy(&Record::volumeChange, kImportedShearRows);
+  forEachReadingField(
+      [&](auto member, std::size_t count) { copyRows(from.*member, fromSlot, into.*member, intoSlot, count); });
 }
 
 std::optional<std::size_t> slotOfPressure(const Record& record, double pressure) {
@@ -79,6 +94,15 @@ void TriaxialImportPlan::setProjectDate(const SourceRow& source) {
   SetText(known->testDate, source.testDate);
 }
 
+void TriaxialImportPlan::setOnlyProjectDate(const SourceRow& source) {
+  m_projectDates.clear();
+  addProjectDate(source);
+}
+
+void TriaxialImportPlan::setProjectName(std::string_view projectNo, std::string_view name) {
+  m_projectNames.insert_or_assign(std::string(Trim(projectNo)), std::string(Trim(name)));
+}
+
 void TriaxialImportPlan::addGroup(const SampleIdentity& identity, Gathering gathering) {
   m_places.push_back(placeOf(identity, gathering));
 }
@@ -99,12 +123,14 @@ ImportReport TriaxialImportPlan::carryOut(Workspace& workspace, const Fill& fill
   workspace.clearLocations();
   workspace.clearProjectDates();
   std::copy(m_projectDates.begin(), m_projectDates.end(), workspace.ProjectDateTable.begin());
+  workspace.importedProjectNames = m_projectNames;
 
+  Record specimens;
   // A row is blanked in the moment when it is filled, while it is at hand: the table is far larger than the caches.
   for (std::size_t group = 0; group < m_places.size(); ++group) {
     const Place& place = m_places[group];
     if (place.joins && place.gathering == Gathering::BySample) {
-      Record specimens = kBlank;
+      blankAgain(specimens);
       fill(group, specimens);
       mergeSpecimens(specimens, table[place.row]);
     } else {
@@ -114,7 +140,7 @@ ImportReport TriaxialImportPlan::carryOut(Workspace& workspace, const Fill& fill
     tell(progress, group + 1, m_places.size());
   }
   const auto firstUnused = table.begin() + static_cast<std::ptrdiff_t>(m_rowCount);
-  std::for_each(table.begin(), firstUnused, FillSampleTimeAxes);
+  if (m_axes == TimeAxes::Even) std::for_each(table.begin(), firstUnused, FillSampleTimeAxes);
   std::fill(firstUnused, table.end(), kBlank);
   workspace.rawImportPending = true;
   return {m_rowCount, std::move(remarks)};

@@ -6,6 +6,8 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
@@ -41,13 +43,25 @@ class TriaxialImportPlan {
     InPlace,   // as BySample, but the group is filled into the row as it stands and finds its slots itself
   };
   /// Fills a row, blank unless it is to be filled in place, from the group with this number, counted from 0 in the
-  /// order of addGroup. Doesn't throw.
+  /// order of addGroup. Doesn't throw. A group that may join a row (BySample) fills what lies in front of
+  /// deviatorStress, and of the readings the first kImportedShearRows and kImportedConsolidationRows: what a merge
+  /// takes.
   using Fill = std::function<void(std::size_t group, TriaxialSampleRecord& row)>;
+
+  enum class TimeAxes {
+    Even,      // the apparatus reads at even strains and at times that everybody knows
+    OfSource,  // Fill writes axialStrain and consolidationTime
+  };
+  explicit TriaxialImportPlan(TimeAxes axes = TimeAxes::Even) : m_axes(axes) {}
 
   /// The next row of the project date table. UserError when it is full.
   void addProjectDate(const SourceRow& source);
   /// The row of this project takes the date; the next row is its own when there is none yet.
   void setProjectDate(const SourceRow& source);
+  /// Row 0 of the project date table, the only one, takes this project and date.
+  void setOnlyProjectDate(const SourceRow& source);
+  /// What the database calls the project, GBK.
+  void setProjectName(std::string_view projectNo, std::string_view name);
   /// UserError when the group needs a row and the table is full.
   void addGroup(const SampleIdentity& identity, Gathering gathering);
 
@@ -63,10 +77,12 @@ class TriaxialImportPlan {
   };
   Place placeOf(const SampleIdentity& identity, Gathering gathering);
 
+  TimeAxes m_axes;
   std::size_t m_rowCount = 0;
   std::map<SampleIdentity, std::size_t> m_rowOfSample;  // the first row of each
   std::vector<Place> m_places;                          // one a group
   std::vector<ProjectDate> m_projectDates;
+  std::map<std::string, std::string, std::less<>> m_projectNames;
 };
 
 }  // namespace triaxlab

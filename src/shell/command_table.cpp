@@ -113,8 +113,8 @@ constexpr std::array kCommands{
     belowLine(withKey(entry("ZMEXIT", "退出", "RZMFILE", A::Exit), "Ctrl+Q")),
 
     submenu("RZMOPEN", "打开"),
-    later(importer("OWINSZ", "WIN版三轴", "OPENFORMWIN")),
-    later(importer("OWINSZDAT", "WIN版三轴SZ(X).DATX", "OPENFORMWINDAT")),
+    importer("OWINSZ", "WIN版三轴", "OPENFORMWIN"),
+    importer("OWINSZDAT", "WIN版三轴SZ(X).DATX", "OPENFORMWINDAT"),
     importer("OLDSZ", "QVB98 三轴", "OPENFORM1"),
     importer("OLDSZ1", "全自动三轴(老版本)", "OPENFORM0OLD"),
     importer("NEWSZ", "全自动三轴", "OPENFORM0"),

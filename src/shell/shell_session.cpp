@@ -193,7 +193,10 @@ void ShellSession::openProject(const Command& command) {
 }
 
 void ShellSession::import(const Command& command) {
-  const std::optional<Remarks> remarks = m_windows.showImporter(command.target);
+  const Importer& importer = *importerOfMenuCommand(command.name);
+  ImportSelection selection(importer, m_workspace);
+  if (importer.fileFromCommand && !selection.choose(m_dialogs)) return;
+  const std::optional<Remarks> remarks = m_windows.showImporter(selection);
   if (remarks) showImport(*remarks);
 }
 

@@ -15,6 +15,7 @@
 namespace triaxlab {
 
 class BrowserSession;
+class ImportSelection;
 class OverwriteSession;
 class RangeDialog;
 class SourceFolderSession;
@@ -71,8 +72,9 @@ class ShellWindows {
   virtual void showSourceFolder(SourceFolderSession& session) = 0;  // Form5
   virtual void showOverwriteDialog(OverwriteSession& session) = 0;  // Form10
   virtual void showPrintDialog(std::string_view form) = 0;          // SETPRINTFORM
-  /// OPENFORM0 and its kin. The remarks of the import; nothing when the dialog was left without 处理.
-  virtual std::optional<Remarks> showImporter(std::string_view form) = 0;
+  /// OPENFORM0 and its kin; a selection with nothing open is loaded. The remarks of the import; nothing when the dialog
+  /// was left without 处理.
+  virtual std::optional<Remarks> showImporter(ImportSelection& selection) = 0;
 
   /// Loads the document window when it isn't there, shows its table as if freshly loaded, and brings it to the front.
   /// Form2 and Form7 open for the sample that Form1 has on display.
@@ -89,8 +91,8 @@ class ShellWindows {
   virtual void showProgress(std::size_t done, std::size_t total) = 0;
   /// Command states, captions or status texts may have changed: take them over from the shell session.
   virtual void refresh() = 0;
-  /// Brings the window of a sibling tool, which may still be opening it, to the front. Nothing happens where the desktop
-  /// can't do that.
+  /// Brings the window of a sibling tool, which may still be opening it, to the front. Nothing happens where the
+  /// desktop can't do that.
   virtual void raiseTool(std::string_view windowTitle) = 0;
   /// Ends the process at once; nothing is asked any more.
   virtual void endProgram() = 0;

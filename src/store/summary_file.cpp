@@ -14,8 +14,8 @@
 namespace triaxlab {
 namespace {
 
-/// Until they are typed over, the titles belong to this project: also when its file doesn't exist yet and an importer's
-/// stay, but not when the file can't be read, so that no save blanks what it holds.
+/// Until they are typed over, the titles belong to this project: also when its file doesn't exist yet and the name is
+/// that of the imported database, but not when the file can't be read, so that no save blanks what it holds.
 void readTitles(Workspace& workspace, const std::string& projectNo) {
   workspace.projectName.projectNo.clear();
   workspace.secondTitleLine.projectNo.clear();
@@ -25,7 +25,11 @@ void readTitles(Workspace& workspace, const std::string& projectNo) {
     const SummaryHead head = readSummaryHead(readerOf(file), path);
     workspace.projectName.text = head.header.projectName.trimmed();
     workspace.secondTitleLine.text = head.header.secondTitleLine.trimmed();
+  } else {
+    workspace.projectName.text.clear();
+    workspace.secondTitleLine.text.clear();
   }
+  if (Trim(workspace.projectName.text).empty()) workspace.projectName.text = workspace.importedProjectName(projectNo);
   workspace.projectName.projectNo = workspace.secondTitleLine.projectNo = projectNo;
   workspace.projectName.typed = workspace.secondTitleLine.typed = false;
 }

@@ -93,6 +93,8 @@ bool SummaryUpdate::put(const SampleRows& rows, std::size_t row) {
 void SummaryUpdate::finish() {
   if (!m_written) return;
   setTitle(m_head.header.projectName, m_workspace.projectName, m_projectNo);
+  if (!m_workspace.projectName.typed && m_head.header.projectName.isBlank())
+    SetText(m_head.header.projectName, m_workspace.importedProjectName(m_projectNo));
   setTitle(m_head.header.secondTitleLine, m_workspace.secondTitleLine, m_projectNo);
   m_update.writeAt(m_path, 0, bytesOf(m_head.header));
 }

@@ -23,7 +23,15 @@ std::string Workspace::dateText(std::size_t box) const {
   return typedDateTexts.at(box).value_or(std::string(shown.at(box)));
 }
 
-void Workspace::clearProjectDates() { ProjectDateTable.fill({}); }
+void Workspace::clearProjectDates() {
+  ProjectDateTable.fill({});
+  importedProjectNames.clear();
+}
+
+std::string_view Workspace::importedProjectName(std::string_view projectNo) const {
+  const auto found = importedProjectNames.find(projectNo);
+  return found == importedProjectNames.end() ? std::string_view{} : found->second;
+}
 
 void Workspace::clearLocations() { std::fill(SampleDisplayTable.begin(), SampleDisplayTable.end(), SampleLocation{}); }
 

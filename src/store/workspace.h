@@ -5,6 +5,8 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -113,6 +115,10 @@ struct Workspace {
   TitleText projectName;           // Text5
   TitleText secondTitleLine;       // TextW(3)
 
+  /// What the imported database calls its projects, by their numbers, both GBK and trimmed. A save gives the name to
+  /// the project's summary file where that has none.
+  std::map<std::string, std::string, std::less<>> importedProjectNames;
+
   /// What the boxes show and a save remembers: the text last typed, else the year, month or day of the processing date.
   std::string dateText(std::size_t box) const;
 
@@ -124,6 +130,9 @@ struct Workspace {
 
   /// The first row of ProjectDateTable with this project (trimmed); nothing when there is none.
   std::optional<std::string_view> projectTestDate(std::string_view projectNo) const;
+  /// Empty when the import named no such project.
+  std::string_view importedProjectName(std::string_view projectNo) const;
+  /// The imported names of the projects go with their dates.
   void clearProjectDates();
   void clearLocations();
 };

@@ -16,6 +16,9 @@ constexpr Place kWindow{0, 0, 9000, 7500};
 constexpr Place kFileCount{200, 150, 3000, 300}, kMarkCount{3400, 150, 3500, 300};
 constexpr Place kGrid{200, 540, 8600, 5900};
 constexpr Place kRead{1500, 6700, 1400, 450}, kThird{3400, 6700, 1800, 450}, kReturn{5700, 6700, 1400, 450};
+constexpr Place kFirstSort{7300, 6560, 1500, 360}, kSorting{200, 7180, 5000, 300};
+constexpr int kSortPitch = 390;
+constexpr const char* kSortingNow = "正在排序中，请稍候......";
 
 GridContent contentOf(const ImportSelection& selection) {
   GridContent content;
@@ -41,6 +44,7 @@ ImporterWindow::ImporterWindow(QWidget* parent, ImportSelection& selection, Dial
   setWindowTitle(words(selection.importer().title));
   setFixedSize(rectangle(kWindow).size());
   makeButtons();
+  makeSorts();
   connect(m_grid, &GridView::rowDoubleClicked, this, &ImporterWindow::toggleMark);
   connect(m_grid, &GridView::enterPressed, m_read, &QPushButton::click);
   load();
@@ -54,16 +58,43 @@ void ImporterWindow::makeButtons() {
   leave->setAutoDefault(false);
   connect(leave, &QPushButton::clicked, this, &QDialog::reject);
   // Stands there and does nothing.
-  if (const auto caption = m_selection.importer().thirdButton; !caption.empty())
-    put(new QPushButton(words(caption), this), "Command3", kThird)->setAutoDefault(false);
+  if (const auto caption = m_selection.importer().thirdButton; !caption.empty()) {
+    auto* const third = put(new QPushButton(words(caption), this), "Command3", kThird);
+    third->setAutoDefault(false);
+    third->setEnabled(m_selection.importer().thirdButtonWorks);
+  }
+}
+
+void ImporterWindow::makeSorts() {
+  const auto sorts = m_selection.importer().sorts;
+  if (sorts.empty()) return;
+  m_sorting = put(new QLabel(kSortingNow, this), "Labelp", kSorting);
+  m_sorting->hide();
+  Place place = kFirstSort;
+  for (std::size_t i = 0; i < sorts.size(); ++i, place.y += kSortPitch) {
+    auto* const button = put(new QPushButton(words(sorts[i].caption), this), words(sorts[i].control), place);
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, [this, i] { sort(i); });
+  }
 }
 
 void ImporterWindow::load() {
-  runShowingErrors(m_dialogs, [this] { m_selection.load(m_dialogs); });
+  if (!m_selection.isOpen()) runShowingErrors(m_dialogs, [this] { m_selection.load(m_dialogs); });
   m_grid->contentChanged();
   m_grid->setCurrentCell(1, 1);
   m_grid->setFocus();
   refresh();
+}
+
+void ImporterWindow::sort(std::size_t button) {
+  const int row = m_grid->currentRow();
+  m_sorting->show();
+  m_sorting->repaint();
+  m_selection.sort(button);
+  m_grid->contentChanged();
+  m_grid->setCurrentCell(row, 1);
+  m_sorting->hide();
+  m_grid->setFocus();
 }
 
 void ImporterWindow::toggleMark(int row) {

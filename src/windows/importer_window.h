@@ -15,7 +15,7 @@ namespace triaxlab {
 class GridView;
 
 /// The selection window of a raw database: what it holds, which rows are to be read. One window serves all sources; it
-/// carries the name of the source's own (OPENFORM0 and its kin).
+/// carries the name of the source's own (OPENFORM0 and its kin). A selection with nothing open is loaded.
 class ImporterWindow : public QDialog {
   Q_OBJECT
 
@@ -27,7 +27,9 @@ class ImporterWindow : public QDialog {
 
  private:
   void makeButtons();
+  void makeSorts();
   void load();
+  void sort(std::size_t button);
   void toggleMark(int row);
   void read();
   void refresh();
@@ -37,6 +39,7 @@ class ImporterWindow : public QDialog {
   Progress m_progress;
   GridView* m_grid;
   QLabel *m_fileCount, *m_markCount;
+  QLabel* m_sorting = nullptr;
   QPushButton* m_read = nullptr;
   std::optional<Remarks> m_remarks;
 };

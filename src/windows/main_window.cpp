@@ -56,10 +56,7 @@ MDIForm1::MDIForm1(Workspace& workspace, Dialogs& dialogs)
   m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setCentralWidget(m_area);
   makeStatusBar();
-  connect(m_menu, &CommandMenuBar::entryShown, this, [this](const QString& help) {
-    if (help.isEmpty()) return refreshStatusBar();
-    m_panels[0]->setText(help);
-  });
+  connect(m_menu, &CommandMenuBar::entryShown, this, &MDIForm1::showHelp);
   connect(m_menu->menu("RZMWINDOW"), &QMenu::aboutToShow, this, &MDIForm1::listOpenWindows);
   connect(m_area, &QMdiArea::subWindowActivated, this, &MDIForm1::documentCameToFront);
   placeOnScreen();
@@ -131,16 +128,11 @@ void MDIForm1::showPrintDialog(std::string_view form) {
   SETPRINTFORM(this, options, m_workspace, m_dialogs).exec();
 }
 
-std::optional<Remarks> MDIForm1::showImporter(std::string_view form) {
-  for (const Importer* const importer : importers()) {
-    if (importer->form != form) continue;
-    ImportSelection selection(*importer, m_workspace);
-    ImporterWindow window(this, selection, m_dialogs,
-                          [this](std::size_t done, std::size_t total) { showProgress(done, total); });
-    window.exec();
-    return window.remarks();
-  }
-  return std::nullopt;
+std::optional<Remarks> MDIForm1::showImporter(ImportSelection& selection) {
+  ImporterWindow window(this, selection, m_dialogs,
+                        [this](std::size_t done, std::size_t total) { showProgress(done, total); });
+  window.exec();
+  return window.remarks();
 }
 
 // ---- documents
@@ -167,6 +159,7 @@ void MDIForm1::loadForm1() {
   } else {
     addDocument(m_form1, new Form1(m_workspace, m_dialogs, m_shell), kForm1);
     connect(m_form1, &Form1::sampleShown, this, &MDIForm1::refresh);
+    connect(m_form1, &Form1::readoutChanged, this, &MDIForm1::showHelp);
   }
   // The tables stay with their row, which may hold another sample now.
   if (m_form2) m_form2->load(m_form2->sampleRow());
@@ -245,6 +238,11 @@ void MDIForm1::refreshTables() {
   if (m_form2) m_form2->refresh(mode);
   // Without the curve window nobody would ask about the changes.
   if (m_form7) m_form7->refresh(mode, m_form1 != nullptr);
+}
+
+void MDIForm1::showHelp(const QString& help) {
+  if (help.isEmpty()) return refreshStatusBar();
+  m_panels[0]->setText(help);
 }
 
 void MDIForm1::refreshStatusBar() {

@@ -46,7 +46,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   void showSourceFolder(SourceFolderSession& session) override;
   void showOverwriteDialog(OverwriteSession& session) override;
   void showPrintDialog(std::string_view form) override;
-  std::optional<Remarks> showImporter(std::string_view form) override;
+  std::optional<Remarks> showImporter(ImportSelection& selection) override;
   void showDocument(ActiveDocument document) override;
   void raiseDocument(ActiveDocument document) override;
   std::vector<ActiveDocument> loadedDocuments() const override;
@@ -59,6 +59,8 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
 
   void makeStatusBar();
   void placeOnScreen();
+  /// What the mouse points at, in the first panel; an empty text brings the program's own back.
+  void showHelp(const QString& help);
   void refreshStatusBar();
   void listOpenWindows();
   void loadForm1();

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "importers/import_selection.h"
 #include "platform/dialogs.h"
 #include "shell/browser_session.h"
 #include "shell/overwrite_session.h"
@@ -59,6 +60,7 @@ class FakeDialogs : public Dialogs {
 class FakeDocument : public CurveDocument {
  public:
   bool changed = false;
+  bool typing = false;  // what is typed is not yet stored
   CurvePage page = CurvePage::StressStrain;
   EnvelopeEntries envelopes;
   InterventionEntry intervention{.possible = true, .running = false};
@@ -68,6 +70,7 @@ class FakeDocument : public CurveDocument {
     return changed && dialogs.ask("保存三轴数据", "   数据已修改\n保存修改后数据吗？", MessageIcon::None);
   }
   void markSaved() override { changed = false; }
+  void finishTyping() override { changed = std::exchange(typing, false) || changed; }
   std::array<std::string, 2> statusPanels() const override { return {"工程编号:P1", "试验日期:2024/05/06"}; }
   void showPage(CurvePage wanted) override { page = wanted; }
   EnvelopeEntries envelopeEntries() const override { return envelopes; }
@@ -116,13 +119,13 @@ class FakeWindows : public ShellWindows {
     inOverwriteDialog(session);
   }
   void showPrintDialog(std::string_view form) override { shown.emplace_back(form); }
-  std::optional<Remarks> showImporter(std::string_view form) override {
-    shown.emplace_back(form);
+  std::optional<Remarks> showImporter(ImportSelection& selection) override {
+    shown.emplace_back(selection.importer().form);
     return inImporter();
   }
   void showDocument(ActiveDocument document) override {
     shown.push_back("load " + std::to_string(document));
-    form1.emplace();
+    if (document == kForm1) form1.emplace();
   }
   void raiseDocument(ActiveDocument document) override { shown.push_back("raise " + std::to_string(document)); }
   std::vector<ActiveDocument> loadedDocuments() const override {
