@@ -3,13 +3,17 @@
 #include <QImage>
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 #include "platform/drawing_surface.h"
 
 namespace triaxlab {
 
 /// A drawing area whose unit is a twip. What is drawn is kept as a picture and drawn again only when it has changed; a
-/// script can have the same drawing as operations.
+/// script can have the same drawing as operations. Ctrl+C and the context menu copy the picture.
+///
+/// A canvas may be magnified about the mouse by the wheel with Ctrl, moved by a drag, and shown whole again by a double
+/// click. That is a matter of looking: nobody behind the canvas learns of it.
 class CanvasWidget : public QWidget {
   Q_OBJECT
 
@@ -21,12 +25,19 @@ class CanvasWidget : public QWidget {
 
   int widthTwips() const { return m_width; }
   int heightTwips() const { return m_height; }
-  void drawOn(DrawingSurface& surface) const { m_drawing(surface); }
+  /// What is seen: the whole drawing, or beyond the edges of the canvas the parts that its magnification hides.
+  void drawOn(DrawingSurface& surface) const;
+
+  /// A canvas that can't be magnified shows the whole drawing.
+  void setZoomable(bool zoomable);
+  void showWhole();
+  void copyPicture() const;
 
  signals:
   /// The mouse stands at a place of the canvas (twips); `leftButton` is down. Comes with each press and move.
   void mouseAt(Point place, bool leftButton);
   void mouseReleased();
+  void mouseLeft();
 
  public slots:
   /// What the drawing shows has changed.
@@ -37,15 +48,30 @@ class CanvasWidget : public QWidget {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
+  bool isZoomed() const { return m_zoom > 1; }
+  /// The place of the drawing that is seen at a place of the widget (pixels).
+  Point placeAt(QPointF pixel) const;
+  /// Shows a place of the drawing at a place of the widget, as near as the edges of the drawing allow.
+  void show(Point place, QPointF at, double zoom);
   void tellMouse(const QMouseEvent& event);
-  void drawPicture();
+  void paintOn(QImage& picture, double scale) const;
 
   int m_width, m_height;
   Drawing m_drawing;
   QImage m_picture;
   bool m_isCurrent = false;
+
+  bool m_zoomable = false;
+  double m_zoom = 1;
+  Point m_corner;                  // of the drawing, seen at the upper left
+  std::optional<Point> m_dragged;  // the place of the drawing that the mouse holds
 };
 
 }  // namespace triaxlab

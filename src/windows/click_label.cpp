@@ -1,7 +1,12 @@
 #include "windows/click_label.h"
 
+#include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
+#include <QToolTip>
 
 namespace triaxlab {
 namespace {
@@ -47,7 +52,39 @@ void ClickLabel::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) emit doubleClicked();
 }
 
+bool ClickLabel::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip || !toolTip().isEmpty()) return QLabel::event(event);
+  const bool condensed = neededWidth() > contentsRect().width();
+  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), condensed ? text() : QString(), this);
+  return true;
+}
+
+void ClickLabel::focusInEvent(QFocusEvent* event) {
+  QLabel::focusInEvent(event);
+  update();
+  if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) emit reached();
+}
+
+void ClickLabel::focusOutEvent(QFocusEvent* event) {
+  QLabel::focusOutEvent(event);
+  update();
+}
+
+void ClickLabel::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Space) return emit clicked();
+  QLabel::keyPressEvent(event);
+}
+
 void ClickLabel::paintEvent(QPaintEvent* event) {
+  paintText(event);
+  if (!hasFocus()) return;
+  QStyleOptionFocusRect frame;
+  frame.initFrom(this);
+  QPainter painter(this);
+  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
+}
+
+void ClickLabel::paintText(QPaintEvent* event) {
   if (m_look != Look::Caption) {
     QPainter lines(this);
     lines.setPen(palette().color(QPalette::Midlight));
@@ -55,7 +92,7 @@ void ClickLabel::paintEvent(QPaintEvent* event) {
     lines.drawLine(rect().topRight(), rect().bottomRight());
   }
   const QRect place = contentsRect();
-  const int needed = fontMetrics().size(0, text()).width();
+  const int needed = neededWidth();
   if (needed <= place.width()) return QLabel::paintEvent(event);
   QPainter painter(this);
   drawFrame(&painter);

@@ -7,7 +7,8 @@
 
 namespace triaxlab {
 
-/// A text that can be clicked. One that is wider than its place is condensed, never cut.
+/// A text that can be clicked. One that is wider than its place is condensed, never cut, and told in full beside the
+/// mouse. One that Tab reaches is clicked by the space bar, too.
 class ClickLabel : public QLabel {
   Q_OBJECT
 
@@ -27,14 +28,22 @@ class ClickLabel : public QLabel {
  signals:
   void clicked();
   void doubleClicked();
+  /// Tab has come to it.
+  void reached();
 
  protected:
+  bool event(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
   void setGround();
+  void paintText(QPaintEvent* event);
+  int neededWidth() const { return fontMetrics().size(0, text()).width(); }
 
   Look m_look;
   bool m_marked = false;

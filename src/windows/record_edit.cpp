@@ -1,7 +1,11 @@
 #include "windows/record_edit.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QSignalBlocker>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <QToolTip>
 #include <algorithm>
 
 namespace triaxlab {
@@ -14,6 +18,17 @@ void RecordEdit::showText(const QString& shown) {
   const auto cursor = std::min<qsizetype>(cursorPosition(), shown.size());
   setText(shown);
   setCursorPosition(static_cast<int>(cursor));
+}
+
+bool RecordEdit::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QLineEdit::event(event);
+  constexpr int kCursorRoom = 4;  // pixels beside the text
+  QStyleOptionFrame box;
+  initStyleOption(&box);
+  const int room = style()->subElementRect(QStyle::SE_LineEditContents, &box, this).width() - kCursorRoom;
+  const bool cut = fontMetrics().horizontalAdvance(text()) > room;
+  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), cut ? text() : QString(), this);
+  return true;
 }
 
 void RecordEdit::keyPressEvent(QKeyEvent* event) {

@@ -8,7 +8,7 @@ class QKeyEvent;
 namespace triaxlab {
 
 /// An edit box over a field of a record. What a person types is handed out at each change; what the field took of it
-/// comes back through `showText`.
+/// comes back through `showText`. A text that is wider than the box is told in full beside the mouse.
 class RecordEdit : public QLineEdit {
   Q_OBJECT
 
@@ -25,6 +25,7 @@ class RecordEdit : public QLineEdit {
   void focusLeft();
 
  protected:
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 };

@@ -63,6 +63,8 @@ void makeOverlay(RecordEdit* box) {
 QScrollBar* scrollBar(QWidget* window, const char* name, Place place, int page) {
   auto* const bar = put(new QScrollBar(Qt::Vertical, window), name, place);
   bar->setPageStep(page);
+  // Tab comes to it; a click leaves the focus to the box that is typed in.
+  bar->setFocusPolicy(Qt::TabFocus);
   return bar;
 }
 

@@ -1,7 +1,11 @@
 #include "windows/triaxial_curve_window.h"
 
+#include <QClipboard>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -22,10 +26,10 @@ struct KeyRow {
   int toolkitKey;
   Key key;
 };
-constexpr KeyRow<ListKey> kListKeys[] = {
-    {Qt::Key_Up, ListKey::Up},         {Qt::Key_Down, ListKey::Down},         {Qt::Key_Left, ListKey::Left},
-    {Qt::Key_Right, ListKey::Right},   {Qt::Key_Return, ListKey::Enter},      {Qt::Key_Enter, ListKey::Enter},
-    {Qt::Key_PageUp, ListKey::PageUp}, {Qt::Key_PageDown, ListKey::PageDown},
+constexpr KeyRow<CellKey> kCellKeys[] = {
+    {Qt::Key_Up, CellKey::Up},         {Qt::Key_Down, CellKey::Down},         {Qt::Key_Left, CellKey::Left},
+    {Qt::Key_Right, CellKey::Right},   {Qt::Key_Return, CellKey::Enter},      {Qt::Key_Enter, CellKey::Enter},
+    {Qt::Key_PageUp, CellKey::PageUp}, {Qt::Key_PageDown, CellKey::PageDown},
 };
 constexpr KeyRow<MethodKey> kMethodKeys[] = {{Qt::Key_End, MethodKey::End},
                                              {Qt::Key_1, MethodKey::One},
@@ -49,11 +53,19 @@ void showValue(QScrollBar* bar, int value) {
   bar->setValue(value);
 }
 
-/// Lays an edit box over the label that it stands for. A box that goes leaves the focus to the canvas, not to whatever
-/// comes next: the person would type there unawares.
-void showOverlay(RecordEdit* box, const OverlayState& now, const ClickLabel* label, CanvasWidget* canvas) {
+/// Lays an edit box over the label that it stands for, or lets Tab come to the label on which the box would open. A box
+/// that goes leaves the focus to the canvas, not to whatever comes next: the person would type there unawares.
+template <std::size_t N>
+void showOverlay(RecordEdit* box, const OverlayState& now, const OverlayState& before,
+                 const std::array<ClickLabel*, N>& labels, CanvasWidget* canvas) {
   if (!now.visible && box->hasFocus()) canvas->setFocus();
-  if (now.visible) {
+  const auto labelOf = [&labels](const OverlayState& state) {
+    return state.labelIndex < 0 ? nullptr : labels.at(static_cast<std::size_t>(state.labelIndex));
+  };
+  ClickLabel* const label = labelOf(now);
+  if (ClickLabel* const former = labelOf(before)) former->setFocusPolicy(Qt::NoFocus);
+  if (label != nullptr && !now.visible) label->setFocusPolicy(Qt::TabFocus);
+  if (label != nullptr && now.visible) {
     box->setGeometry(label->geometry());
     box->showText(words(now.text));
   }
@@ -78,8 +90,9 @@ Form1::Form1(Workspace& workspace, Dialogs& dialogs, ShellSession& shell)
   connectPages();
   connectEdits();
   connectMethodKeys();
+  connectCanvas();
   connectIntervention();
-  refresh();
+  load();
 }
 
 Form1::~Form1() {
@@ -96,23 +109,31 @@ void Form1::act(Operation&& operation) {
 // ---- what a person does
 
 void Form1::connectList() {
-  for (int i = 0; i < static_cast<int>(m_controls.label1.size()); ++i)
-    connect(m_controls.label1.at(static_cast<std::size_t>(i)), &ClickLabel::clicked, this, [this, i] {
-      act([&] { m_session.selectLabel(i); });
-      startTyping(m_controls.text1);
-    });
+  for (int i = 0; i < static_cast<int>(m_controls.label1.size()); ++i) {
+    const ClickLabel* const label = m_controls.label1.at(static_cast<std::size_t>(i));
+    const auto open = [this, i] { openCell(m_controls.text1, &CurveSession::selectLabel, i); };
+    connect(label, &ClickLabel::clicked, this, open);
+    connect(label, &ClickLabel::reached, this, open);
+  }
   connect(m_controls.vScroll1, &QScrollBar::valueChanged, this,
           [this](int top) { act([&] { m_session.scrollList(top); }); });
-  m_controls.text1->onKey = [this](const QKeyEvent& event) { return keyInList(event); };
+  m_controls.text1->onKey = [this](const QKeyEvent& event) {
+    return keyInCell(m_controls.text1, event, &CurveSession::keyInList);
+  };
 }
 
-bool Form1::keyInList(const QKeyEvent& event) {
-  const std::optional<ListKey> key = keyOf(event, kListKeys);
+bool Form1::keyInCell(RecordEdit* box, const QKeyEvent& event, bool (CurveSession::*keyIn)(CellKey, CursorPlace)) {
+  const std::optional<CellKey> key = keyOf(event, kCellKeys);
   if (!key || event.modifiers().testFlag(Qt::ShiftModifier)) return false;
   bool leftCell = false;
-  act([&] { leftCell = m_session.keyInList(*key, cursorOf(*m_controls.text1)); });
-  if (leftCell) startTyping(m_controls.text1);
+  act([&] { leftCell = (m_session.*keyIn)(*key, cursorOf(*box)); });
+  if (leftCell) startTyping(box);
   return leftCell;
+}
+
+void Form1::openCell(RecordEdit* overlay, void (CurveSession::*select)(int), int label) {
+  act([&] { (m_session.*select)(label); });
+  startTyping(overlay);
 }
 
 void Form1::connectPages() {
@@ -127,11 +148,36 @@ void Form1::connectPages() {
   connect(m_controls.command5, &QPushButton::clicked, this, [this] { m_shell.showTable(kForm7); });
   connect(m_controls.vScroll2, &QScrollBar::valueChanged, this,
           [this](int top) { act([&] { m_session.scrollTable(top); }); });
-  for (int i = 0; i < kTableCells; ++i)
-    connect(m_controls.label2.at(static_cast<std::size_t>(i)), &ClickLabel::clicked, this, [this, i] {
-      act([&] { m_session.selectTableCell(i); });
-      startTyping(m_controls.text2);
+  for (int i = 0; i < kTableCells; ++i) {
+    const ClickLabel* const label = m_controls.label2.at(static_cast<std::size_t>(i));
+    const auto open = [this, i] { openCell(m_controls.text2, &CurveSession::selectTableCell, i); };
+    connect(label, &ClickLabel::reached, this, open);
+    connect(label, &ClickLabel::clicked, this, [this, open] {
+      // Where nothing is typed the table has the focus, and Ctrl+C copies it.
+      m_controls.vScroll2->setFocus();
+      open();
     });
+  }
+  m_controls.text2->onKey = [this](const QKeyEvent& event) {
+    return keyInCell(m_controls.text2, event, &CurveSession::keyInTable);
+  };
+}
+
+void Form1::connectCanvas() {
+  Intervention& phase = m_session.intervention();
+  connect(m_controls.picture1, &CanvasWidget::mouseAt, this, [this, &phase](Point place, bool leftButton) {
+    if (phase.phase() == Phase::Curve) act([&] { phase.mouseAt(place, leftButton); });
+    tellMouse(place);
+  });
+  connect(m_controls.picture1, &CanvasWidget::mouseLeft, this, [this] { tellMouse(std::nullopt); });
+  connect(m_controls.picture1, &CanvasWidget::mouseReleased, this, [&phase] { phase.mouseReleased(); });
+}
+
+void Form1::tellMouse(std::optional<Point> place) {
+  std::string text = place ? m_session.readout(*place) : std::string();
+  if (text == m_readout) return;
+  m_readout = std::move(text);
+  emit readoutChanged(words(m_readout));
 }
 
 void Form1::connectEdits() {
@@ -167,10 +213,6 @@ void Form1::connectIntervention() {
   onAsking(controls.command6, &QPushButton::clicked, &Intervention::multiply);
   onAsking(controls.command7, &QPushButton::clicked, &Intervention::add);
   onAsking(controls.label14, &ClickLabel::doubleClicked, &Intervention::askCohesionStep);
-  connect(m_controls.picture1, &CanvasWidget::mouseAt, this, [this, &phase](Point place, bool leftButton) {
-    if (phase.phase() == Phase::Curve) act([&] { phase.mouseAt(place, leftButton); });
-  });
-  connect(m_controls.picture1, &CanvasWidget::mouseReleased, this, [&phase] { phase.mouseReleased(); });
   for (QWidget* const control : findChildren<QWidget*>()) control->installEventFilter(this);
 }
 
@@ -200,7 +242,7 @@ bool Form1::keyInPhase(const QObject& focus, const QKeyEvent& event) {
 }
 
 void Form1::startTyping(RecordEdit* overlay) {
-  if (!overlay->isVisible()) return;
+  if (overlay->isHidden()) return;
   overlay->setFocus();
   overlay->selectAll();
 }
@@ -220,10 +262,43 @@ void Form1::wheelEvent(QWheelEvent* event) {
     m_controls.vScroll2->event(event);
 }
 
+void Form1::keyPressEvent(QKeyEvent* event) {
+  // What has no use of its own for the key: the buttons and bars of the table stand for it, all others for the chart.
+  if (!event->matches(QKeySequence::Copy)) return QWidget::keyPressEvent(event);
+  const QWidget* const focus = focusWidget();
+  const bool ofTable = focus == m_controls.vScroll2 || focus == m_controls.command1 || focus == m_controls.command2;
+  if (ofTable)
+    copyTable();
+  else
+    m_controls.picture1->copyPicture();
+}
+
+void Form1::contextMenuEvent(QContextMenuEvent* event) {
+  if (!isOnTable(event->pos())) return event->ignore();
+  auto* const menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addAction("复制数据表\tCtrl+C", this, &Form1::copyTable);
+  menu->popup(event->globalPos());
+}
+
+bool Form1::isOnTable(QPoint place) const {
+  return m_controls.label2.front()->geometry().united(m_controls.label2.back()->geometry()).contains(place);
+}
+
+void Form1::copyTable() const { QGuiApplication::clipboard()->setText(words(m_session.tableText())); }
+
 // ---- what the shell asks
 
 void Form1::load() {
   m_session.load();
+  refresh();
+  // An empty table is typed into from the first key; otherwise there is something to look at.
+  m_controls.picture1->setFocus();
+  startTyping(m_controls.text1);
+}
+
+void Form1::markSaved() {
+  m_session.markSaved();
   refresh();
 }
 
@@ -254,14 +329,10 @@ void Form1::reprocess() {
 }
 
 EnvelopeEntries Form1::envelopeEntries() const {
-  const CurveState now = m_session.state();
-  return {.ratioEnabled = now.QUXIAN2.enabled, .ratioChecked = now.QUXIAN2.checked};
+  return {.ratioEnabled = m_shown.QUXIAN2.enabled, .ratioChecked = m_shown.QUXIAN2.checked};
 }
 
-std::array<std::string, 2> Form1::statusPanels() const {
-  const CurveState now = m_session.state();
-  return {now.projectPanel, now.datePanel};
-}
+std::array<std::string, 2> Form1::statusPanels() const { return {m_shown.projectPanel, m_shown.datePanel}; }
 
 // ---- what the window shows
 
@@ -276,12 +347,18 @@ void Form1::refresh() {
 }
 
 void Form1::showState() {
-  const CurveState now = m_session.state();
+  CurveState now = m_session.state();
   showList(now);
   showFields(now);
   showStages(now);
   showTable(now);
   showIntervention(now);
+  // Another chart is seen whole, and a phase works on the whole chart.
+  if (now.currentCurvePage != m_shown.currentCurvePage || m_session.sampleRow() != m_rowShown)
+    m_controls.picture1->showWhole();
+  m_controls.picture1->setZoomable(!now.intervention.running());
+  m_rowShown = m_session.sampleRow();
+  m_shown = std::move(now);
   if (m_pictureShown != m_session.pictureNumber()) {
     m_pictureShown = m_session.pictureNumber();
     m_controls.picture1->redraw();
@@ -291,6 +368,8 @@ void Form1::showState() {
 void Form1::showList(const CurveState& now) {
   for (std::size_t line = 0; line < now.list.size(); ++line) {
     const bool chosen = static_cast<int>(line) == now.selectedLine;
+    if (now.list.at(line) == m_shown.list.at(line) && chosen == (static_cast<int>(line) == m_shown.selectedLine))
+      continue;
     const auto show = [chosen](ClickLabel* label, const std::string& text) {
       label->setText(words(text));
       label->setMarked(chosen);
@@ -300,8 +379,7 @@ void Form1::showList(const CurveState& now) {
     show(m_controls.label1.at(2 * line + 1), now.list.at(line).sample);
   }
   showValue(m_controls.vScroll1, now.listTop);
-  showOverlay(m_controls.text1, now.text1, m_controls.label1.at(static_cast<std::size_t>(now.text1.labelIndex)),
-              m_controls.picture1);
+  showOverlay(m_controls.text1, now.text1, m_shown.text1, m_controls.label1, m_controls.picture1);
 }
 
 void Form1::showFields(const CurveState& now) {
@@ -333,14 +411,16 @@ void Form1::showStages(const CurveState& now) {
 }
 
 void Form1::showTable(const CurveState& now) {
-  for (std::size_t i = 0; i < now.columnHeads.size(); ++i)
-    m_controls.columnHeads.at(i)->setText(words(now.columnHeads.at(i)));
-  for (std::size_t i = 0; i < now.label2.size(); ++i) m_controls.label2.at(i)->setText(words(now.label2.at(i)));
+  const auto show = [](const auto& labels, const auto& texts, const auto& before) {
+    for (std::size_t i = 0; i < texts.size(); ++i)
+      if (texts.at(i) != before.at(i)) labels.at(i)->setText(words(texts.at(i)));
+  };
+  show(m_controls.columnHeads, now.columnHeads, m_shown.columnHeads);
+  show(m_controls.label2, now.label2, m_shown.label2);
   const QSignalBlocker blocked(m_controls.vScroll2);
   m_controls.vScroll2->setRange(0, now.tableScrollMax);
   m_controls.vScroll2->setValue(now.tableTop);
-  showOverlay(m_controls.text2, now.text2, m_controls.label2.at(static_cast<std::size_t>(now.text2.labelIndex)),
-              m_controls.picture1);
+  showOverlay(m_controls.text2, now.text2, m_shown.text2, m_controls.label2, m_controls.picture1);
 }
 
 void Form1::showIntervention(const CurveState& now) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QWidget>
+#include <optional>
+#include <string>
 
 #include "shell/shell_session.h"
 #include "shell/shell_windows.h"
@@ -28,7 +30,7 @@ class Form1 : public QWidget, public CurveDocument {
 
   // CurveDocument
   bool asksToSave(Dialogs& dialogs) const override { return m_session.asksToSave(dialogs); }
-  void markSaved() override { m_session.markSaved(); }
+  void markSaved() override;
   std::array<std::string, 2> statusPanels() const override;
   InterventionEntry interventionEntry() const override;
   void enterIntervention() override;
@@ -40,11 +42,15 @@ class Form1 : public QWidget, public CurveDocument {
  signals:
   /// Another sample, or the same one after a change: menu and status bar follow.
   void sampleShown();
+  /// The values under the mouse; empty when it isn't on a plot that has some.
+  void readoutChanged(const QString& text);
   void closed();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -53,7 +59,8 @@ class Form1 : public QWidget, public CurveDocument {
   void connectEdits();
   void connectMethodKeys();
   void connectIntervention();
-  bool keyInList(const QKeyEvent& event);
+  void connectCanvas();
+  bool keyInCell(RecordEdit* box, const QKeyEvent& event, bool (CurveSession::*keyIn)(CellKey, CursorPlace));
   /// True when the phase that runs takes the key.
   bool keyInPhase(const QObject& focus, const QKeyEvent& event);
 
@@ -61,6 +68,11 @@ class Form1 : public QWidget, public CurveDocument {
   template <class Operation>
   void act(Operation&& operation);
   void startTyping(RecordEdit* overlay);
+  /// Lays a box over a cell and begins to type there.
+  void openCell(RecordEdit* overlay, void (CurveSession::*select)(int), int label);
+  void tellMouse(std::optional<Point> place);
+  bool isOnTable(QPoint place) const;
+  void copyTable() const;
 
   /// The one place where the session's state becomes widgets.
   void refresh();
@@ -75,7 +87,10 @@ class Form1 : public QWidget, public CurveDocument {
   ShellSession& m_shell;
   CurveSession m_session;
   CurveControls m_controls;
+  CurveState m_shown;  // what the widgets show
+  std::size_t m_rowShown = 0;
   std::uint64_t m_pictureShown = 0;
+  std::string m_readout;
   bool m_isRefreshing = false, m_refreshAgain = false;
 };
 

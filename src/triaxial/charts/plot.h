@@ -15,6 +15,10 @@ inline constexpr double kPlotLeft = 700, kPlotRight = 6700, kPlotTop = 500, kPlo
 inline constexpr double kPlotWidth = kPlotRight - kPlotLeft, kPlotHeight = kPlotBottom - kPlotTop;
 inline constexpr int kPlotColumns = 22, kPlotRows = 14;
 
+constexpr bool isInPlot(Point place) {
+  return place.x >= kPlotLeft && place.x <= kPlotRight && place.y >= kPlotTop && place.y <= kPlotBottom;
+}
+
 /// What a division of the plot stands for, and where the zero of y lies.
 struct PlotScale {
   double xStep = 1, yStep = 1;

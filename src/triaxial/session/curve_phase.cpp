@@ -12,10 +12,6 @@ namespace {
 
 constexpr const char* kTitle = "修改三轴试验数据";
 
-bool isInPlot(Point place) {
-  return place.x >= kPlotLeft && place.x <= kPlotRight && place.y >= kPlotTop && place.y <= kPlotBottom;
-}
-
 bool sameCurve(const TriaxialSampleRecord& a, std::size_t stageOfA, const TriaxialSampleRecord& b,
                std::size_t stageOfB) {
   for (std::size_t row = 0; row < kShearRows; ++row)

@@ -1,6 +1,7 @@
 #include "triaxial/session/curve_session.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <utility>
 
@@ -17,6 +18,21 @@ namespace {
 
 constexpr std::size_t kLimitWidth = 6;                                         // bytes that Text8 takes
 constexpr double kSmallestLimit = 35, kLargestLimit = 220, kUsualLimit = 150;  // 0.1 %
+
+/// How a readout tells the values of an axis.
+struct Axis {
+  NumberFormat format;
+  const char* unit;
+};
+constexpr Axis kStrain{NumberFormat::Hundredths, "%"}, kStress{NumberFormat::Tenths, "kPa"};
+constexpr Axis kRatio{NumberFormat::Thousandths, ""};
+/// Right and up, in the order of CurvePage.
+constexpr std::array<std::pair<Axis, Axis>, 6> kAxes{{{kStrain, kStress},
+                                                      {kStress, kStress},
+                                                      {kStress, kStress},
+                                                      {kStress, kStress},
+                                                      {kStrain, kStress},
+                                                      {kStrain, kRatio}}};
 
 /// The strain limit of a typed percentage, in tenths; one out of range becomes the usual 15 %.
 std::uint8_t limitOf(std::string_view percent) {
@@ -71,12 +87,24 @@ void CurveSession::drawPage() {
   ++m_pictureNumber;
 }
 
-void CurveSession::draw(DrawingSurface& surface) const {
+ChartOptions CurveSession::chartOptions() const {
   ChartOptions options;
   options.cohesionFormat = m_workspace.settings.habits.cohesionFormat();
+  return options;
+}
+
+void CurveSession::draw(DrawingSurface& surface) const {
+  ChartOptions options = chartOptions();
   PageResults results = m_results;
   m_intervention.show(options, results);
   drawCurvePage(surface, m_drawn, m_page, results, options);
+}
+
+std::string CurveSession::readout(Point place) const {
+  if (m_intervention.running() || !isInPlot(place)) return {};
+  const Point value = scaleOfPage(m_drawn, m_page, chartOptions()).valueAt(place);
+  const auto& [x, y] = kAxes.at(static_cast<std::size_t>(m_page) - 1);
+  return "x:" + FormatNumber(value.x, x.format) + x.unit + "   y:" + FormatNumber(value.y, y.format) + y.unit;
 }
 
 void CurveSession::setTablePage(TablePage page) {
@@ -96,7 +124,7 @@ void CurveSession::scrollList(int top) {
   showSample();
 }
 
-bool CurveSession::keyInList(ListKey key, CursorPlace cursor) {
+bool CurveSession::keyInList(CellKey key, CursorPlace cursor) {
   if (m_intervention.running() || !m_list.key(key, cursor)) return false;
   showSample();
   return true;
@@ -147,6 +175,13 @@ void CurveSession::selectTableCell(int labelIndex) {
   finishTyping();
   m_table.select(labelIndex);
   m_table.refresh(record());
+}
+
+bool CurveSession::keyInTable(CellKey key, CursorPlace cursor) {
+  if (!m_table.key(key, cursor)) return false;
+  finishTyping();
+  m_table.refresh(record());
+  return true;
 }
 
 std::optional<EditableField> CurveSession::fieldOf(Box box) const {

@@ -50,7 +50,9 @@ struct MenuEntryState {
 /// An edit box that lies over a label while the person types there.
 struct OverlayState {
   bool visible = false;
-  int labelIndex = 0;  // Label1(labelIndex) under Text1, Label2(labelIndex) under Text2
+  /// Label1(labelIndex) under Text1, Label2(labelIndex) under Text2. While the box isn't there the cell that it would
+  /// open on; -1: none.
+  int labelIndex = 0;
   std::string text;
 };
 
@@ -59,6 +61,7 @@ struct ListLine {
   std::string number;   // Label5(line)
   std::string project;  // Label1(2 line)
   std::string sample;   // Label1(2 line + 1)
+  bool operator==(const ListLine&) const = default;
 };
 
 /// A value behind its label, UTF-8.
@@ -126,6 +129,9 @@ class CurveSession {
   /// Draws the page on display on a canvas of 7050 x 4700 twips, as it was when it was last shown: an edit of the
   /// record alone doesn't change the picture.
   void draw(DrawingSurface& surface) const;
+  /// The values at a place of the canvas (twips) with their units, UTF-8. Empty beside the plot, and while a phase
+  /// runs, which has a readout of its own.
+  std::string readout(Point place) const;
   /// Counts the showings of a page and the changes of a phase; a canvas that has drawn this number is up to date.
   std::uint64_t pictureNumber() const { return m_pictureNumber + m_intervention.pictureNumber(); }
   /// Row of the sample tables that is on display, 0 to 1000.
@@ -137,7 +143,7 @@ class CurveSession {
   /// VScroll1: the chosen line stays, so another sample comes on display.
   void scrollList(int top);
   /// A key in `Text1`. True when it was one that leaves the cell; otherwise it belongs to the text.
-  bool keyInList(ListKey key, CursorPlace cursor);
+  bool keyInList(CellKey key, CursorPlace cursor);
 
   // Pages
   /// QUXIAN1 to QUXIAN6. QUXIAN2 and QUXIAN3 take the check from each other.
@@ -151,6 +157,8 @@ class CurveSession {
   /// A click on Label2(labelIndex): `Text2` is laid over a value of the results page that may be edited, and closed by
   /// a click on any other cell.
   void selectTableCell(int labelIndex);
+  /// A key in `Text2`. True when it was one that leaves the cell; otherwise it belongs to the text.
+  bool keyInTable(CellKey key, CursorPlace cursor);
 
   // Typing
   /// The box now holds this text (UTF-8). What GBK doesn't have and control characters are not taken, nor what is
@@ -162,6 +170,10 @@ class CurveSession {
   bool keyOnMethodField(int box, MethodKey key);
   /// Command8: stores the five strain limits and draws the page anew.
   void applyStrainLimits();
+
+  /// The page of the table as a spreadsheet takes it: two lines of heads, then all rows down to the last with a value,
+  /// cells parted by tabs; UTF-8.
+  std::string tableText() const { return m_table.wholePage(record()); }
 
   // 干预
   bool canIntervene() const { return Intervention::isPossible(record(), m_page); }
@@ -194,6 +206,7 @@ class CurveSession {
   };
 
   TriaxialSampleRecord& record() const;
+  ChartOptions chartOptions() const;
   /// Nothing for Text2 while it is closed.
   std::optional<EditableField> fieldOf(Box box) const;
 

@@ -54,7 +54,7 @@ void CurveSession::fillTable(CurveState& state) const {
   state.label2 = m_table.cells();
   state.tableTop = m_table.top();
   state.tableScrollMax = m_table.scrollMax();
-  if (m_table.openCell()) state.text2 = {true, m_table.openLabel(), boxText({BoxName::Text2})};
+  state.text2 = {m_table.openCell().has_value(), m_table.textLabel(), boxText({BoxName::Text2})};
 }
 
 CurveState CurveSession::state() const {

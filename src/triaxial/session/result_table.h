@@ -6,6 +6,7 @@
 #include <string>
 
 #include "triaxial/record.h"
+#include "triaxial/session/cell_keys.h"
 #include "triaxial/session/page_steps.h"
 #include "triaxial/session/result_rows.h"
 
@@ -29,8 +30,8 @@ class ResultTable {
   const std::array<std::string, kTableCells>& cells() const { return m_cells; }
   /// The value under Text2, while it is open.
   std::optional<ResultCell> openCell() const { return m_openCell; }
-  /// The label under Text2. Pre: a cell is open.
-  int openLabel() const;
+  /// The label under Text2; while it is closed the first that it could lie over, -1 when the page has none.
+  int textLabel() const;
 
   void reset() { *this = ResultTable(); }
   /// Another page closes Text2. The lines of the results page and the rows of the curves have nothing in common, so
@@ -41,12 +42,20 @@ class ResultTable {
   /// Opens Text2 over an editable value of the results page; any other cell closes it.
   void select(int labelIndex);
   void close() { m_openCell.reset(); }
+  /// A key in Text2: the arrows and Enter go to the next value that may be edited, scrolled into sight. True when the
+  /// key left the cell or would have but for the end of the table; false when it moves within the text.
+  bool key(CellKey key, CursorPlace cursor);
   /// Writes all texts anew from the record.
   void refresh(const TriaxialSampleRecord& record);
+  /// The page with all its rows down to the last with a value, and its heads in two lines; cells parted by tabs, UTF-8.
+  std::string wholePage(const TriaxialSampleRecord& record) const;
 
  private:
-  void refreshResults(const TriaxialSampleRecord& record);
-  void refreshRows(const TriaxialSampleRecord& record);
+  using TableRow = std::array<std::string, kTableColumns>;
+  std::size_t rowCount() const;
+  TableRow heads() const;
+  TableRow rowTexts(const TriaxialSampleRecord& record, std::size_t row) const;
+  bool moveCell(int step);
 
   TablePage m_page = TablePage::Stresses;
   int m_top = 0;

@@ -21,24 +21,24 @@ void SampleList::moveLine(int step) {
   if (!select(m_labelIndex + 2 * step)) scroll(m_top + step);
 }
 
-bool SampleList::key(ListKey key, CursorPlace cursor) {
+bool SampleList::key(CellKey key, CursorPlace cursor) {
   switch (key) {
-    case ListKey::Up:
+    case CellKey::Up:
       moveLine(-1);
       return true;
-    case ListKey::Down:
-    case ListKey::Enter:
+    case CellKey::Down:
+    case CellKey::Enter:
       moveLine(+1);
       return true;
-    case ListKey::PageUp:
+    case CellKey::PageUp:
       scroll(m_top - kPageStep);
       return true;
-    case ListKey::PageDown:
+    case CellKey::PageDown:
       scroll(m_top + kPageStep);
       return true;
-    case ListKey::Left:
+    case CellKey::Left:
       return cursor.atStart && select(m_labelIndex - 1);
-    case ListKey::Right:
+    case CellKey::Right:
       return cursor.atEnd && select(m_labelIndex + 1);
   }
   return false;

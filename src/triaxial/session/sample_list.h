@@ -1,25 +1,15 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
-#include <string>
 
 #include "store/workspace.h"
+#include "triaxial/session/cell_keys.h"
 
 namespace triaxlab {
 
 inline constexpr int kListLines = 20;
 /// The last value of `VScroll1`, at which row 1000 stands on the last line.
 inline constexpr int kListScrollMax = static_cast<int>(kTableRows) - kListLines;
-
-/// Keys of `Text1` that may leave the cell.
-enum class ListKey : std::uint8_t { Up, Down, Left, Right, Enter, PageUp, PageDown };
-
-/// Where the cursor of a text box stands; both in an empty text.
-struct CursorPlace {
-  bool atStart = true;
-  bool atEnd = true;
-};
 
 /// Which cell of the sample list is chosen. The cells are numbered as `Label1`: two for the heads, then project and
 /// sample of each line.
@@ -46,7 +36,7 @@ class SampleList {
   /// Held within the range.
   void scroll(int top);
   /// True when the key left the cell or would have but for the end of the list; false when it moves within the text.
-  bool key(ListKey key, CursorPlace cursor);
+  bool key(CellKey key, CursorPlace cursor);
 
  private:
   void moveLine(int step);

@@ -232,7 +232,7 @@ TEST_F(CurvePhaseTest, PageSampleAndMethodStayAsTheyAre) {
   session.applyStrainLimits();
   session.reprocess();
   session.enterIntervention();
-  EXPECT_FALSE(session.keyInList(ListKey::Down, {}));
+  EXPECT_FALSE(session.keyInList(CellKey::Down, {}));
   EXPECT_FALSE(session.keyOnMethodField(1, MethodKey::One));
   EXPECT_EQ(session.pictureNumber(), picture);
   EXPECT_EQ(session.sampleRow(), 0U);

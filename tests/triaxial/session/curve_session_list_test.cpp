@@ -106,7 +106,7 @@ TEST_F(CurveSessionList, SamplesBeyondTheVisibleListAreReachedByKeys) {
   fill(25);
   CurveSession session(workspace);
   session.selectLabel(3);
-  for (int i = 0; i < 24; ++i) EXPECT_TRUE(session.keyInList(ListKey::Down, kInside));
+  for (int i = 0; i < 24; ++i) EXPECT_TRUE(session.keyInList(CellKey::Down, kInside));
   EXPECT_EQ(session.state().text1.text, "S25");
   EXPECT_EQ(session.state().selectedLine, 20);
   EXPECT_EQ(session.state().listTop, 5);
@@ -117,9 +117,9 @@ TEST_F(CurveSessionList, KeysThatMoveWithinTheTextChangeNothing) {
   CurveSession session(workspace);
   session.selectLabel(2);
   const auto picture = session.pictureNumber();
-  EXPECT_FALSE(session.keyInList(ListKey::Right, kInside));
+  EXPECT_FALSE(session.keyInList(CellKey::Right, kInside));
   EXPECT_EQ(session.pictureNumber(), picture);
-  EXPECT_TRUE(session.keyInList(ListKey::Right, kAtEnd));
+  EXPECT_TRUE(session.keyInList(CellKey::Right, kAtEnd));
   EXPECT_EQ(session.state().text1.labelIndex, 3);
   EXPECT_EQ(session.state().text1.text, "S1");
 }

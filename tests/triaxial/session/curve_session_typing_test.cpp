@@ -91,7 +91,7 @@ TEST_F(CurveSessionTyping, NumbersOfProjectAndSampleAreStoredWithoutBlanksAround
 TEST_F(CurveSessionTyping, TheBoxOverAnotherRowShowsThatRow) {
   session.selectLabel(3);
   session.edit({BoxName::Text1}, "T1 ");
-  session.keyInList(ListKey::Down, {});
+  session.keyInList(CellKey::Down, {});
   EXPECT_EQ(session.state().text1.text, "T2");
   EXPECT_EQ(sample.sampleNo.trimmed(), "T1");
   EXPECT_EQ(fixture.sample(1).sampleNo.trimmed(), "T2");
@@ -302,7 +302,7 @@ TEST_F(CurveSessionTyping, ASampleIsTypedInFromNothing) {
   Workspace empty;
   CurveSession typing(empty);
   typing.edit({BoxName::Text1}, "GC9");
-  typing.keyInList(ListKey::Right, {});
+  typing.keyInList(CellKey::Right, {});
   typing.edit({BoxName::Text1}, "T1");
   typing.keyOnMethodField(1, MethodKey::Two);
   typing.keyOnMethodField(0, MethodKey::One);

@@ -47,7 +47,7 @@ void walk(CurveSession& session, const Workspace& workspace, std::mt19937& rando
       [&] { session.selectLabel(any(-1, 50)); },
       [&] { session.scrollList(any(-5, 3)); },
       [&] {
-        session.keyInList(static_cast<ListKey>(any(0, 6)), {any(0, 1) == 1, any(0, 1) == 1});
+        session.keyInList(static_cast<CellKey>(any(0, 6)), {any(0, 1) == 1, any(0, 1) == 1});
       },
       [&] { session.showPage(any(0, 7)); },
       [&] { session.previousPage(); },

@@ -49,61 +49,61 @@ TEST(SampleList, ScrollIsHeldWhereTheLastRowIsOnTheLastLine) {
 
 TEST(SampleList, DownAndEnterGoTwoCellsOnAndScrollAtTheBottom) {
   SampleList list;
-  EXPECT_TRUE(list.key(ListKey::Down, kInside));
+  EXPECT_TRUE(list.key(CellKey::Down, kInside));
   EXPECT_EQ(list.labelIndex(), 4);
-  EXPECT_TRUE(list.key(ListKey::Enter, kInside));
+  EXPECT_TRUE(list.key(CellKey::Enter, kInside));
   EXPECT_EQ(list.labelIndex(), 6);
   ASSERT_TRUE(list.select(41));
-  EXPECT_TRUE(list.key(ListKey::Down, kInside));
+  EXPECT_TRUE(list.key(CellKey::Down, kInside));
   EXPECT_EQ(list.labelIndex(), 41);
   EXPECT_EQ(list.top(), 1);
   EXPECT_EQ(list.row(), 20U);
   list.scroll(981);
-  EXPECT_TRUE(list.key(ListKey::Enter, kInside));
+  EXPECT_TRUE(list.key(CellKey::Enter, kInside));
   EXPECT_EQ(list.row(), 1000U);
 }
 
 TEST(SampleList, UpGoesTwoCellsBackAndScrollsAtTheTop) {
   SampleList list;
   ASSERT_TRUE(list.select(5));
-  EXPECT_TRUE(list.key(ListKey::Up, kInside));
+  EXPECT_TRUE(list.key(CellKey::Up, kInside));
   EXPECT_EQ(list.labelIndex(), 3);
-  EXPECT_TRUE(list.key(ListKey::Up, kInside));
+  EXPECT_TRUE(list.key(CellKey::Up, kInside));
   EXPECT_EQ(list.row(), 0U);
   list.scroll(7);
-  EXPECT_TRUE(list.key(ListKey::Up, kInside));
+  EXPECT_TRUE(list.key(CellKey::Up, kInside));
   EXPECT_EQ(list.labelIndex(), 3);
   EXPECT_EQ(list.row(), 6U);
 }
 
 TEST(SampleList, LeftAndRightLeaveTheCellAtTheEndsOfTheText) {
   SampleList list;
-  EXPECT_FALSE(list.key(ListKey::Right, kInside));
-  EXPECT_FALSE(list.key(ListKey::Right, kAtStart));
+  EXPECT_FALSE(list.key(CellKey::Right, kInside));
+  EXPECT_FALSE(list.key(CellKey::Right, kAtStart));
   EXPECT_EQ(list.labelIndex(), 2);
-  EXPECT_TRUE(list.key(ListKey::Right, kAtEnd));
+  EXPECT_TRUE(list.key(CellKey::Right, kAtEnd));
   EXPECT_EQ(list.labelIndex(), 3);
-  EXPECT_FALSE(list.key(ListKey::Left, kAtEnd));
-  EXPECT_TRUE(list.key(ListKey::Left, kAtStart));
+  EXPECT_FALSE(list.key(CellKey::Left, kAtEnd));
+  EXPECT_TRUE(list.key(CellKey::Left, kAtStart));
   EXPECT_EQ(list.labelIndex(), 2);
-  EXPECT_FALSE(list.key(ListKey::Left, kAtStart));  // the heads are no cells
+  EXPECT_FALSE(list.key(CellKey::Left, kAtStart));  // the heads are no cells
   EXPECT_EQ(list.labelIndex(), 2);
   ASSERT_TRUE(list.select(41));
-  EXPECT_FALSE(list.key(ListKey::Right, kAtEnd));
+  EXPECT_FALSE(list.key(CellKey::Right, kAtEnd));
   EXPECT_EQ(list.labelIndex(), 41);
 }
 
 TEST(SampleList, PageKeysScrollByThreeWithinTheRange) {
   SampleList list;
   ASSERT_TRUE(list.select(10));
-  EXPECT_TRUE(list.key(ListKey::PageDown, kInside));
+  EXPECT_TRUE(list.key(CellKey::PageDown, kInside));
   EXPECT_EQ(list.top(), 3);
   EXPECT_EQ(list.labelIndex(), 10);
-  EXPECT_TRUE(list.key(ListKey::PageUp, kInside));
-  EXPECT_TRUE(list.key(ListKey::PageUp, kInside));
+  EXPECT_TRUE(list.key(CellKey::PageUp, kInside));
+  EXPECT_TRUE(list.key(CellKey::PageUp, kInside));
   EXPECT_EQ(list.top(), 0);
   list.scroll(980);
-  EXPECT_TRUE(list.key(ListKey::PageDown, kInside));
+  EXPECT_TRUE(list.key(CellKey::PageDown, kInside));
   EXPECT_EQ(list.top(), 981);
 }
 
