@@ -127,6 +127,21 @@ TEST_F(NewQvb, WithoutASectionTheLoadStays) {
   EXPECT_EQ(only({.testMethod = 4, .dial = {{1, 5001}}}), "1000.2");
 }
 
+TEST_F(NewQvb, ALoadIsCutAtSixPlaces) {
+  // 3276.7 divisions x 32.767 N = 107367.6 N, and 1234.5 x 10 = 12345.0.
+  EXPECT_EQ(only({.initialArea = 0, .ringCoefficient = 32767, .dial = {{1, 32767}}}), "107367");
+  EXPECT_EQ(only({.initialArea = 0, .ringCoefficient = 10000, .dial = {{1, 12345}}}), "12345.");
+  EXPECT_EQ(only({.initialArea = 0, .dial = {{1, -5000}}}), "-1000.");
+  // What is cut off doesn't go into the stress: 0.996 x 107367 x 10 / 6 = 178229.22, with the tenths 178230.2.
+  EXPECT_EQ(only({.initialArea = 600, .ringCoefficient = 32767, .dial = {{1, 32767}}}), "178229");
+}
+
+TEST_F(NewQvb, LoadsAreRoundedToOneDecimalFirst) {
+  // 0.7 divisions x 0.5 N = 0.35 N, so 0.4: 0.996 x 0.4 x 10 / 0.01 = 398.4. 0.6 x 0.05 = 0.03 is no load.
+  EXPECT_EQ(only({.initialArea = 1, .ringCoefficient = 500, .dial = {{1, 7}}}), "398");
+  EXPECT_EQ(only({.initialArea = 1, .ringCoefficient = 50, .dial = {{1, 6}}}), "0.0");
+}
+
 TEST_F(NewQvb, Mode3IsMode2WithTheFlag) {
   EXPECT_EQ(only({.shearMode = 3, .dial = {{1, 5000}}}), "832");
   EXPECT_EQ(row(0).shearMode, 2);
