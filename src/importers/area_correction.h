@@ -40,20 +40,33 @@ std::optional<DrainedFactors> drainedFactors(std::int16_t initialHeight, std::in
 /// to 0.
 std::optional<double> drainedSection(double consolidatedArea, double consolidatedHeight, double drained, double strain);
 
+/// The strain of each row of a slot. It runs on from the earlier stages of the specimen, but not in a CU test.
+class RowStrains {
+ public:
+  RowStrains(const TriaxialSampleRecord& record, std::size_t slot)
+      : m_step(shearStep(record)),
+        m_used(record.shearMode == 2 && record.testMethod != kCU ? strainOfEarlierStages(record, slot) : 0) {}
+  double of(std::size_t row) const { return static_cast<double>(row + 1) * m_step + m_used; }
+
+ private:
+  double m_step, m_used;
+};
+
+/// The volume that a row has drained, whatever its sign.
+inline double drainedVolume(const TriaxialSampleRecord& record, std::size_t row, std::size_t slot) {
+  return std::abs(record.volumeChange[row][slot] / 100.0);
+}
+
 /// Replaces the readings of a slot, rows without one apart, by what `correct(reading, strain, drained volume)` makes of
-/// them, an std::optional<double> in kPa; nothing leaves the row as it is. The strain runs on from the earlier stages
-/// of the specimen, but not in a CU test.
+/// them, an std::optional<double> in kPa; nothing leaves the row as it is.
 template <class Correct>
 void correctForArea(TriaxialSampleRecord& record, std::size_t slot, Correct&& correct) {
-  const bool runsOn = record.shearMode == 2 && record.testMethod != kCU;
-  const double used = runsOn ? strainOfEarlierStages(record, slot) : 0;
-  const double step = shearStep(record);
+  const RowStrains strains(record, slot);
   for (std::size_t row = 0; row < kCorrectedRows; ++row) {
     FixedText<6>& stress = record.deviatorStress[row][slot];
     const double reading = stress.number();
     if (reading == 0) continue;
-    const double drained = std::abs(record.volumeChange[row][slot] / 100.0);
-    const std::optional<double> corrected = correct(reading, static_cast<double>(row + 1) * step + used, drained);
+    const std::optional<double> corrected = correct(reading, strains.of(row), drainedVolume(record, row, slot));
     if (corrected) SetNumber(stress, *corrected, NumberFormat::Whole);
   }
 }

@@ -8,6 +8,7 @@
 #include <fmt/core.h>
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -203,8 +204,8 @@ class SpecimenFiller {
     fillMeasures();
     fillConsolidatedSize();
     fillConsolidation();
-    fillShear();
-    correctForArea(m_row, m_slot, LoadCorrection(m_row, m_slot));
+    fillPoreAndVolume();
+    fillStress();
   }
 
  private:
@@ -246,25 +247,48 @@ class SpecimenFiller {
       m_row.consolidationVolume[k][m_slot] = fromSignAndMagnitude(readingOrZero(m_raw.rawConsolidationVolume[k]));
   }
 
-  /// Loads, to one decimal; the correction turns them into stresses.
-  void fillShear() {
-    const double coefficient = m_raw.rawRingCoefficient;
+  bool hasReading(std::size_t reading) const { return readingOrZero(m_raw.rawDial[reading]) != 0; }
+
+  /// The last dial reading has neither.
+  void fillPoreAndVolume() {
     for (std::size_t reading = 1; reading < kImportedShearRows; ++reading) {
-      const std::int16_t dial = readingOrZero(m_raw.rawDial[reading]);
-      if (dial == 0) continue;
+      if (!hasReading(reading)) continue;
       const std::size_t row = reading - 1;
-      SetNumber(m_row.deviatorStress[row][m_slot], dial / 10.0 * coefficient / 1000, NumberFormat::Tenths);
-      fillPoreAndVolume(reading, row);
+      const bool exists = reading < kPoreWords;
+      if (exists && m_raw.rawPore[reading] != kNoReading)
+        SetNumber(m_row.porePressure[row][m_slot], wholeOfTenths(fromSignAndMagnitude(m_raw.rawPore[reading])),
+                  NumberFormat::Whole);
+      m_row.volumeChange[row][m_slot] = exists ? readingOrZero(m_raw.rawVolume[reading]) : std::int16_t{0};
     }
   }
 
-  /// The last dial reading has neither.
-  void fillPoreAndVolume(std::size_t reading, std::size_t row) {
-    const bool exists = reading < kPoreWords;
-    if (exists && m_raw.rawPore[reading] != kNoReading)
-      SetNumber(m_row.porePressure[row][m_slot], wholeOfTenths(fromSignAndMagnitude(m_raw.rawPore[reading])),
-                NumberFormat::Whole);
-    m_row.volumeChange[row][m_slot] = exists ? readingOrZero(m_raw.rawVolume[reading]) : std::int16_t{0};
+  /// Every load becomes a stress, as far as it can be corrected, and so does what an earlier test at this pressure left
+  /// in a row that has no reading now.
+  void fillStress() {
+    const RowStrains strains(m_row, m_slot);
+    const LoadCorrection correction(m_row, m_slot);
+    for (std::size_t row = 0; row + 1 < kImportedShearRows; ++row) {
+      FixedText<6>& stress = m_row.deviatorStress[row][m_slot];
+      const bool isRead = hasReading(row + 1);
+      const double load = isRead ? loadOf(row + 1, stress) : stress.number();
+      std::optional<double> corrected;
+      if (load != 0 && row < kCorrectedRows)
+        corrected = correction(load, strains.of(row), drainedVolume(m_row, row, m_slot));
+      if (corrected)
+        SetNumber(stress, *corrected, NumberFormat::Whole);
+      else if (isRead)
+        SetNumber(stress, load, NumberFormat::Tenths);
+    }
+  }
+
+  /// The load in N as its text to one decimal reads. Its words, tenths of a division and thousandths of a newton, have
+  /// a whole product, so it is rounded without the text; only a load that doesn't fit the six places goes through it.
+  double loadOf(std::size_t reading, FixedText<6>& text) const {
+    constexpr double kBeyond = 99999.5, kBeyondNegative = -9999.5;
+    const auto product = static_cast<double>(m_raw.rawDial[reading] * m_raw.rawRingCoefficient);
+    const double tenths = std::round(product / 1000);
+    if (tenths > kBeyondNegative && tenths < kBeyond) return tenths / 10;
+    return SetAndRead(text, product / 10000, NumberFormat::Tenths);
   }
 
   const NewQvbSpecimenRecord& m_raw;
