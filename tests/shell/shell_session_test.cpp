@@ -422,6 +422,36 @@ TEST_F(Shell, ASaveThatFailsIsShownAndKeepsTheMark) {
   EXPECT_TRUE(windows.form1->changed);
 }
 
+// ---- Tables of readings
+
+TEST_F(Shell, TheDataTableIsOpenedForTheCurveWindow) {
+  EXPECT_FALSE(shell.trigger("SHUJUBIAO"));
+  openDocument();
+  EXPECT_TRUE(shell.trigger("SHUJUBIAO"));
+  EXPECT_THAT(windows.take(), ElementsAre("load 2"));
+  EXPECT_EQ(lab.workspace.activeDocument, kForm2);
+  EXPECT_TRUE(isOn("QUXIAN1"));
+  shell.showTable(kForm7);
+  EXPECT_THAT(windows.take(), ElementsAre("load 7"));
+  EXPECT_EQ(lab.workspace.activeDocument, kForm7);
+}
+
+TEST_F(Shell, WhatIsBeingTypedIsStoredBeforeACommandActs) {
+  openDocument();
+  windows.form1->typing = true;
+  EXPECT_TRUE(shell.trigger("QUXIAN1"));
+  EXPECT_FALSE(windows.form1->typing);
+  EXPECT_TRUE(windows.form1->changed);
+}
+
+TEST_F(Shell, WhatIsBeingTypedCountsForTheQuestionOfClosing) {
+  openDocument();
+  windows.form1->typing = true;
+  dialogs.answers = {true};
+  EXPECT_TRUE(shell.mayClose(kForm1));
+  EXPECT_THAT(dialogs.take(), ElementsAre(kQuestion, kSaved));
+}
+
 // ---- Closing
 
 TEST_F(Shell, AnUnchangedDocumentClosesWithoutAQuestion) {

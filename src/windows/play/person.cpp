@@ -110,9 +110,13 @@ void doubleClickMouse(QWidget* widget, QPoint place) {
 }
 
 void turnWheel(QWidget* widget, QPoint place, int notches, Qt::KeyboardModifiers modifiers) {
-  QWheelEvent event(place, widget->mapToGlobal(place), QPoint(), QPoint(0, notches * kWheelNotch), Qt::NoButton,
-                    modifiers, Qt::NoScrollPhase, false);
-  QApplication::sendEvent(widget, &event);
+  // The toolkit hands only events of the screen on to what lies below when a widget leaves them.
+  for (QWidget* at = widget; at != nullptr; at = at->isWindow() ? nullptr : at->parentWidget()) {
+    QWheelEvent event(widget->mapTo(at, place), widget->mapToGlobal(place), QPoint(), QPoint(0, notches * kWheelNotch),
+                      Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(at, &event);
+    if (event.isAccepted()) return;
+  }
 }
 
 KeyStroke keyStroke(const QString& name) {
