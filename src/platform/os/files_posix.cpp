@@ -188,13 +188,16 @@ std::size_t File::readAt(std::uint64_t offset, std::span<std::byte> into) const 
 }
 
 void File::writeAt(std::uint64_t offset, std::span<const std::byte> from) {
+  constexpr std::size_t kAtOnce = std::size_t{4} << 20;
   std::size_t done = 0;
   while (done < from.size()) {
-    const ssize_t put = repeatInterrupted([&] {
-      return pwrite(m_descriptor, from.data() + done, from.size() - done, static_cast<off_t>(offset + done));
-    });
+    const auto at = static_cast<off_t>(offset + done);
+    const std::size_t size = std::min(kAtOnce, from.size() - done);
+    const ssize_t put = repeatInterrupted([&] { return pwrite(m_descriptor, from.data() + done, size, at); });
     if (put < 0) fail("写入文件", m_path, errno);
     done += static_cast<std::size_t>(put);
+    // The disk takes what is there already while the next bytes are copied. A hint: the sync finds out what failed.
+    if (from.size() > kAtOnce) sync_file_range(m_descriptor, at, put, SYNC_FILE_RANGE_WRITE);
   }
 }
 
@@ -223,7 +226,8 @@ void File::copyContentOf(const File& from) {
 }
 
 void File::sync() {
-  if (repeatInterrupted([&] { return fsync(m_descriptor); }) != 0) fail("写入文件", m_path, errno);
+  // Content and size; the times of the file may come later.
+  if (repeatInterrupted([&] { return fdatasync(m_descriptor); }) != 0) fail("写入文件", m_path, errno);
 }
 
 bool fileExists(const std::filesystem::path& path) {
