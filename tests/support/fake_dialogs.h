@@ -19,6 +19,7 @@ class FakeDialogs : public Dialogs {
  public:
   std::vector<std::string> shown;
   std::deque<bool> answers;
+  std::vector<FileQuestion> fileQuestions;        // all of them cancelled
   std::deque<std::optional<std::string>> inputs;  // nothing: the person cancels
 
   void message(std::string_view title, std::string_view text, MessageIcon icon) override { note(title, text, icon); }
@@ -26,7 +27,10 @@ class FakeDialogs : public Dialogs {
     note(title, text, icon);
     return next(answers);
   }
-  std::optional<std::filesystem::path> chooseFile(const FileQuestion&) override { return std::nullopt; }
+  std::optional<std::filesystem::path> chooseFile(const FileQuestion& question) override {
+    fileQuestions.push_back(question);
+    return std::nullopt;
+  }
   std::optional<std::filesystem::path> chooseFileToSave(const FileQuestion&) override { return std::nullopt; }
   std::optional<std::string> input(std::string_view title, std::string_view prompt, std::string_view value) override {
     note(title, std::string(prompt) + " = " + std::string(value), MessageIcon::None);
