@@ -109,7 +109,7 @@ void doubleClickMouse(QWidget* widget, QPoint place) {
   if (alive) sendMouse(widget, place, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
 }
 
-void turnWheel(QWidget* widget, QPoint place, int notches, Qt::KeyboardModifiers modifiers) {
+void turnWheel(QWidget* widget, QPointF place, int notches, Qt::KeyboardModifiers modifiers) {
   // The toolkit hands only events of the screen on to what lies below when a widget leaves them.
   for (QWidget* at = widget; at != nullptr; at = at->isWindow() ? nullptr : at->parentWidget()) {
     QWheelEvent event(widget->mapTo(at, place), widget->mapToGlobal(place), QPoint(), QPoint(0, notches * kWheelNotch),

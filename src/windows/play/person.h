@@ -18,7 +18,7 @@ void moveMouse(QWidget* widget, QPointF place, MouseMotion motion);
 void clickMouse(QWidget* widget, QPoint place);
 void doubleClickMouse(QWidget* widget, QPoint place);
 /// Notches away from the person are positive.
-void turnWheel(QWidget* widget, QPoint place, int notches, Qt::KeyboardModifiers modifiers);
+void turnWheel(QWidget* widget, QPointF place, int notches, Qt::KeyboardModifiers modifiers);
 
 struct KeyStroke {
   int key = 0;  // Qt::Key

@@ -130,7 +130,7 @@ void wheel(Arguments& arguments, Stage&) {
   const std::string modifier = arguments.isEmpty() ? "" : arguments.word("Ctrl");
   arguments.end();
   if (!modifier.empty() && modifier != "Ctrl") throw ScriptError("not Ctrl: " + modifier);
-  turnWheel(at.canvas, at.place.toPoint(), notches, modifier.empty() ? Qt::NoModifier : Qt::ControlModifier);
+  turnWheel(at.canvas, at.place, notches, modifier.empty() ? Qt::NoModifier : Qt::ControlModifier);
 }
 
 // ---- keyboard

@@ -1,0 +1,280 @@
+// The curve window as a person has it in hand: what fields take of a bad text, the clipboard, tips, the way of Tab.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QHelpEvent>
+#include <QImage>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <string>
+#include <vector>
+
+#include "common/gbk.h"
+#include "lone_application.h"
+#include "shell/fakes.h"
+#include "windows/canvas_widget.h"
+#include "windows/play/person.h"
+#include "windows/triaxial_curve_window.h"
+#include "windows/words.h"
+
+namespace triaxlab::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::StartsWith;
+
+TriaxialSampleRecord sample() {
+  TriaxialSampleRecord record;
+  SetText(record.projectNo, "P1");
+  SetText(record.sampleNo, "T1");
+  record.testMethod = kCU;
+  record.shearMode = 1;
+  SetText(record.cellPressure[0], "100");
+  for (std::size_t row = 0; row < 3; ++row) {
+    SetNumber(record.deviatorStress[row][0], 30.0 * static_cast<double>(row + 1), NumberFormat::Whole);
+    record.axialStrain[row][0] = static_cast<float>(row + 1);
+  }
+  return record;
+}
+
+/// The window on page 3 with one sample.
+class CurveWindow : public ::testing::Test {
+ protected:
+  CurveWindow() {
+    makeApplication();
+    workspace.settings.habits.controlledDocNo = true;
+    workspace.TriaxialSampleTable[0] = sample();
+    form = std::make_unique<Form1>(workspace, dialogs, shell);
+    form->show();
+    form->showPage(CurvePage::StressDifferenceEnvelope);
+  }
+
+  template <class Widget = QLineEdit>
+  Widget* find(const char* name) const {
+    auto* const widget = form->findChild<Widget*>(name);
+    EXPECT_NE(widget, nullptr) << name;
+    return widget;
+  }
+  static void press(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    pressKey(widget, {key, modifiers, {}});
+  }
+  /// Pastes over what the box holds.
+  static void paste(QLineEdit* box, const QString& text) {
+    QGuiApplication::clipboard()->setText(text);
+    box->setFocus();
+    box->selectAll();
+    press(box, Qt::Key_V, Qt::ControlModifier);
+  }
+  /// The tip beside the mouse. One that is shown goes only after a while: ask for the empty ones first.
+  static QString tipOf(QWidget* widget) {
+    const QPoint middle = widget->rect().center();
+    QHelpEvent event(QEvent::ToolTip, middle, widget->mapToGlobal(middle));
+    QApplication::sendEvent(widget, &event);
+    return QToolTip::isVisible() ? QToolTip::text() : QString();
+  }
+
+  Workspace workspace;
+  FakeDialogs dialogs;
+  FakeWindows windows;
+  ShellSession shell{workspace, dialogs, windows};
+  std::unique_ptr<Form1> form;
+};
+
+// ---- bad texts
+
+/// Each field by its name with the bytes that it takes.
+struct Field {
+  const char* name;
+  int width;
+};
+constexpr Field kFields[] = {
+    {"Text1", 15},    {"Text3", 15},    {"Text4", 5},     {"Text7(0)", 6}, {"Text7(4)", 6}, {"Text7(5)", 15},
+    {"Text7(6)", 15}, {"Text7(7)", 30}, {"Text8(0)", 6},  {"Text8(4)", 6}, {"Text5", 120},  {"TextW(0)", 60},
+    {"TextW(1)", 60}, {"TextW(2)", 60}, {"TextW(3)", 60}, {"Text9", 100},
+};
+
+class BadText : public CurveWindow {
+ protected:
+  BadText() { clickMouse(find<QWidget>("Label1(2)"), {5, 5}); }
+};
+
+TEST_F(BadText, AHugePasteIsCutAtTheFieldsWidth) {
+  for (const auto& [name, width] : kFields) {
+    paste(find(name), QString(20 * 1024, '7'));
+    EXPECT_EQ(find(name)->text(), QString(width, '7')) << name;
+  }
+}
+
+TEST_F(BadText, NoCharacterIsCutInTheMiddle) {
+  for (const auto& [name, width] : kFields) {
+    paste(find(name), QString(7 * 1024, u'土'));  // 21 kB in UTF-8, two bytes each in a field
+    EXPECT_EQ(find(name)->text(), QString(width / 2, u'土')) << name;
+  }
+}
+
+TEST_F(BadText, WhatNoRecordCanHoldIsNotTaken) {
+  for (const auto& [name, width] : kFields) {
+    paste(find(name), QString::fromUtf8("1\x01\t😀2ಠ\r\n\x7F\u200b3"));
+    EXPECT_EQ(find(name)->text(), "123") << name;
+  }
+}
+
+TEST_F(BadText, ATextOfNothingButThatLeavesAnEmptyField) {
+  for (const auto& [name, width] : kFields) {
+    paste(find(name), QString::fromUtf8("😀ಠ\n\t"));
+    EXPECT_EQ(find(name)->text(), "") << name;
+  }
+}
+
+TEST_F(BadText, FullWidthDigitsAreTextAndNoNumber) {
+  paste(find("Text7(1)"), "２００");
+  EXPECT_EQ(find("Text7(1)")->text(), "２００");
+  EXPECT_EQ(workspace.TriaxialSampleTable[0].cellPressure[1].number(), 0);
+  // A limit that reads as 0 is out of range and becomes the usual one.
+  paste(find("Text8(0)"), "１２");
+  press(find<QWidget>("Command8"), Qt::Key_Space);
+  EXPECT_EQ(find("Text8(0)")->text(), "15.0");
+}
+
+TEST_F(BadText, TheNextKeyGoesOnBehindAPaste) {
+  QLineEdit* const box = find("Text3");
+  paste(box, QString::fromUtf8("a😀b"));
+  pressKey(box, {Qt::Key_C, Qt::NoModifier, "c"});
+  EXPECT_EQ(box->text(), "abc");
+}
+
+TEST_F(BadText, ValuesOfTheResultsTakeTheirWidth) {
+  clickMouse(find<QWidget>("Label2(2)"), {5, 5});
+  QLineEdit* const box = find("Text2");
+  ASSERT_TRUE(box->isVisible());
+  paste(box, QString(20 * 1024, '7'));
+  EXPECT_EQ(box->text(), "777777");
+  paste(box, QString::fromUtf8("1\n😀2"));
+  EXPECT_EQ(box->text(), "12");
+}
+
+TEST_F(BadText, NumbersOfACorrectionTakeTenBytes) {
+  form->showPage(CurvePage::StressStrain);
+  form->enterIntervention();
+  for (const char* const name : {"Text10", "Text11"}) {
+    paste(find(name), QString(20 * 1024, '7'));
+    EXPECT_EQ(find(name)->text(), QString(10, '7')) << name;
+    paste(find(name), QString::fromUtf8("１😀\n"));
+    EXPECT_EQ(find(name)->text(), "１") << name;
+  }
+  // No number: the box that refuses it comes, and no curve changes.
+  press(find<QWidget>("Command6"), Qt::Key_Space);
+  EXPECT_THAT(dialogs.take(), ElementsAre("stop [修改三轴试验数据] 乘以不合理数据将会得到错误结果..."));
+  dialogs.answers = {false};
+  form->leaveIntervention(dialogs);
+}
+
+// ---- the clipboard
+
+TEST_F(CurveWindow, CtrlCOnTheChartCopiesItsPicture) {
+  QGuiApplication::clipboard()->clear();
+  auto* const canvas = find<CanvasWidget>("Picture1");
+  canvas->setFocus();
+  press(canvas, Qt::Key_C, Qt::ControlModifier);
+  const QImage picture = QGuiApplication::clipboard()->image();
+  EXPECT_EQ(picture.size(), canvas->size() * 3);
+  EXPECT_EQ(picture.pixelColor(2, 2), QColor(Qt::white));
+  EXPECT_EQ(picture.pixelColor(3 * 700 / 15, 3 * 2000 / 15), QColor(0x80, 0x80, 0x80)) << "the left edge of the plot";
+}
+
+TEST_F(CurveWindow, CtrlCOnTheTableCopiesItsText) {
+  form->showPage(CurvePage::StressStrain);
+  clickMouse(find<QWidget>("Label2(17)"), {5, 5});
+  press(form->focusWidget(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_THAT(utf8(QGuiApplication::clipboard()->text()),
+              StartsWith("P1\t\t\tP2\t\t\tP3\t\t\tP4\t\t\tP5\t\t\n垂直应变\t"));
+}
+
+TEST_F(CurveWindow, CtrlCInABoxCopiesWhatIsSelectedThere) {
+  QLineEdit* const box = find("Text7(0)");
+  box->setFocus();
+  box->setSelection(1, 2);
+  press(box, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "00");
+}
+
+// ---- a closer look
+
+TEST_F(CurveWindow, TheChartIsLargerUntilADoubleClick) {
+  auto* const canvas = find<CanvasWidget>("Picture1");
+  const QImage whole = canvas->grab().toImage();
+  turnWheel(canvas, {100, 100}, 3, Qt::ControlModifier);
+  EXPECT_NE(canvas->grab().toImage(), whole);
+  doubleClickMouse(canvas, {200, 200});
+  EXPECT_EQ(canvas->grab().toImage(), whole);
+  turnWheel(canvas, {100, 100}, 3, Qt::ControlModifier);
+  turnWheel(canvas, {300, 200}, -3, Qt::ControlModifier);
+  EXPECT_EQ(canvas->grab().toImage(), whole) << "turned back";
+}
+
+TEST_F(CurveWindow, ADragMovesTheLargerChart) {
+  auto* const canvas = find<CanvasWidget>("Picture1");
+  std::vector<Point> told;
+  QObject::connect(canvas, &CanvasWidget::mouseAt, form.get(), [&told](Point place, bool) { told.push_back(place); });
+  // Four notches about the left upper corner: 1.25^4 = 2.4414, so 300 pixels are 4500 / 2.4414 = 1843 twips.
+  turnWheel(canvas, {0, 0}, 4, Qt::ControlModifier);
+  moveMouse(canvas, {300, 200}, MouseMotion::Press);
+  moveMouse(canvas, {200, 200}, MouseMotion::Drag);
+  moveMouse(canvas, {200, 200}, MouseMotion::Release);
+  // What was held stays under the mouse.
+  EXPECT_THAT(told, ElementsAre(Point{1843, 1229}, Point{1843, 1229}));
+}
+
+// ---- tips
+
+TEST_F(CurveWindow, ATextThatIsCutIsToldInFull) {
+  QLineEdit* const box = find("Text7(0)");
+  EXPECT_EQ(tipOf(box), "");
+  paste(find("Text9"), QString(100, 'w'));
+  EXPECT_EQ(tipOf(find("Text9")), QString(100, 'w'));
+}
+
+TEST_F(CurveWindow, AHeadThatIsCondensedIsToldInFull) {
+  form->showPage(CurvePage::PorePressure);
+  EXPECT_EQ(tipOf(find<QWidget>("StageHead(0)")), "");
+  EXPECT_EQ(tipOf(find<QWidget>("ColumnHead(2)")), "孔隙压力(kPa)");
+}
+
+// ---- the way of Tab
+
+TEST_F(CurveWindow, TabComesToEveryControlInTheOrderOfReading) {
+  std::vector<std::string> way;
+  const QWidget* at = form.get();
+  do {
+    if (at != form.get() && at->isVisible() && at->isEnabled() && (at->focusPolicy() & Qt::TabFocus) != 0)
+      way.push_back(utf8(at->objectName()));
+    at = at->nextInFocusChain();
+  } while (at != form.get());
+  EXPECT_THAT(way, ElementsAre("Label1(2)", "VScroll1", "Picture1", "Command3", "Command4", "Text3", "Text4",
+                               "Text6(0)", "Text6(1)", "Text7(5)", "Text7(6)", "Text7(7)", "Text7(0)", "Text7(1)",
+                               "Text7(2)", "Text7(3)", "Text7(4)", "Text8(0)", "Text8(1)", "Text8(2)", "Text8(3)",
+                               "Text8(4)", "Command8", "Command5", "Command1", "Command2", "Label2(2)", "VScroll2",
+                               "Text5", "TextW(0)", "TextW(1)", "TextW(2)", "TextW(3)", "Text9"));
+}
+
+TEST_F(CurveWindow, TabIntoACellOpensTheBoxThere) {
+  QApplication::setActiveWindow(form.get());
+  find("Text9")->setFocus();
+  press(find("Text9"), Qt::Key_Tab);
+  EXPECT_TRUE(find("Text1")->isVisible());
+  EXPECT_EQ(form->focusWidget(), find("Text1"));
+  find<QWidget>("Command2")->setFocus();
+  press(find<QWidget>("Command2"), Qt::Key_Tab);
+  EXPECT_EQ(form->focusWidget(), find("Text2"));
+  EXPECT_EQ(find("Text2")->text(), "100");
+  press(find("Text2"), Qt::Key_Tab);
+  EXPECT_EQ(form->focusWidget(), find<QWidget>("VScroll2"));
+}
+
+}  // namespace
+}  // namespace triaxlab::testing
