@@ -23,6 +23,7 @@ struct FieldRow {
   std::size_t size = 0;
   std::string name;
   std::string type;
+  std::string unit;  // empty where there is none
   std::string content;
 };
 using FieldRows = std::vector<FieldRow>;
@@ -85,10 +86,13 @@ void addRows(FieldRows& rows, std::size_t start, std::string_view prefix) {
     using Value = typename std::decay_t<decltype(field)>::Value;
     const auto* const member = reinterpret_cast<const std::byte*>(&(record.*field.member));
     const auto offset = static_cast<std::size_t>(member - reinterpret_cast<const std::byte*>(&record));
-    std::string content(field.content);
-    if (!field.unit.empty()) content += fmt::format("{}{}", content.empty() ? "" : ", ", field.unit);
-    addMember<Value>(
-        rows, {start + offset, sizeof(Value), fmt::format("{}{}", prefix, field.name), {}, std::move(content)}, prefix);
+    FieldRow row{start + offset,
+                 sizeof(Value),
+                 fmt::format("{}{}", prefix, field.name),
+                 {},
+                 std::string(field.unit),
+                 std::string(field.content)};
+    addMember<Value>(rows, std::move(row), prefix);
   });
 }
 

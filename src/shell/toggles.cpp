@@ -11,10 +11,11 @@ namespace {
 using T = Toggles;
 // The two circle bytes are inverted, so that a new file prints both.
 constexpr std::array kToggleBytes{
-    ToggleByte{kDotMatrixByte.position, &T::dotMatrixPrinter, 1, 0, ""},
+    ToggleByte{kDotMatrixByte.position, &T::dotMatrixPrinter, 1, 0, "", "dot-matrix printer, thinner lines"},
     ToggleByte{1765, &T::showPhysicalIndices, 1, 0, "WXCS"},
-    ToggleByte{kEffectiveCirclesByte.position, &T::printEffectiveCircles, 0, 1, ""},
-    ToggleByte{kTotalCirclesByte.position, &T::printTotalCircles, 0, 1, ""},
+    ToggleByte{kEffectiveCirclesByte.position, &T::printEffectiveCircles, 0, 1, "",
+               "effective-stress circles on paper"},
+    ToggleByte{kTotalCirclesByte.position, &T::printTotalCircles, 0, 1, "", "total-stress circles on paper"},
     ToggleByte{3010, &T::printDensity, 1, 0, "MIDU"},
     ToggleByte{3011, &T::printSamplingSpot, 1, 0, "DYQYDD"},
     ToggleByte{27000, &T::sixteenUnconfined, 1, 0, "WCX16"},

@@ -13,8 +13,9 @@ namespace triaxlab {
 struct ToggleByte {
   std::uint32_t position;  // 1-based
   bool Toggles::*toggle;
-  std::uint8_t on, off;      // what is written; every other value reads as off
-  std::string_view command;  // its checked menu entry; empty: a choice of the print dialogs
+  std::uint8_t on, off;           // what is written; every other value reads as off
+  std::string_view command;       // its checked menu entry; empty: a choice of the print dialogs
+  std::string_view meaning = {};  // English, of what has no menu entry, for the page about the file
 };
 
 std::span<const ToggleByte> toggleBytes();

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace triaxlab::formats {
+
+/// A page of docs/formats.
+struct FormatPage {
+  std::string_view file;     // name in the folder
+  std::string_view subject;  // what the index says of it
+  std::string (*markdown)();
+};
+
+/// All pages but the index, in its order.
+std::span<const FormatPage> formatPages();
+/// README.md: conventions that all formats share, and the other pages.
+std::string indexPage();
+
+std::string projectFilesPage();
+std::string triaxialRecordPage();
+std::string unconfinedRecordPage();
+std::string k0RecordPage();
+std::string tk0RecordPage();
+std::string oldProjectFilesPage();
+std::string summaryFilePage();
+std::string physicalDataPage();
+std::string binarySettingsPage();
+std::string textSettingsPage();
+std::string journalPage();
+std::string backupsPage();
+std::string automaticPage();
+std::string qvb98Page();
+std::string newQvbPage();
+std::string manualPage();
+std::string nanjingPage();
+
+}  // namespace triaxlab::formats

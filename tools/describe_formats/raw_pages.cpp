@@ -1,0 +1,157 @@
+#include <fmt/format.h>
+
+#include "format_pages.h"
+#include "importers/raw_layouts.h"
+#include "page.h"
+
+namespace triaxlab::formats {
+namespace {
+
+constexpr std::string_view kSignAndMagnitude = R"(
+Sign and magnitude: the top bit means minus, so `05 80` is −5. The word −30000 stands for a reading that was not taken,
+wherever it occurs and before its sign is looked at: a stress or dial reading drops its row, a pore pressure stays blank,
+any other word counts as 0.
+)";
+
+constexpr std::string_view kRowsFromOne = "Reading k of the shear phase is row k − 1.";
+
+constexpr std::string_view kOneSample = R"(
+Specimens with the same project, sample number and method are one sample. A specimen of a pressure that its sample has
+already replaces the earlier one, and a sixth pressure is dropped.
+)";
+
+void addLayouts(Page& page, const std::vector<RawLayout>& layouts) {
+  for (const RawLayout& layout : layouts) {
+    page.heading(fmt::format("{}, {} bytes", layout.title, layout.size));
+    page.record(layout.rows, layout.size);
+  }
+}
+
+}  // namespace
+
+std::string automaticPage() {
+  Page page("HSZSJ.KU: the fully automatic triaxial apparatus");
+  page.text(R"(
+Read by `src/importers/automatic.cpp`; the index is that of all `.KU` files but one (`src/importers/ku_file.h`). Never
+written. Text ends at the first zero byte if there is one.
+
+    file  = count entry*count ... block*count        the blocks stand anywhere behind
+    count = int16                                    at most 100 entries are listed
+    block = groups byte, groups x 5 specimens        older block
+          | byte (passed over), specimens            newer block; the entry tells how many
+)");
+  addLayouts(page, automaticLayouts());
+  page.heading("How they belong together");
+  page.text(R"(
+In an older block the project number goes on with the four places of `entryProjectTail`. In a newer one it goes on with
+the last place there that isn't blank, then the three bytes behind: `entryFormat`, which tells the block, is a character
+of the number, at least a blank.
+
+An older block holds a sample as a group of five slots; a newer one holds specimens one by one.
+)");
+  page.text(kOneSample);
+  page.text(kSignAndMagnitude);
+  page.text(kRowsFromOne);
+  page.text(R"(
+The older reader (`auto-old`) takes every block for an older one and the words as they stand: no sign and magnitude, the
+first 21 pore pressures of the consolidation only, no correction of the stress, a row for each group.
+)");
+  page.heading("Worked example");
+  page.text(R"(
+A newer block of one specimen at offset 32 of a file with one row, project `2024-018`:
+
+    01 00                                count 1
+    01                                   not used
+    32 30 32 34 2D 30                    "2024-0"
+    32 30 32 34 30 34 31 32              "20240412"
+    01                                   one specimen
+    00 00 20 00                          offset: high word 0, low word 32
+    00 00                                not used
+    01                                   UU
+    20 20 20 31                          "   1": its last place is the seventh of the number
+    38                                   "8": 56, above 10, so a newer block
+    20 20                                "  "
+    00                                   at 32: passed over
+    FF 00 00 01 01 32 30 32 34 ...       at 33: the specimen
+)");
+  return page.markdown();
+}
+
+std::string qvb98Page() {
+  Page page("KSZSJ.KU: the QVB98 triaxial apparatus");
+  page.text(R"(
+Read by `src/importers/qvb98.cpp`. Never written. The index is that of [HSZSJ.KU](automatic-triaxial-ku.md).
+
+    block = groups byte, groups x group, long numbers
+    group = 20 bytes (meaning unknown), 4 specimens
+    long numbers = text 644: "zmgj", then ten places for each group
+
+A group is one sample, whose number, method and `shearMode` are those of its first specimen. Where the long numbers begin
+with `zmgj` and a group has one of more than six characters there, it goes before the packed one. The load is a dial
+reading times the coefficient of the ring; it is put over the section that the specimen has then, in the unit that the
+stored coefficient gives it.
+)");
+  addLayouts(page, qvb98Layouts());
+  page.text(kSignAndMagnitude);
+  page.text("Here reading i stands at index i, and is row i; its volume change is that of index i + 1.");
+  return page.markdown();
+}
+
+std::string newQvbPage() {
+  Page page("RSZSJ.KU: the newer QVB triaxial apparatus");
+  page.text(R"(
+Read by `src/importers/new_qvb.cpp`. Never written. The index is that of [HSZSJ.KU](automatic-triaxial-ku.md).
+
+    block = 2 bytes (passed over), specimens
+)");
+  addLayouts(page, newQvbLayouts());
+  page.text(R"(
+Specimens with the same project, sample number and method are one sample. A specimen of a pressure that its sample has
+already is filled over the earlier one, of which what it doesn't write itself stays; a sixth pressure is dropped.
+)");
+  page.text(kSignAndMagnitude);
+  page.text(kRowsFromOne);
+  return page.markdown();
+}
+
+std::string manualPage() {
+  Page page("SDSZSJ.KU: triaxial tests entered by hand");
+  page.text(R"(
+Read by `src/importers/manual.cpp`. Never written. There is no count: a hundred index entries stand from offset 0, and the
+records, one specimen each, from offset 4000. An entry whose records lie outside the file is shown and brings what there is.
+)");
+  addLayouts(page, manualLayouts());
+  page.text(kOneSample);
+  page.text(R"(
+No word has a sign bit of its own. The word −30000 stands for a reading that was not taken: a stress drops its row, a pore
+pressure stays blank, any other word counts as 0.
+)");
+  page.text(kRowsFromOne);
+  return page.markdown();
+}
+
+std::string nanjingPage() {
+  Page page("*.SZD: the Nanjing triaxial apparatus");
+  page.text(R"(
+Read by `src/importers/nanjing.cpp`. Never written. Lines of GBK text that end with a line feed, and binary readings
+between them; the file has no fixed offsets. A block is one sample with one specimen:
+
+    line    SZ-data                     the marker, alone; a carriage return behind it makes it none
+    line    test date
+    line    project number
+    line    sample number
+    9 lines with a number each          meaning unknown
+    4 bytes                             meaning unknown
+    pairs of uint16, at most 301        stress difference, 0.01 kPa; at a strain of 0, then each 0.1 %
+    uint16 0x7141, 0x7A3D               two words that end the pairs
+    3 bytes                             meaning unknown
+    uint16                              high half of the cell pressure in kPa as a float32
+
+The first 201 readings are taken. The cell pressures that are known are 0x4248 50, 0x42C8 100, 0x4348 200 and 0x4396 300;
+any other word leaves it blank. Without the two end words the lines go on behind the last pair. What stands between the
+blocks, or before the first marker, is passed over.
+)");
+  return page.markdown();
+}
+
+}  // namespace triaxlab::formats

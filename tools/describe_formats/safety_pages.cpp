@@ -1,0 +1,81 @@
+#include <fmt/format.h>
+
+#include <array>
+
+#include "format_pages.h"
+#include "page.h"
+#include "store/backup.h"
+#include "store/journal.h"
+#include "store/journal_format.h"
+#include "store/old_formats.h"
+
+namespace triaxlab::formats {
+
+std::string journalPage() {
+  Page page("The journal of a save");
+  page.text(fmt::format(R"(
+A save reaches the disk in all its files or in none. The file `{0}` in the data folder first takes every byte that
+the save is about to write and says where it belongs; it is synced, then the files are written and synced, then it is
+removed. One that is found at a start or an open was left by a program that died: a complete one is applied, once more if
+need be; an incomplete one means that no file had changed yet, and is dropped. `{1}` beside it is the new content of
+a file that is replaced as a whole; without a complete journal it is worth nothing.
+
+    head
+    index     for each file: its entry, its path, and for each of its pieces an entry
+    data      the bytes of the pieces, in the order of the index
+    foot
+
+A journal counts only when the size of the file, both marks, the checksum and every place in it are right. A path is
+`HSZS/file` or `ZMSJ/file` below the data folder, UTF-8, the folder in any case; any other path, or a place beyond 2^31,
+makes the whole journal void, so that no journal can reach another file. Numbers are little-endian.
+)",
+                        kJournalName, kNewContentName));
+  page.heading("Head");
+  page.record(fieldRows<JournalHead>(), sizeof(JournalHead));
+  page.heading("Index: a file");
+  page.text("The path follows, then the pieces.");
+  page.record(fieldRows<JournalIndexFile>(), sizeof(JournalIndexFile));
+  page.heading("Index: a piece");
+  page.record(fieldRows<JournalIndexPiece>(), sizeof(JournalIndexPiece));
+  page.heading("Foot");
+  page.record(fieldRows<JournalFoot>(), sizeof(JournalFoot));
+  page.heading("Checksum");
+  page.text(R"(
+Arithmetic is modulo 2^64. mix(v, w): v = (v XOR w) × 9E3779B97F4A7C15 (hexadecimal), then v XOR (v shifted right by 29).
+Four lanes begin as 1, 2, 3, 4. Of each whole group of 32 bytes, word i is mixed into lane i. The result begins as the
+number of bytes behind the last whole group; the four lanes and then those bytes, one by one, are mixed into it.
+)");
+  return page.markdown();
+}
+
+std::string backupsPage() {
+  Page page("Backups and passing files");
+  page.heading("Copies of project files");
+  page.text(fmt::format(R"(
+Before a run of the program first changes a project file, a copy of it goes into the folder `{0}` beside it:
+`HSZS\{0}\WKSZ17_20240506-143015-000000.txt` is `WKSZ17.txt` as it was on 2024-05-06 at 14:30:15, local time to the
+microsecond. The bytes are those of the project file. The newest {1} copies of a project are kept, and {2} MB of all
+together; the oldest go first. `copy.new` is a copy that didn't get finished.
+)",
+                        kBackupFolder, kMostBackupsOfAProject, kLargestBackups >> 20));
+  page.heading("Files that are there for a moment");
+  const auto quoted = [](std::string_view name) { return fmt::format("`{}`", name); };
+  const std::vector<std::vector<std::string>> rows{
+      {quoted(kJournalName), "data", "[the journal](journal.md) of a save that is under way or was interrupted"},
+      {quoted(kNewContentName), "data", "the new content of a file that such a save replaces"},
+      {quoted("a.bak"), "application", "a project file with its samples in a new order"},
+      {quoted(oldFormatOf(ProjectKind::Triaxial)->temporaryName), "application",
+       "a triaxial project file of a former version in today's format"},
+      {quoted(oldFormatOf(ProjectKind::Unconfined)->temporaryName), "application",
+       "an unconfined project file of a former version in today's format"},
+      {"`NAME.new`", "any", "the new content of a file that is written as a whole, before it is renamed over `NAME`"},
+  };
+  page.table(std::array<std::string_view, 3>{"file", "folder", "what it is"}, rows);
+  page.text(R"(
+All of them can be deleted while no program runs, but for `journal` and `journal.new`: they may be the only whole copy
+of the last save.
+)");
+  return page.markdown();
+}
+
+}  // namespace triaxlab::formats
