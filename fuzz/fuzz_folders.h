@@ -50,9 +50,10 @@ class Folders {
     }
   }
 
-  /// Ends the program when anything was written outside HSZS and ZMSJ, but for the settings.
+  /// Ends the program when anything was written outside HSZS and ZMSJ, but for the binary settings.
   void checkNothingStrayed() const {
-    const std::set<std::string> allowed{"app", "app/qvb.sys", "data", "data/HSZS", "data/ZMSJ", "precious"};
+    const std::set<std::string> allowed{"app",  "app/qvb.sys", "app/zmsz.sys", "app/SZDATX.sys", "app/WCXDATX.sys",
+                                        "data", "data/HSZS",   "data/ZMSJ",    "precious"};
     for (const auto& entry : std::filesystem::recursive_directory_iterator(m_root)) {
       const std::string name = entry.path().lexically_relative(m_root).generic_string();
       if (!name.starts_with("data/HSZS/") && !name.starts_with("data/ZMSJ/") && !allowed.contains(name)) std::abort();
