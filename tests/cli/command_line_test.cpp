@@ -82,7 +82,7 @@ TEST_F(CommandLine, EveryCommandDoesTheStepsOfTheStart) {
 
 TEST_F(CommandLine, WhatThisVersionLacksIsSaidInOneSentence) {
   const std::vector<std::vector<std::string>> lacking{
-      {"import", "qvb98", "x.ku"},
+      {"import", "unconfined-win", "x.dat"},
       {"import", "tk0-hgj", "x.ku"},
       {"open", "k0", "KO1.txt", "--show", "1"},
       {"results", "tk0", "TKO1.txt"},

@@ -75,7 +75,7 @@ TEST_F(DamagedJet, EndsInAnImportOrASentence) {
     workspace.rawImportPending = false;
     const std::string before = state();
     try {
-      EXPECT_LE(importPath(path, "win").sampleRows, 8U) << name;
+      EXPECT_LE(importPath(path, "win").sampleRows, kTableRows) << name;
       ++imports;
     } catch (const UserError& error) {
       const std::string sentence = error.what();

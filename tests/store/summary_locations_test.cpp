@@ -102,12 +102,27 @@ TEST_F(SummaryLocations, TheTitlesAreThoseOfTheFirstLiveRowsProject) {
   EXPECT_FALSE(workspace.projectName.typed);
 }
 
-TEST_F(SummaryLocations, WithoutAFileTheImportersNameStays) {
+TEST_F(SummaryLocations, WithoutAFileTheNameIsTheImporters) {
   setRow(0, triaxialBytes("P1", "S1"));
-  workspace.projectName.text = "from the database";
+  workspace.projectName.text = workspace.secondTitleLine.text = "of the document before";
+  workspace.importedProjectNames["P1"] = "from the database";
   EXPECT_THAT(readLocations(workspace, ProjectKind::Triaxial), IsEmpty());
   EXPECT_EQ(workspace.projectName.text, "from the database");
+  EXPECT_EQ(workspace.secondTitleLine.text, "");
   EXPECT_EQ(workspace.projectName.projectNo, "P1");
+}
+
+TEST_F(SummaryLocations, TheNameInTheFileGoesBeforeTheImporters) {
+  setRow(0, triaxialBytes("P1", "S1"));
+  workspace.importedProjectNames["P1"] = "from the database";
+  std::string header = newSummaryHeaderBytes("0000", "P1");
+  write("ZMSJ/KHZP1.txt", header);
+  readLocations(workspace, ProjectKind::Triaxial);
+  EXPECT_EQ(workspace.projectName.text, "from the database") << "the file has none";
+  put(header, 416, field("Bridge", 120));
+  write("ZMSJ/KHZP1.txt", header);
+  readLocations(workspace, ProjectKind::Triaxial);
+  EXPECT_EQ(workspace.projectName.text, "Bridge");
 }
 
 TEST_F(SummaryLocations, AFileThatCanNotBeReadIsARemarkAndItsTitleBelongsToNobody) {
