@@ -71,7 +71,8 @@ void ClickLabel::focusOutEvent(QFocusEvent* event) {
 }
 
 void ClickLabel::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Space) return emit clicked();
+  for (const int key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter})
+    if (event->key() == key) return emit clicked();
   QLabel::keyPressEvent(event);
 }
 

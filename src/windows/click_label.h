@@ -8,7 +8,7 @@
 namespace triaxlab {
 
 /// A text that can be clicked. One that is wider than its place is condensed, never cut, and told in full beside the
-/// mouse. One that Tab reaches is clicked by the space bar, too.
+/// mouse. One that Tab reaches is clicked by the space bar and Enter, too.
 class ClickLabel : public QLabel {
   Q_OBJECT
 

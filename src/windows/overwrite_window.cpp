@@ -90,6 +90,7 @@ void Form10::refresh() {
     line.number->setText(words(texts.number));
     line.sampleNo->setText(words(texts.sampleNo));
     line.answer->setText(words(texts.answer));
+    line.answer->setFocusPolicy(texts.answer.empty() ? Qt::NoFocus : Qt::TabFocus);
   }
   const QSignalBlocker blocked(m_scroll);
   m_scroll->setValue(m_session.scroll());

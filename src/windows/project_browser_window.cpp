@@ -51,6 +51,7 @@ void OPENFORM::makeLabels() {
     auto* const label = put(new ClickLabel(this, words(text)), name, place);
     label->setFrameStyle(QFrame::Panel | QFrame::Raised);
     label->setAlignment(Qt::AlignCenter);
+    label->setFocusPolicy(Qt::TabFocus);
     return label;
   };
   connect(clickable("Labelcz", BrowserSession::kOpen, kOpen), &ClickLabel::clicked, this, &OPENFORM::open);

@@ -38,6 +38,9 @@ void RecordEdit::keyPressEvent(QKeyEvent* event) {
 
 void RecordEdit::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
+  // A text that is cut shows its beginning, unless the person comes back to where the cursor was.
+  const bool comesBack = event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
+  if (!comesBack) setCursorPosition(0);
   emit focusLeft();
 }
 

@@ -98,6 +98,7 @@ void SampleListWindow::refresh() {
   for (int i = 0; i < SampleListSession::kVisibleRows; ++i) {
     const SampleListSession::Line line = m_session.line(i);
     const std::vector<ClickLabel*>& cells = m_lines.at(static_cast<std::size_t>(i));
+    cells.front()->setFocusPolicy(line.cells.front().empty() ? Qt::NoFocus : Qt::TabFocus);
     for (std::size_t column = 0; column < cells.size(); ++column) {
       cells[column]->setText(words(line.cells[column]));
       cells[column]->setInk(line.isMarked ? std::optional(kMarked) : std::nullopt);

@@ -18,7 +18,7 @@ namespace {
 constexpr Place kFrame{60, 60, 3975, 5600};
 constexpr int kControlHeight = 300, kButtonHeight = 280;
 constexpr int kMouseY = 200, kStagesY = 700, kFactorY = 1200, kSummandY = 1600, kEnvelopesY = 2100, kStepY = 2600;
-constexpr int kHelpY = 3100, kHelpHeight = 600;
+constexpr int kHelpY = 3100, kHelpHeight = 900;
 constexpr int kCaptionX = 120, kCaptionWidth = 1560, kFieldX = 1700, kFieldWidth = 1000;
 constexpr int kButtonX = 2800, kButtonWidth = 900;
 constexpr int kMouseX = 1380, kMouseWidth = 2500;

@@ -165,6 +165,7 @@ InterventionState Intervention::state() const {
   InterventionState state;
   state.phase = phase();
   std::visit([&](const auto& phase) { fill(state, phase); }, m_phase);
+  if (state.running()) state.keyHelp += "\nCtrl+Z 撤销    Ctrl+Y 重做    F4 退出干预";
   state.label14 = "调整步长：" + FormatNumber(m_cohesionStep, NumberFormat::Hundredths);
   return state;
 }
