@@ -1,5 +1,6 @@
-// What a person waits for: a key press until the window is drawn, a document as PDF, the program's start; and how much
-// memory a full project takes. Everything runs on the platform without a display.
+// What a person waits for: a key press or a move of the mouse until the window is drawn, a project until its first
+// picture, a document as PDF, the program's start; and how much memory a full project takes. Everything runs on the
+// platform without a display.
 
 #include <benchmark/benchmark.h>
 #include <spawn.h>
@@ -12,35 +13,25 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "full_sample.h"
-#include "platform/qt/application.h"
 #include "platform/qt/page_devices.h"
 #include "reports/three_in_one.h"
+#include "shell/document_operations.h"
+#include "shell/fakes.h"
 #include "store/save_project.h"
 #include "triaxial/opening_pass.h"
-#include "windows/appearance.h"
-#include "windows/play/play_dialogs.h"
+#include "windows/click_label.h"
+#include "windows/lone_application.h"
+#include "windows/play/person.h"
 #include "windows/triaxial_curve_window.h"
 
 namespace triaxlab {
 namespace {
-
-/// The application object of the program, made once and never destroyed: at the end of the process Qt's own statics are
-/// already gone.
-void makeApplication() {
-  static char name[] = "bench_windows";
-  static char* arguments[] = {name, nullptr};
-  static int count = 1;
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  prepareApplication();
-  static auto* const application = new QApplication(count, arguments);
-  restoreNumberLocale();
-  setAppearance(*application);
-}
 
 Workspace fullWorkspace(std::size_t samples) {
   Workspace workspace;
@@ -49,42 +40,91 @@ Workspace fullWorkspace(std::size_t samples) {
   return workspace;
 }
 
-/// A shell without windows of its own.
-class NoWindows : public ShellWindows {
- public:
-  void showBrowser(BrowserSession&) override {}
-  void showRangeDialog(RangeDialog&) override {}
-  void showOverwriteDialog(OverwriteSession&) override {}
-  void showPrintDialog(std::string_view) override {}
-  std::optional<Remarks> showImporter(std::string_view) override { return std::nullopt; }
-  void showDocument(ActiveDocument) override {}
-  void raiseDocument(ActiveDocument) override {}
-  std::vector<ActiveDocument> loadedDocuments() const override { return {}; }
-  DocumentWindow* document(ActiveDocument) override { return nullptr; }
-  CurveDocument* curveDocument() override { return nullptr; }
-  void refresh() override {}
-  void endProgram() override {}
+/// The curve window over a full project, on the screen.
+struct CurveWindow {
+  CurveWindow() {
+    makeApplication();
+    form = std::make_unique<Form1>(workspace, dialogs, shell);
+    form->show();
+    form->grab();
+  }
+
+  void key(QWidget* widget, int key, const QString& text = {}) const {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QApplication::sendEvent(widget, &press);
+  }
+  void picture() const { benchmark::DoNotOptimize(form->grab().toImage().constBits()); }
+  QWidget* control(const char* name) const {
+    auto* const found = form->findChild<QWidget*>(name);
+    if (found == nullptr) throw std::logic_error(name);
+    return found;
+  }
+
+  Workspace workspace = fullWorkspace(kTableRows);
+  testing::FakeDialogs dialogs;
+  testing::FakeWindows windows;
+  ShellSession shell{workspace, dialogs, windows};
+  std::unique_ptr<Form1> form;
 };
 
 /// Down in the list: another sample is computed and shown, and the whole window is drawn.
 void KeyPressToPicture(benchmark::State& state) {
-  makeApplication();
-  Workspace workspace = fullWorkspace(kTableRows);
-  PlayDialogs dialogs;
-  NoWindows windows;
-  ShellSession shell(workspace, dialogs, windows);
-  Form1 form(workspace, shell);
-  form.show();
-  auto* const list = form.findChild<QWidget*>("Text1");
-  list->show();
-  form.showPage(static_cast<CurvePage>(state.range(0)));
+  const CurveWindow window;
+  emit static_cast<ClickLabel*>(window.control("Label1(3)"))->clicked();
+  window.form->showPage(static_cast<CurvePage>(state.range(0)));
   for (auto _ : state) {
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
-    QApplication::sendEvent(list, &press);
-    benchmark::DoNotOptimize(form.grab().toImage().constBits());
+    window.key(window.control("Text1"), Qt::Key_Down);
+    window.picture();
   }
 }
 BENCHMARK(KeyPressToPicture)->ArgName("page")->DenseRange(1, 6)->Unit(benchmark::kMillisecond);
+
+/// An arrow in the phase of a page: the curve, the envelope or the path moves to and fro, and the whole window is
+/// drawn.
+void PhaseKeyToPicture(benchmark::State& state) {
+  CurveWindow window;
+  window.form->showPage(static_cast<CurvePage>(state.range(0)));
+  window.form->enterIntervention();
+  bool left = true;
+  for (auto _ : state) {
+    window.key(window.control("Picture1"), left ? Qt::Key_Left : Qt::Key_Right);
+    window.picture();
+    left = !left;
+  }
+  window.dialogs.answers = {false};
+  window.form->leaveIntervention(window.dialogs);
+}
+BENCHMARK(PhaseKeyToPicture)->ArgName("page")->DenseRange(1, 4)->Unit(benchmark::kMillisecond);
+
+/// The mouse draws a curve: each move sets a reading, and what has changed is drawn, as the screen would have it.
+void MouseMoveInCurvePhase(benchmark::State& state) {
+  CurveWindow window;
+  window.form->enterIntervention();
+  QWidget* const canvas = window.control("Picture1");
+  int step = 0;
+  moveMouse(canvas, {100, 200}, MouseMotion::Press);
+  for (auto _ : state) {
+    moveMouse(canvas, {100.0 + step % 200, 150.0 + step % 7}, MouseMotion::Drag);
+    benchmark::DoNotOptimize(canvas->grab().toImage().constBits());
+    ++step;
+  }
+  moveMouse(canvas, {100, 200}, MouseMotion::Release);
+  window.dialogs.answers = {false};
+  window.form->leaveIntervention(window.dialogs);
+}
+BENCHMARK(MouseMoveInCurvePhase)->Unit(benchmark::kMillisecond);
+
+/// A letter in a field: the record takes it, and the window shows what was taken.
+void KeyInAField(benchmark::State& state) {
+  const CurveWindow window;
+  QWidget* const field = window.control("Text5");
+  bool types = true;
+  for (auto _ : state) {
+    window.key(field, types ? Qt::Key_A : Qt::Key_Backspace, types ? "a" : "");
+    types = !types;
+  }
+}
+BENCHMARK(KeyInAField)->Unit(benchmark::kMicrosecond);
 
 /// A hundred samples of two curves each: a page for each sample.
 void HundredPagesToPdf(benchmark::State& state) {
@@ -161,6 +201,37 @@ void FullProject(benchmark::State& state) {
   state.counters["peakMB"] = peak;
 }
 BENCHMARK(FullProject)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(3);
+
+/// The same project opened in this process up to the first picture, against reading it and its opening pass alone.
+void OpenToPictureAgainstReadAndPass(benchmark::State& state) {
+  using Clock = std::chrono::steady_clock;
+  const RunFolder folder;
+  CurveWindow window;
+  Workspace& workspace = window.workspace;
+  workspace.applicationFolder = workspace.dataFolder = folder.path();
+  for (const char* const name : {"HSZS", "ZMSJ"}) std::filesystem::create_directories(folder.path() / name);
+  saveTriaxial(workspace, {});
+  const auto all = [](int count) { return SampleRange{1, count}; };
+  Clock::duration opened{}, least{};
+  for (auto _ : state) {
+    const auto begin = Clock::now();
+    openTriaxialDocument(workspace, "WKSZBENCH.txt", all);
+    window.form->load();
+    window.picture();
+    const auto middle = Clock::now();
+    openProject(workspace, ProjectKind::Triaxial, "WKSZBENCH.txt", all);
+    runOpeningPass(workspace.TriaxialSampleTable, NumberFormat::Whole);
+    opened += middle - begin;
+    least += Clock::now() - middle;
+  }
+  const auto milliseconds = [](Clock::duration time) {
+    return std::chrono::duration<double, std::milli>(time).count();
+  };
+  state.counters["ms"] = benchmark::Counter(milliseconds(opened), benchmark::Counter::kAvgIterations);
+  state.counters["floor_ms"] = benchmark::Counter(milliseconds(least), benchmark::Counter::kAvgIterations);
+  state.counters["ratio"] = milliseconds(opened) / milliseconds(least);
+}
+BENCHMARK(OpenToPictureAgainstReadAndPass)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 }  // namespace triaxlab
