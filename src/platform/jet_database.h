@@ -81,8 +81,8 @@ class JetDatabase {
   /// UserError, one sentence that names the file: it is missing or can't be read, it is no such database, a wanted
   /// table or column isn't there, a table has fewer rows than it says, the reader crashed or did not come to an end.
   JetDatabase(const std::filesystem::path& path, std::span<const JetTable> tables, const JetReader& reader = {});
-  JetDatabase(JetDatabase&&) noexcept;
-  JetDatabase& operator=(JetDatabase&&) noexcept;
+  JetDatabase(JetDatabase&& other) noexcept;
+  JetDatabase& operator=(JetDatabase&& other) noexcept;
   ~JetDatabase();
 
   /// Runs a query. Texts compare exactly; names of tables and columns are in any case and may stand in brackets. Rows

@@ -196,8 +196,8 @@ JetDatabase::JetDatabase(const std::filesystem::path& path, std::span<const JetT
     : m_tables(std::make_unique<Tables>(textOfPath(path))) {
   m_tables->load(runReader(path, tables, reader), tables);
 }
-JetDatabase::JetDatabase(JetDatabase&&) noexcept = default;
-JetDatabase& JetDatabase::operator=(JetDatabase&&) noexcept = default;
+JetDatabase::JetDatabase(JetDatabase&& other) noexcept = default;
+JetDatabase& JetDatabase::operator=(JetDatabase&& other) noexcept = default;
 JetDatabase::~JetDatabase() = default;
 
 JetRows JetDatabase::run(std::string_view sql) const { return m_tables->run(sql); }

@@ -60,9 +60,8 @@ class Streams {
 bool start(const std::filesystem::path& program, std::span<const std::string> arguments, int output, pid_t& child) {
   std::vector<std::string> words{program.string()};
   words.insert(words.end(), arguments.begin(), arguments.end());
-  std::vector<char*> pointers;
-  for (std::string& word : words) pointers.push_back(word.data());
-  pointers.push_back(nullptr);
+  std::vector<char*> pointers(words.size() + 1);  // the last one stays empty: the end
+  std::ranges::transform(words, pointers.begin(), [](std::string& word) { return word.data(); });
   const Streams streams(output);
   return posix_spawn(&child, words[0].c_str(), streams.get(), nullptr, pointers.data(), environ) == 0;
 }
