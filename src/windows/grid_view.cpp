@@ -3,8 +3,10 @@
 #include <QBrush>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPalette>
+#include <QToolTip>
 
 #include "windows/layout.h"
 
@@ -66,6 +68,15 @@ void GridView::setCurrentCell(int row, int column) { setCurrentIndex(m_model->in
 void GridView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return emit enterPressed();
   QTableView::keyPressEvent(event);
+}
+
+bool GridView::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
+  const auto& help = static_cast<const QHelpEvent&>(*event);
+  const QModelIndex cell = indexAt(help.pos());
+  const bool cut = cell.isValid() && sizeHintForIndex(cell).width() > columnWidth(cell.column());
+  QToolTip::showText(help.globalPos(), cut ? cell.data().toString() : QString(), viewport());
+  return true;
 }
 
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {

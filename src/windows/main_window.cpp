@@ -15,6 +15,7 @@
 #include <QStatusBar>
 
 #include "importers/import_selection.h"
+#include "windows/click_label.h"
 #include "windows/consolidation_table_window.h"
 #include "windows/data_table_window.h"
 #include "windows/importer_window.h"
@@ -74,10 +75,11 @@ void MDIForm1::makeStatusBar() {
   statusBar()->setObjectName("StatusBar1");
   static constexpr std::array kStretches{3, 2, 1};
   for (int i = 0; i < static_cast<int>(m_panels.size()); ++i) {
-    auto* const panel = new QLabel(statusBar());
+    auto* const panel = new ClickLabel(statusBar());
     panel->setObjectName(arrayName("StatusBar1", i + 1));
     panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-    panel->setTextFormat(Qt::PlainText);
+    // A long text doesn't widen the window.
+    panel->setMinimumWidth(1);
     statusBar()->addWidget(panel, kStretches.at(static_cast<std::size_t>(i)));
     m_panels.at(static_cast<std::size_t>(i)) = panel;
   }

@@ -18,6 +18,7 @@
 #include "lone_application.h"
 #include "shell/fakes.h"
 #include "windows/canvas_widget.h"
+#include "windows/grid_view.h"
 #include "windows/play/person.h"
 #include "windows/triaxial_curve_window.h"
 #include "windows/words.h"
@@ -243,6 +244,24 @@ TEST_F(CurveWindow, AHeadThatIsCondensedIsToldInFull) {
   form->showPage(CurvePage::PorePressure);
   EXPECT_EQ(tipOf(find<QWidget>("StageHead(0)")), "");
   EXPECT_EQ(tipOf(find<QWidget>("ColumnHead(2)")), "孔隙压力(kPa)");
+}
+
+TEST_F(CurveWindow, ACellOfAGridThatIsCutIsToldInFull) {
+  GridContent content;
+  content.columns = {{"", 700}, {"", 1000}};
+  content.rowCount = [] { return 2; };
+  content.cell = [](int row, int column) { return column == 0 || row == 1 ? QString("1") : QString(60, 'w'); };
+  GridView grid(nullptr, content);
+  grid.resize(300, 200);
+  grid.show();
+  const auto tip = [&grid](int row) {
+    const QPoint place = grid.visualRect(grid.model()->index(row - 1, 1)).center();
+    QHelpEvent event(QEvent::ToolTip, place, grid.viewport()->mapToGlobal(place));
+    QApplication::sendEvent(grid.viewport(), &event);
+    return QToolTip::isVisible() ? QToolTip::text() : QString();
+  };
+  EXPECT_EQ(tip(1), "");
+  EXPECT_EQ(tip(2), QString(60, 'w'));
 }
 
 // ---- the way of Tab
