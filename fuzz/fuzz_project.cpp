@@ -14,7 +14,7 @@ namespace {
 
 using namespace triaxlab;
 
-void listAll(const Workspace& workspace, const ProjectKindInfo& info, const std::string& name) {
+void listAll(Workspace& workspace, const ProjectKindInfo& info, const std::string& name) {
   if (listProjects(workspace, info.kind).size() != 1) std::abort();
   try {
     if (listSamples(workspace, info.kind, name).size() > 10000) std::abort();
