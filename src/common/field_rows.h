@@ -31,14 +31,14 @@ using FieldRows = std::vector<FieldRow>;
 // What a type is called on a page. A scalar of another kind gets an overload beside its class.
 
 template <std::size_t N>
-std::string typeText(RecordTag<FixedText<N>>) {
+std::string typeText(RecordTag<FixedText<N>> /*record*/) {
   return fmt::format("text {}", N);
 }
-inline std::string typeText(RecordTag<std::uint8_t>) { return "byte"; }
-inline std::string typeText(RecordTag<std::byte>) { return "byte"; }
-inline std::string typeText(RecordTag<char>) { return "byte"; }
+inline std::string typeText(RecordTag<std::uint8_t> /*record*/) { return "byte"; }
+inline std::string typeText(RecordTag<std::byte> /*record*/) { return "byte"; }
+inline std::string typeText(RecordTag<char> /*record*/) { return "byte"; }
 template <class T>
-std::string typeText(RecordTag<Little<T>>) {
+std::string typeText(RecordTag<Little<T>> /*record*/) {
   if (sizeof(T) == 1) return "byte";
   return fmt::format("{}{}",
                      std::is_floating_point_v<T> ? "float"
@@ -47,7 +47,7 @@ std::string typeText(RecordTag<Little<T>>) {
                      8 * sizeof(T));
 }
 template <class T, std::size_t N>
-std::string typeText(RecordTag<std::array<T, N>>) {
+std::string typeText(RecordTag<std::array<T, N>> /*record*/) {
   return fmt::format("{} × {}", N, typeText(RecordTag<T>{}));
 }
 

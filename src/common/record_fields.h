@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 #include <tuple>
 #include <type_traits>
@@ -12,7 +13,7 @@ namespace triaxlab {
 //
 // The table of a record is a function in the record's namespace:
 //
-//     constexpr auto fieldsOf(RecordTag<RingCalibration>) {
+//     constexpr auto fieldsOf(RecordTag<RingCalibration> /*record*/) {
 //       return std::tuple{
 //           TRIAXLAB_FIELD(RingCalibration, ringNumber, "", "number of the ring"),
 //           TRIAXLAB_FIELD(RingCalibration, newtonsPerDivision, "N", "what a division stands for"),
@@ -30,6 +31,9 @@ struct RecordField {
   std::string_view unit;
   std::string_view content;
 };
+// Not every compiler can tell this by itself.
+template <class Record, class Member>
+RecordField(Member Record::*, std::string_view, std::string_view, std::string_view) -> RecordField<Record, Member>;
 
 #define TRIAXLAB_FIELD(Record, member, unit, content) \
   ::triaxlab::RecordField { &Record::member, #member, unit, content }

@@ -41,7 +41,7 @@ using AutomaticEntry = KuIndexEntry<AutomaticTail>;
 static_assert(sizeof(AutomaticTail) == 8 && sizeof(AutomaticEntry) == 30 && alignof(AutomaticEntry) == 1);
 static_assert(offsetof(AutomaticTail, entryProjectTail) == 1 && offsetof(AutomaticTail, entryFormat) == 5);
 
-constexpr auto fieldsOf(RecordTag<AutomaticTail>) {
+constexpr auto fieldsOf(RecordTag<AutomaticTail> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(AutomaticTail, entryMethod, "", "1 UU, 2 CU, 3 CD"),
       TRIAXLAB_FIELD(AutomaticTail, entryProjectTail, "", "further places of the project number"),
@@ -84,7 +84,7 @@ static_assert(offsetof(AutoSpecimenRecord, rawStress) == 140 && offsetof(AutoSpe
 static_assert(offsetof(AutoSpecimenRecord, rawVolume) == 348 && offsetof(AutoSpecimenRecord, recordEnd) == 452);
 static_assert(std::is_trivially_copyable_v<AutoSpecimenRecord>);
 
-constexpr auto fieldsOf(RecordTag<AutoSpecimenRecord>) {
+constexpr auto fieldsOf(RecordTag<AutoSpecimenRecord> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(AutoSpecimenRecord, validMark, "", "255 on a stored specimen; looked at in an older block only"),
       TRIAXLAB_FIELD(AutoSpecimenRecord, recordCodeA, "", "code of the apparatus, meaning unknown"),

@@ -51,10 +51,10 @@ struct KuIndexEntry {                  // offset
   Tail entryTail;                      // 22
 };                                     // 30
 
-inline std::string typeText(RecordTag<HighWordFirst>) { return "uint32, two words, the high one first"; }
+inline std::string typeText(RecordTag<HighWordFirst> /*record*/) { return "uint32, two words, the high one first"; }
 
 template <class Tail>
-constexpr auto fieldsOf(RecordTag<KuIndexEntry<Tail>>) {
+constexpr auto fieldsOf(RecordTag<KuIndexEntry<Tail>> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(KuIndexEntry<Tail>, entryFlag, "", "not used"),
       TRIAXLAB_FIELD(KuIndexEntry<Tail>, entryProjectNo, "", "project number, first six places"),

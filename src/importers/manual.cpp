@@ -43,7 +43,7 @@ static_assert(sizeof(ManualIndexEntry) == 35 && alignof(ManualIndexEntry) == 1);
 static_assert(offsetof(ManualIndexEntry, indexCount) == 25 && offsetof(ManualIndexEntry, indexFirstRecord) == 29);
 static_assert(std::is_trivially_copyable_v<ManualIndexEntry>);
 
-constexpr auto fieldsOf(RecordTag<ManualIndexEntry>) {
+constexpr auto fieldsOf(RecordTag<ManualIndexEntry> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(ManualIndexEntry, indexProjectNo, "", "project number; blank: the place is not used"),
       TRIAXLAB_FIELD(ManualIndexEntry, indexDate, "", "test date as it was typed"),
@@ -88,7 +88,7 @@ static_assert(offsetof(ManualSpecimenRecord, rawStress) == 149 && offsetof(Manua
 static_assert(offsetof(ManualSpecimenRecord, rawVolume) == 357 && offsetof(ManualSpecimenRecord, reserved461) == 461);
 static_assert(std::is_trivially_copyable_v<ManualSpecimenRecord>);
 
-constexpr auto fieldsOf(RecordTag<ManualSpecimenRecord>) {
+constexpr auto fieldsOf(RecordTag<ManualSpecimenRecord> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(ManualSpecimenRecord, recordProjectNo, "", "project number"),
       TRIAXLAB_FIELD(ManualSpecimenRecord, recordSampleNo, "", "sample number; empty: no specimen"),

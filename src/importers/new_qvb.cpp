@@ -38,7 +38,7 @@ struct NewQvbTail {                // offset in the entry
 using NewQvbEntry = KuIndexEntry<NewQvbTail>;
 static_assert(sizeof(NewQvbTail) == 8 && offsetof(NewQvbTail, specimenCount) == 2);
 
-constexpr auto fieldsOf(RecordTag<NewQvbTail>) {
+constexpr auto fieldsOf(RecordTag<NewQvbTail> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(NewQvbTail, reserved22, "", "not used"),
       TRIAXLAB_FIELD(NewQvbTail, specimenCount, "", "specimens in the block"),
@@ -82,7 +82,7 @@ static_assert(offsetof(NewQvbSpecimenRecord, rawDial) == 148 && offsetof(NewQvbS
 static_assert(offsetof(NewQvbSpecimenRecord, rawVolume) == 354 && offsetof(NewQvbSpecimenRecord, reserved456) == 456);
 static_assert(std::is_trivially_copyable_v<NewQvbSpecimenRecord>);
 
-constexpr auto fieldsOf(RecordTag<NewQvbSpecimenRecord>) {
+constexpr auto fieldsOf(RecordTag<NewQvbSpecimenRecord> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(NewQvbSpecimenRecord, reserved0, "", "not used"),
       TRIAXLAB_FIELD(NewQvbSpecimenRecord, recordProjectNo, "", "project number"),

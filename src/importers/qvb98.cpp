@@ -66,7 +66,7 @@ static_assert(offsetof(QvbSpecimenRecord, rawStartPore) == 132 && offsetof(QvbSp
 static_assert(offsetof(QvbSpecimenRecord, rawVolume) == 234 && offsetof(QvbSpecimenRecord, reserved334) == 334);
 static_assert(std::is_trivially_copyable_v<QvbSpecimenRecord>);
 
-constexpr auto fieldsOf(RecordTag<QvbSpecimenRecord>) {
+constexpr auto fieldsOf(RecordTag<QvbSpecimenRecord> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(
           QvbSpecimenRecord, packedSampleNo, "",

@@ -7,7 +7,7 @@
 
 namespace triaxlab {
 
-constexpr auto fieldsOf(RecordTag<K0SampleRecord>) {
+constexpr auto fieldsOf(RecordTag<K0SampleRecord> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(K0SampleRecord, projectNo, "", "工程编号, project number; blank in an empty slot"),
       TRIAXLAB_FIELD(K0SampleRecord, sampleNo, "", "土样编号, sample number; blank in an empty slot"),
@@ -24,7 +24,7 @@ constexpr auto fieldsOf(RecordTag<K0SampleRecord>) {
 static_assert(tellsEveryByte<K0SampleRecord>());
 
 /// The K0 record's own fields stand in front of the others.
-constexpr auto fieldsOf(RecordTag<TK0SampleRecord>) {
+constexpr auto fieldsOf(RecordTag<TK0SampleRecord> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(TK0SampleRecord, k0, "", "the fields of the K0 record"),
       TRIAXLAB_FIELD(TK0SampleRecord, pressureSeries, "kPa", "压力, lateral pressure in time"),

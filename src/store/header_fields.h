@@ -7,7 +7,7 @@
 
 namespace triaxlab {
 
-constexpr auto fieldsOf(RecordTag<ProjectHeader>) {
+constexpr auto fieldsOf(RecordTag<ProjectHeader> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(ProjectHeader, sampleCount, "",
                      "number of samples, decimal text: \"0\" in a new file, then four digits"),

@@ -41,14 +41,14 @@ struct JournalFoot {
 };
 static_assert(sizeof(JournalFoot) == 16);
 
-constexpr auto fieldsOf(RecordTag<JournalHead>) {
+constexpr auto fieldsOf(RecordTag<JournalHead> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(JournalHead, mark, "", "\"TXJRNL1\" and a line feed"),
       TRIAXLAB_FIELD(JournalHead, indexSize, "bytes", "size of the index"),
       TRIAXLAB_FIELD(JournalHead, dataSize, "bytes", "size of the data"),
   };
 }
-constexpr auto fieldsOf(RecordTag<JournalIndexFile>) {
+constexpr auto fieldsOf(RecordTag<JournalIndexFile> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(JournalIndexFile, pathLength, "bytes", "length of the path"),
       TRIAXLAB_FIELD(JournalIndexFile, deed, "",
@@ -56,13 +56,13 @@ constexpr auto fieldsOf(RecordTag<JournalIndexFile>) {
       TRIAXLAB_FIELD(JournalIndexFile, pieceCount, "", "number of pieces; 0 unless the deed is 0"),
   };
 }
-constexpr auto fieldsOf(RecordTag<JournalIndexPiece>) {
+constexpr auto fieldsOf(RecordTag<JournalIndexPiece> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(JournalIndexPiece, offset, "", "where the piece belongs in the file"),
       TRIAXLAB_FIELD(JournalIndexPiece, size, "bytes", "its size"),
   };
 }
-constexpr auto fieldsOf(RecordTag<JournalFoot>) {
+constexpr auto fieldsOf(RecordTag<JournalFoot> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(JournalFoot, checksum, "", "of everything before"),
       TRIAXLAB_FIELD(JournalFoot, mark, "", "\"ENDTXJ1\" and a line feed"),

@@ -7,7 +7,7 @@
 
 namespace triaxlab {
 
-constexpr auto fieldsOf(RecordTag<PageSetupFile>) {
+constexpr auto fieldsOf(RecordTag<PageSetupFile> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(PageSetupFile, unused1, "", "not used"),
       TRIAXLAB_FIELD(PageSetupFile, paper, "", "paper: 0 A4, 1 A3, 2 the narrow form, 3 the wide form"),

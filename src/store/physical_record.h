@@ -51,7 +51,7 @@ static_assert(offsetof(PhysicalRecord, plasticityIndex) == 264 && offsetof(Physi
 static_assert(offsetof(PhysicalRecord, remark) == 1870);
 static_assert(std::is_trivially_copyable_v<PhysicalHead> && std::is_trivially_copyable_v<PhysicalRecord>);
 
-constexpr auto fieldsOf(RecordTag<PhysicalHead>) {
+constexpr auto fieldsOf(RecordTag<PhysicalHead> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(PhysicalHead, unread0, "", "not read"),
       TRIAXLAB_FIELD(PhysicalHead, recordCount, "", "number of records; a negative one counts as 0"),
@@ -60,7 +60,7 @@ constexpr auto fieldsOf(RecordTag<PhysicalHead>) {
 }
 static_assert(tellsEveryByte<PhysicalHead>());
 
-constexpr auto fieldsOf(RecordTag<PhysicalRecord>) {
+constexpr auto fieldsOf(RecordTag<PhysicalRecord> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(PhysicalRecord, unread0, "", "not read"),
       TRIAXLAB_FIELD(PhysicalRecord, sampleNo, "", "sample number, compared without the blanks around it"),

@@ -12,7 +12,7 @@
 
 namespace triaxlab {
 
-constexpr auto fieldsOf(RecordTag<SummaryHeader>) {
+constexpr auto fieldsOf(RecordTag<SummaryHeader> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(SummaryHeader, sampleCount, "",
                      "number of records, decimal text: \"0\" in a new file, then four digits"),
@@ -33,7 +33,7 @@ constexpr auto fieldsOf(RecordTag<SummaryHeader>) {
 }
 static_assert(tellsEveryByte<SummaryHeader>());
 
-constexpr auto fieldsOf(RecordTag<StrengthPair>) {
+constexpr auto fieldsOf(RecordTag<StrengthPair> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(StrengthPair, frictionAngle, "degrees", "φ"),
       TRIAXLAB_FIELD(StrengthPair, frictionAngleEff, "degrees", "φ′"),
@@ -43,7 +43,7 @@ constexpr auto fieldsOf(RecordTag<StrengthPair>) {
 }
 static_assert(tellsEveryByte<StrengthPair>());
 
-constexpr auto fieldsOf(RecordTag<SummaryRecord>) {
+constexpr auto fieldsOf(RecordTag<SummaryRecord> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(SummaryRecord, noTag, "", "\"NO.\""),
       TRIAXLAB_FIELD(SummaryRecord, sequenceNo, "", "position in this file + 1, four digits"),

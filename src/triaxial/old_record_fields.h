@@ -7,7 +7,7 @@
 
 namespace triaxlab {
 
-constexpr auto fieldsOf(RecordTag<OldTriaxialRecord>) {
+constexpr auto fieldsOf(RecordTag<OldTriaxialRecord> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(OldTriaxialRecord, sampleAndSpecimens, "", "today's first fields, projectNo to sigma3FailureEff"),
       TRIAXLAB_FIELD(OldTriaxialRecord, deviatorStress, "kPa", "σ1 - σ3"),

@@ -7,7 +7,7 @@
 
 namespace triaxlab {
 
-constexpr auto fieldsOf(RecordTag<TriaxialSampleRecord>) {
+constexpr auto fieldsOf(RecordTag<TriaxialSampleRecord> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(TriaxialSampleRecord, projectNo, "", "工程编号, project number; blank in an empty slot"),
       TRIAXLAB_FIELD(TriaxialSampleRecord, sampleNo, "", "试样编号, sample number; blank in an empty slot"),

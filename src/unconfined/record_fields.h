@@ -7,7 +7,7 @@
 
 namespace triaxlab {
 
-constexpr auto fieldsOf(RecordTag<UnconfinedSampleRecord>) {
+constexpr auto fieldsOf(RecordTag<UnconfinedSampleRecord> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(UnconfinedSampleRecord, projectNo, "", "工程编号, project number; blank in an empty slot"),
       TRIAXLAB_FIELD(UnconfinedSampleRecord, sampleNo, "", "土样编号, sample number; blank in an empty slot"),

@@ -9,7 +9,7 @@ struct Point {
   Little<float> x;
   Little<float> y;
 };
-constexpr auto fieldsOf(RecordTag<Point>) {
+constexpr auto fieldsOf(RecordTag<Point> /*record*/) {
   return std::tuple{TRIAXLAB_FIELD(Point, x, "cm", "to the right"), TRIAXLAB_FIELD(Point, y, "", "upward")};
 }
 static_assert(tellsEveryByte<Point>());
@@ -22,7 +22,7 @@ struct Drawing {
   std::array<std::array<Little<std::int16_t>, 3>, 4> heights;
   Little<std::uint64_t> stamp;
 };
-constexpr auto fieldsOf(RecordTag<Drawing>) {
+constexpr auto fieldsOf(RecordTag<Drawing> /*record*/) {
   return std::tuple{
       TRIAXLAB_FIELD(Drawing, name, "", "what it is called"),
       TRIAXLAB_FIELD(Drawing, colour, "", "0 to 15"),
@@ -39,7 +39,7 @@ struct Forgetful {
   FixedText<3> told;
   FixedText<2> forgotten;
 };
-constexpr auto fieldsOf(RecordTag<Forgetful>) { return std::tuple{TRIAXLAB_FIELD(Forgetful, told, "", "")}; }
+constexpr auto fieldsOf(RecordTag<Forgetful> /*record*/) { return std::tuple{TRIAXLAB_FIELD(Forgetful, told, "", "")}; }
 static_assert(!tellsEveryByte<Forgetful>());
 
 /// Its table has the members in another order.
@@ -47,7 +47,7 @@ struct Turned {
   FixedText<2> first;
   FixedText<2> second;
 };
-constexpr auto fieldsOf(RecordTag<Turned>) {
+constexpr auto fieldsOf(RecordTag<Turned> /*record*/) {
   return std::tuple{TRIAXLAB_FIELD(Turned, second, "", ""), TRIAXLAB_FIELD(Turned, first, "", "")};
 }
 
