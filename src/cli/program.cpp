@@ -43,7 +43,7 @@ class Program {
  public:
   explicit Program(Workspace& workspace) : m_workspace(workspace) {}
 
-  int operator()(const Init&) { return kDone; }
+  int operator()(const Init& /*init*/) { return kDone; }
 
   int operator()(const Import& import) {
     const Importer* const importer = importerOfId(import.source);
@@ -147,7 +147,7 @@ class Program {
     return kDone;
   }
 
-  int operator()(const Workbook&) { refuseForThisVersion("输出工作簿"); }
+  int operator()(const Workbook& /*workbook*/) { refuseForThisVersion("输出工作簿"); }
 
  private:
   void markRows(ImportSelection& selection, const Import& import) {

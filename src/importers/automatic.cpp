@@ -320,7 +320,7 @@ struct AutomaticFormat {
   using Block = AutomaticBlock;
   using Group = AutomaticGroup;
 
-  std::vector<Entry> readIndex(const File& file, Remarks& remarks) const {
+  static std::vector<Entry> readIndex(const File& file, Remarks& remarks) {
     return readKuIndex<AutomaticTail>(file, remarks);
   }
   SourceRow gridRow(const Entry& entry) const { return rowOf(entry, *reader); }

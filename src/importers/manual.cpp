@@ -246,12 +246,12 @@ struct ManualFormat {
   using Block = ManualBlock;
   using Group = const ManualSpecimenRecord*;
 
-  std::vector<Entry> readIndex(const File& file, Remarks& remarks) const { return indexOf(file, remarks); }
-  SourceRow gridRow(const Entry& entry) const { return rowOf(entry); }
-  Block readBlock(const File& file, const Entry& entry) const { return blockOf(file, entry); }
+  static std::vector<Entry> readIndex(const File& file, Remarks& remarks) { return indexOf(file, remarks); }
+  static SourceRow gridRow(const Entry& entry) { return rowOf(entry); }
+  static Block readBlock(const File& file, const Entry& entry) { return blockOf(file, entry); }
 
-  void addGroups(const Block& block, const SourceRow& source, TriaxialImportPlan& plan,
-                 std::vector<Group>& groups) const {
+  static void addGroups(const Block& block, const SourceRow& source, TriaxialImportPlan& plan,
+                        std::vector<Group>& groups) {
     plan.addProjectDate(source);
     for (const ManualSpecimenRecord& raw : block.specimens) {
       const SampleIdentity identity = identityOf(raw);
@@ -261,7 +261,7 @@ struct ManualFormat {
     }
   }
 
-  void fill(Group raw, TriaxialSampleRecord& row) const { SpecimenFiller(*raw, row).fill(); }
+  static void fill(Group raw, TriaxialSampleRecord& row) { SpecimenFiller(*raw, row).fill(); }
 };
 
 constexpr std::array kColumns{SourceColumn{"工程编号", 1500}, SourceColumn{"试验日期", 1500},

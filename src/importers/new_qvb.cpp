@@ -303,14 +303,14 @@ struct NewQvbFormat {
   using Block = NewQvbBlock;
   using Group = const NewQvbSpecimenRecord*;
 
-  std::vector<Entry> readIndex(const File& file, Remarks& remarks) const {
+  static std::vector<Entry> readIndex(const File& file, Remarks& remarks) {
     return readKuIndex<NewQvbTail>(file, remarks);
   }
-  SourceRow gridRow(const Entry& entry) const { return rowOf(entry); }
-  Block readBlock(const File& file, const Entry& entry) const { return blockOf(file, entry); }
+  static SourceRow gridRow(const Entry& entry) { return rowOf(entry); }
+  static Block readBlock(const File& file, const Entry& entry) { return blockOf(file, entry); }
 
-  void addGroups(const Block& block, const SourceRow& source, TriaxialImportPlan& plan,
-                 std::vector<Group>& groups) const {
+  static void addGroups(const Block& block, const SourceRow& source, TriaxialImportPlan& plan,
+                        std::vector<Group>& groups) {
     plan.addProjectDate(source);
     for (const NewQvbSpecimenRecord& raw : block.specimens) {
       if (!isSpecimen(raw)) continue;
@@ -320,7 +320,7 @@ struct NewQvbFormat {
   }
 
   /// A sixth pressure finds no slot and is dropped.
-  void fill(Group raw, TriaxialSampleRecord& row) const {
+  static void fill(Group raw, TriaxialSampleRecord& row) {
     if (const auto slot = slotForPressure(row, wholeOfTenths(raw->rawCellPressure)))
       SpecimenFiller(*raw, row, *slot).fill();
   }

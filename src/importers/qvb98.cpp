@@ -303,15 +303,15 @@ struct Qvb98Format {
   using Block = QvbBlock;
   using Group = QvbGroup;
 
-  std::vector<Entry> readIndex(const File& file, Remarks& remarks) const {
+  static std::vector<Entry> readIndex(const File& file, Remarks& remarks) {
     return readKuIndex<FixedText<8>>(file, remarks);
   }
-  SourceRow gridRow(const Entry& entry) const { return rowOf(entry); }
-  Block readBlock(const File& file, const Entry& entry) const { return blockOf(file, entry); }
+  static SourceRow gridRow(const Entry& entry) { return rowOf(entry); }
+  static Block readBlock(const File& file, const Entry& entry) { return blockOf(file, entry); }
 
   /// A group without a specimen takes a row that stays blank.
-  void addGroups(const Block& block, const SourceRow& source, TriaxialImportPlan& plan,
-                 std::vector<Group>& groups) const {
+  static void addGroups(const Block& block, const SourceRow& source, TriaxialImportPlan& plan,
+                        std::vector<Group>& groups) {
     for (std::size_t i = 0; i < block.groups.size(); ++i) {
       const Group group{&block.groups[i], identityOf(block, i, source)};
       bool used = false;
@@ -322,7 +322,7 @@ struct Qvb98Format {
     }
   }
 
-  void fill(const Group& group, TriaxialSampleRecord& row) const {
+  static void fill(const Group& group, TriaxialSampleRecord& row) {
     row.projectNo = group.identity.projectNo;
     row.sampleNo = group.identity.sampleNo;
     row.testMethod = group.identity.testMethod;
