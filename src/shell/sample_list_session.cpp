@@ -117,11 +117,12 @@ bool SampleListSession::isInList(int index) const {
 SampleListSession::Line SampleListSession::line(int index) const {
   Line line{std::vector<std::string>(m_columns.size()), false};
   if (!isInList(index)) return line;
-  const SampleListRow& row = m_rows[static_cast<std::size_t>(m_scroll + index)];
+  const int rowAt = m_scroll + index;
+  const SampleListRow& row = m_rows[static_cast<std::size_t>(rowAt)];
   line.isMarked = row.deleteMark;
   for (std::size_t column = 0; column < m_columns.size(); ++column) {
     if (m_columns[column].text == nullptr)
-      line.cells[column] = fmt::format("{}{}", line.isMarked ? kMark : "", m_scroll + index + 1);
+      line.cells[column] = fmt::format("{}{}", line.isMarked ? kMark : "", rowAt + 1);
     else
       line.cells[column] = row.*m_columns[column].text;
   }
@@ -130,7 +131,8 @@ SampleListSession::Line SampleListSession::line(int index) const {
 
 void SampleListSession::flipMark(int index) {
   if (!isInList(index)) return;
-  SampleListRow& row = m_rows[static_cast<std::size_t>(m_scroll + index)];
+  const int rowAt = m_scroll + index;
+  SampleListRow& row = m_rows[static_cast<std::size_t>(rowAt)];
   row.deleteMark = !row.deleteMark;
 }
 

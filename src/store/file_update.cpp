@@ -217,7 +217,8 @@ class KeptBytes {
   std::span<const std::byte> keep(std::span<const std::byte> bytes) {
     if (m_free.size() < bytes.size()) {
       const std::size_t size = std::max(kBlock, bytes.size());
-      m_blocks.push_back(std::make_unique_for_overwrite<std::byte[]>(size));
+      // Not a vector, which would fill the block with zeros first.
+      m_blocks.push_back(std::make_unique_for_overwrite<Block>(size));
       m_free = {m_blocks.back().get(), size};
     }
     const std::span<std::byte> kept = m_free.first(bytes.size());
@@ -227,8 +228,9 @@ class KeptBytes {
   }
 
  private:
+  using Block = std::byte[];  // NOLINT(modernize-avoid-c-arrays): its size is known at run time alone
   static constexpr std::size_t kBlock = std::size_t{1} << 20;
-  std::vector<std::unique_ptr<std::byte[]>> m_blocks;
+  std::vector<std::unique_ptr<Block>> m_blocks;
   std::span<std::byte> m_free;
 };
 

@@ -177,7 +177,7 @@ constexpr std::array<std::string_view, 2> kFolders{"hszs", "zmsj"};
 
 bool isFileName(std::string_view name) {
   constexpr std::string_view kNeverInNames = "/\\:";
-  return !name.empty() && name != "." && name != ".." && name.find_first_of(kNeverInNames) == name.npos &&
+  return !name.empty() && name != "." && name != ".." && name.find_first_of(kNeverInNames) == std::string_view::npos &&
          std::none_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; });
 }
 
@@ -185,7 +185,7 @@ bool isFileName(std::string_view name) {
 
 bool isJournalPath(std::string_view path) {
   const std::size_t slash = path.find('/');
-  return path.size() <= std::numeric_limits<std::uint16_t>::max() && slash != path.npos &&
+  return path.size() <= std::numeric_limits<std::uint16_t>::max() && slash != std::string_view::npos &&
          std::find(kFolders.begin(), kFolders.end(), caseless(path.substr(0, slash))) != kFolders.end() &&
          isFileName(path.substr(slash + 1));
 }

@@ -206,7 +206,10 @@ void File::resize(std::uint64_t size) {
     fail("写入文件", m_path, errno);
 }
 
-bool File::shareContentOf(const File& from) { return ioctl(m_descriptor, FICLONE, from.m_descriptor) == 0; }
+// The file changes, though not the object.
+bool File::shareContentOf(const File& from) {  // NOLINT(readability-make-member-function-const)
+  return ioctl(m_descriptor, FICLONE, from.m_descriptor) == 0;
+}
 
 void File::copyContentOf(const File& from) {
   constexpr std::size_t kAtOnce = std::size_t{1} << 30;

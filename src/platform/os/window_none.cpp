@@ -2,6 +2,6 @@
 
 namespace triaxlab {
 
-Raising raiseWindow(std::string_view) { return Raising::NotPossible; }
+Raising raiseWindow(std::string_view /*title*/) { return Raising::NotPossible; }
 
 }  // namespace triaxlab

@@ -96,7 +96,9 @@ class Display {
   }
 
   std::string property(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) const {
-    const auto cookie = xcb_get_property(m_connection.get(), 0, window, name, type, 0, kLongestProperty);
+    const auto cookie =
+        // NOLINTNEXTLINE(readability-suspicious-call-argument): a name and a length, in this order
+        xcb_get_property(m_connection.get(), 0, window, name, type, 0, kLongestProperty);
     const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_connection.get(), cookie, nullptr));
     if (!reply) return {};
     return {static_cast<const char*>(xcb_get_property_value(reply.get())),
