@@ -55,7 +55,7 @@ void adjustOldValues(TriaxialSampleRecord& record, const ProjectHeader& header, 
 }
 
 template <class Record>
-void adjustOldValues(Record&, const ProjectHeader&, NumberFormat) {}
+void adjustOldValues(Record& /*record*/, const ProjectHeader& /*header*/, NumberFormat /*cohesionFormat*/) {}
 
 /// A record of today is read as it stands.
 template <class Record>
