@@ -75,8 +75,14 @@ void ConsolidationTableSession::typeCell(std::string_view utf8) {
 void ConsolidationTableSession::typeStartPorePressure(std::string_view utf8) {
   const std::optional<std::size_t> shown = stage();
   if (!m_editable || !shown) return;
-  m_typedStart = takenNumber(utf8);
-  if (storeStartPorePressure(record(), *shown, *m_typedStart)) m_changed = true;
+  auto& stored = record().consolidationPorePressure[0].at(*shown);
+  const std::int16_t last = stored;
+  if (!m_typedStart) m_typedStart = TypedStart{last, {}};
+  m_typedStart->text = takenNumber(utf8);
+  // A number that is too large leaves what stood before the typing, not what its first digits said.
+  stored = m_typedStart->before;
+  storeStartPorePressure(record(), *shown, m_typedStart->text);
+  if (stored != last) m_changed = true;
 }
 
 void ConsolidationTableSession::finishTyping() {
@@ -104,7 +110,7 @@ ConsolidationTableState ConsolidationTableSession::state() const {
   for (std::size_t row = 0; row < kTableRowsShown; ++row)
     table.rows.push_back(consolidationRow(record(), *shown, top() + row));
   table.foot = foot(*shown);
-  state.text2 = m_typedStart.value_or(table.foot.startPorePressure);
+  state.text2 = m_typedStart ? m_typedStart->text : table.foot.startPorePressure;
   if (m_open && m_open->stage == *shown) {
     state.openCell = labelOf(*m_open);
     state.text1 = m_open->text;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -63,12 +64,18 @@ class ConsolidationTableSession : public StageTableSession {
     std::string before, text;  // UTF-8; as it was opened, as it stands
   };
 
+  /// Text2 while it is typed in.
+  struct TypedStart {
+    std::int16_t before;  // what the record held; it holds it again while the text is no number that it can
+    std::string text;     // UTF-8
+  };
+
   void open(std::size_t row, ConsolidationColumn column);
   int labelOf(const OpenCell& cell) const;
 
   bool m_editable = false;
   std::optional<OpenCell> m_open;
-  std::optional<std::string> m_typedStart;  // what Text2 took while it is typed in
+  std::optional<TypedStart> m_typedStart;
   bool m_changed = false;
 };
 

@@ -235,6 +235,16 @@ TEST_F(ConsolidationTables, TheStartPorePressureIsStoredAtEachChange) {
   EXPECT_TRUE(session.takeChange());
 }
 
+TEST_F(ConsolidationTables, AStartPorePressureThatIsTooLargeChangesNothing) {
+  const std::int16_t before = porePressure(0);
+  session.typeStartPorePressure("500");
+  EXPECT_EQ(porePressure(0), 5000);
+  session.typeStartPorePressure("5000");
+  EXPECT_EQ(porePressure(0), before) << "50000 is no 16-bit number, and 500.0 was never meant";
+  session.typeStartPorePressure("50");
+  EXPECT_EQ(porePressure(0), 500);
+}
+
 TEST_F(ConsolidationTables, TheFirstReadingIsTheStartPorePressure) {
   session.selectCell(pressureAt(0));
   session.typeCell("12.3");
