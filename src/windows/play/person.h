@@ -13,7 +13,8 @@ namespace triaxlab {
 
 enum class MouseMotion : std::uint8_t { Press, Drag, Move, Release };
 
-/// The left button at a place of the widget, down from press to release; a drag is a move with it. A press gives the focus as a real one does.
+/// The left button at a place of the widget, down from press to release; a drag is a move with it. A press gives the
+/// focus as a real one does.
 void moveMouse(QWidget* widget, QPointF place, MouseMotion motion);
 void clickMouse(QWidget* widget, QPoint place);
 void doubleClickMouse(QWidget* widget, QPoint place);
