@@ -257,6 +257,13 @@ TEST_F(Files, AFullDiskAndADamagedOneAreSaid) {
   EXPECT_THAT(complaintOf([&] { read(memory, 0, 8); }), AllOf(HasSubstr("/proc/self/mem"), HasSubstr("磁盘读写错误")));
 }
 
+TEST_F(Files, APipeInAFilesPlaceIsSaidAtOnce) {
+  const std::filesystem::path pipe = folder / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  for (const File::Mode mode : {File::Mode::Read, File::Mode::Update, File::Mode::Shared})
+    EXPECT_THAT(complaintOf([&] { File(pipe, mode); }), AllOf(HasSubstr("pipe"), HasSubstr("管道")));
+}
+
 TEST_F(Files, AWholeFileComesInOnePiece) {
   write(folder / "a", std::string("x\0y\r\n", 5));
   EXPECT_EQ(readWholeFile(folder / "a", 5), bytesOfText({"x\0y\r\n", 5}));

@@ -32,6 +32,7 @@ std::string causeOf(int error) {
       Cause{EPERM, "没有读写权限"},
       Cause{EBADF, "没有读写权限"},  // a file opened to be read, written to
       Cause{EISDIR, "它是一个文件夹"},
+      Cause{ESPIPE, "它是一个管道"},
       Cause{ENOTDIR, "路径中有一段不是文件夹"},
       Cause{ELOOP, "路径中的链接绕成一圈"},
       Cause{ENOSPC, "磁盘已满"},
@@ -141,11 +142,19 @@ int openFlags(File::Mode mode) {
 
 File::File(std::filesystem::path path, Mode mode) : m_path(std::move(path)) {
   if (holdsZeroByte(m_path)) fail("打开文件", m_path, ENOENT);
-  m_descriptor = repeatInterrupted([&] { return open(m_path.c_str(), openFlags(mode) | O_CLOEXEC, 0666); });
+  // A pipe that has a file's name must not keep the program waiting for somebody at its other end.
+  m_descriptor =
+      repeatInterrupted([&] { return open(m_path.c_str(), openFlags(mode) | O_CLOEXEC | O_NONBLOCK, 0666); });
   if (m_descriptor < 0) fail("打开文件", m_path, errno);
   struct stat status {};
-  if (fstat(m_descriptor, &status) == 0 && !S_ISDIR(status.st_mode)) return;
-  const int error = S_ISDIR(status.st_mode) ? EISDIR : errno;
+  int error = 0;
+  if (fstat(m_descriptor, &status) != 0)
+    error = errno;
+  else if (S_ISDIR(status.st_mode))
+    error = EISDIR;
+  else if (S_ISFIFO(status.st_mode))
+    error = ESPIPE;
+  if (error == 0) return;
   close(m_descriptor);
   fail("打开文件", m_path, error);
 }
