@@ -2,6 +2,7 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace triaxlab {
@@ -21,10 +22,14 @@ Remarks ChangedFiles::ask(const ChangeQuestion& question) {
   Remarks remarks;
   std::string lines;
   for (const Found& found : m_open) lines += sentence(found) + '\n';
-  if (question && !question(m_title, lines + "继续保存会写在这些改动之上，写之前先留一份备份。\n继续保存吗？"))
+  const bool someAreGone = std::any_of(m_open.begin(), m_open.end(), [](const Found& found) { return !found.now; });
+  const bool someAreThere = std::any_of(m_open.begin(), m_open.end(), [](const Found& found) { return found.now; });
+  if (someAreThere) lines += "继续保存会写在这些改动之上，写之前先留一份备份。\n";
+  if (someAreGone) lines += "不见了的文件会用现在打开的数据重新建立。\n";
+  if (question && !question(m_title, lines + "继续保存吗？"))
     throw UserError(m_title, fmt::format("{}没有保存，什么都没有写入。", sentence(m_open.front())));
   for (const Found& found : std::exchange(m_open, {})) {
-    if (!question) remarks.push_back(sentence(found) + "保存写在了这些改动之上。");
+    if (!question) remarks.push_back(sentence(found) + (found.now ? "保存写在了这些改动之上。" : "文件已重新建立。"));
     m_agreed[found.file] = found.now;
   }
   return remarks;

@@ -1,5 +1,6 @@
 #include "store/project_update.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace triaxlab {
@@ -38,13 +39,28 @@ void ProjectUpdate::read(std::uint32_t position, std::span<std::byte> record) co
 }
 
 void ProjectUpdate::overwrite(std::uint32_t position, std::span<const std::byte> record) {
+  completeShortFile();
   m_update.writeInPlace(m_path, recordPosition(m_info.recordSize, position), record);
   m_written = true;
 }
 
 void ProjectUpdate::overwriteWithCopy(std::uint32_t position, std::span<const std::byte> record) {
+  completeShortFile();
   m_update.writeAt(m_path, recordPosition(m_info.recordSize, position), record);
   m_written = true;
+}
+
+void ProjectUpdate::completeShortFile() {
+  if (m_written || !m_update.exists(m_path)) return;
+  const std::uint64_t size = m_update.size(m_path);
+  const std::span<const std::byte> blank = m_info.blankRecord();
+  // From behind, so that a file that is whole costs one look.
+  for (auto position = static_cast<std::uint32_t>(m_head.sampleCount); position-- > 0;) {
+    const std::uint64_t begin = recordPosition(m_info.recordSize, position);
+    const std::uint64_t there = size > begin ? std::min<std::uint64_t>(size - begin, blank.size()) : 0;
+    if (there == blank.size()) return;
+    m_update.writeInPlace(m_path, begin + there, blank.subspan(there));
+  }
 }
 
 bool ProjectUpdate::isFull() const { return m_head.sampleCount >= kLargestCountOnFile; }

@@ -45,6 +45,9 @@ class ProjectUpdate {
   void finish(const FixedText<kEndTextWidth>& endText);
 
  private:
+  /// Before the first record is written: what the file lacks of the records that its header claims becomes blank, as
+  /// it reads, and not a gap of zero bytes.
+  void completeShortFile();
   std::string keyOf(std::string_view sampleNo, std::uint8_t testMethod) const;
 
   FileUpdate& m_update;

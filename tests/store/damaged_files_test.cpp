@@ -85,6 +85,26 @@ TEST_F(DamagedFiles, ACountBeyondTheEndIsBlankRecordsAndARemark) {
   EXPECT_TRUE(workspace.K0SampleTable[1].sampleNo.isBlank());
 }
 
+TEST_F(DamagedFiles, ASaveFillsWhatAShortFileLacksWithBlankRecords) {
+  // Two whole records and half of the third, of four.
+  const std::string head = headerBytes({"0004", "P1"});
+  std::string records;
+  for (const char* sample : {"S1", "S2", "S3"}) records += field("P1", 15) + field(sample, 15) + std::string(213, '1');
+  records.resize(2 * 243 + 100);
+  write("HSZS/KOP1.txt", head + records);
+  SetText(workspace.K0SampleTable[0].projectNo, "P1");
+  SetText(workspace.K0SampleTable[0].sampleNo, "S9");
+  saveProject(workspace, ProjectKind::K0, nullptr);
+  const std::string saved = read("HSZS/KOP1.txt");
+  const auto& blank = infoOf(ProjectKind::K0).blankRecord();
+  const std::string blankRecord(reinterpret_cast<const char*>(blank.data()), blank.size());
+  ASSERT_EQ(saved.size(), 81U + 5 * 243);
+  EXPECT_EQ(saved.substr(81, records.size()), records) << "what is there stays";
+  EXPECT_EQ(saved.substr(81 + records.size(), 143), blankRecord.substr(100));
+  EXPECT_EQ(saved.substr(81 + 3 * 243, 243), blankRecord);
+  EXPECT_EQ(saved.substr(81 + 4 * 243, 17), field("P1", 15) + "S9");
+}
+
 TEST_F(DamagedFiles, ASaveLeavesADamagedProjectAlone) {
   setRow(0, triaxialBytes("P1", "S1"));
   for (const std::string& damaged : {std::string(), std::string("0001"), headerBytes({"x", "P1"})}) {
