@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "full_sample.h"
+#include "plain_write.h"
 #include "platform/files.h"
 #include "store/project_frame.h"
 #include "store/project_list.h"
@@ -153,15 +154,6 @@ void rewriteList(benchmark::State& state) {
       [&] { copyThroughBuffer(File(project.path(), File::Mode::Read), project.scratchFile()); });
 }
 BENCHMARK(rewriteList)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(3);
-
-/// Through a buffer of a megabyte, as any program would: large pieces get help from File.
-void writeAndSync(const std::filesystem::path& path, std::span<const std::byte> content) {
-  constexpr std::size_t kBuffer = std::size_t{1} << 20;
-  File file(path, File::Mode::Shared);
-  for (std::size_t at = 0; at < content.size(); at += kBuffer)
-    file.writeAt(at, content.subspan(at, std::min(kBuffer, content.size() - at)));
-  file.sync();
-}
 
 /// A range of samples from the middle, as it is opened, is written over with its records in the summary file. The file
 /// is whole: the blocks of one that was filled hole by hole lie all over the disk.

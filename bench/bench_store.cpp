@@ -5,12 +5,12 @@
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <memory>
 #include <string>
 
+#include "plain_write.h"
 #include "platform/files.h"
 #include "store/project_file.h"
 #include "store/save_project.h"
@@ -77,15 +77,6 @@ void readPlainly(const std::filesystem::path& path) {
   const auto bytes = std::make_unique_for_overwrite<std::byte[]>(size);
   if (file.readAt(0, {bytes.get(), size}) != size) std::abort();
   benchmark::DoNotOptimize(bytes.get());
-}
-
-/// Through a buffer of a megabyte, as any program would: large pieces get help from File.
-void writeAndSync(const std::filesystem::path& path, std::span<const std::byte> content) {
-  constexpr std::size_t kBuffer = std::size_t{1} << 20;
-  File file(path, File::Mode::Shared);
-  for (std::size_t at = 0; at < content.size(); at += kBuffer)
-    file.writeAt(at, content.subspan(at, std::min(kBuffer, content.size() - at)));
-  file.sync();
 }
 
 void writeTwice(const SavedWorkspace& saved, std::span<const std::byte> content) {

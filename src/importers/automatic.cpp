@@ -207,14 +207,6 @@ AutomaticBlock blockOf(const File& file, const AutomaticEntry& entry, const Read
   return block;
 }
 
-SampleIdentity identityOf(const AutoSpecimenRecord& raw) {
-  SampleIdentity identity;
-  SetText(identity.projectNo, shownText(raw.recordProjectNo.view()));
-  SetText(identity.sampleNo, shownText(raw.recordSampleNo.view()));
-  identity.testMethod = raw.testMethod;
-  return identity;
-}
-
 /// Fills one slot of a row from one specimen record.
 class SpecimenFiller {
  public:
@@ -236,10 +228,7 @@ class SpecimenFiller {
     m_row.shearMode = m_raw.shearMode;
     m_row.recordCodeA = m_raw.recordCodeA;
     m_row.recordCodeB = m_raw.recordCodeB;
-    const SampleIdentity identity = identityOf(m_raw);
-    m_row.projectNo = identity.projectNo;
-    m_row.sampleNo = identity.sampleNo;
-    m_row.testMethod = identity.testMethod;
+    setIdentity(m_row, recordIdentity(m_raw));
     m_row.shearRate[m_slot] = m_raw.rawShearRate;
     if (m_reader.copiesStageFlag) m_row.uuAdjustFlag = m_raw.rawStageFlag;
   }
@@ -309,7 +298,7 @@ struct AutomaticGroup {
 /// The last specimen of a group names it. Nothing for a group without one.
 std::optional<SampleIdentity> identityOf(const AutomaticGroup& group) {
   for (std::size_t slot = group.slots.size(); slot-- > 0;)
-    if (group.hasSpecimen(slot)) return identityOf(group.slots[slot]);
+    if (group.hasSpecimen(slot)) return recordIdentity(group.slots[slot]);
   return std::nullopt;
 }
 

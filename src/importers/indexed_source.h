@@ -16,6 +16,19 @@
 
 namespace triaxlab {
 
+/// Of a raw record that names its own sample.
+template <class RawRecord>
+SampleIdentity recordIdentity(const RawRecord& raw) requires requires {
+  raw.recordSampleNo;
+}
+{
+  SampleIdentity identity;
+  SetText(identity.projectNo, shownText(raw.recordProjectNo.view()));
+  SetText(identity.sampleNo, shownText(raw.recordSampleNo.view()));
+  identity.testMethod = raw.testMethod;
+  return identity;
+}
+
 /// A triaxial database with an index, whose entries point at data blocks of specimens. The blocks of the marked rows
 /// are read as they stand; then groups of specimens are found their rows; then the workspace is filled.
 ///

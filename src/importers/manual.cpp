@@ -160,14 +160,6 @@ ManualBlock blockOf(const File& file, const ManualIndexEntry& entry) {
   return block;
 }
 
-SampleIdentity identityOf(const ManualSpecimenRecord& raw) {
-  SampleIdentity identity;
-  SetText(identity.projectNo, shownText(raw.recordProjectNo.view()));
-  SetText(identity.sampleNo, shownText(raw.recordSampleNo.view()));
-  identity.testMethod = raw.testMethod;
-  return identity;
-}
-
 /// Fills the first slot of a blank row from one specimen record.
 class SpecimenFiller {
  public:
@@ -186,10 +178,7 @@ class SpecimenFiller {
   static constexpr std::size_t kSlot = 0;
 
   void fillIdentity() {
-    const SampleIdentity identity = identityOf(m_raw);
-    m_row.projectNo = identity.projectNo;
-    m_row.sampleNo = identity.sampleNo;
-    m_row.testMethod = identity.testMethod;
+    setIdentity(m_row, recordIdentity(m_raw));
     m_row.shearMode = m_raw.shearMode;
     m_row.uuAdjustFlag = m_raw.stageFlag;
     m_row.shearRate[kSlot] = m_raw.rawShearRate;
@@ -254,7 +243,7 @@ struct ManualFormat {
                         std::vector<Group>& groups) {
     plan.addProjectDate(source);
     for (const ManualSpecimenRecord& raw : block.specimens) {
-      const SampleIdentity identity = identityOf(raw);
+      const SampleIdentity identity = recordIdentity(raw);
       if (identity.sampleNo.isBlank()) continue;
       plan.addGroup(identity, TriaxialImportPlan::Gathering::BySample);
       groups.push_back(&raw);

@@ -142,14 +142,6 @@ bool isSpecimen(const NewQvbSpecimenRecord& raw) {
   return raw.rawCellPressure != 0 && !shownText(raw.recordSampleNo.view()).empty();
 }
 
-SampleIdentity identityOf(const NewQvbSpecimenRecord& raw) {
-  SampleIdentity identity;
-  SetText(identity.projectNo, shownText(raw.recordProjectNo.view()));
-  SetText(identity.sampleNo, shownText(raw.recordSampleNo.view()));
-  identity.testMethod = raw.testMethod;
-  return identity;
-}
-
 /// A drainage beyond these bounds is a stray reading.
 std::int16_t drainageOf(const NewQvbSpecimenRecord& raw) {
   constexpr std::int16_t kMost = 10000;
@@ -212,11 +204,8 @@ class SpecimenFiller {
   /// In mode 3 the stages are sheared as in mode 2, and the axial strain runs on.
   void fillIdentity() {
     constexpr std::uint8_t kStrainRunsOn = 3, kMultiStage = 2;
-    const SampleIdentity identity = identityOf(m_raw);
     const bool runsOn = m_raw.shearMode == kStrainRunsOn;
-    m_row.projectNo = identity.projectNo;
-    m_row.sampleNo = identity.sampleNo;
-    m_row.testMethod = identity.testMethod;
+    setIdentity(m_row, recordIdentity(m_raw));
     m_row.shearMode = runsOn ? kMultiStage : m_raw.shearMode;
     m_row.uuAdjustFlag = runsOn ? 1 : 0;
     m_row.shearRate[m_slot] = m_raw.rawShearRate;
@@ -314,7 +303,7 @@ struct NewQvbFormat {
     plan.addProjectDate(source);
     for (const NewQvbSpecimenRecord& raw : block.specimens) {
       if (!isSpecimen(raw)) continue;
-      plan.addGroup(identityOf(raw), TriaxialImportPlan::Gathering::InPlace);
+      plan.addGroup(recordIdentity(raw), TriaxialImportPlan::Gathering::InPlace);
       groups.push_back(&raw);
     }
   }

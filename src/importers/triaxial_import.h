@@ -33,6 +33,12 @@ struct SampleIdentity {
   }
 };
 
+inline void setIdentity(TriaxialSampleRecord& row, const SampleIdentity& identity) {
+  row.projectNo = identity.projectNo;
+  row.sampleNo = identity.sampleNo;
+  row.testMethod = identity.testMethod;
+}
+
 /// Which row of the triaxial table each group of specimens goes to, and the dates of the projects: worked out from the
 /// plain content of a database before the workspace is touched, so that an import which can't be done changes nothing.
 class TriaxialImportPlan {

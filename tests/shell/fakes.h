@@ -19,42 +19,9 @@
 #include "shell/shell_session.h"
 #include "shell/shell_windows.h"
 #include "shell/source_folder_session.h"
+#include "support/fake_dialogs.h"
 
 namespace triaxlab::testing {
-
-/// Boxes are noted down as "[title] text", those with a stop mark as "stop [title] text"; questions are answered from
-/// a queue.
-class FakeDialogs : public Dialogs {
- public:
-  std::vector<std::string> shown;
-  std::deque<bool> answers;
-  std::optional<std::filesystem::path> file;  // what is chosen in a file dialog; none: cancelled
-  std::vector<FileQuestion> questions;
-
-  void message(std::string_view title, std::string_view text, MessageIcon icon) override { note(title, text, icon); }
-  bool ask(std::string_view title, std::string_view text, MessageIcon icon) override {
-    note(title, text, icon);
-    if (answers.empty()) throw std::logic_error("a question without an answer: " + shown.back());
-    const bool answer = answers.front();
-    answers.pop_front();
-    return answer;
-  }
-  std::optional<std::filesystem::path> chooseFile(const FileQuestion& question) override {
-    questions.push_back(question);
-    return file;
-  }
-  std::optional<std::filesystem::path> chooseFileToSave(const FileQuestion&) override { return std::nullopt; }
-  std::optional<std::string> input(std::string_view, std::string_view, std::string_view) override {
-    return std::nullopt;
-  }
-
-  std::vector<std::string> take() { return std::exchange(shown, {}); }
-
- private:
-  void note(std::string_view title, std::string_view text, MessageIcon icon) {
-    shown.push_back((icon == MessageIcon::Stop ? "stop [" : "[") + std::string(title) + "] " + std::string(text));
-  }
-};
 
 /// A document window that only knows whether it was changed.
 class FakeDocument : public CurveDocument {

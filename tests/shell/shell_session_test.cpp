@@ -316,10 +316,10 @@ TEST_F(Shell, ANanjingFileIsReadAsSoonAsItIsChosen) {
   dialogs.file = lab.folder.write("raw/A1.SZD", twoNanjingSamples());
   SetText(lab.workspace.controlledDocNo, "QR-07");
   EXPECT_TRUE(shell.trigger("OPENNJ"));
-  ASSERT_EQ(dialogs.questions.size(), 1U);
-  EXPECT_EQ(dialogs.questions[0].title, "打开南京三轴原始数据文件");
-  EXPECT_EQ(dialogs.questions[0].filter, "Log Files (*.SZD)|*.SZD|All  Files (*.*)|*.*");
-  EXPECT_TRUE(dialogs.questions[0].initial.filename().empty()) << "no name to begin with";
+  ASSERT_EQ(dialogs.fileQuestions.size(), 1U);
+  EXPECT_EQ(dialogs.fileQuestions[0].title, "打开南京三轴原始数据文件");
+  EXPECT_EQ(dialogs.fileQuestions[0].filter, "Log Files (*.SZD)|*.SZD|All  Files (*.*)|*.*");
+  EXPECT_TRUE(dialogs.fileQuestions[0].initial.filename().empty()) << "no name to begin with";
   EXPECT_THAT(windows.take(), ElementsAre("load 1"));
   EXPECT_FALSE(isLive(lab.workspace.TriaxialSampleTable[0]));
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[2].sampleNo.trimmed(), "J-2");

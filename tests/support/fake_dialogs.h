@@ -19,7 +19,8 @@ class FakeDialogs : public Dialogs {
  public:
   std::vector<std::string> shown;
   std::deque<bool> answers;
-  std::vector<FileQuestion> fileQuestions;        // all of them cancelled
+  std::vector<FileQuestion> fileQuestions;
+  std::optional<std::filesystem::path> file;      // what all of them are answered with; nothing: cancelled
   std::deque<std::optional<std::string>> inputs;  // nothing: the person cancels
 
   void message(std::string_view title, std::string_view text, MessageIcon icon) override { note(title, text, icon); }
@@ -29,7 +30,7 @@ class FakeDialogs : public Dialogs {
   }
   std::optional<std::filesystem::path> chooseFile(const FileQuestion& question) override {
     fileQuestions.push_back(question);
-    return std::nullopt;
+    return file;
   }
   std::optional<std::filesystem::path> chooseFileToSave(const FileQuestion&) override { return std::nullopt; }
   std::optional<std::string> input(std::string_view title, std::string_view prompt, std::string_view value) override {
