@@ -19,12 +19,12 @@
 #include "full_sample.h"
 #include "plain_write.h"
 #include "platform/files.h"
-#include "store/project_frame.h"
-#include "store/project_list.h"
-#include "store/rewrite_list.h"
-#include "store/sample_list_order.h"
-#include "store/save_project.h"
-#include "store/summary_record.h"
+#include "store/project/project_frame.h"
+#include "store/project/project_list.h"
+#include "store/project/rewrite_list.h"
+#include "store/project/sample_list_order.h"
+#include "store/project/save_project.h"
+#include "store/summary/summary_record.h"
 
 namespace triaxlab {
 namespace {

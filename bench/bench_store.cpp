@@ -12,8 +12,8 @@
 
 #include "plain_write.h"
 #include "platform/files.h"
-#include "store/project_file.h"
-#include "store/save_project.h"
+#include "store/project/project_file.h"
+#include "store/project/save_project.h"
 
 namespace triaxlab {
 namespace {

@@ -23,12 +23,12 @@
 #include "reports/three_in_one.h"
 #include "shell/document_operations.h"
 #include "shell/fakes.h"
-#include "store/save_project.h"
+#include "store/project/save_project.h"
 #include "triaxial/opening_pass.h"
-#include "windows/click_label.h"
+#include "windows/controls/click_label.h"
 #include "windows/lone_application.h"
 #include "windows/play/person.h"
-#include "windows/triaxial_curve_window.h"
+#include "windows/triaxial/triaxial_curve_window.h"
 
 namespace triaxlab {
 namespace {

@@ -12,8 +12,8 @@
 
 #include "common/user_error.h"
 #include "fuzz_folders.h"
-#include "store/file_update.h"
-#include "store/journal.h"
+#include "store/safety/file_update.h"
+#include "store/safety/save_journal.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "fuzz_folders.h"
-#include "store/physical_data.h"
+#include "store/summary/physical_data.h"
 
 namespace {
 

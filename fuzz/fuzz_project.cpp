@@ -7,8 +7,8 @@
 
 #include "common/user_error.h"
 #include "fuzz_folders.h"
-#include "store/project_file.h"
-#include "store/project_list.h"
+#include "store/project/project_file.h"
+#include "store/project/project_list.h"
 
 namespace {
 

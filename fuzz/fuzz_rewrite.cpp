@@ -11,8 +11,8 @@
 
 #include "common/user_error.h"
 #include "fuzz_folders.h"
-#include "store/project_frame.h"
-#include "store/rewrite_list.h"
+#include "store/project/project_frame.h"
+#include "store/project/rewrite_list.h"
 
 namespace {
 

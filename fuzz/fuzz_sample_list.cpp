@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "common/gbk.h"
-#include "store/sample_list_order.h"
+#include "store/project/sample_list_order.h"
 
 namespace {
 

@@ -13,9 +13,9 @@
 #include "common/user_error.h"
 #include "fuzz_folders.h"
 #include "shell/toggles.h"
-#include "store/page_setup.h"
-#include "store/settings_file.h"
-#include "store/source_folders.h"
+#include "store/settings/page_setup.h"
+#include "store/settings/settings_file.h"
+#include "store/settings/source_folders.h"
 
 namespace {
 

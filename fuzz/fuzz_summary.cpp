@@ -8,9 +8,9 @@
 
 #include "common/user_error.h"
 #include "fuzz_folders.h"
-#include "store/project_frame.h"
-#include "store/save_project.h"
-#include "store/summary_file.h"
+#include "store/project/project_frame.h"
+#include "store/project/save_project.h"
+#include "store/summary/summary_file.h"
 
 namespace {
 

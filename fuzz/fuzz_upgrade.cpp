@@ -11,10 +11,10 @@
 
 #include "common/user_error.h"
 #include "fuzz_folders.h"
-#include "store/old_formats.h"
-#include "store/project_file.h"
-#include "store/project_frame.h"
-#include "store/upgrade.h"
+#include "store/project/old_formats.h"
+#include "store/project/project_file.h"
+#include "store/project/project_frame.h"
+#include "store/project/upgrade.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "common/date.h"
-#include "store/project_kinds.h"
+#include "store/project/project_kinds.h"
 #include "triaxial/curve_page.h"
 
 namespace triaxlab::cli {

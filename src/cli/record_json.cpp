@@ -9,7 +9,7 @@
 #include "common/gbk.h"
 #include "common/record_fields.h"
 #include "k0/record_fields.h"
-#include "store/header_fields.h"
+#include "store/project/header_fields.h"
 #include "triaxial/record_fields.h"
 #include "unconfined/record_fields.h"
 

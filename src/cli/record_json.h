@@ -2,8 +2,8 @@
 
 #include <nlohmann/json_fwd.hpp>
 
-#include "store/project_header.h"
-#include "store/project_kinds.h"
+#include "store/project/project_header.h"
+#include "store/project/project_kinds.h"
 #include "store/workspace.h"
 
 namespace triaxlab::cli {

@@ -9,8 +9,8 @@
 #include "common/gbk.h"
 #include "common/text_number.h"
 #include "platform/files.h"
-#include "store/settings_file.h"
-#include "store/source_folders.h"
+#include "store/settings/settings_file.h"
+#include "store/settings/source_folders.h"
 
 namespace triaxlab {
 namespace {

@@ -10,8 +10,8 @@
 
 #include "common/progress.h"
 #include "common/user_error.h"
-#include "store/settings_file.h"
-#include "store/source_folders.h"
+#include "store/settings/settings_file.h"
+#include "store/settings/source_folders.h"
 #include "store/workspace.h"
 
 namespace triaxlab {

@@ -29,7 +29,7 @@
 #include "importers/raw_layouts.h"
 #include "importers/reading_words.h"
 #include "importers/triaxial_import.h"
-#include "store/source_folders.h"
+#include "store/settings/source_folders.h"
 
 namespace triaxlab {
 namespace {

@@ -1,7 +1,7 @@
 #include "reports/block_head.h"
 
 #include "common/gbk.h"
-#include "store/trial_pit.h"
+#include "store/summary/trial_pit.h"
 #include "triaxial/method_names.h"
 
 namespace triaxlab {

@@ -4,7 +4,7 @@
 
 #include "common/fixed_text.h"
 #include "common/gbk.h"
-#include "store/settings_file.h"
+#include "store/settings/settings_file.h"
 
 namespace triaxlab {
 namespace {

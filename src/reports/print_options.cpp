@@ -7,7 +7,7 @@
 #include "common/conversions.h"
 #include "common/text_number.h"
 #include "common/user_error.h"
-#include "store/settings_file.h"
+#include "store/settings/settings_file.h"
 
 namespace triaxlab {
 namespace {

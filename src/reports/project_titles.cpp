@@ -4,8 +4,8 @@
 
 #include "common/gbk.h"
 #include "platform/files.h"
-#include "store/summary_file.h"
-#include "store/summary_record.h"
+#include "store/summary/summary_file.h"
+#include "store/summary/summary_record.h"
 
 namespace triaxlab {
 namespace {

@@ -15,7 +15,7 @@
 #include "reports/job_range.h"
 #include "reports/page_frame.h"
 #include "reports/page_labels.h"
-#include "store/project_number.h"
+#include "store/project/project_number.h"
 #include "triaxial/charts/curve_chart.h"
 #include "triaxial/method_names.h"
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "store/source_folders.h"
+#include "store/settings/source_folders.h"
 #include "store/workspace.h"
 
 namespace triaxlab {

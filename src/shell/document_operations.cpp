@@ -4,7 +4,7 @@
 #include <array>
 
 #include "shell/ini_settings.h"
-#include "store/summary_file.h"
+#include "store/summary/summary_file.h"
 #include "triaxial/opening_pass.h"
 
 namespace triaxlab {
@@ -15,6 +15,13 @@ void append(Remarks& remarks, const Remarks& more) { remarks.insert(remarks.end(
 void reduceTriaxial(Workspace& workspace) {
   runOpeningPass(workspace.TriaxialSampleTable, workspace.settings.habits.cohesionFormat());
 }
+
+/// The windows that show tests, by the kind whose table they show.
+struct ShownKind {
+  ProjectKind documentKind;
+  ActiveDocument document;
+};
+constexpr std::array kShownKinds{ShownKind{ProjectKind::Triaxial, kForm1}};
 
 /// The kinds whose samples are reduced when they are opened.
 struct Reduction {
@@ -32,6 +39,12 @@ void prepareTable(Workspace& workspace, ProjectKind kind, Remarks& remarks) {
 }
 
 }  // namespace
+
+std::optional<ActiveDocument> documentOf(ProjectKind kind) {
+  const auto* const row = std::ranges::find(kShownKinds, infoOf(kind).documentKind, &ShownKind::documentKind);
+  if (row == kShownKinds.end()) return std::nullopt;
+  return row->document;
+}
 
 Remarks openDocument(Workspace& workspace, ProjectKind kind, std::string_view fileName,
                      const RangeChooser& chooseRange) {

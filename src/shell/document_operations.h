@@ -1,9 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 #include "common/user_error.h"
-#include "store/project_file.h"
+#include "store/project/project_file.h"
 #include "store/workspace.h"
 #include "triaxial/curve_page.h"
 
@@ -11,6 +12,9 @@ namespace triaxlab {
 
 // What fills a table, up to the point where a document window can show it and a save can store it. Windows and the
 // command line start the same operations; the remarks are for the status bar or standard error.
+
+/// The document window that shows the tests of a kind; nothing as long as this version has none.
+std::optional<ActiveDocument> documentOf(ProjectKind kind);
 
 /// Reads a project file (name without folder), the locations of its samples and the English labels, and reduces the
 /// samples as their window does when it opens: the triaxial ones by the opening pass, the others stand as they were

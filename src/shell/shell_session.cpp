@@ -8,16 +8,16 @@
 
 #include "importers/import_selection.h"
 #include "platform/process.h"
-#include "shell/browser_session.h"
+#include "sessions/dialogs/browser_session.h"
+#include "sessions/dialogs/overwrite_session.h"
+#include "sessions/dialogs/range_dialog.h"
+#include "sessions/dialogs/source_folder_session.h"
 #include "shell/document_operations.h"
 #include "shell/ini_settings.h"
-#include "shell/overwrite_session.h"
-#include "shell/range_dialog.h"
-#include "shell/source_folder_session.h"
 #include "shell/start_up.h"
 #include "shell/toggles.h"
 #include "shell/tools.h"
-#include "store/save_project.h"
+#include "store/project/save_project.h"
 
 namespace triaxlab {
 namespace {
@@ -183,7 +183,10 @@ void ShellSession::openProject(const Command& command) {
     m_windows.showRangeDialog(range);
     return range.range();
   };
-  BrowserSession browser(m_workspace, m_dialogs, chooseRange,
+  ProjectOpener open;
+  if (document)
+    open = [&](ProjectKind kind, std::string_view name) { return openDocument(m_workspace, kind, name, chooseRange); };
+  BrowserSession browser(m_workspace, m_dialogs, open,
                          [&](SampleListSession& list) { m_windows.showSampleList(list); });
   m_windows.showBrowser(browser);
   if (document && browser.opened())

@@ -7,10 +7,10 @@
 
 #include "common/user_error.h"
 #include "platform/dialogs.h"
+#include "sessions/dialogs/error_display.h"
 #include "shell/command_states.h"
-#include "shell/error_display.h"
 #include "shell/shell_windows.h"
-#include "store/project_file.h"
+#include "store/project/project_file.h"
 #include "store/workspace.h"
 
 namespace triaxlab {

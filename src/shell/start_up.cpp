@@ -14,9 +14,9 @@
 #include "platform/files.h"
 #include "shell/ini_settings.h"
 #include "shell/toggles.h"
-#include "store/file_update.h"
-#include "store/settings_file.h"
-#include "store/source_folders.h"
+#include "store/safety/file_update.h"
+#include "store/settings/settings_file.h"
+#include "store/settings/source_folders.h"
 
 namespace triaxlab {
 namespace {

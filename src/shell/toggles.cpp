@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "store/settings_file.h"
+#include "store/settings/settings_file.h"
 
 namespace triaxlab {
 namespace {

@@ -16,9 +16,9 @@
 #include "common/settings.h"
 #include "k0/record.h"
 #include "platform/files.h"
-#include "store/data_lock.h"
-#include "store/file_memory.h"
-#include "store/project_header.h"
+#include "store/project/project_header.h"
+#include "store/safety/data_lock.h"
+#include "store/safety/file_memory.h"
 #include "triaxial/record.h"
 #include "unconfined/record.h"
 

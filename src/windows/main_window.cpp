@@ -15,20 +15,20 @@
 #include <QStatusBar>
 
 #include "importers/import_selection.h"
-#include "windows/click_label.h"
-#include "windows/consolidation_table_window.h"
-#include "windows/data_table_window.h"
-#include "windows/importer_window.h"
-#include "windows/layout.h"
+#include "windows/controls/click_label.h"
+#include "windows/controls/layout.h"
+#include "windows/controls/words.h"
+#include "windows/dialogs/importer_window.h"
+#include "windows/dialogs/overwrite_window.h"
+#include "windows/dialogs/project_browser_window.h"
+#include "windows/dialogs/range_window.h"
+#include "windows/dialogs/sample_list_window.h"
+#include "windows/dialogs/source_folder_window.h"
+#include "windows/dialogs/triaxial_print_window.h"
 #include "windows/menu_bar.h"
-#include "windows/overwrite_window.h"
-#include "windows/project_browser_window.h"
-#include "windows/range_window.h"
-#include "windows/sample_list_window.h"
-#include "windows/source_folder_window.h"
-#include "windows/triaxial_curve_window.h"
-#include "windows/triaxial_print_window.h"
-#include "windows/words.h"
+#include "windows/triaxial/consolidation_table_window.h"
+#include "windows/triaxial/data_table_window.h"
+#include "windows/triaxial/triaxial_curve_window.h"
 
 namespace triaxlab {
 namespace {

@@ -5,7 +5,7 @@
 #include <QMenu>
 
 #include "shell/command_table.h"
-#include "windows/words.h"
+#include "windows/controls/words.h"
 
 namespace triaxlab {
 

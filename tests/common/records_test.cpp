@@ -11,8 +11,8 @@
 
 #include "k0/record.h"
 #include "platform/files.h"
-#include "store/project_header.h"
-#include "store/summary_record.h"
+#include "store/project/project_header.h"
+#include "store/summary/summary_record.h"
 #include "triaxial/record.h"
 #include "unconfined/record.h"
 

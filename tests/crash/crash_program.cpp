@@ -9,10 +9,10 @@
 
 #include "common/user_error.h"
 #include "crash/crash_samples.h"
-#include "store/file_update.h"
-#include "store/project_file.h"
-#include "store/rewrite_list.h"
-#include "store/save_project.h"
+#include "store/project/project_file.h"
+#include "store/project/rewrite_list.h"
+#include "store/project/save_project.h"
+#include "store/safety/file_update.h"
 
 namespace triaxlab {
 namespace {

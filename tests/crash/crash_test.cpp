@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "crash/crash_samples.h"
-#include "store/save_project.h"
+#include "store/project/save_project.h"
 #include "support/temporary_folder.h"
 
 extern char** environ;  // NOLINT(readability-redundant-declaration): POSIX leaves its declaration to the program

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "importers/import_fixture.h"
-#include "store/settings_file.h"
+#include "store/settings/settings_file.h"
 
 namespace triaxlab::testing {
 namespace {

@@ -52,7 +52,7 @@ TEST(Layering, IncludesAreFoundHoweverTheyAreWritten) {
 TEST(Layering, OwnFolderAndLowerFloorsAreOpen) {
   EXPECT_THAT(violationsIn("common/gbk.cpp", "\"common/gbk.h\""), IsEmpty());
   EXPECT_THAT(violationsIn("store/workspace.h", "\"triaxial/record.h\""), IsEmpty());
-  EXPECT_THAT(violationsIn("triaxial/session/curve_session.h", "\"triaxial/charts/frame.h\""), IsEmpty());
+  EXPECT_THAT(violationsIn("sessions/triaxial/curve_session.h", "\"triaxial/charts/frame.h\""), IsEmpty());
   EXPECT_THAT(violationsIn("main.cpp", "\"windows/main_window.h\""), IsEmpty());
 }
 
@@ -65,18 +65,25 @@ TEST(Layering, AHigherFloorIsRefused) {
   EXPECT_THAT(violationsIn("common/gbk.cpp", "\"platform/files.h\""),
               ElementsAre("common/gbk.cpp (floor 1) includes platform/files.h (floor 2)"));
   EXPECT_THAT(violationsIn("triaxial/failure.cpp", "\"store/workspace.h\""),
-              ElementsAre("triaxial/failure.cpp (floor 3) includes store/workspace.h (floor 4)"));
-  EXPECT_THAT(violationsIn("triaxial/failure.cpp", "\"triaxial/session/curve_session.h\""),
-              ElementsAre("triaxial/failure.cpp (floor 3) includes triaxial/session/curve_session.h (floor 6)"));
+              ElementsAre("triaxial/failure.cpp (floor 4) includes store/workspace.h (floor 5)"));
+  EXPECT_THAT(violationsIn("triaxial/failure.cpp", "\"sessions/triaxial/curve_session.h\""),
+              ElementsAre("triaxial/failure.cpp (floor 4) includes sessions/triaxial/curve_session.h (floor 7)"));
   EXPECT_THAT(violationsIn("windows/main_window.cpp", "<cli/run.h>"),
-              ElementsAre("windows/main_window.cpp (floor 7) includes cli/run.h (floor 7)"));
+              ElementsAre("windows/main_window.cpp (floor 9) includes cli/run.h (floor 9)"));
+}
+
+TEST(Layering, RoomsOfTheStoreAreOpenToEachOther) {
+  EXPECT_THAT(violationsIn("store/project/save.cpp", "\"store/summary/file.h\""), IsEmpty());
+  EXPECT_THAT(violationsIn("store/safety/backup.h", "\"store/workspace.h\""), IsEmpty());
 }
 
 TEST(Layering, ANeighbourOnTheSameFloorIsRefused) {
+  EXPECT_THAT(violationsIn("sessions/triaxial/a.cpp", "\"sessions/unconfined/b.h\""),
+              ElementsAre("sessions/triaxial/a.cpp (floor 7) includes sessions/unconfined/b.h (floor 7)"));
   EXPECT_THAT(violationsIn("triaxial/failure.cpp", "\"k0/record.h\""),
-              ElementsAre("triaxial/failure.cpp (floor 3) includes k0/record.h (floor 3)"));
+              ElementsAre("triaxial/failure.cpp (floor 4) includes k0/record.h (floor 4)"));
   EXPECT_THAT(violationsIn("importers/automatic.cpp", "\"reports/page.h\""),
-              ElementsAre("importers/automatic.cpp (floor 5) includes reports/page.h (floor 5)"));
+              ElementsAre("importers/automatic.cpp (floor 6) includes reports/page.h (floor 6)"));
 }
 
 TEST(Layering, AnInterfaceDoesNotSeeItsImplementation) {
@@ -92,7 +99,7 @@ TEST(Layering, OnlyTheWindowsAndTheQtDoorsKnowQt) {
          {"windows/curve_window.cpp", "platform/qt/painter_surface.cpp", "main.cpp", "cli/page_devices.cpp"})
       EXPECT_THAT(violationsIn(path, include), IsEmpty());
     for (const std::string path : {"common/gbk.cpp", "platform/os/files_posix.cpp",
-                                   "triaxial/session/curve_session.cpp", "cli/commands.cpp", "shell/startup.cpp"})
+                                   "sessions/triaxial/curve_session.cpp", "cli/commands.cpp", "shell/startup.cpp"})
       EXPECT_THAT(violationsIn(path, include), ElementsAre(path + " includes " + header + kOnly));
   }
   EXPECT_THAT(violationsIn("reports/print_job.cpp", "\"platform/qt/pdf_device.h\""),

@@ -1,6 +1,6 @@
 #include "reports/page_fixture.h"
-#include "store/settings_file.h"
-#include "store/summary_record.h"
+#include "store/settings/settings_file.h"
+#include "store/summary/summary_record.h"
 
 namespace triaxlab::testing {
 namespace {

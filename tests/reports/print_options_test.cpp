@@ -2,7 +2,7 @@
 
 #include "common/user_error.h"
 #include "reports/page_fixture.h"
-#include "store/settings_file.h"
+#include "store/settings/settings_file.h"
 
 namespace triaxlab::testing {
 namespace {

@@ -12,13 +12,13 @@
 
 #include "importers/import_selection.h"
 #include "platform/dialogs.h"
-#include "shell/browser_session.h"
-#include "shell/overwrite_session.h"
-#include "shell/range_dialog.h"
-#include "shell/sample_list_session.h"
+#include "sessions/dialogs/browser_session.h"
+#include "sessions/dialogs/overwrite_session.h"
+#include "sessions/dialogs/range_dialog.h"
+#include "sessions/dialogs/sample_list_session.h"
+#include "sessions/dialogs/source_folder_session.h"
 #include "shell/shell_session.h"
 #include "shell/shell_windows.h"
-#include "shell/source_folder_session.h"
 #include "support/fake_dialogs.h"
 
 namespace triaxlab::testing {

@@ -15,7 +15,7 @@ using ::testing::IsEmpty;
 using testing::Lab;
 using testing::sample;
 
-constexpr const char* kLeaving = "[三轴曲线调整]    曲线已经调整\n保存修改后数据吗？";
+constexpr const char* kLeaving = "! [三轴曲线调整]    曲线已经调整\n保存修改后数据吗？";
 constexpr const char* kClosing = "[保存三轴数据]    数据已修改\n保存修改后数据吗？";
 
 class InterventionCommands : public ::testing::Test {

@@ -10,7 +10,7 @@
 #include "common/gbk.h"
 #include "platform/process.h"
 #include "shell/toggles.h"
-#include "store/settings_file.h"
+#include "store/settings/settings_file.h"
 #include "support/temporary_folder.h"
 
 namespace triaxlab {

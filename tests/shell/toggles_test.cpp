@@ -9,7 +9,7 @@
 #include "reports/page_fixture.h"
 #include "shell/fakes.h"
 #include "shell/lab.h"
-#include "store/settings_file.h"
+#include "store/settings/settings_file.h"
 
 namespace triaxlab {
 namespace {

@@ -17,11 +17,11 @@
 #include "common/gbk.h"
 #include "lone_application.h"
 #include "shell/fakes.h"
-#include "windows/canvas_widget.h"
-#include "windows/grid_view.h"
+#include "windows/controls/canvas_widget.h"
+#include "windows/controls/grid_view.h"
+#include "windows/controls/words.h"
 #include "windows/play/person.h"
-#include "windows/triaxial_curve_window.h"
-#include "windows/words.h"
+#include "windows/triaxial/triaxial_curve_window.h"
 
 namespace triaxlab::testing {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "played_program.h"
-#include "store/project_header.h"
+#include "store/project/project_header.h"
 #include "triaxial/record.h"
 
 namespace triaxlab::testing {

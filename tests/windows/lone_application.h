@@ -4,7 +4,7 @@
 #include <QByteArray>
 
 #include "platform/qt/application.h"
-#include "windows/appearance.h"
+#include "windows/controls/appearance.h"
 
 namespace triaxlab {
 

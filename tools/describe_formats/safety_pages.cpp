@@ -4,10 +4,10 @@
 
 #include "format_pages.h"
 #include "page.h"
-#include "store/backup.h"
-#include "store/journal.h"
-#include "store/journal_format.h"
-#include "store/old_formats.h"
+#include "store/project/old_formats.h"
+#include "store/safety/backup.h"
+#include "store/safety/save_journal.h"
+#include "store/safety/save_journal_format.h"
 
 namespace triaxlab::formats {
 

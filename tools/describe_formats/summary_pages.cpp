@@ -4,9 +4,9 @@
 
 #include "format_pages.h"
 #include "page.h"
-#include "store/physical_record.h"
-#include "store/summary_fields.h"
-#include "store/summary_frame.h"
+#include "store/summary/physical_record.h"
+#include "store/summary/summary_fields.h"
+#include "store/summary/summary_frame.h"
 
 namespace triaxlab::formats {
 namespace {

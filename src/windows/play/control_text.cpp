@@ -11,8 +11,8 @@
 #include <QStatusBar>
 #include <QTableView>
 
+#include "windows/controls/words.h"
 #include "windows/play/script.h"
-#include "windows/words.h"
 
 namespace triaxlab {
 namespace {

@@ -8,7 +8,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
-#include "windows/words.h"
+#include "windows/controls/words.h"
 
 namespace triaxlab {
 namespace {

@@ -19,12 +19,12 @@
 #include "common/user_error.h"
 #include "platform/files.h"
 #include "platform/json_page_device.h"
-#include "windows/canvas_widget.h"
-#include "windows/layout.h"
+#include "windows/controls/canvas_widget.h"
+#include "windows/controls/layout.h"
+#include "windows/controls/words.h"
 #include "windows/play/control_text.h"
 #include "windows/play/find_widget.h"
 #include "windows/play/person.h"
-#include "windows/words.h"
 
 namespace triaxlab {
 namespace {

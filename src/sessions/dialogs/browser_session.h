@@ -1,0 +1,103 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/user_error.h"
+#include "platform/dialogs.h"
+#include "store/project/project_kinds.h"
+#include "store/project/project_list.h"
+#include "store/workspace.h"
+
+namespace triaxlab {
+
+/// A column of a grid; widths in twips.
+struct GridColumn {
+  std::string heading;  // UTF-8
+  int width = 0;
+};
+
+class SampleListSession;
+
+/// Opens a project file (name without folder) for the document window that shows its kind. UserError when it can't be
+/// opened; the tables are then as they were.
+using ProjectOpener = std::function<Remarks(ProjectKind kind, std::string_view fileName)>;
+
+/// The session behind the project browser (OPENFORM). The kind of file is `openDialogKind` of the workspace.
+/// The hint speaks of the letter T; only Enter, the double click and Labelcz open.
+class BrowserSession {
+ public:
+  /// Shows a sample list (Form13, Form14) until it is left.
+  using SampleListShower = std::function<void(SampleListSession&)>;
+
+  /// Lists the project files by file name; row 1, column 1 is current. No `openProject`: there is no window for files
+  /// of this kind yet.
+  BrowserSession(Workspace& workspace, Dialogs& dialogs, ProjectOpener openProject,
+                 SampleListShower showSampleList = {});
+
+  static constexpr std::string_view kSortByProject = "工程编号排序";                       // Command1
+  static constexpr std::string_view kSortByDate = "创建日期排序";                          // Command2
+  static constexpr std::string_view kSorting = "正在排序中，请稍候......";                 // Labelp
+  static constexpr std::string_view kOpen = "打开文件\n恢复所选中的工程数据";              // Labelcz
+  static constexpr std::string_view kSampleList = "土样列表\n对所选工程进行土样编号排序";  // Labelsize
+  static constexpr std::string_view kHint = "鼠标双击或按\"T\"键选择要处理的文件";
+
+  std::string_view caption() const;   // of the window
+  std::string_view listName() const;  // Labelname
+
+  std::vector<GridColumn> columns() const;
+  /// Data rows of the grid, at least 1: a folder without files shows one empty row.
+  int rowCount() const;
+  /// Row 1 is the first data row, column 0 the row's number. Empty outside the grid.
+  std::string cell(int row, int column) const;
+
+  int currentRow() const { return m_currentRow; }
+  int currentColumn() const { return m_currentColumn; }
+  /// Row and column are held inside the data cells; column 0 is fixed.
+  void setCurrentCell(int row, int column);
+
+  /// Double click, Enter or Labelcz: opens the project of the current row. True when it is open and the dialog closes;
+  /// otherwise the reason has been shown, the dialog stays, and the table is as it was.
+  bool open();
+  /// The remarks of the open; nothing as long as no project was opened.
+  const std::optional<Remarks>& opened() const { return m_opened; }
+
+  /// Command1, Command2: the rows in ascending order of the column's text, by the bytes of its GBK form; rows of equal
+  /// texts keep their order. The current cell stays where it is in the grid.
+  void sortByProject();
+  void sortByDate();
+
+  /// False for files that are never written: their samples can't be put in order.
+  bool hasSampleLists() const;
+  /// Labelsize: the sample list of the current row's project. Each time a list was saved, and when it is left, the
+  /// projects are listed anew, in the order that they had, the same project current; then `listed` is called.
+  void showSampleList(const std::function<void()>& listed);
+  /// What sample lists had to say.
+  const Remarks& remarks() const { return m_remarks; }
+
+ private:
+  using Key = std::string ProjectListRow::*;
+
+  /// The current row, or null when its project cell is empty, which is shown.
+  const ProjectListRow* chosenProject();
+  void listAnew();
+  void sort();
+
+  Workspace& m_workspace;
+  Dialogs& m_dialogs;
+  ProjectOpener m_openProject;
+  SampleListShower m_showSampleList;
+  const ProjectKindInfo& m_kind;
+  std::vector<ProjectListRow> m_rows;
+  Key m_sortKey = &ProjectListRow::fileName;
+  int m_currentRow = 1, m_currentColumn = 1;
+  std::optional<Remarks> m_opened;
+  Remarks m_remarks;
+};
+
+}  // namespace triaxlab

@@ -1,0 +1,48 @@
+#include "sessions/dialogs/overwrite_session.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "common/gbk.h"
+
+namespace triaxlab {
+
+OverwriteSession::OverwriteSession(Workspace& workspace, std::vector<KnownSample> known)
+    : m_workspace(workspace), m_known(std::move(known)) {}
+
+std::vector<std::string> OverwriteSession::headings() const {
+  return {"序号", m_workspace.settings.habits.sampleNoLabel, ""};
+}
+
+int OverwriteSession::largestScroll() const { return std::max(0, rowCount() - kVisibleRows); }
+
+void OverwriteSession::setScroll(int value) { m_scroll = std::clamp(value, 0, largestScroll()); }
+
+const KnownSample* OverwriteSession::sampleAt(int index) const {
+  const int row = m_scroll + index;
+  if (index < 0 || index >= kVisibleRows || row >= rowCount()) return nullptr;
+  return &m_known[static_cast<std::size_t>(row)];
+}
+
+OverwriteSession::Line OverwriteSession::line(int index) const {
+  const KnownSample* const sample = sampleAt(index);
+  if (sample == nullptr) return {};
+  return {std::to_string(m_scroll + index + 1),
+          gbkToUtf8(m_workspace.TriaxialSampleTable[sample->row].sampleNo.trimmed()),
+          m_workspace.keepExisting[sample->row] ? "不覆盖" : "覆盖"};
+}
+
+void OverwriteSession::flip(int index) {
+  if (const KnownSample* const sample = sampleAt(index)) m_workspace.keepExisting.flip(sample->row);
+}
+
+// Only listed rows are set: a sample that is new when the save begins is written even if the import holds it twice.
+void OverwriteSession::keepAll() {
+  for (const KnownSample& sample : m_known) m_workspace.keepExisting.set(sample.row);
+}
+
+void OverwriteSession::overwriteAll() {
+  for (const KnownSample& sample : m_known) m_workspace.keepExisting.reset(sample.row);
+}
+
+}  // namespace triaxlab

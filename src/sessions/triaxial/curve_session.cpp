@@ -1,0 +1,304 @@
+#include "sessions/triaxial/curve_session.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <utility>
+
+#include "common/conversions.h"
+#include "common/gbk.h"
+#include "sessions/typed_text.h"
+#include "store/summary/physical_data.h"
+#include "triaxial/charts/curve_chart.h"
+#include "triaxial/measures.h"
+#include "triaxial/touching_circles.h"
+
+namespace triaxlab {
+namespace {
+
+constexpr std::size_t kLimitWidth = 6;                                         // bytes that Text8 takes
+constexpr double kSmallestLimit = 35, kLargestLimit = 220, kUsualLimit = 150;  // 0.1 %
+
+/// How a readout tells the values of an axis.
+struct Axis {
+  NumberFormat format;
+  const char* unit;
+};
+constexpr Axis kStrain{NumberFormat::Hundredths, "%"}, kStress{NumberFormat::Tenths, "kPa"};
+constexpr Axis kRatio{NumberFormat::Thousandths, ""};
+/// Right and up, in the order of CurvePage.
+constexpr std::array<std::pair<Axis, Axis>, 6> kAxes{{{kStrain, kStress},
+                                                      {kStress, kStress},
+                                                      {kStress, kStress},
+                                                      {kStress, kStress},
+                                                      {kStrain, kStress},
+                                                      {kStrain, kRatio}}};
+
+/// The strain limit of a typed percentage, in tenths; one out of range becomes the usual 15 %.
+std::uint8_t limitOf(std::string_view percent) {
+  double tenths = ParseNumber(percent) * 10;
+  if (!(tenths >= kSmallestLimit && tenths <= kLargestLimit)) tenths = kUsualLimit;
+  return static_cast<std::uint8_t>(toInt16(tenths).value_or(0));
+}
+
+}  // namespace
+
+CurveSession::CurveSession(Workspace& workspace) : m_workspace(workspace) { load(); }
+
+TriaxialSampleRecord& CurveSession::record() const { return m_workspace.TriaxialSampleTable.at(sampleRow()); }
+
+void CurveSession::load() {
+  const auto& table = m_workspace.TriaxialSampleTable;
+  m_list.reset();
+  m_text1Visible = std::none_of(table.begin(), table.end(), isLive);
+  m_page = CurvePage::StressStrain;
+  m_table.reset();
+  m_intervention.reset();
+  m_envelopeJustAccepted = false;
+  m_changed = false;
+  m_workspace.typedDateTexts = {};
+  showSample();
+}
+
+void CurveSession::showSample() {
+  finishTyping();
+  m_table.close();
+  if (record().testMethod != kCU) m_envelopeCheck = EnvelopeCheck::Difference;
+  if (const CurvePage page = pageOf(record(), m_page); page != m_page) enterPage(page);
+  drawPage();
+  setTablePage(m_table.page());
+}
+
+void CurveSession::enterPage(CurvePage page) {
+  m_page = page;
+  m_table.setPage(tablePageOf(page));
+}
+
+void CurveSession::drawPage() {
+  m_results = {};
+  if (isLive(record())) m_results = computePage(record(), m_page, m_workspace.settings.habits.cohesionFormat());
+  if (isEnvelopePage(m_page) && std::exchange(m_envelopeJustAccepted, false) &&
+      m_workspace.settings.habits.autoAdjustRawData)
+    rescaleToEnvelope(record(), m_results.envelopes.total);
+  m_drawn = record();
+  const PerStage<double> limits = ClampFailureLimit(m_drawn);
+  for (std::size_t stage = 0; stage < kStages; ++stage)
+    m_strainLimitTexts[stage] = FormatNumber(limits[stage], NumberFormat::Tenths);
+  ++m_pictureNumber;
+}
+
+ChartOptions CurveSession::chartOptions() const {
+  ChartOptions options;
+  options.cohesionFormat = m_workspace.settings.habits.cohesionFormat();
+  return options;
+}
+
+void CurveSession::draw(DrawingSurface& surface) const {
+  ChartOptions options = chartOptions();
+  PageResults results = m_results;
+  m_intervention.show(options, results);
+  drawCurvePage(surface, m_drawn, m_page, results, options);
+}
+
+std::string CurveSession::readout(Point place) const {
+  if (m_intervention.running() || !isInPlot(place)) return {};
+  const Point value = scaleOfPage(m_drawn, m_page, chartOptions()).valueAt(place);
+  const auto& [x, y] = kAxes.at(static_cast<std::size_t>(m_page) - 1);
+  return "x:" + FormatNumber(value.x, x.format) + x.unit + "   y:" + FormatNumber(value.y, y.format) + y.unit;
+}
+
+void CurveSession::setTablePage(TablePage page) {
+  m_table.setPage(tablePageFor(record(), page));
+  m_table.refresh(record());
+}
+
+void CurveSession::selectLabel(int labelIndex) {
+  if (m_intervention.running() || !m_list.select(labelIndex)) return;
+  m_text1Visible = true;
+  showSample();
+}
+
+void CurveSession::scrollList(int top) {
+  if (m_intervention.running()) return;
+  m_list.scroll(top);
+  showSample();
+}
+
+bool CurveSession::keyInList(CellKey key, CursorPlace cursor) {
+  if (m_intervention.running() || !m_list.key(key, cursor)) return false;
+  showSample();
+  return true;
+}
+
+void CurveSession::showPage(int page) {
+  if (m_intervention.running() || page < static_cast<int>(CurvePage::StressStrain) ||
+      page > static_cast<int>(CurvePage::StressRatio))
+    return;
+  const auto wanted = static_cast<CurvePage>(page);
+  if (wanted == CurvePage::StressRatioEnvelope) m_envelopeCheck = EnvelopeCheck::Ratio;
+  if (wanted == CurvePage::StressDifferenceEnvelope) m_envelopeCheck = EnvelopeCheck::Difference;
+  enterPage(wanted);
+  showSample();
+}
+
+void CurveSession::previousPage() {
+  if (m_intervention.running()) return;
+  enterPage(pageBefore(m_page, record(), m_envelopeCheck));
+  showSample();
+}
+
+void CurveSession::nextPage() {
+  if (m_intervention.running()) return;
+  enterPage(pageBehind(m_page, record(), m_envelopeCheck));
+  showSample();
+}
+
+void CurveSession::previousTablePage() {
+  if (m_intervention.running()) return;
+  finishTyping();
+  setTablePage(tablePageBefore(m_table.page(), record()));
+}
+
+void CurveSession::nextTablePage() {
+  if (m_intervention.running()) return;
+  finishTyping();
+  setTablePage(tablePageBehind(m_table.page(), record()));
+}
+
+void CurveSession::scrollTable(int top) {
+  finishTyping();
+  m_table.scroll(top);
+  m_table.refresh(record());
+}
+
+void CurveSession::selectTableCell(int labelIndex) {
+  finishTyping();
+  m_table.select(labelIndex);
+  m_table.refresh(record());
+}
+
+bool CurveSession::keyInTable(CellKey key, CursorPlace cursor) {
+  if (!m_table.key(key, cursor)) return false;
+  finishTyping();
+  m_table.refresh(record());
+  return true;
+}
+
+std::optional<EditableField> CurveSession::fieldOf(Box box) const {
+  switch (box.name) {
+    case BoxName::Text1:
+      return listField(m_workspace, sampleRow(), m_list.onProject());
+    case BoxName::Text2:
+      return m_table.openCell() ? resultField(record(), *m_table.openCell()) : std::nullopt;
+    default:
+      return sampleField(m_workspace, sampleRow(), box);
+  }
+}
+
+std::string CurveSession::boxText(Box box) const {
+  if (m_typed && m_typed->box == box) return m_typed->text;
+  const auto field = fieldOf(box);
+  return field ? shownText(field->text) : std::string();
+}
+
+void CurveSession::edit(Box box, std::string_view utf8) {
+  if (box.name == BoxName::Text10) return m_intervention.typeFactor(utf8);
+  if (box.name == BoxName::Text11) return m_intervention.typeSummand(utf8);
+  if (box.name == BoxName::Text8) {
+    m_strainLimitTexts.at(static_cast<std::size_t>(box.index)) = gbkToUtf8(takenText(utf8, kLimitWidth));
+    return;
+  }
+  const auto field = fieldOf(box);
+  if (!field) return;
+  const std::string taken = takenText(utf8, field->width);
+  std::string text = gbkToUtf8(taken);
+  if (text == boxText(box)) return;  // nothing of it was taken: bytes that are no GBK stay as they came
+  field->store(taken);
+  m_typed = {box, std::move(text)};
+  m_changed = true;
+  if (box.name == BoxName::Text2) m_table.refresh(record());
+}
+
+bool CurveSession::keyOnMethodField(int box, MethodKey key) {
+  if (m_intervention.running()) return false;
+  const bool onMethod = box == 1;
+  TriaxialSampleRecord& sample = record();
+  if (key == MethodKey::End) {
+    sample.uuAdjustFlag = sample.uuAdjustFlag == 0 ? 1 : 0;
+  } else if (onMethod) {
+    sample.testMethod = static_cast<std::uint8_t>(key);
+  } else if (key != MethodKey::Three) {
+    sample.shearMode = static_cast<std::uint8_t>(key);
+  } else {
+    return false;
+  }
+  m_changed = true;
+  showSample();
+  return true;
+}
+
+void CurveSession::applyStrainLimits() {
+  if (m_intervention.running()) return;
+  finishTyping();
+  for (std::size_t stage = 0; stage < kStages; ++stage)
+    record().failureStrainLimit[stage] = limitOf(m_strainLimitTexts[stage]);
+  m_changed = true;
+  drawPage();
+  m_table.refresh(record());
+}
+
+void CurveSession::enterIntervention() {
+  if (m_intervention.running() || !canIntervene()) return;
+  showSample();
+  m_intervention.enter(record(), m_page, m_results);
+  readPhysicalValues();
+}
+
+void CurveSession::readPhysicalValues() {
+  m_physicalValues.clear();
+  if (!m_workspace.settings.toggles.showPhysicalIndices) return;
+  for (const PhysicalValue& value :
+       physicalValues(m_workspace, record().projectNo.trimmed(), record().sampleNo.trimmed()))
+    m_physicalValues.push_back({std::string(value.label), shownText(value.text)});
+}
+
+void CurveSession::leaveIntervention(Dialogs& dialogs) {
+  if (!m_intervention.running()) return;
+  const bool kept = dialogs.ask("三轴曲线调整", "   曲线已经调整\n保存修改后数据吗？", MessageIcon::Exclamation);
+  const TriaxialSampleRecord before = record();
+  if (kept) {
+    m_intervention.rearrange(record());  // a save that did not get to its end may have sorted the specimens, too
+    m_intervention.accept(record(), m_workspace.settings.habits.cohesionFormat());
+    m_envelopeJustAccepted = m_intervention.phase() == Phase::Envelope;
+  } else {
+    m_intervention.drop(record());
+  }
+  // A sample that was saved while the phase ran is taken back by a No as well.
+  if (kept || std::memcmp(&before, &record(), sizeof before) != 0) m_changed = true;
+  m_intervention.end();
+  const bool wasRescaled = m_envelopeJustAccepted && m_workspace.settings.habits.autoAdjustRawData;
+  showSample();
+  // The circles of the peaks follow the readings that the first showing has scaled; those of the ratios do not.
+  if (wasRescaled && m_page == CurvePage::StressDifferenceEnvelope) showSample();
+}
+
+void CurveSession::reprocess() {
+  if (m_intervention.running()) return;
+  record().adjustedFlag = record().pathAdjustedFlag = 0;
+  m_changed = true;
+  showSample();
+}
+
+void CurveSession::markSaved() {
+  m_changed = false;
+  if (!m_intervention.running()) return showSample();
+  m_intervention.rearrange(record());
+  m_drawn = record();
+  m_table.refresh(record());
+}
+
+bool CurveSession::asksToSave(Dialogs& dialogs) const {
+  return m_changed && dialogs.ask("保存三轴数据", "   数据已修改\n保存修改后数据吗？", MessageIcon::None);
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,106 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "platform/dialogs.h"
+#include "sessions/triaxial/curve_phase.h"
+#include "sessions/triaxial/envelope_phase.h"
+#include "sessions/triaxial/path_phase.h"
+
+namespace triaxlab {
+
+/// The texts of the controls that a phase shows.
+namespace intervention_captions {
+inline constexpr const char* kMousePlace = "鼠标点坐标：";             // in front of Label12
+inline constexpr const char* kFactor = "所有数据乘以值：";             // in front of Text10
+inline constexpr const char* kSummand = "  所有数据加值：";            // in front of Text11
+inline constexpr const char* kApply = "确 定";                         // Command6, Command7
+inline constexpr const char *kTotal = "干预1", *kEffective = "干预2";  // Option1, Option2
+}  // namespace intervention_captions
+
+/// Which phase of 干预 runs; at most one.
+enum class Phase : std::uint8_t {
+  None,
+  Curve,     // page 1
+  Envelope,  // pages 2 and 3
+  Path,      // page 4
+};
+
+/// What the controls of the phase that runs show, UTF-8.
+struct InterventionState {
+  Phase phase = Phase::None;
+  bool running() const { return phase != Phase::None; }
+
+  // The curve phase
+  std::string label12;            // the mouse in values of the axes
+  PerStage<bool> stageEnabled{};  // Option3 to Option7
+  std::size_t selectedStage = 0;
+  std::string text10, text11;
+
+  // The envelope phase
+  bool envelopeChoice = false;   // Option1 and Option2 are shown
+  bool effectiveChosen = false;  // Option2 is chosen, otherwise Option1
+  std::string label14;           // the step of C
+
+  std::string keyHelp;  // what the keys do
+};
+
+/// 干预: the phase that runs with its working copy. A key, button or mouse of another phase does nothing.
+class Intervention {
+ public:
+  Phase phase() const { return static_cast<Phase>(m_phase.index()); }
+  bool running() const { return phase() != Phase::None; }
+  /// Counts the changes of the picture; it never falls.
+  std::uint64_t pictureNumber() const { return m_pictureNumber; }
+
+  /// Whether a page of the sample can be corrected by hand.
+  static bool isPossible(const TriaxialSampleRecord& sample, CurvePage page);
+  /// Begins the phase of a page that has been shown with these results. Pre: it is possible and none runs.
+  void enter(const TriaxialSampleRecord& sample, CurvePage page, const PageResults& results);
+  /// Makes the work the sample's, or takes it back. Pre: a phase runs; end() is to follow.
+  void accept(TriaxialSampleRecord& record, NumberFormat cohesionFormat) const;
+  void drop(TriaxialSampleRecord& record) const;
+  void end();
+  /// The step of C is as at the start again, too.
+  void reset();
+
+  void key(ArrowKey key);
+  void undo();
+  void redo();
+
+  // The curve phase
+  void selectStage(std::size_t stage);         // Option3 to Option7
+  void typeFactor(std::string_view utf8);      // Text10
+  void typeSummand(std::string_view utf8);     // Text11
+  void multiply(Dialogs& dialogs);             // Command6
+  void add(Dialogs& dialogs);                  // Command7
+  void mouseAt(Point place, bool buttonDown);  // place in twips of the canvas
+  void mouseReleased();
+  /// A save may have changed the order of the sample's specimens.
+  void rearrange(const TriaxialSampleRecord& saved);
+
+  // The envelope phase
+  void chooseEffective(bool effective);  // Option1, Option2
+  /// A double click on Label14: asks for the step of C. What reads as 0 leaves it.
+  void askCohesionStep(Dialogs& dialogs);
+
+  InterventionState state() const;
+  /// How the page is drawn while the phase runs.
+  void show(ChartOptions& options, PageResults& results) const;
+
+ private:
+  template <class Step>
+  void step(const Step& step);
+  template <class OnePhase, class Step>
+  void stepOf(const Step& step);
+
+  float m_cohesionStep = 1;                                                    // kPa
+  std::variant<std::monostate, CurvePhase, EnvelopePhase, PathPhase> m_phase;  // in the order of Phase
+  std::uint64_t m_pictureNumber = 0;
+};
+
+}  // namespace triaxlab

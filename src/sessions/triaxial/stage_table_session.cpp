@@ -1,0 +1,78 @@
+#include "sessions/triaxial/stage_table_session.h"
+
+#include <algorithm>
+
+#include "sessions/triaxial/sample_fields.h"
+#include "sessions/typed_text.h"
+#include "triaxial/measures.h"
+
+namespace triaxlab {
+namespace {
+
+/// 试验日期 of the project, else that of the sample itself.
+std::string testDate(const Workspace& workspace, const TriaxialSampleRecord& record) {
+  const std::string_view ofProject = workspace.projectTestDate(record.projectNo.trimmed()).value_or("");
+  return shownText(ofProject.empty() ? record.testDate.trimmed() : ofProject);
+}
+
+}  // namespace
+
+void StageTableSession::load(std::size_t sampleRow, int scrollMax) {
+  m_row = sampleRow;
+  m_top = 0;
+  m_scrollMax = scrollMax;
+  m_chosen.reset();
+  m_chosen = stage();
+}
+
+TriaxialSampleRecord& StageTableSession::record() const { return m_workspace.TriaxialSampleTable.at(m_row); }
+
+std::vector<std::size_t> StageTableSession::usedStages() const {
+  std::vector<std::size_t> stages;
+  for (std::size_t stage = 0; stage < kStages; ++stage)
+    if (StageUsed(record(), stage)) stages.push_back(stage);
+  return stages;
+}
+
+std::optional<std::size_t> StageTableSession::stage() const {
+  const std::vector<std::size_t> used = usedStages();
+  const bool shown = m_chosen ? StageUsed(record(), *m_chosen) : !used.empty();
+  return shown ? m_chosen.value_or(used.front()) : std::optional<std::size_t>();
+}
+
+std::size_t StageTableSession::top() const { return static_cast<std::size_t>(m_top); }
+
+void StageTableSession::chooseStage(int entry) {
+  const std::vector<std::size_t> stages = usedStages();
+  if (entry < 0 || entry >= static_cast<int>(stages.size())) return;
+  m_chosen = stages[static_cast<std::size_t>(entry)];
+}
+
+void StageTableSession::scroll(int top) { m_top = std::clamp(top, 0, m_scrollMax); }
+
+StageTableState StageTableSession::stageState() const {
+  StageTableState state;
+  const std::vector<std::size_t> stages = usedStages();
+  const std::optional<std::size_t> shown = stage();
+  for (std::size_t i = 0; i < stages.size(); ++i) {
+    state.stages.push_back("周围压力:" + shownText(record().cellPressure[stages[i]].trimmed()));
+    if (stages[i] == shown) state.entry = i;
+  }
+  state.top = m_top;
+  state.scrollMax = m_scrollMax;
+  return state;
+}
+
+TableHeading StageTableSession::heading(std::size_t stage) const {
+  return tableHeading(record(), stage, m_workspace.settings.habits.projectNoLabel, testDate(m_workspace, record()));
+}
+
+TableFoot StageTableSession::foot(std::size_t stage) const {
+  return tableFoot(record(), stage, record().testMethod == kCU ? m_failureMode : FailureMode::PeakStress);
+}
+
+std::array<std::string, 2> StageTableSession::statusPanels() const {
+  return {projectPanel(m_workspace, m_row), "试验日期:" + testDate(m_workspace, record())};
+}
+
+}  // namespace triaxlab

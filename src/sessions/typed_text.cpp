@@ -1,0 +1,29 @@
+#include "sessions/typed_text.h"
+
+#include "common/gbk.h"
+
+namespace triaxlab {
+namespace {
+
+constexpr char kLacking = '\x1A';  // a control character, so that what GBK lacks goes with these
+
+constexpr bool isControl(char byte) { return static_cast<unsigned char>(byte) < 0x20 || byte == '\x7F'; }
+
+}  // namespace
+
+std::string takenText(std::string_view utf8, std::size_t width) {
+  std::string gbk = utf8ToGbk(utf8, kLacking);
+  std::erase_if(gbk, isControl);  // no second byte of a character lies in this range
+  gbk.resize(cutWhole(gbk, width).size());
+  return gbk;
+}
+
+std::string shownText(std::string_view gbk) {
+  constexpr std::string_view kNoCharacter = "\uFFFD";
+  std::string utf8 = gbkToUtf8(gbk);
+  for (auto at = utf8.find(kNoCharacter); at != std::string::npos; at = utf8.find(kNoCharacter, at + 1))
+    utf8.replace(at, kNoCharacter.size(), 1, '?');
+  return utf8;
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,66 @@
+#include "store/project/old_formats.h"
+
+#include <algorithm>
+#include <array>
+
+#include "triaxial/record.h"
+#include "unconfined/record.h"
+
+namespace triaxlab {
+namespace {
+
+// ---- Triaxial: the record ended where testDate begins today.
+
+constexpr std::size_t kOldTriaxialSize = 38366;
+constexpr std::array kTriaxialCopies{FieldCopy{0, 0, offsetof(TriaxialSampleRecord, testDate)}};
+
+// ---- Unconfined: 23 rows in each column, everything else in the same order.
+
+constexpr std::size_t kOldUnconfinedSize = 916;
+constexpr std::size_t kOldColumnSize = 23 * sizeof(UnconfinedColumn::value_type);
+constexpr std::size_t kColumnsStart = offsetof(UnconfinedSampleRecord, undisturbedStress);
+constexpr std::size_t kScalarsStart = offsetof(UnconfinedSampleRecord, sampleHeight);
+constexpr std::size_t kOldScalarsStart = kColumnsStart + 6 * kOldColumnSize;
+
+/// Column k of the six, in the order of the record.
+constexpr FieldCopy oldColumn(std::size_t k) {
+  return {kColumnsStart + k * kOldColumnSize, kColumnsStart + k * sizeof(UnconfinedColumn), kOldColumnSize};
+}
+constexpr std::array kUnconfinedCopies{
+    FieldCopy{0, 0, kColumnsStart},  // projectNo, sampleNo
+    oldColumn(0),
+    oldColumn(1),
+    oldColumn(2),
+    oldColumn(3),
+    oldColumn(4),
+    oldColumn(5),
+    FieldCopy{kOldScalarsStart, kScalarsStart, sizeof(UnconfinedSampleRecord) - kScalarsStart},
+};
+
+/// The copies take every byte of the old record, in order.
+template <std::size_t N>
+constexpr bool takeAll(const std::array<FieldCopy, N>& copies, std::size_t oldSize) {
+  std::size_t end = 0;
+  for (const FieldCopy& copy : copies) {
+    if (copy.from != end) return false;
+    end += copy.size;
+  }
+  return end == oldSize;
+}
+static_assert(takeAll(kTriaxialCopies, kOldTriaxialSize) && takeAll(kUnconfinedCopies, kOldUnconfinedSize));
+static_assert(kColumnsStart + 6 * sizeof(UnconfinedColumn) == kScalarsStart);
+
+constexpr std::array kOldFormats{
+    OldFormat{ProjectKind::Triaxial, kOldTriaxialSize, kTriaxialCopies, "b.bak"},
+    OldFormat{ProjectKind::Unconfined, kOldUnconfinedSize, kUnconfinedCopies, "WCX.BAK"},
+};
+
+}  // namespace
+
+const OldFormat* oldFormatOf(ProjectKind kind) {
+  const auto* const format =
+      std::find_if(kOldFormats.begin(), kOldFormats.end(), [kind](const OldFormat& row) { return row.kind == kind; });
+  return format != kOldFormats.end() ? format : nullptr;
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string_view>
+
+#include "common/user_error.h"
+#include "store/project/project_kinds.h"
+#include "store/workspace.h"
+
+namespace triaxlab {
+
+/// First and last sequence number, from 1.
+struct SampleRange {
+  int first = 1, last = 1;
+};
+
+/// The range that a request comes to: each cut to 1..10000, exchanged if reversed, at most 2000 rows.
+SampleRange limitedRange(SampleRange wanted);
+
+/// Asks which samples of a file of more than 100 to read, given its count; the answer is already limited.
+using RangeChooser = std::function<SampleRange(int sampleCount)>;
+
+/// Opens a project file (name without folder) into the table of its kind, with the project date, the processing date,
+/// and for a triaxial file the controlledDocNo; clears rawImportPending. A file of an old format is upgraded in place
+/// first. The workspace changes only when nothing can fail any more. The display table is filled by `readLocations`
+/// afterwards, the records are not reduced. UserError: missing, unreadable, damaged head, an upgrade that fails, more
+/// than 1001 rows asked for.
+Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fileName, const RangeChooser& chooseRange);
+
+}  // namespace triaxlab

@@ -1,0 +1,91 @@
+#include "store/project/project_frame.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+#include "common/user_error.h"
+#include "store/project/project_number.h"
+#include "store/workspace.h"
+
+namespace triaxlab {
+namespace {
+
+constexpr std::size_t kSampleNoOffset = 15;
+constexpr std::size_t kTestMethodOffset = offsetof(TriaxialSampleRecord, testMethod);
+
+}  // namespace
+
+ReadAt readerOf(const File& file) {
+  return [&file](std::uint64_t offset, std::span<std::byte> into) { return file.readAt(offset, into); };
+}
+
+std::optional<int> claimedCount(std::string_view field) {
+  const std::string_view text = Trim(field);
+  const std::size_t digit = text.find_first_not_of("+.");
+  if (digit == text.npos || text[digit] < '0' || text[digit] > '9') return std::nullopt;
+  return static_cast<int>(std::nearbyint(std::min<double>(ParseNumber(text), kLargestSampleCount)));
+}
+
+std::uint32_t recordPosition(std::uint32_t recordSize, std::uint32_t index) {
+  const std::uint64_t position = sizeof(ProjectHeader) + std::uint64_t{recordSize} * index;
+  if (position > std::numeric_limits<std::int32_t>::max())
+    throw UserError(fmt::format("第 {} 个试样的位置超出了文件的范围。", std::uint64_t{index} + 1));
+  return static_cast<std::uint32_t>(position);
+}
+
+ProjectHead readAnyProjectHead(const ReadAt& readAt, const std::filesystem::path& file) {
+  ProjectHead head;
+  const std::size_t got = readAt(0, writableBytesOf(head.header));
+  if (got < sizeof head.header)
+    throw UserError(fmt::format("文件“{}”已损坏：只有 {} 字节，不足一个文件头（{} 字节）。", textOfPath(file), got,
+                                sizeof head.header));
+  const std::optional<int> count = claimedCount(head.header.sampleCount.view());
+  if (!count) throw UserError(fmt::format("文件“{}”已损坏：文件头中没有试样总数。", textOfPath(file)));
+  head.sampleCount = *count;
+  return head;
+}
+
+bool isOldFormat(const ProjectHeader& header, const ProjectKindInfo& info) {
+  return !info.versionTag.empty() && header.versionTag.view().substr(0, 4) != info.versionTag;
+}
+
+ProjectHead readProjectHead(const ReadAt& readAt, const ProjectKindInfo& info, const std::filesystem::path& file) {
+  ProjectHead head = readAnyProjectHead(readAt, file);
+  if (isOldFormat(head.header, info))
+    throw UserError(fmt::format("文件“{}”是旧格式的数据文件，还没有转换成新格式。", textOfPath(file)));
+  return head;
+}
+
+std::string missingSamplesRemark(const std::filesystem::path& file, std::size_t missing) {
+  return fmt::format("文件“{}”比文件头所说的短，缺 {} 个试样，以空白记录代替。", textOfPath(file), missing);
+}
+
+std::vector<SampleIndexEntry> loadSampleIndex(const ReadAt& readAt, const ProjectKindInfo& info, int sampleCount) {
+  std::vector<SampleIndexEntry> index(static_cast<std::size_t>(sampleCount));
+  std::array<char, kTestMethodOffset + 1> identity{};
+  for (std::size_t i = 0; i < index.size(); ++i) {
+    const std::uint32_t position = recordPosition(info.recordSize, static_cast<std::uint32_t>(i));
+    if (readAt(position, std::as_writable_bytes(std::span(identity))) < identity.size()) break;
+    const std::string_view sampleNo(identity.data() + kSampleNoOffset, info.sampleNoWidth);
+    if (sampleNo.front() == '\0') continue;  // a hole that a write beyond the end left
+    SetText(index[i].sampleNo, Trim(sampleNo));
+    if (info.kind == ProjectKind::Triaxial) index[i].testMethod = static_cast<std::uint8_t>(identity.back());
+  }
+  return index;
+}
+
+std::filesystem::path findProjectFile(const std::filesystem::path& folder, const ProjectKindInfo& info,
+                                      std::string_view fileName) {
+  const std::string name = caseless(fileName);
+  if (!name.starts_with(caseless(info.filePrefix)) || !name.ends_with(".txt"))
+    throw UserError(fmt::format("“{}”不是“{}”中的文件（{}*.TXT）。", fileName, info.listCaption, info.filePrefix));
+  const std::optional<std::filesystem::path> path = findFile(folder, fileName);
+  if (!path) throw UserError(fmt::format("没有文件“{}”。", textOfPath(folder / pathFromText(fileName))));
+  return *path;
+}
+
+}  // namespace triaxlab

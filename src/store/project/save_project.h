@@ -1,0 +1,53 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "common/user_error.h"
+#include "store/project/project_kinds.h"
+#include "store/safety/changed_files.h"
+#include "store/workspace.h"
+
+namespace triaxlab {
+
+/// One sample of an import that its project file already knows, as Form10 lists it.
+struct KnownSample {
+  std::size_t row;  // of the table; keepExisting[row] is the answer
+};
+
+/// Shown at a save of an import: lets the technician set keepExisting for the known samples. All flags are cleared
+/// before.
+using OverwriteChooser = std::function<void(Workspace& workspace, const std::vector<KnownSample>& known)>;
+
+/// What a save has to say when it is done.
+struct SaveReport {
+  std::string title;    // "保存数据"
+  std::string message;  // "三轴试验数据保存完毕"
+  /// What could not be written: a project number that can't be a file name, a damaged file, a full file, each with the
+  /// rows that it concerns. Everything else was written.
+  std::vector<std::string> errors;
+  /// The samples are saved, but: the processing date is not in qvb.sys, an upgraded file was too short, there is no
+  /// backup, another program's changes were written over with nobody there to ask.
+  Remarks remarks;
+};
+
+/// Saves the table of a kind into its project files and the summary files, all or nothing on disk. Of the triaxial
+/// table the specimens of each saved row are left in order of their pressures, and with the toggle for merging a row
+/// holds all that its file does; it alone is saved with a controlledDocNo, and an import of it asks `chooseOverwrites`
+/// first. The records are saved as they stand: whoever shows them has reduced them. A file of an old format is upgraded
+/// first. A table without a live row writes nothing, and the report says the same. UserError when nothing was written
+/// (disk full, no right to write, data folder gone, no row that could be saved, another program at its save); the
+/// workspace is then as it was.
+///
+/// A file that another program changed since it was opened is written over when `mayOverwriteChanges` says so. Before
+/// the first change a copy of each existing file is kept (store/safety/backup.h).
+SaveReport saveProject(Workspace& workspace, ProjectKind kind, const OverwriteChooser& chooseOverwrites,
+                       const ChangeQuestion& mayOverwriteChanges = {});
+
+inline SaveReport saveTriaxial(Workspace& workspace, const OverwriteChooser& chooseOverwrites,
+                               const ChangeQuestion& mayOverwriteChanges = {}) {
+  return saveProject(workspace, ProjectKind::Triaxial, chooseOverwrites, mayOverwriteChanges);
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,146 @@
+#include "store/project/upgrade.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <optional>
+#include <span>
+
+#include "store/project/old_formats.h"
+#include "store/project/project_frame.h"
+#include "store/safety/backup.h"
+
+namespace triaxlab {
+namespace {
+
+/// Writes the file that takes the old one's place.
+class Conversion {
+ public:
+  Conversion(const File& old, const ProjectKindInfo& info, const OldFormat& format, const ProjectHead& head)
+      : m_old(old), m_info(info), m_format(format), m_head(head) {
+    // What an old record lacks at the end of its file stays as in the blank template.
+    m_oldBlank.resize(format.recordSize);
+    for (const FieldCopy& copy : format.copies)
+      std::memcpy(&m_oldBlank[copy.from], &info.blankRecord()[copy.to], copy.size);
+  }
+
+  void writeTo(File& file) const {
+    ProjectHeader header = m_head.header;
+    SetText(header.versionTag, m_info.versionTag);
+    file.writeAt(0, bytesOf(header));
+    for (std::size_t first = 0; first < count(); first += kBlockRecords)
+      writeBlock(file, first, std::min(kBlockRecords, count() - first));
+    if (!m_info.hasEndText) return;
+    FixedText<kEndTextWidth> endText;
+    m_old.readAt(oldPosition(count()), writableBytesOf(endText));
+    file.writeAt(recordPosition(m_info.recordSize, static_cast<std::uint32_t>(count())), bytesOf(endText));
+  }
+
+  /// Samples of which the old file holds nothing or a part.
+  std::size_t missing() const {
+    const std::uint64_t size = m_old.size(), end = sizeof(ProjectHeader);
+    const std::uint64_t whole = size > end ? (size - end) / m_format.recordSize : 0;
+    return count() - static_cast<std::size_t>(std::min<std::uint64_t>(whole, count()));
+  }
+
+ private:
+  static constexpr std::size_t kBlockRecords = 32;  // about 1 MB of triaxial records
+
+  std::size_t count() const { return static_cast<std::size_t>(m_head.sampleCount); }
+  std::uint64_t oldPosition(std::size_t index) const { return sizeof(ProjectHeader) + index * m_format.recordSize; }
+
+  void writeBlock(File& file, std::size_t first, std::size_t records) const {
+    Bytes old, converted;
+    for (std::size_t i = 0; i < records; ++i) {
+      old.insert(old.end(), m_oldBlank.begin(), m_oldBlank.end());
+      const std::span<const std::byte> blank = m_info.blankRecord();
+      converted.insert(converted.end(), blank.begin(), blank.end());
+    }
+    m_old.readAt(oldPosition(first), old);
+    for (std::size_t i = 0; i < records; ++i)
+      for (const FieldCopy& copy : m_format.copies)
+        std::memcpy(&converted[i * m_info.recordSize + copy.to], &old[i * m_format.recordSize + copy.from], copy.size);
+    file.writeAt(recordPosition(m_info.recordSize, static_cast<std::uint32_t>(first)), converted);
+  }
+
+  const File& m_old;
+  const ProjectKindInfo& m_info;
+  const OldFormat& m_format;
+  const ProjectHead& m_head;
+  Bytes m_oldBlank;
+};
+
+/// A temporary file that isn't whole is of no use to anybody, and the disk may be full.
+void writeTemporary(const std::filesystem::path& path, const Conversion& conversion) {
+  removeFile(path);  // it may be a link to somewhere else
+  try {
+    File file(path, File::Mode::Create);
+    conversion.writeTo(file);
+    file.sync();
+  } catch (const UserError&) {
+    try {
+      removeFile(path);
+    } catch (const UserError&) {
+      // The first failure is the one to tell.
+    }
+    throw;
+  }
+}
+
+/// The head of the file if it has the old format.
+std::optional<ProjectHead> oldHead(const File& file, const ProjectKindInfo& info) {
+  const ProjectHead head = readAnyProjectHead(readerOf(file), file.path());
+  if (!isOldFormat(head.header, info)) return std::nullopt;
+  return head;
+}
+
+/// Space for the temporary file, and for another beside the old one where the application folder is on another disk.
+std::uint64_t roomFor(const ProjectKindInfo& info, const ProjectHead& head) {
+  return 2 * (recordPosition(info.recordSize, static_cast<std::uint32_t>(head.sampleCount)) + kEndTextWidth);
+}
+
+/// After a power cut either file may stand; they hold the same samples, so a disk that can't say is no error here.
+void makeDurable(const std::filesystem::path& folder) {
+  try {
+    syncFolder(folder);
+  } catch (const UserError&) {
+  }
+}
+
+}  // namespace
+
+Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindInfo& info,
+                       const std::filesystem::path& file) {
+  const OldFormat* const format = oldFormatOf(info.kind);
+  if (format == nullptr || !fileExists(file)) return {};
+  const File old(file, File::Mode::Read);
+  const std::optional<ProjectHead> head = oldHead(old, info);
+  if (!head) return {};
+  lock.take(file);
+  const Conversion conversion(old, info, *format, *head);
+  const std::filesystem::path temporary = fileOrNew(workspace.applicationFolder, format->temporaryName);
+  Remarks remarks = keepCopy(workspace, file, roomFor(info, *head));
+  try {
+    writeTemporary(temporary, conversion);
+    moveFile(temporary, file);
+  } catch (const UserError& cause) {
+    throw UserError(fmt::format("文件“{}”是旧格式的数据文件，没有转换成新格式，原文件没有改动。{}", textOfPath(file),
+                                cause.what()));
+  }
+  makeDurable(file.parent_path());
+  workspace.fileMemory.noteOwnChange(file, old.stamp(), stampOf(file));
+  if (conversion.missing() > 0) remarks.push_back(missingSamplesRemark(file, conversion.missing()));
+  return remarks;
+}
+
+Remarks upgradeProject(Workspace& workspace, const ProjectKindInfo& info, const std::filesystem::path& file) {
+  if (oldFormatOf(info.kind) == nullptr || !fileExists(file)) return {};
+  if (!oldHead(File(file, File::Mode::Read), info)) return {};
+  DataLock lock(workspace.dataFolder, workspace.lockPatience);
+  lock.take(file);  // and whoever held it may have upgraded the file
+  return upgradeProject(workspace, lock, info, file);
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,151 @@
+#include "store/safety/backup.h"
+
+#include <fmt/chrono.h>
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <chrono>
+#include <ctime>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/files.h"
+#include "store/project/project_number.h"
+
+namespace triaxlab {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kUnfinishedCopy = "copy.new";
+constexpr std::string_view kTimePattern = "00000000-000000-000000";  // a digit for each 0
+constexpr std::size_t kExtensionSize = 4;                            // ".txt", in whatever case
+
+std::string timeText(std::chrono::system_clock::time_point time) {
+  using namespace std::chrono;
+  const auto second = floor<seconds>(time);
+  return fmt::format("{:%Y%m%d-%H%M%S}-{:06}", fmt::localtime(system_clock::to_time_t(second)),
+                     duration_cast<microseconds>(time - second).count());
+}
+
+/// A copy as its name tells it.
+struct Copy {
+  std::string name;
+  std::string project;  // file name, caseless
+  std::string time;
+};
+
+bool isTimeText(std::string_view text) {
+  return std::equal(text.begin(), text.end(), kTimePattern.begin(), kTimePattern.end(),
+                    [](char c, char pattern) { return pattern == '0' ? c >= '0' && c <= '9' : c == pattern; });
+}
+
+/// Nothing for a name that isn't one of ours.
+std::optional<Copy> copyOfName(const std::string& name) {
+  if (name.size() < kTimePattern.size() + 1 + kExtensionSize) return std::nullopt;
+  const std::size_t extension = name.size() - kExtensionSize, time = extension - kTimePattern.size();
+  Copy copy{name, caseless(name.substr(0, time - 1) + name.substr(extension)), name.substr(time, kTimePattern.size())};
+  if (name[time - 1] != '_' || !isTimeText(copy.time)) return std::nullopt;
+  return copy;
+}
+
+/// A name that sorts behind those of the same project but for a clock that was set back, and that no file has.
+std::string newName(const fs::path& folder, const std::string& project) {
+  auto time = std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
+  const std::size_t extension = project.size() - std::min(project.size(), kExtensionSize);
+  std::string name;
+  do {
+    name = project.substr(0, extension) + '_' + timeText(time) + project.substr(extension);
+    time += std::chrono::microseconds(1);
+  } while (findFile(folder, name));
+  return name;
+}
+
+fs::path backupFolderBeside(const fs::path& file) {
+  fs::path folder = fileOrNew(file.parent_path(), kBackupFolder);
+  if (folderExists(folder)) return folder;
+  if (!makeFolder(folder)) throw UserError(fmt::format("不能建立文件夹“{}”。", textOfPath(folder)));
+  syncFolder(file.parent_path());
+  return folder;
+}
+
+void copyInto(const fs::path& unfinished, const fs::path& file, std::uint64_t room) {
+  const File original(file, File::Mode::Read);
+  const std::uint64_t size = original.size();
+  if (size > kLargestBackups) throw UserError(fmt::format("它有 {} 字节，大于全部备份的上限。", size));
+  const std::optional<std::uint64_t> space = freeSpace(file.parent_path());
+  const auto requireSpace = [space](std::uint64_t needed) {
+    if (space && *space < needed) throw UserError("磁盘的剩余空间只够保存本身。");
+  };
+  // Also shared blocks take space of their own as soon as the save writes over them.
+  requireSpace(room);
+  removeFile(unfinished);  // it may be a link to somewhere else
+  File copy(unfinished, File::Mode::Create);
+  if (!copy.shareContentOf(original)) {
+    requireSpace(room + size);
+    copy.copyContentOf(original);
+  }
+  copy.sync();
+}
+
+/// Makes a copy, whole and on the disk, and returns its name.
+std::string makeCopy(const fs::path& folder, const fs::path& file, std::uint64_t room) {
+  const fs::path unfinished = folder / kUnfinishedCopy;
+  try {
+    copyInto(unfinished, file, room);
+    std::string name = newName(folder, textOfPath(file.filename()));
+    renameFile(unfinished, folder / name);
+    syncFolder(folder);
+    return name;
+  } catch (const UserError&) {
+    std::error_code ignored;  // the next copy is written over it
+    fs::remove(unfinished, ignored);
+    throw;
+  }
+}
+
+/// The copies that are there, `newest` first, whatever the clock says, and then by age.
+std::vector<Copy> copiesIn(const fs::path& folder, const std::string& newest) {
+  std::vector<Copy> copies;
+  for (const std::string& name : listFiles(folder, "", ""))
+    if (std::optional<Copy> copy = copyOfName(name)) copies.push_back(std::move(*copy));
+  std::sort(copies.begin(), copies.end(), [&newest](const Copy& a, const Copy& b) {
+    if ((a.name == newest) != (b.name == newest)) return a.name == newest;
+    return a.time != b.time ? a.time > b.time : a.name < b.name;
+  });
+  return copies;
+}
+
+void dropOldCopies(const fs::path& folder, const std::string& newest) {
+  std::map<std::string, std::size_t> countOfProject;
+  std::uint64_t total = 0;
+  for (const Copy& copy : copiesIn(folder, newest)) {
+    const fs::path path = folder / copy.name;
+    const std::optional<FileStamp> stamp = stampOf(path);
+    if (!stamp) continue;
+    const bool isOneTooMany = countOfProject[copy.project]++ >= kMostBackupsOfAProject;
+    if (!isOneTooMany) total += stamp->size;
+    std::error_code ignored;  // one that can't be removed is tried again behind the next copy
+    if (isOneTooMany || total > kLargestBackups) fs::remove(path, ignored);
+  }
+}
+
+}  // namespace
+
+Remarks keepCopy(Workspace& workspace, const fs::path& file, std::uint64_t room) {
+  const std::optional<FileStamp> stamp = stampOf(file);
+  if (!stamp || workspace.fileMemory.hasCopy(file, *stamp)) return {};
+  try {
+    const fs::path folder = backupFolderBeside(file);
+    dropOldCopies(folder, makeCopy(folder, file, room));
+    workspace.fileMemory.noteCopy(file, *stamp);
+  } catch (const UserError& cause) {
+    return {fmt::format("文件“{}”改动之前没有留下备份。{}", textOfPath(file), cause.what())};
+  }
+  return {};
+}
+
+}  // namespace triaxlab

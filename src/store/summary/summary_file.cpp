@@ -1,0 +1,95 @@
+#include "store/summary/summary_file.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/files.h"
+#include "store/project/project_number.h"
+#include "store/project/sample_rows.h"
+#include "store/summary/summary_frame.h"
+
+namespace triaxlab {
+namespace {
+
+/// Until they are typed over, the titles belong to this project: also when its file doesn't exist yet and the name is
+/// that of the imported database, but not when the file can't be read, so that no save blanks what it holds.
+void readTitles(Workspace& workspace, const std::string& projectNo) {
+  workspace.projectName.projectNo.clear();
+  workspace.secondTitleLine.projectNo.clear();
+  const std::filesystem::path path = summaryPath(workspace, projectNo);
+  if (fileExists(path)) {
+    const File file(path, File::Mode::Read);
+    const SummaryHead head = readSummaryHead(readerOf(file), path);
+    workspace.projectName.text = head.header.projectName.trimmed();
+    workspace.secondTitleLine.text = head.header.secondTitleLine.trimmed();
+  } else {
+    workspace.projectName.text.clear();
+    workspace.secondTitleLine.text.clear();
+  }
+  if (Trim(workspace.projectName.text).empty()) workspace.projectName.text = workspace.importedProjectName(projectNo);
+  workspace.projectName.projectNo = workspace.secondTitleLine.projectNo = projectNo;
+  workspace.projectName.typed = workspace.secondTitleLine.typed = false;
+}
+
+/// The live rows of one project.
+struct ProjectRows {
+  std::vector<std::size_t> rows;
+  std::vector<std::string> sampleNumbers;
+};
+
+}  // namespace
+
+std::filesystem::path summaryPath(const Workspace& workspace, std::string_view projectNo) {
+  if (whyNoFileName(projectNo)) return {};
+  return fileOrNew(workspace.summaryFolder(), projectFileName("KHZ", projectNo));
+}
+
+void visitLocations(const Workspace& workspace, std::string_view projectNo, std::span<const std::string> sampleNumbers,
+                    const std::function<void(std::size_t, const SampleLocation&)>& visit) {
+  const std::filesystem::path path = summaryPath(workspace, projectNo);
+  if (!fileExists(path)) return;
+  std::unordered_multimap<std::string_view, std::size_t> places;
+  for (std::size_t i = 0; i < sampleNumbers.size(); ++i)
+    if (!sampleNumbers[i].empty()) places.emplace(sampleNumbers[i], i);
+  const File file(path, File::Mode::Read);
+  const ReadAt readAt = readerOf(file);
+  visitSummaryRecords(readAt, readSummaryHead(readAt, path).sampleCount, [&](std::size_t, const SummaryRecord& record) {
+    const auto [begin, end] = places.equal_range(record.sampleNo.trimmed());
+    for (auto place = begin; place != end; ++place)
+      visit(place->second, {record.boreholeNo, record.samplingDepth, record.samplingSpot});
+  });
+}
+
+Remarks readLocations(Workspace& workspace, ProjectKind kind) {
+  const SampleRows table(workspace, kind);
+  std::map<std::string, ProjectRows, std::less<>> projects;
+  std::optional<std::string> firstProject;
+  for (std::size_t row = 0; row < table.size(); ++row) {
+    if (!table.isLive(row)) continue;
+    const std::string projectNo(table.projectNo(row));
+    if (!firstProject) firstProject = projectNo;
+    projects[projectNo].rows.push_back(row);
+    projects[projectNo].sampleNumbers.emplace_back(table.sampleNo(row));
+  }
+  Remarks remarks;
+  const auto remarkOn = [&remarks](auto reading) {
+    try {
+      reading();
+    } catch (const UserError& error) {
+      if (std::find(remarks.begin(), remarks.end(), error.what()) == remarks.end()) remarks.emplace_back(error.what());
+    }
+  };
+  if (firstProject) remarkOn([&] { readTitles(workspace, *firstProject); });
+  for (const auto& [projectNo, found] : projects) {
+    const auto fillRow = [&workspace, &rows = found.rows](std::size_t i, const SampleLocation& location) {
+      workspace.SampleDisplayTable[rows[i]] = location;
+    };
+    remarkOn([&] { visitLocations(workspace, projectNo, found.sampleNumbers, fillRow); });
+  }
+  return remarks;
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,118 @@
+#include "store/summary/summary_update.h"
+
+#include <algorithm>
+
+#include "store/summary/summary_file.h"
+#include "store/summary/summary_sections.h"
+#include "store/summary/trial_pit.h"
+
+namespace triaxlab {
+namespace {
+
+ReadAt readerOf(const FileUpdate& update, const std::filesystem::path& path) {
+  return
+      [&update, &path](std::uint64_t offset, std::span<std::byte> into) { return update.readAt(path, offset, into); };
+}
+
+constexpr int kLargestCountOnFile = 9999;
+constexpr std::size_t kBoreholeWidth = 8;  // behind the number of a trial pit
+
+std::string placesOf(std::string_view text, std::size_t width) {
+  std::string places(cutWhole(text, width));
+  places.resize(width, ' ');
+  return places;
+}
+
+/// The borehole as it stands in the summary file. With trial pits its first places repeat those of the sampling spot; a
+/// borehole that was read from the file has them already.
+FixedText<15> boreholeOnFile(const SampleLocation& location, bool trialPitNumber) {
+  const std::string_view borehole = location.boreholeNo.view();
+  const std::string pit = placesOf(location.samplingSpot.view(), kTrialPitWidth);
+  if (!trialPitNumber || borehole.starts_with(pit)) return location.boreholeNo;
+  FixedText<15> field;
+  SetText(field, pit + placesOf(borehole, kBoreholeWidth));
+  return field;
+}
+
+/// A typed title goes to every project, another only to the one that it belongs to, and there only when it differs.
+template <std::size_t N>
+void setTitle(FixedText<N>& field, const TitleText& title, std::string_view projectNo) {
+  const std::string_view text = Trim(title.text);
+  if (title.typed || (title.projectNo == projectNo && field.trimmed() != text)) SetText(field, text);
+}
+
+}  // namespace
+
+SummaryUpdate::SummaryUpdate(FileUpdate& update, const Workspace& workspace, ProjectKind kind,
+                             std::string_view projectNo)
+    : m_update(update),
+      m_workspace(workspace),
+      m_kind(kind),
+      m_projectNo(projectNo),
+      m_path(summaryPath(workspace, projectNo)) {
+  if (!m_update.exists(m_path)) {
+    m_head.header = newSummaryHeader(m_projectNo, m_workspace.today());
+    return;
+  }
+  const ReadAt readAt = readerOf(m_update, m_path);
+  m_head = readSummaryHead(readAt, m_path);
+  FixedText<15> sampleNo;
+  for (std::size_t k = 0; k < static_cast<std::size_t>(m_head.sampleCount); ++k) {
+    const std::uint64_t place = summaryPosition(k) + offsetof(SummaryRecord, sampleNo);
+    if (readAt(place, writableBytesOf(sampleNo)) < sizeof sampleNo) break;
+    m_positions.emplace(sampleNo.trimmed(), k);
+  }
+}
+
+bool SummaryUpdate::put(const SampleRows& rows, std::size_t row) {
+  const std::string sampleNo(rows.sampleNo(row));
+  const auto known = m_positions.find(sampleNo);
+  if (known == m_positions.end() && m_head.sampleCount >= kLargestCountOnFile) return false;
+
+  const std::size_t k = known != m_positions.end() ? known->second : static_cast<std::size_t>(m_head.sampleCount);
+  SummaryRecord summary = newSummaryRecord(m_workspace.today());
+  if (known != m_positions.end()) {
+    m_update.readAt(m_path, summaryPosition(k), writableBytesOf(summary));
+  } else {
+    m_positions.emplace(sampleNo, k);
+    SetText(m_head.header.sampleCount, FormatPadded(++m_head.sampleCount, 4));
+  }
+  const SampleLocation& location = m_workspace.SampleDisplayTable[row];
+  SetText(summary.sequenceNo, FormatPadded(static_cast<std::int64_t>(k) + 1, 4));
+  SetText(summary.sampleNo, sampleNo);
+  summary.boreholeNo = boreholeOnFile(location, m_workspace.settings.habits.trialPitNumber);
+  summary.samplingDepth = location.samplingDepth;
+  SetText(summary.samplingSpot, location.samplingSpot.trimmed());
+  putResults(summary, m_workspace, m_kind, row);
+  m_update.writeAt(m_path, summaryPosition(k), bytesOf(summary));
+  SetText(m_head.header.toolDates[0], testDateOf(m_workspace, m_kind, row));
+  m_written = true;
+  return true;
+}
+
+void SummaryUpdate::finish() {
+  if (!m_written) return;
+  setTitle(m_head.header.projectName, m_workspace.projectName, m_projectNo);
+  if (!m_workspace.projectName.typed && m_head.header.projectName.isBlank())
+    SetText(m_head.header.projectName, m_workspace.importedProjectName(m_projectNo));
+  setTitle(m_head.header.secondTitleLine, m_workspace.secondTitleLine, m_projectNo);
+  m_update.writeAt(m_path, 0, bytesOf(m_head.header));
+}
+
+void blankDeletedSamples(FileUpdate& update, const Workspace& workspace, ProjectKind kind, std::string_view projectNo,
+                         const std::unordered_set<std::string>& sampleNumbers) {
+  const std::filesystem::path path = summaryPath(workspace, projectNo);
+  if (path.empty() || !update.exists(path)) return;
+  update.lock().take(path);
+  const ReadAt readAt = readerOf(update, path);
+  const auto blank = [&](std::size_t k, const SummaryRecord& stored) {
+    if (sampleNumbers.contains(std::string(stored.sampleNo.trimmed()))) return;
+    SummaryRecord summary = stored;
+    blankResults(summary, kind);
+    if (!std::ranges::equal(bytesOf(summary), bytesOf(stored)))
+      update.writeAt(path, summaryPosition(k), bytesOf(summary));
+  };
+  visitSummaryRecords(readAt, readSummaryHead(readAt, path).sampleCount, blank);
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,52 @@
+#include "windows/controls/appearance.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QPainter>
+#include <QPixmap>
+#include <QPolygonF>
+#include <QTranslator>
+
+#include "platform/qt/painter_surface.h"
+
+namespace triaxlab {
+namespace {
+
+/// 9 point at 96 pixels to the inch: the controls have fixed places, so their text has a fixed size.
+constexpr int kFontPixels = 12;
+
+/// Two Mohr circles under their envelope.
+QIcon programIcon() {
+  constexpr int kSize = 64;
+  QPixmap picture(kSize, kSize);
+  picture.fill(colourOf(Colour::White));
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setClipRect(0, 0, kSize, 54);
+  painter.setPen(QPen(colourOf(Colour::LightRed), 3));
+  painter.drawEllipse(QPointF(20, 54), 11, 11);
+  painter.drawEllipse(QPointF(39, 54), 21, 21);
+  painter.setPen(QPen(colourOf(Colour::Blue), 3));
+  painter.drawLine(QPointF(2, 44), QPointF(62, 16));
+  painter.setClipping(false);
+  painter.setPen(QPen(colourOf(Colour::Black), 3));
+  painter.drawPolyline(QPolygonF{{4, 4}, {4, 54}, {62, 54}});
+  return picture;
+}
+
+}  // namespace
+
+void setAppearance(QApplication& application) {
+  QApplication::setStyle("Fusion");
+  QFont font(QString::fromUtf8(kSong));
+  font.setPixelSize(kFontPixels);
+  QApplication::setFont(font);
+  QApplication::setWindowIcon(programIcon());
+  auto* const buttons = new QTranslator(&application);
+  if (buttons->load("qtbase_zh_CN", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QApplication::installTranslator(buttons);
+}
+
+}  // namespace triaxlab

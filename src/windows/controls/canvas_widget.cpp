@@ -1,0 +1,161 @@
+#include "windows/controls/canvas_widget.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/placed_surface.h"
+#include "platform/qt/painter_surface.h"
+#include "windows/controls/layout.h"
+
+namespace triaxlab {
+namespace {
+
+constexpr double kLargestZoom = 16, kZoomOfNotch = 1.25;
+constexpr double kWheelNotch = 120;  // eighths of a degree
+/// A copied picture is for documents, which are looked at closer than a screen.
+constexpr double kCopyScale = 3;
+
+}  // namespace
+
+CanvasWidget::CanvasWidget(QWidget* parent, int width, int height, Drawing drawing)
+    : QWidget(parent), m_width(width), m_height(height), m_drawing(std::move(drawing)) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::StrongFocus);
+  setMouseTracking(true);
+}
+
+void CanvasWidget::redraw() {
+  m_isCurrent = false;
+  update();
+}
+
+void CanvasWidget::drawOn(DrawingSurface& surface) const {
+  if (!isZoomed()) return m_drawing(surface);
+  PlacedSurface placed(surface, {-m_corner.x * m_zoom, -m_corner.y * m_zoom}, m_zoom);
+  m_drawing(placed);
+}
+
+void CanvasWidget::paintOn(QImage& picture, double scale) const {
+  // The ground is white whatever the desktop's theme.
+  picture.fill(colourOf(Colour::White));
+  picture.setDevicePixelRatio(scale);
+  QPainter painter(&picture);
+  painter.scale(1.0 / kTwipsPerPixel, 1.0 / kTwipsPerPixel);
+  PainterSurface surface(painter, PainterSurface::Medium::Screen);
+  drawOn(surface);
+}
+
+void CanvasWidget::paintEvent(QPaintEvent*) {
+  // A window that goes to another screen may get another scale.
+  const double scale = devicePixelRatioF();
+  const QSize wanted = (QSizeF(size()) * scale).toSize();
+  if (!m_isCurrent || m_picture.size() != wanted || m_picture.devicePixelRatio() != scale) {
+    if (m_picture.size() != wanted) m_picture = QImage(wanted, QImage::Format_RGB32);
+    paintOn(m_picture, scale);
+    m_isCurrent = true;
+  }
+  QPainter(this).drawImage(0, 0, m_picture);
+}
+
+// ---- looking closer
+
+Point CanvasWidget::placeAt(QPointF pixel) const {
+  return {m_corner.x + pixel.x() * kTwipsPerPixel / m_zoom, m_corner.y + pixel.y() * kTwipsPerPixel / m_zoom};
+}
+
+void CanvasWidget::show(Point place, QPointF at, double zoom) {
+  m_zoom = zoom;
+  m_corner = {std::clamp(place.x - at.x() * kTwipsPerPixel / zoom, 0.0, m_width - m_width / zoom),
+              std::clamp(place.y - at.y() * kTwipsPerPixel / zoom, 0.0, m_height - m_height / zoom)};
+  if (isZoomed())
+    setCursor(Qt::OpenHandCursor);
+  else
+    unsetCursor();
+  redraw();
+}
+
+void CanvasWidget::setZoomable(bool zoomable) {
+  m_zoomable = zoomable;
+  if (!zoomable) showWhole();
+}
+
+void CanvasWidget::showWhole() {
+  m_dragged.reset();
+  if (isZoomed()) show({}, {}, 1);
+}
+
+void CanvasWidget::wheelEvent(QWheelEvent* event) {
+  if (!m_zoomable || !event->modifiers().testFlag(Qt::ControlModifier)) return event->ignore();
+  const double zoom = m_zoom * std::pow(kZoomOfNotch, event->angleDelta().y() / kWheelNotch);
+  // Turned back as far as it was turned in, the canvas is whole again, whatever the powers leave in the last digits.
+  constexpr double kWhole = 1.01;
+  show(placeAt(event->position()), event->position(), zoom < kWhole ? 1 : std::min(zoom, kLargestZoom));
+  event->accept();
+}
+
+// ---- the mouse
+
+void CanvasWidget::tellMouse(const QMouseEvent& event) {
+  // Whole twips: a fraction comes from the pixels of a fine screen alone.
+  const Point place = placeAt(event.position());
+  emit mouseAt({std::round(place.x), std::round(place.y)}, event.buttons().testFlag(Qt::LeftButton));
+}
+
+void CanvasWidget::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  if (isZoomed()) m_dragged = placeAt(event->position());
+  tellMouse(*event);
+}
+
+void CanvasWidget::mouseMoveEvent(QMouseEvent* event) {
+  if (m_dragged) show(*m_dragged, event->position(), m_zoom);
+  tellMouse(*event);
+}
+
+void CanvasWidget::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  m_dragged.reset();
+  emit mouseReleased();
+}
+
+void CanvasWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  showWhole();
+  tellMouse(*event);
+}
+
+void CanvasWidget::leaveEvent(QEvent*) { emit mouseLeft(); }
+
+// ---- the clipboard
+
+void CanvasWidget::copyPicture() const {
+  QImage picture((QSizeF(size()) * kCopyScale).toSize(), QImage::Format_RGB32);
+  paintOn(picture, kCopyScale);
+  // Programs that take the picture know nothing of the scale.
+  picture.setDevicePixelRatio(1);
+  QGuiApplication::clipboard()->setImage(picture);
+}
+
+void CanvasWidget::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) return copyPicture();
+  QWidget::keyPressEvent(event);
+}
+
+void CanvasWidget::contextMenuEvent(QContextMenuEvent* event) {
+  auto* const menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addAction("复制图片\tCtrl+C", this, &CanvasWidget::copyPicture);
+  if (isZoomed()) menu->addAction("显示全图", this, &CanvasWidget::showWhole);
+  menu->popup(event->globalPos());
+}
+
+}  // namespace triaxlab

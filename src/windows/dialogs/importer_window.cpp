@@ -1,0 +1,122 @@
+#include "windows/dialogs/importer_window.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <utility>
+
+#include "sessions/dialogs/error_display.h"
+#include "windows/controls/grid_view.h"
+#include "windows/controls/layout.h"
+#include "windows/controls/words.h"
+
+namespace triaxlab {
+namespace {
+
+constexpr Place kWindow{0, 0, 9000, 7500};
+constexpr Place kFileCount{200, 150, 3000, 300}, kMarkCount{3400, 150, 3500, 300};
+constexpr Place kGrid{200, 540, 8600, 5900};
+constexpr Place kRead{1500, 6700, 1400, 450}, kThird{3400, 6700, 1800, 450}, kReturn{5700, 6700, 1400, 450};
+constexpr Place kFirstSort{7300, 6560, 1500, 360}, kSorting{200, 7180, 5000, 300};
+constexpr int kSortPitch = 390;
+constexpr const char* kSortingNow = "正在排序中，请稍候......";
+
+GridContent contentOf(const ImportSelection& selection) {
+  GridContent content;
+  for (const auto& column : selection.columns()) content.columns.push_back({words(column.heading), column.width});
+  content.rowCount = [&selection] { return static_cast<int>(selection.rowCount()); };
+  content.cell = [&selection](int row, int column) {
+    return words(selection.cell(static_cast<std::size_t>(row), static_cast<std::size_t>(column)));
+  };
+  return content;
+}
+
+}  // namespace
+
+ImporterWindow::ImporterWindow(QWidget* parent, ImportSelection& selection, Dialogs& dialogs, Progress progress)
+    : QDialog(parent),
+      m_selection(selection),
+      m_dialogs(dialogs),
+      m_progress(std::move(progress)),
+      m_grid(put(new GridView(this, contentOf(selection)), "Grid1", kGrid)),
+      m_fileCount(put(new QLabel(this), "Label1", kFileCount)),
+      m_markCount(put(new QLabel(this), "Label2", kMarkCount)) {
+  setObjectName(words(selection.importer().form));
+  setWindowTitle(words(selection.importer().title));
+  setFixedSize(rectangle(kWindow).size());
+  makeButtons();
+  makeSorts();
+  connect(m_grid, &GridView::rowDoubleClicked, this, &ImporterWindow::toggleMark);
+  connect(m_grid, &GridView::enterPressed, m_read, &QPushButton::click);
+  load();
+}
+
+void ImporterWindow::makeButtons() {
+  m_read = put(new QPushButton("处理", this), "Command1", kRead);
+  m_read->setDefault(true);
+  connect(m_read, &QPushButton::clicked, this, &ImporterWindow::read);
+  auto* const leave = put(new QPushButton("返回", this), "Command2", kReturn);
+  leave->setAutoDefault(false);
+  connect(leave, &QPushButton::clicked, this, &QDialog::reject);
+  // Stands there and does nothing.
+  if (const auto caption = m_selection.importer().thirdButton; !caption.empty()) {
+    auto* const third = put(new QPushButton(words(caption), this), "Command3", kThird);
+    third->setAutoDefault(false);
+    third->setEnabled(m_selection.importer().thirdButtonWorks);
+  }
+}
+
+void ImporterWindow::makeSorts() {
+  const auto sorts = m_selection.importer().sorts;
+  if (sorts.empty()) return;
+  m_sorting = put(new QLabel(kSortingNow, this), "Labelp", kSorting);
+  m_sorting->hide();
+  Place place = kFirstSort;
+  for (std::size_t i = 0; i < sorts.size(); ++i, place.y += kSortPitch) {
+    auto* const button = put(new QPushButton(words(sorts[i].caption), this), words(sorts[i].control), place);
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, [this, i] { sort(i); });
+  }
+}
+
+void ImporterWindow::load() {
+  if (!m_selection.isOpen()) runShowingErrors(m_dialogs, [this] { m_selection.load(m_dialogs); });
+  m_grid->contentChanged();
+  m_grid->setCurrentCell(1, 1);
+  m_grid->setFocus();
+  refresh();
+}
+
+void ImporterWindow::sort(std::size_t button) {
+  const int row = m_grid->currentRow();
+  m_sorting->show();
+  m_sorting->repaint();
+  m_selection.sort(button);
+  m_grid->contentChanged();
+  m_grid->setCurrentCell(row, 1);
+  m_sorting->hide();
+  m_grid->setFocus();
+}
+
+void ImporterWindow::toggleMark(int row) {
+  m_selection.toggleMark(static_cast<std::size_t>(row), m_dialogs);
+  m_grid->rowChanged(row);
+  refresh();
+}
+
+void ImporterWindow::read() {
+  const bool done = runShowingErrors(m_dialogs, [this] {
+    const ImportReport report = m_selection.read(m_progress);
+    m_remarks = m_selection.remarks();
+    m_remarks->insert(m_remarks->end(), report.remarks.begin(), report.remarks.end());
+  });
+  if (done) accept();
+}
+
+void ImporterWindow::refresh() {
+  const SelectionState now = m_selection.state();
+  m_fileCount->setText(words(now.label1));
+  m_markCount->setText(words(now.label2));
+  m_read->setEnabled(now.canRead);
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDialog>
+#include <array>
+
+#include "sessions/dialogs/overwrite_session.h"
+
+class QScrollBar;
+
+namespace triaxlab {
+
+class ClickLabel;
+
+/// Which of the known samples a save of imported data may write over. A click on a line flips its answer.
+class Form10 : public QDialog {
+  Q_OBJECT
+
+ public:
+  Form10(QWidget* parent, OverwriteSession& session);
+
+  void reject() override { accept(); }
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  struct Line {
+    ClickLabel *number = nullptr, *sampleNo = nullptr, *answer = nullptr;
+  };
+
+  void makeLines();
+  void makeButtons();
+  void refresh();
+
+  OverwriteSession& m_session;
+  std::array<Line, OverwriteSession::kVisibleRows> m_lines;
+  QScrollBar* m_scroll;
+};
+
+}  // namespace triaxlab

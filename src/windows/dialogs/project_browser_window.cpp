@@ -1,0 +1,92 @@
+#include "windows/dialogs/project_browser_window.h"
+
+#include <QFrame>
+#include <QItemSelectionModel>
+#include <QPushButton>
+
+#include "windows/controls/click_label.h"
+#include "windows/controls/grid_view.h"
+#include "windows/controls/layout.h"
+#include "windows/controls/words.h"
+
+namespace triaxlab {
+namespace {
+
+constexpr Place kWindow{0, 0, 9300, 7800};
+constexpr Place kListName{200, 120, 5000, 300}, kHint{200, 420, 6000, 300};
+constexpr Place kGrid{200, 780, 8900, 5700};
+constexpr Place kOpen{200, 6630, 2700, 600}, kSampleList{3100, 6630, 3300, 600};
+constexpr Place kByProject{7200, 6600, 1900, 330}, kByDate{7200, 6960, 1900, 330};
+constexpr Place kSorting{200, 7350, 5000, 300};
+
+GridContent contentOf(const BrowserSession& session) {
+  GridContent content;
+  for (const auto& column : session.columns()) content.columns.push_back({words(column.heading), column.width});
+  content.rowCount = [&session] { return session.rowCount(); };
+  content.cell = [&session](int row, int column) { return words(session.cell(row, column)); };
+  return content;
+}
+
+}  // namespace
+
+OPENFORM::OPENFORM(QWidget* parent, BrowserSession& session)
+    : QDialog(parent), m_session(session), m_grid(put(new GridView(this, contentOf(session)), "MSFlexGrid1", kGrid)) {
+  setObjectName("OPENFORM");
+  setWindowTitle(words(session.caption()));
+  setFixedSize(rectangle(kWindow).size());
+  makeLabels();
+  connect(m_grid, &GridView::rowDoubleClicked, this, &OPENFORM::open);
+  connect(m_grid, &GridView::enterPressed, this, &OPENFORM::open);
+  connect(m_grid->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& cell) {
+    if (cell.isValid()) m_session.setCurrentCell(cell.row() + 1, cell.column());
+  });
+  m_grid->setCurrentCell(session.currentRow(), session.currentColumn());
+  m_grid->setFocus();
+}
+
+void OPENFORM::makeLabels() {
+  put(new ClickLabel(this, words(m_session.listName())), "Labelname", kListName);
+  put(new ClickLabel(this, words(BrowserSession::kHint)), "Label1", kHint);
+  const auto clickable = [this](const char* name, std::string_view text, Place place) {
+    auto* const label = put(new ClickLabel(this, words(text)), name, place);
+    label->setFrameStyle(QFrame::Panel | QFrame::Raised);
+    label->setAlignment(Qt::AlignCenter);
+    label->setFocusPolicy(Qt::TabFocus);
+    return label;
+  };
+  connect(clickable("Labelcz", BrowserSession::kOpen, kOpen), &ClickLabel::clicked, this, &OPENFORM::open);
+  auto* const samples = clickable("Labelsize", BrowserSession::kSampleList, kSampleList);
+  samples->setEnabled(m_session.hasSampleLists());
+  connect(samples, &ClickLabel::clicked, this, [this] { m_session.showSampleList([this] { showRows(); }); });
+  const auto button = [this](const char* name, std::string_view caption, Place place, void (BrowserSession::*order)()) {
+    auto* const made = put(new QPushButton(words(caption), this), name, place);
+    made->setAutoDefault(false);
+    connect(made, &QPushButton::clicked, this, [this, order] { sort(order); });
+  };
+  button("Command1", BrowserSession::kSortByProject, kByProject, &BrowserSession::sortByProject);
+  button("Command2", BrowserSession::kSortByDate, kByDate, &BrowserSession::sortByDate);
+  m_sorting = put(new ClickLabel(this, words(BrowserSession::kSorting)), "Labelp", kSorting);
+  m_sorting->hide();
+}
+
+void OPENFORM::showRows() {
+  // The reset forgets the current cell; the session doesn't.
+  const int row = m_session.currentRow(), column = m_session.currentColumn();
+  m_grid->contentChanged();
+  m_grid->setCurrentCell(row, column);
+}
+
+void OPENFORM::sort(void (BrowserSession::*order)()) {
+  m_sorting->show();
+  m_sorting->repaint();
+  (m_session.*order)();
+  showRows();
+  m_sorting->hide();
+  m_grid->setFocus();
+}
+
+void OPENFORM::open() {
+  if (m_session.open()) accept();
+}
+
+}  // namespace triaxlab

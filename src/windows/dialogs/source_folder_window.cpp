@@ -1,0 +1,117 @@
+#include "windows/dialogs/source_folder_window.h"
+
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+
+#include "windows/controls/grid_view.h"
+#include "windows/controls/layout.h"
+#include "windows/controls/words.h"
+
+namespace triaxlab {
+namespace {
+
+constexpr Place kWindow{0, 0, 6900, 6000};
+constexpr Place kPrompt{300, 200, 6300, 300}, kText{300, 540, 6300, 330};
+constexpr Place kDrives{300, 1050, 6300, 330}, kFolders{300, 1480, 6300, 3550};
+constexpr Place kAccept{1500, 5300, 1500, 420}, kCancel{3900, 5300, 1500, 420};
+
+/// The list is a grid of one column that is seen; the row numbers in front of it are hidden.
+GridContent contentOf(const SourceFolderSession& session) {
+  GridContent content;
+  content.columns = {{"", 0}, {"", kFolders.width}};
+  content.rowCount = [&session] { return static_cast<int>(session.rowCount()); };
+  content.cell = [&session](int row, int column) {
+    return column == 0 ? QString() : words(session.row(static_cast<std::size_t>(row - 1)));
+  };
+  return content;
+}
+
+}  // namespace
+
+Form5::Form5(QWidget* parent, SourceFolderSession& session)
+    : QDialog(parent),
+      m_session(session),
+      m_text(put(new QLineEdit(this), "Text1", kText)),
+      m_drives(put(new QComboBox(this), "Drive1", kDrives)),
+      m_folders(put(new GridView(this, contentOf(session)), "Dir1", kFolders)) {
+  setObjectName("Form5");
+  setWindowTitle(words(SourceFolderSession::kCaption));
+  setFixedSize(rectangle(kWindow).size());
+  auto* const prompt = put(new QLabel(words(session.prompt()), this), "Label1", kPrompt);
+  prompt->setBuddy(m_text);
+  connect(m_text, &QLineEdit::textEdited, this, [this](const QString& typed) { m_session.setText(utf8(typed)); });
+  makeLists();
+  makeButtons();
+  showRows();
+  m_text->setFocus();
+  m_text->selectAll();
+}
+
+void Form5::makeLists() {
+  for (const std::string& drive : m_session.drives()) m_drives->addItem(words(drive));
+  connect(m_drives, &QComboBox::activated, this, [this](int drive) {
+    m_session.chooseDrive(static_cast<std::size_t>(drive));
+    showRows();
+  });
+
+  m_folders->horizontalHeader()->hide();
+  m_folders->horizontalHeader()->setStretchLastSection(true);
+  m_folders->hideColumn(0);
+  m_folders->setShowGrid(false);
+  // A row that becomes current by the arrow keys or a click is chosen; one that the list itself shows is chosen
+  // already.
+  const auto choose = [this](const QModelIndex& cell) {
+    if (!cell.isValid()) return;
+    m_session.chooseRow(static_cast<std::size_t>(cell.row()));
+    refresh();
+  };
+  connect(m_folders, &GridView::clicked, this, choose);
+  connect(m_folders->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+          [this, choose](const QModelIndex& cell) {
+            if (cell.row() != static_cast<int>(m_session.currentRow())) choose(cell);
+          });
+  const auto open = [this] {
+    m_session.openRow(static_cast<std::size_t>(m_folders->currentRow() - 1));
+    showRows();
+  };
+  connect(m_folders, &GridView::rowDoubleClicked, this, open);
+  connect(new QShortcut(Qt::Key_Right, m_folders, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
+          open);
+  connect(new QShortcut(Qt::Key_Left, m_folders, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
+          [this] {
+            m_session.openParent();
+            showRows();
+          });
+}
+
+void Form5::makeButtons() {
+  auto* const accepting = put(new QPushButton(words(SourceFolderSession::kAccept), this), "Command1", kAccept);
+  accepting->setDefault(true);
+  connect(accepting, &QPushButton::clicked, this, [this] {
+    if (m_session.accept()) accept();
+  });
+  connect(m_folders, &GridView::enterPressed, accepting, &QPushButton::click);
+  auto* const cancel = put(new QPushButton(words(SourceFolderSession::kCancel), this), "Command2", kCancel);
+  cancel->setAutoDefault(false);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+/// Another folder is open.
+void Form5::showRows() {
+  m_folders->contentChanged();
+  m_folders->setCurrentCell(static_cast<int>(m_session.currentRow()) + 1, 1);
+  m_folders->scrollTo(m_folders->currentIndex());
+  refresh();
+}
+
+void Form5::refresh() {
+  m_drives->setCurrentIndex(static_cast<int>(m_session.currentDrive()));
+  const QString text = words(m_session.text());
+  if (m_text->text() != text) m_text->setText(text);
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,193 @@
+#include "windows/triaxial/consolidation_table_window.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <utility>
+
+#include "windows/controls/click_label.h"
+#include "windows/controls/record_edit.h"
+#include "windows/controls/words.h"
+
+namespace triaxlab {
+namespace {
+
+// Twips.
+constexpr Place kWindow{0, 0, 7600, 8300};
+constexpr Place kStageList{5270, 850, 1980, 290};
+constexpr int kBoxHeight = 300, kTextHeight = 210;
+constexpr Place kStartPressure{kStartPorePressureX, kTableFootY - (kBoxHeight - kTextHeight) / 2,
+                               kStartPorePressureWidth, kBoxHeight};
+
+/// A cell around its text on the canvas.
+Place cellPlace(int index) {
+  const int row = index / static_cast<int>(kConsolidationColumns);
+  const int middle = kConsolidationColumnX.at(static_cast<std::size_t>(index) % kConsolidationColumns);
+  const int y = kTableRowsTop + kTableRowPitch * row - (kTableRowPitch - kTextHeight) / 2;
+  return {middle - kConsolidationColumnWidth / 2, y, kConsolidationColumnWidth, kTableRowPitch};
+}
+
+}  // namespace
+
+Form7::Form7(Workspace& workspace, ShellSession& shell, std::size_t sampleRow)
+    : m_shell(shell),
+      m_session(workspace, sampleRow),
+      m_controls(this, {.canvasWidth = kConsolidationTableWidth, .stages = kStageList},
+                 [this](DrawingSurface& surface) {
+                   if (m_shown.table) drawConsolidationTable(surface, *m_shown.table);
+                 }) {
+  setObjectName("Form7");
+  setWindowTitle(kConsolidationTableCaption);
+  setMinimumSize(rectangle(kWindow).size());
+  // The cells lie over the rows of the canvas, in letters of the same size.
+  QFont font = this->font();
+  font.setPixelSize(pixels(kTextHeight));
+  setFont(font);
+  makeCells();
+  makeBoxes();
+  connect(m_controls.combo1, &QComboBox::activated, this,
+          [this](int entry) { act([&] { m_session.chooseStage(entry); }); });
+  connect(m_controls.vScroll1, &QScrollBar::valueChanged, this,
+          [this](int top) { act([&] { m_session.scroll(top); }); });
+  setFocusProxy(m_controls.picture1);
+  refresh();
+}
+
+Form7::~Form7() {
+  // A box that loses the focus while the window goes down has nobody to tell any more.
+  for (RecordEdit* const box : {m_text1, m_text2}) box->disconnect(this);
+}
+
+void Form7::makeCells() {
+  for (int i = 0; i < kConsolidationCells; ++i) {
+    ClickLabel*& cell = m_label1.at(static_cast<std::size_t>(i));
+    cell = put(new ClickLabel(this, {}, ClickLabel::Look::Cell), arrayName("Label1", i), cellPlace(i));
+    cell->setAlignment(Qt::AlignCenter);
+    connect(cell, &ClickLabel::clicked, this, [this, i] {
+      act([&] { m_session.selectCell(i); });
+      startTyping();
+    });
+  }
+}
+
+void Form7::makeBoxes() {
+  m_text2 = put(new RecordEdit(this), "Text2", kStartPressure);
+  m_text2->setAccessibleName(words(kStartPorePressure));
+  connect(m_text2, &QLineEdit::textEdited, this,
+          [this](const QString& text) { act([&] { m_session.typeStartPorePressure(utf8(text)); }); });
+  m_text1 = put(new RecordEdit(this), "Text1", cellPlace(1));
+  m_text1->setFrame(false);
+  m_text1->setAlignment(Qt::AlignCenter);
+  m_text1->hide();
+  connect(m_text1, &QLineEdit::textEdited, this,
+          [this](const QString& text) { act([&] { m_session.typeCell(utf8(text)); }); });
+  m_text1->onKey = [this](const QKeyEvent& event) { return keyInCell(event); };
+  connect(m_text1, &RecordEdit::focusLeft, this, &Form7::finishTyping);
+  // Text1 may be what takes the focus.
+  const auto finishStart = [this] { act([&] { m_session.finishStartPorePressure(); }); };
+  connect(m_text2, &RecordEdit::focusLeft, this, finishStart);
+  connect(m_text2, &QLineEdit::returnPressed, this, finishStart);
+}
+
+bool Form7::keyInCell(const QKeyEvent& event) {
+  const auto move = [this](int rows) {
+    act([&] { m_session.moveCell(rows); });
+    startTyping();
+  };
+  switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      finishTyping();
+      return true;
+    case Qt::Key_Escape:
+      act([&] { m_session.dropTyping(); });
+      return true;
+    case Qt::Key_Up:
+      move(-1);
+      return true;
+    case Qt::Key_Down:
+      move(1);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void Form7::startTyping() {
+  if (!m_text1->isVisible()) return;
+  m_text1->setFocus();
+  m_text1->selectAll();
+}
+
+template <class Operation>
+void Form7::act(Operation&& operation) {
+  std::forward<Operation>(operation)();
+  refresh();
+  if (m_session.takeChange()) emit sampleChanged();
+}
+
+void Form7::load(std::size_t sampleRow) {
+  act([&] { m_session.load(sampleRow); });
+}
+
+void Form7::finishTyping() {
+  act([&] { m_session.finishTyping(); });
+}
+
+void Form7::refresh(FailureMode mode, bool editable) {
+  m_session.setFailureMode(mode);
+  m_session.setEditable(editable);
+  refresh();
+}
+
+void Form7::refresh() {
+  // A box that is hidden while it has the focus loses it, which changes the state on the way.
+  m_refreshAgain = true;
+  if (m_isRefreshing) return;
+  m_isRefreshing = true;
+  while (std::exchange(m_refreshAgain, false)) showState();
+  m_isRefreshing = false;
+}
+
+void Form7::showState() {
+  ConsolidationTableState now = m_session.state();
+  m_controls.show(now.stage);
+  for (int i = 0; i < kConsolidationCells; ++i) {
+    const auto row = static_cast<std::size_t>(i) / kConsolidationColumns, column = i % kConsolidationColumns;
+    const QString text = now.table ? words(now.table->rows.at(row).at(column)) : QString();
+    ClickLabel* const cell = m_label1.at(static_cast<std::size_t>(i));
+    if (cell->text() != text) cell->setText(text);
+    cell->setVisible(now.table.has_value());
+  }
+  m_text2->setVisible(now.table.has_value());
+  m_text2->setReadOnly(!now.editable);
+  m_text2->showText(words(now.text2));
+  if (!now.openCell && m_text1->hasFocus()) m_controls.picture1->setFocus();
+  if (now.openCell) {
+    m_text1->setGeometry(m_label1.at(static_cast<std::size_t>(*now.openCell))->geometry());
+    m_text1->showText(words(now.text1));
+  }
+  m_text1->setVisible(now.openCell.has_value());
+  const bool sameTable = now.table == m_shown.table;
+  m_shown = std::move(now);
+  if (!sameTable) m_controls.picture1->redraw();
+}
+
+void Form7::closeEvent(QCloseEvent* event) {
+  finishTyping();
+  if (!m_shell.mayClose(kForm7)) return event->ignore();
+  event->accept();
+  emit closed();
+}
+
+void Form7::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F2) {
+    // The first pore pressure on display, as F2 opens a cell elsewhere.
+    act([&] { m_session.selectCell(static_cast<int>(ConsolidationColumn::PorePressure)); });
+    return startTyping();
+  }
+  if (!m_controls.takesKey(*event)) QWidget::keyPressEvent(event);
+}
+
+}  // namespace triaxlab

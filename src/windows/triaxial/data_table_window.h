@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QWidget>
+
+#include "sessions/triaxial/data_table_session.h"
+#include "shell/shell_session.h"
+#include "shell/shell_windows.h"
+#include "windows/triaxial/stage_table_controls.h"
+
+namespace triaxlab {
+
+/// 三轴试验数据表: the shear readings of a stage.
+class Form2 : public QWidget, public DocumentWindow {
+  Q_OBJECT
+
+ public:
+  /// Workspace and shell outlive the window, which opens for a row of the sample tables.
+  Form2(Workspace& workspace, ShellSession& shell, std::size_t sampleRow);
+
+  void load(std::size_t sampleRow);
+  std::size_t sampleRow() const { return m_session.sampleRow(); }
+  /// Shows what the record holds now.
+  void refresh(FailureMode mode);
+
+  // DocumentWindow
+  bool asksToSave(Dialogs& /*dialogs*/) const override { return false; }
+  void markSaved() override {}
+  std::array<std::string, 2> statusPanels() const override { return m_session.statusPanels(); }
+
+ signals:
+  void closed();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override { m_controls.turnWheel(*event); }
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void showState();
+
+  ShellSession& m_shell;
+  DataTableSession m_session;
+  DataTableState m_shown;
+  StageTableControls m_controls;
+};
+
+}  // namespace triaxlab

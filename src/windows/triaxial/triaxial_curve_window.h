@@ -1,0 +1,97 @@
+#pragma once
+
+#include <QWidget>
+#include <optional>
+#include <string>
+
+#include "sessions/triaxial/curve_session.h"
+#include "shell/shell_session.h"
+#include "shell/shell_windows.h"
+#include "windows/triaxial/triaxial_curve_layout.h"
+
+class QKeyEvent;
+
+namespace triaxlab {
+
+/// The triaxial curve window: list of samples, curves, results and fields of the sample on display.
+class Form1 : public QWidget, public CurveDocument {
+  Q_OBJECT
+
+ public:
+  /// All three outlive the window.
+  Form1(Workspace& workspace, Dialogs& dialogs, ShellSession& shell);
+  ~Form1() override;
+
+  /// Shows the table of the workspace as a window that was just opened.
+  void load();
+  std::size_t sampleRow() const { return m_session.sampleRow(); }
+  /// Another window has changed the sample.
+  void markChanged() { m_session.markChanged(); }
+
+  // CurveDocument
+  bool asksToSave(Dialogs& dialogs) const override { return m_session.asksToSave(dialogs); }
+  void markSaved() override;
+  std::array<std::string, 2> statusPanels() const override;
+  InterventionEntry interventionEntry() const override;
+  void enterIntervention() override;
+  void leaveIntervention(Dialogs& dialogs) override;
+  void showPage(CurvePage page) override;
+  EnvelopeEntries envelopeEntries() const override;
+  void reprocess() override;
+
+ signals:
+  /// Another sample, or the same one after a change: menu and status bar follow.
+  void sampleShown();
+  /// The values under the mouse; empty when it isn't on a plot that has some.
+  void readoutChanged(const QString& text);
+  void closed();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void connectList();
+  void connectPages();
+  void connectEdits();
+  void connectMethodKeys();
+  void connectIntervention();
+  void connectCanvas();
+  bool keyInCell(RecordEdit* box, const QKeyEvent& event, bool (CurveSession::*keyIn)(CellKey, CursorPlace));
+  /// True when the phase that runs takes the key.
+  bool keyInPhase(const QObject& focus, const QKeyEvent& event);
+
+  /// Does what the person asked of the session, then shows its state. What goes wrong is told.
+  template <class Operation>
+  void act(Operation&& operation);
+  void startTyping(RecordEdit* overlay);
+  /// Lays a box over a cell and begins to type there.
+  void openCell(RecordEdit* overlay, void (CurveSession::*select)(int), int label);
+  void tellMouse(std::optional<Point> place);
+  bool isOnTable(QPoint place) const;
+  void copyTable() const;
+
+  /// The one place where the session's state becomes widgets.
+  void refresh();
+  void showState();
+  void showList(const CurveState& now);
+  void showFields(const CurveState& now);
+  void showStages(const CurveState& now);
+  void showTable(const CurveState& now);
+  void showIntervention(const CurveState& now);
+
+  Dialogs& m_dialogs;
+  ShellSession& m_shell;
+  CurveSession m_session;
+  CurveControls m_controls;
+  CurveState m_shown;  // what the widgets show
+  std::size_t m_rowShown = 0;
+  std::uint64_t m_pictureShown = 0;
+  std::string m_readout;
+  bool m_isRefreshing = false, m_refreshAgain = false;
+};
+
+}  // namespace triaxlab

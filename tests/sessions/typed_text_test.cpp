@@ -1,0 +1,63 @@
+#include "sessions/typed_text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace triaxlab {
+namespace {
+
+using namespace std::string_literals;
+
+// 砂 and 土 in GBK.
+constexpr const char* kSandySoilGbk = "\xC9\xB0\xCD\xC1";
+
+TEST(TakenText, IsTheTextInGbk) {
+  EXPECT_EQ(takenText("", 15), "");
+  EXPECT_EQ(takenText(" K-7 ", 15), " K-7 ");
+  EXPECT_EQ(takenText("砂土", 15), kSandySoilGbk);
+}
+
+TEST(TakenText, IsCutInFrontOfTheCharacterThatDoesNotFitWhole) {
+  EXPECT_EQ(takenText("123456", 5), "12345");
+  EXPECT_EQ(takenText("砂土", 4), kSandySoilGbk);
+  EXPECT_EQ(takenText("砂土", 3), "\xC9\xB0");
+  EXPECT_EQ(takenText("a砂土", 4), "a\xC9\xB0");
+  EXPECT_EQ(takenText("砂", 1), "");
+}
+
+TEST(TakenText, LeavesOutWhatGbkDoesNotHave) {
+  EXPECT_EQ(takenText("a😀b", 15), "ab");
+  EXPECT_EQ(takenText("é砂ü土", 15), "\xA8\xA6\xC9\xB0\xA8\xB9\xCD\xC1");  // GBK has é and ü of the pinyin row
+  EXPECT_EQ(takenText("ñ€", 15), "\x80");
+  EXPECT_EQ(takenText("a\xFF\xC3", 15), "a");  // no UTF-8
+  // What is left out takes no room.
+  EXPECT_EQ(takenText("😀😀😀12345", 5), "12345");
+}
+
+TEST(TakenText, LeavesOutControlCharacters) {
+  EXPECT_EQ(takenText("100\r\n", 6), "100");
+  EXPECT_EQ(takenText("\t1\v2\x7F\x1A", 6), "12");
+  EXPECT_EQ(takenText("1\0"s + "2", 6), "12");
+}
+
+TEST(TakenText, ALongPasteIsCutLikeAShortOne) {
+  const std::string paste(20 * 1024, 'x');
+  EXPECT_EQ(takenText(paste, 14), std::string(14, 'x'));
+  std::string chinese;
+  for (int i = 0; i < 7000; ++i) chinese += "土";
+  EXPECT_EQ(takenText(chinese, 15), "\xCD\xC1\xCD\xC1\xCD\xC1\xCD\xC1\xCD\xC1\xCD\xC1\xCD\xC1");
+  EXPECT_EQ(takenText(std::string(20 * 1024, '\n') + "7", 6), "7");
+}
+
+TEST(ShownText, IsUtf8WithAQuestionMarkForAByteThatIsNoGbk) {
+  EXPECT_EQ(shownText(kSandySoilGbk), "砂土");
+  EXPECT_EQ(shownText("a\xFF"
+                      "b"),
+            "a?b");
+  EXPECT_EQ(shownText("\xFF\xFF"), "??");
+  EXPECT_EQ(shownText("12\xC9"), "12?");  // half a character, cut by a narrow field
+}
+
+}  // namespace
+}  // namespace triaxlab

@@ -1,0 +1,158 @@
+// What is done with a journal that is found: a complete one finishes its save, any other is dropped.
+
+#include "store/safety/save_journal.h"
+
+#include "store/project/project_file.h"
+#include "store/project/project_list.h"
+#include "store/safety/file_update.h"
+#include "store/store_fixture.h"
+
+namespace triaxlab::testing {
+namespace {
+
+class JournalTest : public StoreTest {
+ protected:
+  /// The bytes of a journal that puts `text` at `offset` of each path.
+  std::string journalOf(const std::vector<std::string>& paths, std::uint64_t offset, std::string_view text) {
+    JournalSpans spans;
+    std::vector<JournalFile> files;
+    for (const std::string& path : paths)
+      files.push_back({path, {{offset, text.size(), spans.append(std::as_bytes(std::span(text)))}}});
+    writeJournal(data("journal"), files, spans);
+    return read("journal");
+  }
+  void recover() const { FileUpdate::recover(workspace.dataFolder); }
+  /// Everything below the test's folder, as one text.
+  std::string everything() const {
+    std::string all;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder())) {
+      all += entry.path().string() + "\n";
+      if (entry.is_regular_file()) all += readText(entry.path()) + "\n";
+    }
+    return all;
+  }
+  static std::string readText(const std::filesystem::path& path) {
+    const Bytes bytes = readWholeFile(path, 1'000'000);
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+  }
+};
+
+TEST_F(JournalTest, ACompleteOneIsApplied) {
+  write("HSZS/a", "0123456789");
+  journalOf({"HSZS/a", "ZMSJ/b"}, 3, "xyz");
+  recover();
+  EXPECT_EQ(read("HSZS/a"), "012xyz6789");
+  EXPECT_EQ(read("ZMSJ/b"), std::string("\0\0\0xyz", 6));
+  EXPECT_FALSE(has("journal"));
+}
+
+TEST_F(JournalTest, ItIsAppliedBeforeAnythingIsListedOrOpened) {
+  const std::string file = headerBytes({"0000", "P1"});
+  journalOf({"HSZS/WKSZ1.txt"}, 0, file);
+  EXPECT_EQ(listProjects(workspace, ProjectKind::Triaxial).size(), 1U);
+  journalOf({"HSZS/WKSZ2.txt"}, 0, file);
+  EXPECT_TRUE(listSamples(workspace, ProjectKind::Triaxial, "WKSZ2.txt").empty());
+  journalOf({"HSZS/KO3.txt"}, 0, file);
+  openProject(workspace, ProjectKind::K0, "KO3.txt", nullptr);
+  journalOf({"HSZS/KO4.txt"}, 0, file);
+  const FileUpdate update(workspace.dataFolder);
+  EXPECT_EQ(update.size(data("HSZS/KO4.txt")), kHeaderSize);
+}
+
+TEST_F(JournalTest, EveryShorterOneIsDropped) {
+  const std::string whole = journalOf({"HSZS/a", "ZMSJ/b"}, 0, "0123456789012345678901234567890123456789");
+  std::filesystem::remove(data("journal"));
+  const std::string before = everything();
+  for (std::size_t size = 0; size < whole.size(); ++size) {
+    write("journal", whole.substr(0, size));
+    recover();
+    ASSERT_EQ(everything(), before) << size;
+  }
+}
+
+TEST_F(JournalTest, OneWithAnyByteChangedIsDropped) {
+  const std::string whole = journalOf({"HSZS/a", "ZMSJ/b"}, 0, "0123456789012345678901234567890123456789");
+  std::filesystem::remove(data("journal"));
+  const std::string before = everything();
+  for (std::size_t at = 0; at < whole.size(); ++at) {
+    std::string damaged = whole;
+    damaged[at] = static_cast<char>(damaged[at] ^ (1 << at % 8));
+    write("journal", damaged);
+    recover();
+    ASSERT_EQ(everything(), before) << at;
+  }
+}
+
+TEST_F(JournalTest, OneWithMoreBehindItsEndIsDropped) {
+  write("journal", journalOf({"HSZS/a"}, 0, "x") + "y");
+  recover();
+  EXPECT_FALSE(has("HSZS/a"));
+  EXPECT_FALSE(has("journal"));
+}
+
+TEST_F(JournalTest, FoldersMayBeSpelledInSmallLetters) {
+  std::filesystem::create_directories(data("hszs"));
+  journalOf({"hszs/a", "ZMSJ/b"}, 0, "x");
+  recover();
+  EXPECT_EQ(read("hszs/a"), "x");
+  EXPECT_EQ(read("ZMSJ/b"), "x");
+}
+
+TEST_F(JournalTest, OneThatNamesAnythingElseIsDropped) {
+  write("a", "data");
+  const std::string before = everything();
+  for (const char* path :
+       {"../app/x", "HSZS/../../x", "HSZS/..", "/etc/x", "a", "", "HSZS", "HSZS/", "/x", "PTU/x", "HSZS2/x", "HSZS/b/c",
+        "HSZS/b\\c", "HSZS/c:x", "HSZS/\x01", "journal", "./HSZS/x", "HSZS//x"}) {
+    journalOf({"HSZS/good", path}, 0, "x");
+    recover();
+    ASSERT_EQ(everything(), before) << path;
+  }
+}
+
+TEST_F(JournalTest, OneThatReachesBeyondAnyFileIsDropped) {
+  for (const std::uint64_t offset : {std::uint64_t{1} << 31, std::uint64_t{1} << 62, ~std::uint64_t{0}}) {
+    journalOf({"HSZS/a"}, offset, "x");
+    recover();
+    EXPECT_FALSE(has("HSZS/a"));
+    EXPECT_FALSE(has("journal"));
+  }
+}
+
+TEST_F(JournalTest, AFolderOfThatNameIsNone) {
+  std::filesystem::create_directory(data("journal"));
+  recover();
+  EXPECT_TRUE(has("journal"));
+}
+
+TEST_F(JournalTest, ACompleteOneThatCanNotBeAppliedStaysAndIsTold) {
+  std::filesystem::create_directory(data("ZMSJ/b"));
+  const std::string whole = journalOf({"HSZS/a", "ZMSJ/b"}, 0, "xyz");
+  EXPECT_THAT(sentenceOf([&] { recover(); }), ::testing::HasSubstr("ZMSJ/b"));
+  EXPECT_THROW(listProjects(workspace, ProjectKind::Triaxial), UserError);
+  EXPECT_EQ(read("journal"), whole);
+  std::filesystem::remove(data("ZMSJ/b"));
+  recover();
+  EXPECT_EQ(read("HSZS/a") + read("ZMSJ/b"), "xyzxyz");
+}
+
+TEST_F(JournalTest, ASaveDoesNotWriteThroughALink) {
+  write("precious", "precious");
+  std::filesystem::create_symlink(data("precious"), data("journal"));
+  FileUpdate update(workspace.dataFolder);
+  update.writeAt(data("HSZS/a"), 0, std::as_bytes(std::span("x", 1)));
+  std::filesystem::create_symlink(data("nowhere"), data("journal"));
+  update.commit();
+  EXPECT_EQ(read("precious"), "precious");
+  EXPECT_FALSE(has("nowhere"));
+  EXPECT_EQ(read("HSZS/a"), "x");
+}
+
+TEST_F(JournalTest, ADataFolderThatIsGoneHasNone) {
+  std::filesystem::remove_all(workspace.dataFolder);
+  recover();
+  EXPECT_FALSE(std::filesystem::exists(workspace.dataFolder));
+}
+
+}  // namespace
+}  // namespace triaxlab::testing
