@@ -9,6 +9,7 @@ struct PageSize {
   bool operator==(const PageSize&) const = default;
 };
 inline constexpr PageSize kA4{11906, 16838};
+inline constexpr PageSize kA3{16838, 23811};
 inline constexpr PageSize kDotMatrixPage{11904, 15870};
 inline constexpr PageSize kA3SideBySide{23810, 16841};
 

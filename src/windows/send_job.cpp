@@ -27,7 +27,7 @@ std::unique_ptr<PageDevice> deviceFor(const PrintJob& job, const Workspace& work
     const auto folder = pictureFolderOf(job, workspace);
     return folder ? makePictureDevice(*folder) : nullptr;
   }
-  if (hasPrinter()) return makePrinterDevice(job.copies);
+  if (hasPrinter()) return makePrinterDevice({threeInOnePageSize(job), job.copies}, dialogs);
   const auto file = askForPdf(workspace, dialogs);
   return file ? makePdfDevice(*file) : nullptr;
 }

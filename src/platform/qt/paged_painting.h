@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QPageSize>
+#include <QPageLayout>
 #include <QPainter>
 #include <optional>
 
@@ -13,16 +13,18 @@ namespace triaxlab {
 
 inline constexpr int kTwipsPerInch = 1440;
 
-QPageSize paperOf(PageSize size);
+/// Paper, orientation and no margins. What is the size of a named paper within some twips is that paper, for printers
+/// know their papers by name; each other size is taken as it is, upright.
+QPageLayout layoutOf(PageSize size);
 
 /// Pages onto a device of Qt that takes one page after the other (a PDF, a printer). The device must have been set to
-/// kTwipsPerInch units to the inch, without margins.
+/// kTwipsPerInch units to the inch.
 class PagedPainting {
  public:
   explicit PagedPainting(QPagedPaintDevice& device) : m_device(device) {}
 
-  /// Nothing when the device can't be drawn on.
-  DrawingSurface* beginPage(PageSize size);
+  /// A page of the device's layout. Nothing when the device can't be drawn on.
+  DrawingSurface* beginPage();
   void end() { m_painter.end(); }
 
  private:

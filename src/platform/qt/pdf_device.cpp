@@ -22,7 +22,8 @@ class PdfDevice : public PageDevice {
   }
 
   DrawingSurface& beginPage(PageSize size) override {
-    DrawingSurface* const surface = m_painting.beginPage(size);
+    m_writer.setPageLayout(layoutOf(size));
+    DrawingSurface* const surface = m_painting.beginPage();
     if (surface == nullptr) throw UserError(fmt::format("无法生成PDF文件“{}”。", textOfPath(m_file)));
     m_hasPages = true;
     return *surface;

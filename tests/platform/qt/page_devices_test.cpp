@@ -52,6 +52,15 @@ TEST(PdfDevice, WritesTheFileWholeAtTheEnd) {
   EXPECT_EQ(countOf(content, "/MediaBox [0 0 595.000000 842.000000]"), 3u);
 }
 
+TEST(PdfDevice, TwoPagesSideBySideLieAcross) {
+  const TemporaryFolder folder;
+  const auto device = makePdfDevice(folder.path() / "pages.pdf");
+  device->beginPage(kA3SideBySide);
+  device->endPage();
+  device->finish();
+  EXPECT_EQ(countOf(folder.read("pages.pdf"), "/MediaBox [0 0 1191.000000 842.000000]"), 1u);
+}
+
 TEST(PdfDevice, LeavesAnOldFileAloneUntilTheNewOneStands) {
   const TemporaryFolder folder;
   folder.write("pages.pdf", "old");
