@@ -51,6 +51,8 @@ QWidget* findControl(const Target& target) {
 }
 
 QWidget* reachControl(const Target& target) {
+  // As under the mouse, which closes an open list by what it does beside it.
+  if (QWidget* const popup = QApplication::activePopupWidget()) popup->close();
   QWidget* const control = findControl(target);
   requireInFront(control->window(), target.spelled());
   if (!control->isVisible()) throw ScriptError(fmt::format("{} is not visible", target.spelled()));
@@ -69,6 +71,8 @@ void requireInFront(const QWidget* window, const std::string& spelled) {
 }
 
 QWidget* keyTarget() {
+  if (QWidget* const popup = QApplication::activePopupWidget())
+    return popup->focusWidget() != nullptr ? popup->focusWidget() : popup;
   QWidget* const front = frontWindow();
   QWidget* const focused = QApplication::focusWidget();
   if (focused != nullptr && (focused == front || front->isAncestorOf(focused))) return focused;

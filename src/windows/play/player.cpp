@@ -21,10 +21,8 @@ int modalWindows() {
   return count;
 }
 
-/// A window that has been closed may still be in its event loop, and a menu may be open.
-bool loopsFitWindows() {
-  return QThread::currentThread()->loopLevel() <= 1 + modalWindows() && QApplication::activePopupWidget() == nullptr;
-}
+/// A window that has been closed may still be in its event loop. A list that hangs open is at rest: it waits for a key.
+bool loopsFitWindows() { return QThread::currentThread()->loopLevel() <= 1 + modalWindows(); }
 
 /// When a modal window closes, a desktop without a window manager leaves no window active; keys would be lost.
 bool hasActiveWindow() {

@@ -30,12 +30,25 @@ constexpr std::array kScrollKeys{
     ScrollKey{Qt::Key_End, QScrollBar::SliderToMaximum},
 };
 
+/// Opened by the mouse, Alt+Down or the space bar. F4, which opens a list elsewhere, is the key of intervention here
+/// and goes on to the window.
+class StageList : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_F4 && event->modifiers() == Qt::NoModifier) return event->ignore();
+    QComboBox::keyPressEvent(event);
+  }
+};
+
 }  // namespace
 
 StageTableControls::StageTableControls(QWidget* window, const StageTablePlaces& places, CanvasWidget::Drawing drawing)
     : picture1(put(new CanvasWidget(window, places.canvasWidth, kTableHeight, std::move(drawing)), "Picture1",
                    {0, 0, places.canvasWidth, kTableHeight})),
-      combo1(put(new QComboBox(window), "Combo1", places.stages)),
+      combo1(put(new StageList(window), "Combo1", places.stages)),
       vScroll1(put(new QScrollBar(Qt::Vertical, window), "VScroll1",
                    {places.canvasWidth, kScrollTop, kScrollWidth, kScrollHeight})) {
   vScroll1->setPageStep(static_cast<int>(kTableRowsShown));

@@ -217,20 +217,22 @@ void Form1::connectIntervention() {
 }
 
 bool Form1::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress && keyInPhase(*watched, static_cast<QKeyEvent&>(*event))) return true;
+  if (event->type() == QEvent::KeyPress && keyInPhase(static_cast<QKeyEvent&>(*event))) return true;
   return QWidget::eventFilter(watched, event);
 }
 
-bool Form1::keyInPhase(const QObject& focus, const QKeyEvent& event) {
+bool Form1::keyInPhase(const QKeyEvent& event) {
   Intervention& phase = m_session.intervention();
   const InterventionControls& controls = m_controls.intervention;
-  if (!phase.running() || &focus == controls.text10 || &focus == controls.text11) return false;
+  // Asked of the window: a box passes a key that it has no use for, as Up and Down, on to what it lies in.
+  const QWidget* const focus = focusWidget();
+  if (!phase.running() || focus == controls.text10 || focus == controls.text11) return false;
   if (const std::optional<ArrowKey> key = keyOf(event, kArrowKeys)) {
     act([&] { phase.key(*key); });
     return true;
   }
   // A box takes back its own typing.
-  if (qobject_cast<const QLineEdit*>(&focus) != nullptr) return false;
+  if (qobject_cast<const QLineEdit*>(focus) != nullptr) return false;
   const bool control = event.modifiers() == Qt::ControlModifier;
   if (control && event.key() == Qt::Key_Z)
     act([&] { phase.undo(); });

@@ -62,7 +62,7 @@ class Form1 : public QWidget, public CurveDocument {
   void connectCanvas();
   bool keyInCell(RecordEdit* box, const QKeyEvent& event, bool (CurveSession::*keyIn)(CellKey, CursorPlace));
   /// True when the phase that runs takes the key.
-  bool keyInPhase(const QObject& focus, const QKeyEvent& event);
+  bool keyInPhase(const QKeyEvent& event);
 
   /// Does what the person asked of the session, then shows its state. What goes wrong is told.
   template <class Operation>
