@@ -135,7 +135,7 @@ std::string gbkToUtf8(std::string_view gbk) {
       appendUtf8(utf8, character);
       at += 2;
     } else {
-      appendUtf8(utf8, static_cast<unsigned char>(byte) == 0x80 ? kEuro : 0xFFFD);
+      appendUtf8(utf8, static_cast<unsigned char>(byte) == 0x80 ? kEuro : U'?');
       ++at;
     }
   }

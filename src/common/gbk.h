@@ -35,7 +35,7 @@ constexpr std::string_view cutWhole(std::string_view gbk, std::size_t width) {
   return gbk.substr(0, kept);
 }
 
-/// A byte that begins no character becomes U+FFFD and counts one.
+/// A byte that begins no character becomes "?" and counts one: so windows, pages and sentences show what records hold.
 std::string gbkToUtf8(std::string_view gbk);
 
 /// A character that GBK lacks becomes `substitute`; so does each byte that is no UTF-8.

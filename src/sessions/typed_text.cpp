@@ -18,12 +18,4 @@ std::string takenText(std::string_view utf8, std::size_t width) {
   return gbk;
 }
 
-std::string shownText(std::string_view gbk) {
-  constexpr std::string_view kNoCharacter = "\uFFFD";
-  std::string utf8 = gbkToUtf8(gbk);
-  for (auto at = utf8.find(kNoCharacter); at != std::string::npos; at = utf8.find(kNoCharacter, at + 1))
-    utf8.replace(at, kNoCharacter.size(), 1, '?');
-  return utf8;
-}
-
 }  // namespace triaxlab

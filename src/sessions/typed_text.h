@@ -10,7 +10,4 @@ namespace triaxlab {
 /// and without control characters, cut in front of the character that doesn't fit whole.
 std::string takenText(std::string_view utf8, std::size_t width);
 
-/// A text of a record as windows show it, UTF-8: a byte that is no GBK is a "?".
-std::string shownText(std::string_view gbk);
-
 }  // namespace triaxlab

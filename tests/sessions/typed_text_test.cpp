@@ -50,14 +50,5 @@ TEST(TakenText, ALongPasteIsCutLikeAShortOne) {
   EXPECT_EQ(takenText(std::string(20 * 1024, '\n') + "7", 6), "7");
 }
 
-TEST(ShownText, IsUtf8WithAQuestionMarkForAByteThatIsNoGbk) {
-  EXPECT_EQ(shownText(kSandySoilGbk), "砂土");
-  EXPECT_EQ(shownText("a\xFF"
-                      "b"),
-            "a?b");
-  EXPECT_EQ(shownText("\xFF\xFF"), "??");
-  EXPECT_EQ(shownText("12\xC9"), "12?");  // half a character, cut by a narrow field
-}
-
 }  // namespace
 }  // namespace triaxlab

@@ -198,7 +198,7 @@ std::optional<EditableField> CurveSession::fieldOf(Box box) const {
 std::string CurveSession::boxText(Box box) const {
   if (m_typed && m_typed->box == box) return m_typed->text;
   const auto field = fieldOf(box);
-  return field ? shownText(field->text) : std::string();
+  return field ? gbkToUtf8(field->text) : std::string();
 }
 
 void CurveSession::edit(Box box, std::string_view utf8) {
@@ -259,7 +259,7 @@ void CurveSession::readPhysicalValues() {
   if (!m_workspace.settings.toggles.showPhysicalIndices) return;
   for (const PhysicalValue& value :
        physicalValues(m_workspace, record().projectNo.trimmed(), record().sampleNo.trimmed()))
-    m_physicalValues.push_back({std::string(value.label), shownText(value.text)});
+    m_physicalValues.push_back({std::string(value.label), gbkToUtf8(value.text)});
 }
 
 void CurveSession::leaveIntervention(Dialogs& dialogs) {

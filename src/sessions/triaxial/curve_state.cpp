@@ -1,7 +1,7 @@
 #include <array>
 
+#include "common/gbk.h"
 #include "sessions/triaxial/curve_session.h"
-#include "sessions/typed_text.h"
 #include "triaxial/method_names.h"
 
 namespace triaxlab {
@@ -22,8 +22,8 @@ void CurveSession::fillList(CurveState& state) const {
   for (int line = 1; line <= kListLines; ++line) {
     const std::size_t row = m_list.rowOfLine(line);
     const TriaxialSampleRecord& sample = m_workspace.TriaxialSampleTable.at(row);
-    state.list[static_cast<std::size_t>(line)] = {std::to_string(row + 1), shownText(sample.projectNo.trimmed()),
-                                                  shownText(sample.sampleNo.trimmed())};
+    state.list[static_cast<std::size_t>(line)] = {std::to_string(row + 1), gbkToUtf8(sample.projectNo.trimmed()),
+                                                  gbkToUtf8(sample.sampleNo.trimmed())};
   }
   state.listTop = m_list.top();
   state.selectedLine = m_list.line();

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "sessions/typed_text.h"
+#include "common/gbk.h"
 #include "triaxial/derived_columns.h"
 
 namespace triaxlab {
@@ -138,15 +138,15 @@ ResultTable::TableRow ResultTable::rowTexts(const TriaxialSampleRecord& record, 
   if (m_page == TablePage::Results) {
     texts[0] = resultLabel(row);
     for (std::size_t stage = 0; stage < kStages; ++stage)
-      texts[resultColumnOf(stage)] = shownText(resultText(record, {row, stage}));
+      texts[resultColumnOf(stage)] = gbkToUtf8(resultText(record, {row, stage}));
     return texts;
   }
   const auto& [first, second] = quantitiesOf(m_page);
   for (std::size_t stage = 0; stage < kStages; ++stage) {
     const std::size_t column = firstColumnOf(stage);
-    texts[column] = shownText(derivedText(record, stage, row, DerivedColumn::Strain));
-    texts[column + 1] = shownText(derivedText(record, stage, row, first.column));
-    texts[column + 2] = shownText(derivedText(record, stage, row, second.column));
+    texts[column] = gbkToUtf8(derivedText(record, stage, row, DerivedColumn::Strain));
+    texts[column + 1] = gbkToUtf8(derivedText(record, stage, row, first.column));
+    texts[column + 2] = gbkToUtf8(derivedText(record, stage, row, second.column));
   }
   return texts;
 }

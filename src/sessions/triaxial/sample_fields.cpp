@@ -2,8 +2,8 @@
 
 #include <stdexcept>
 
+#include "common/gbk.h"
 #include "common/text_number.h"
-#include "sessions/typed_text.h"
 
 namespace triaxlab {
 namespace {
@@ -91,14 +91,14 @@ EditableField listField(Workspace& workspace, std::size_t row, bool onProject) {
 
 std::string projectPanel(const Workspace& workspace, std::size_t row) {
   return workspace.settings.habits.projectNoLabel + ":" +
-         shownText(workspace.TriaxialSampleTable.at(row).projectNo.trimmed());
+         gbkToUtf8(workspace.TriaxialSampleTable.at(row).projectNo.trimmed());
 }
 
 std::string datePanel(const Workspace& workspace, std::size_t row) {
   const TriaxialSampleRecord& record = workspace.TriaxialSampleTable.at(row);
   std::string_view date = record.testDate.trimmed();
   if (date.empty()) date = workspace.projectTestDate(record.projectNo.trimmed()).value_or("");
-  return "试验日期:" + shownText(date);
+  return "试验日期:" + gbkToUtf8(date);
 }
 
 std::array<std::string, 3> locationLabels(const LaboratoryHabits& habits) {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "common/gbk.h"
 #include "sessions/triaxial/sample_fields.h"
-#include "sessions/typed_text.h"
 #include "triaxial/measures.h"
 
 namespace triaxlab {
@@ -12,7 +12,7 @@ namespace {
 /// 试验日期 of the project, else that of the sample itself.
 std::string testDate(const Workspace& workspace, const TriaxialSampleRecord& record) {
   const std::string_view ofProject = workspace.projectTestDate(record.projectNo.trimmed()).value_or("");
-  return shownText(ofProject.empty() ? record.testDate.trimmed() : ofProject);
+  return gbkToUtf8(ofProject.empty() ? record.testDate.trimmed() : ofProject);
 }
 
 }  // namespace
@@ -55,7 +55,7 @@ StageTableState StageTableSession::stageState() const {
   const std::vector<std::size_t> stages = usedStages();
   const std::optional<std::size_t> shown = stage();
   for (std::size_t i = 0; i < stages.size(); ++i) {
-    state.stages.push_back("周围压力:" + shownText(record().cellPressure[stages[i]].trimmed()));
+    state.stages.push_back("周围压力:" + gbkToUtf8(record().cellPressure[stages[i]].trimmed()));
     if (stages[i] == shown) state.entry = i;
   }
   state.top = m_top;
