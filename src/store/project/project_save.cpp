@@ -23,6 +23,11 @@ std::string rowList(const std::vector<std::size_t>& rows) {
   return rows.size() > kNamed ? fmt::format("{} 等 {} ", text, rows.size()) : text + " ";
 }
 
+/// Numbers of one file have one key. What is no text is shown alike and stays apart all the same.
+std::string fileKey(std::string_view projectNo) {
+  return isGbk(projectNo) ? caseless(gbkToUtf8(projectNo)) : std::string(projectNo);
+}
+
 }  // namespace
 
 ProjectSave::ProjectSave(Workspace& workspace, ProjectKind kind)
@@ -43,11 +48,15 @@ void ProjectSave::begin(const OverwriteChooser& chooseOverwrites, const ChangesO
       continue;
     }
     loadFiles();
-    if (m_rows.empty() || !m_workspace.rawImportPending || askedFor == stamps()) return;
+    if (!m_workspace.rawImportPending || askedFor == stamps()) return;
     askedFor = stamps();
     m_update->unlock();
     askOverwrites(chooseOverwrites);
   }
+}
+
+void ProjectSave::askOfEmptyTable(const OverwriteChooser& chooseOverwrites) {
+  if (m_workspace.rawImportPending) askOverwrites(chooseOverwrites);
 }
 
 void ProjectSave::finish() {
@@ -88,7 +97,7 @@ void ProjectSave::findFiles(ChangedFiles& changed) {
   for (std::size_t row = 0; row < m_table.size(); ++row) {
     if (!m_table.isLive(row)) continue;
     const std::string_view projectNo = m_table.projectNo(row);
-    const auto [found, isNew] = m_projects.try_emplace(caseless(gbkToUtf8(projectNo)));
+    const auto [found, isNew] = m_projects.try_emplace(fileKey(projectNo));
     SavedProject& saved = found->second;
     saved.tableRows.push_back(row);
     if (!isNew) continue;
@@ -105,14 +114,17 @@ void ProjectSave::findFiles(ChangedFiles& changed) {
 }
 
 void ProjectSave::loadFiles() {
-  for (auto& [name, saved] : m_projects) {
-    if (saved.refusal.empty()) load(saved);
-    if (!saved.project) {
-      m_errors.push_back(fmt::format("工程“{}”（第 {}行）没有保存：{}", printableText(saved.projectNo),
-                                     rowList(saved.tableRows), saved.refusal));
+  std::vector<SavedProject*> inTableOrder;
+  for (auto& [name, saved] : m_projects) inTableOrder.push_back(&saved);
+  std::ranges::sort(inTableOrder, {}, [](const SavedProject* saved) { return saved->tableRows.front(); });
+  for (SavedProject* const saved : inTableOrder) {
+    if (saved->refusal.empty()) load(*saved);
+    if (!saved->project) {
+      m_errors.push_back(fmt::format("工程“{}”（第 {}行）没有保存：{}", printableText(saved->projectNo),
+                                     rowList(saved->tableRows), saved->refusal));
       continue;
     }
-    for (const std::size_t row : saved.tableRows) m_rows.push_back({row, saved.project.get(), saved.summary.get()});
+    for (const std::size_t row : saved->tableRows) m_rows.push_back({row, saved->project.get(), saved->summary.get()});
   }
   std::sort(m_rows.begin(), m_rows.end(), [](const SaveableRow& a, const SaveableRow& b) { return a.row < b.row; });
 }

@@ -37,6 +37,8 @@ class ProjectSave {
   /// Takes the locks, reads what is on disk and asks what there is to ask. UserError when an interrupted save can't be
   /// finished first, another program is at its save, or the person doesn't want it; nothing was written then.
   void begin(const OverwriteChooser& chooseOverwrites, const ChangesOfOthers& changes);
+  /// All there is to a save without a live row.
+  void askOfEmptyTable(const OverwriteChooser& chooseOverwrites);
   /// Pre: `begin` has returned. All or nothing on disk. UserError when nothing was written.
   void finish();
   /// What was left out, and why; one sentence each.

@@ -41,8 +41,11 @@ SaveReport saveProject(Workspace& workspace, ProjectKind kind, const OverwriteCh
                        const ChangeQuestion& mayOverwriteChanges) {
   const ProjectKindInfo& info = infoOf(infoOf(kind).documentKind);
   SaveReport report{"保存数据", std::string(info.saveMessage), {}, {}};
-  if (!hasLiveRow(SampleRows(workspace, info.kind))) return report;
   const std::unique_ptr<ProjectSave> save = saveOf(workspace, info.kind);
+  if (!hasLiveRow(SampleRows(workspace, info.kind))) {
+    save->askOfEmptyTable(chooseOverwrites);
+    return report;
+  }
   save->begin(chooseOverwrites, {report.title, mayOverwriteChanges});
   report.remarks = storeProcessingDate(workspace);
   save->finish();

@@ -54,6 +54,22 @@ TEST_F(SaveImport, AsksAlsoWhenNoSampleIsKnown) {
   EXPECT_TRUE(known.empty());
 }
 
+TEST_F(SaveImport, AsksOverAnEmptyTableToo) {
+  workspace.keepExisting.set();
+  EXPECT_EQ(save().message, "三轴试验数据保存完毕");
+  EXPECT_EQ(timesAsked, 1);
+  EXPECT_TRUE(known.empty());
+  EXPECT_TRUE(workspace.keepExisting.none());
+  EXPECT_SAME_BYTES(read("HSZS/WKSZI1.txt"), stored);
+}
+
+TEST_F(SaveImport, AsksAlsoWhenNoRowCanBeSaved) {
+  setRow(0, triaxialBytes("a/b", "S1"));
+  EXPECT_THROW(save(), UserError);
+  EXPECT_EQ(timesAsked, 1);
+  EXPECT_TRUE(known.empty());
+}
+
 TEST_F(SaveImport, AsksAgainAtTheNextSave) {
   setRow(0, kNewS1);
   save();

@@ -249,9 +249,12 @@ TEST_F(SaveProject, NumbersThatCanNotBeFileNamesAreNamedAndTheOthersSaved) {
   setRow(1, triaxialBytes("good", "1"));
   setRow(2, triaxialBytes("a/b", "2"));
   setRow(3, triaxialBytes("..", "1"));
+  // No text; they look alike and are two projects all the same.
+  setRow(4, triaxialBytes("A\xFF", "1"));
+  setRow(5, triaxialBytes("A\xFE", "1"));
   const SaveReport report = save();
-  EXPECT_THAT(report.errors,
-              ::testing::UnorderedElementsAre(HasSubstr("“a/b”（第 1、3 行）"), HasSubstr("“..”（第 4 行）")));
+  EXPECT_THAT(report.errors, ::testing::ElementsAre(HasSubstr("“a/b”（第 1、3 行）"), HasSubstr("“..”（第 4 行）"),
+                                                    HasSubstr("“A?”（第 5 行）"), HasSubstr("“A?”（第 6 行）")));
   EXPECT_TRUE(has("HSZS/WKSZgood.txt"));
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(workspace.projectFolder()), {}), 1);
 }
