@@ -119,7 +119,8 @@ struct Workspace {
   /// the project's summary file where that has none.
   std::map<std::string, std::string, std::less<>> importedProjectNames;
 
-  /// What the boxes show and a save remembers: the text last typed, else the year, month or day of the processing date.
+  /// What a box of the triaxial window shows and a save remembers: the text last typed, else the year, month or day of
+  /// the processing date.
   std::string dateText(std::size_t box) const;
 
   Date today() const { return fixedToday.value_or(systemToday()); }

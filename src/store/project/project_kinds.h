@@ -20,13 +20,14 @@ struct ProjectKindInfo {
   std::string_view filePrefix;  // of the file name, before the project number
   std::uint32_t recordSize;     // bytes on file
   std::span<const std::byte> (*blankRecord)();
-  std::uint32_t sampleNoWidth;         // 14 or 15, behind the project number of 15
-  bool hasEndText;                     // a controlledDocNo of 100 places behind the last record
-  std::string_view versionTag;         // what a new file gets; empty: none
-  std::string_view listCaption;        // the browser's title
-  std::string_view listHeading;        // the browser's Labelname
-  std::string_view openTitle;          // title of the browser's messages
-  std::string_view saveMessage;        // shown when a save is complete
+  std::uint32_t sampleNoWidth;   // 14 or 15, behind the project number of 15
+  bool hasEndText;               // a controlledDocNo of 100 places behind the last record
+  bool boxesHoldDate;            // TextW(0) to TextW(2): the processing date; otherwise names that sign the report
+  std::string_view versionTag;   // what a new file gets; empty: none
+  std::string_view listCaption;  // the browser's title
+  std::string_view listHeading;  // the browser's Labelname
+  std::string_view openTitle;    // title of the browser's messages
+  std::string_view saveMessage;  // shown when a save is complete
   std::string_view sampleListCaption;  // title of the window with a file's samples
   std::string_view listTitle;          // title when a sample list is saved; empty: the files are never written
 };

@@ -2,6 +2,7 @@
 
 #include <fmt/core.h>
 
+#include <array>
 #include <memory>
 
 #include "store/project/project_save.h"
@@ -11,15 +12,24 @@
 namespace triaxlab {
 namespace {
 
-/// The texts of the date boxes go into the settings at each save. The samples don't depend on it.
-Remarks storeProcessingDate(const Workspace& workspace) {
+constexpr std::array kBoxFields{kYearField, kMonthField, kDayField};
+
+/// What a box of the document window holds, GBK: the text last typed, else the part of the processing date or, in the
+/// windows whose boxes sign the report, the name that the settings remember.
+std::string boxText(const Workspace& workspace, const ProjectKindInfo& info, const SettingsFile& settings,
+                    std::size_t box) {
+  if (info.boxesHoldDate) return workspace.dateText(box);
+  return workspace.typedDateTexts.at(box).value_or(settings.readText(kBoxFields.at(box)));
+}
+
+/// The texts of the boxes go into the settings behind each save. The samples don't depend on it.
+Remarks storeBoxTexts(const Workspace& workspace, const ProjectKindInfo& info) {
   try {
     SettingsFile settings = sharedSettings(workspace);
-    settings.writeText(kYearField, Trim(workspace.dateText(0)));
-    settings.writeText(kMonthField, Trim(workspace.dateText(1)));
-    settings.writeText(kDayField, Trim(workspace.dateText(2)));
+    for (std::size_t box = 0; box < kBoxFields.size(); ++box)
+      settings.writeText(kBoxFields.at(box), Trim(boxText(workspace, info, settings, box)));
   } catch (const UserError& error) {
-    return {fmt::format("处理日期没有记入设置文件。{}", error.what())};
+    return {fmt::format("日期（签名）栏的三个文本没有记入设置文件。{}", error.what())};
   }
   return {};
 }
@@ -47,10 +57,10 @@ SaveReport saveProject(Workspace& workspace, ProjectKind kind, const OverwriteCh
     return report;
   }
   save->begin(chooseOverwrites, {report.title, mayOverwriteChanges});
-  report.remarks = storeProcessingDate(workspace);
   save->finish();
   report.errors = save->errors();
-  report.remarks.insert(report.remarks.end(), save->remarks().begin(), save->remarks().end());
+  report.remarks = save->remarks();
+  for (const std::string& remark : storeBoxTexts(workspace, info)) report.remarks.push_back(remark);
   return report;
 }
 

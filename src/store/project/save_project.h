@@ -27,8 +27,8 @@ struct SaveReport {
   /// What could not be written: a project number that can't be a file name, a damaged file, a full file, each with the
   /// rows that it concerns. Everything else was written.
   std::vector<std::string> errors;
-  /// The samples are saved, but: the processing date is not in qvb.sys, an upgraded file was too short, there is no
-  /// backup, another program's changes were written over with nobody there to ask.
+  /// The samples are saved, but: the texts of the date boxes are not in qvb.sys, an upgraded file was too short, there
+  /// is no backup, another program's changes were written over with nobody there to ask.
   Remarks remarks;
 };
 

@@ -103,7 +103,22 @@ TEST_P(OtherKinds, TheProcessingDateGoesIntoNewFilesAlone) {
   setSample(1, sample("S2"));
   save();
   EXPECT_SAME_BYTES(read(fileName()), newHeader("0002", "2023-7 -8 ") + sample("S1") + sample("S2"));
-  EXPECT_EQ(sharedSettings(workspace).readText(kYearField), "2022") << "it is remembered at every save";
+}
+
+TEST_P(OtherKinds, TheNamesInTheSettingsStayAndNoDateIsStored) {
+  SettingsFile settings = sharedSettings(workspace);
+  settings.writeText({910, 60}, "\xD5\xC5\xC8\xFD");
+  settings.writeText({970, 60}, "Li Si");
+  setDate("2024", "3", "2");
+  setSample(0, sample("S1"));
+  save();
+  EXPECT_EQ(settings.readText({910, 60}), "\xD5\xC5\xC8\xFD");
+  EXPECT_EQ(settings.readText({970, 60}), "Li Si");
+  EXPECT_EQ(settings.readText({1030, 60}), "");
+  workspace.typedDateTexts[1] = " Wang ";
+  save();
+  EXPECT_EQ(settings.readText({910, 60}), "\xD5\xC5\xC8\xFD");
+  EXPECT_EQ(settings.readText({970, 60}), "Wang");
 }
 
 TEST_P(OtherKinds, TheTestDateIsThatOfTheProject) {

@@ -319,7 +319,9 @@ TEST_F(SaveProject, AFailedSaveLeavesTheRowsAsTheyWere) {
   setRow(0, unsorted);
   std::filesystem::remove_all(workspace.dataFolder);
   SetText(workspace.projectHeader.projectNo, "BEFORE");
+  setDate("2024", "5", "6");
   EXPECT_THAT(sentenceOf([&] { save(); }), HasSubstr("没有保存"));
+  EXPECT_FALSE(sharedSettings(workspace).exists()) << "the date goes with the save";
   EXPECT_SAME_BYTES(bytesOfRecord(row(0)), unsorted);
   EXPECT_EQ(workspace.projectHeader.projectNo.trimmed(), "BEFORE");
 }
