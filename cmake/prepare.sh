@@ -19,11 +19,29 @@ missing_of() {
   done
 }
 
+# apt_get ARGS...: waits for another program that installs packages. By itself apt-get waits for the lock of dpkg and
+# gives up at those of the lists and of the archives. What it has to say is told in the end.
+apt_get() {
+  local told longest=600 waiting=""
+  local deadline=$((SECONDS + longest))
+  until told=$($as_root env LC_ALL=C DEBIAN_FRONTEND=noninteractive \
+    apt-get -qq -o DPkg::Lock::Timeout=$longest "$@" 2>&1 </dev/null); do
+    if [ "$SECONDS" -ge "$deadline" ] || ! grep -q '^E: Could not get lock' <<<"$told"; then
+      say "$told"
+      return 1
+    fi
+    [ -n "$waiting" ] || say "Another program is installing packages; waiting for it."
+    waiting=yes
+    sleep 2
+  done
+  [ -z "$told" ] || say "$told"
+}
+
 # install PACKAGES...: as root or by sudo. Status 1 when neither is at hand; the line to run is told then. A failed
 # download is told and gone over: the build says soon enough what it can't do without.
 install() {
   command -v dpkg-query >/dev/null || { say "No Debian packages here; README.md lists what the build needs."; return 0; }
-  local missing apt="apt-get" as_root=""
+  local missing as_root=""
   missing=$(missing_of "$@")
   [ -n "$missing" ] || return 0
   if [ "$(id -u)" -ne 0 ]; then
@@ -36,8 +54,7 @@ install() {
   fi
   say "Installing $missing"
   # shellcheck disable=SC2086 # the lists are words
-  { DEBIAN_FRONTEND=noninteractive $as_root $apt update -qq &&
-    DEBIAN_FRONTEND=noninteractive $as_root $apt install -y -qq --no-install-recommends $missing; } >&2 ||
+  { apt_get update && apt_get install -y --no-install-recommends $missing; } ||
     say "Not all packages could be installed; going on with what is there."
 }
 

