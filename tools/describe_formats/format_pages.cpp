@@ -20,7 +20,7 @@ constexpr std::array kPages{
     FormatPage{"physical-data.md", "the file of the tool for physical tests (read only)", physicalDataPage},
     FormatPage{"binary-settings.md", "`qvb.sys`, `SZDATX.sys`, `WCXDATX.sys`, `zmsz.sys`", binarySettingsPage},
     FormatPage{"text-settings.md", "`zmqvb.ini`, `sz.ini`, `esz.ini`, `szshezhi.txt` (read only)", textSettingsPage},
-    FormatPage{"journal.md", "the journal of a save", journalPage},
+    FormatPage{"save-journal.md", "the journal of a save", saveJournalPage},
     FormatPage{"backups.md", "copies of project files, and files that are there for a moment", backupsPage},
     FormatPage{"automatic-triaxial-ku.md", "`HSZSJ.KU`: fully automatic triaxial apparatus (read only)", automaticPage},
     FormatPage{"qvb98-triaxial-ku.md", "`KSZSJ.KU`: QVB98 triaxial apparatus (read only)", qvb98Page},

@@ -28,7 +28,7 @@ std::string summaryFilePage();
 std::string physicalDataPage();
 std::string binarySettingsPage();
 std::string textSettingsPage();
-std::string journalPage();
+std::string saveJournalPage();
 std::string backupsPage();
 std::string automaticPage();
 std::string qvb98Page();

@@ -11,7 +11,7 @@
 
 namespace triaxlab::formats {
 
-std::string journalPage() {
+std::string saveJournalPage() {
   Page page("The journal of a save");
   page.text(fmt::format(R"(
 A save reaches the disk in all its files or in none. The file `{0}` in the data folder first takes every byte that
@@ -29,16 +29,16 @@ A journal counts only when the size of the file, both marks, the checksum and ev
 `HSZS/file` or `ZMSJ/file` below the data folder, UTF-8, the folder in any case; any other path, or a place beyond 2^31,
 makes the whole journal void, so that no journal can reach another file. Numbers are little-endian.
 )",
-                        kJournalName, kNewContentName));
+                        kSaveJournalName, kNewContentName));
   page.heading("Head");
-  page.record(fieldRows<JournalHead>(), sizeof(JournalHead));
+  page.record(fieldRows<SaveJournalHead>(), sizeof(SaveJournalHead));
   page.heading("Index: a file");
   page.text("The path follows, then the pieces.");
-  page.record(fieldRows<JournalIndexFile>(), sizeof(JournalIndexFile));
+  page.record(fieldRows<SaveJournalIndexFile>(), sizeof(SaveJournalIndexFile));
   page.heading("Index: a piece");
-  page.record(fieldRows<JournalIndexPiece>(), sizeof(JournalIndexPiece));
+  page.record(fieldRows<SaveJournalIndexPiece>(), sizeof(SaveJournalIndexPiece));
   page.heading("Foot");
-  page.record(fieldRows<JournalFoot>(), sizeof(JournalFoot));
+  page.record(fieldRows<SaveJournalFoot>(), sizeof(SaveJournalFoot));
   page.heading("Checksum");
   page.text(R"(
 Arithmetic is modulo 2^64. mix(v, w): v = (v XOR w) × 9E3779B97F4A7C15 (hexadecimal), then v XOR (v shifted right by 29).
@@ -61,7 +61,8 @@ together; the oldest go first. `copy.new` is a copy that didn't get finished.
   page.heading("Files that are there for a moment");
   const auto quoted = [](std::string_view name) { return fmt::format("`{}`", name); };
   const std::vector<std::vector<std::string>> rows{
-      {quoted(kJournalName), "data", "[the journal](journal.md) of a save that is under way or was interrupted"},
+      {quoted(kSaveJournalName), "data",
+       "[the journal](save-journal.md) of a save that is under way or was interrupted"},
       {quoted(kNewContentName), "data", "the new content of a file that such a save replaces"},
       {quoted("a.bak"), "application", "a project file with its samples in a new order"},
       {quoted(oldFormatOf(ProjectKind::Triaxial)->temporaryName), "application",

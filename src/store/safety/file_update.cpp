@@ -17,17 +17,17 @@ namespace {
 /// Brings what a journal carries into the files, in an order in which a full disk can still be taken back: first every
 /// file is opened for writing and lengthened, which takes all the space that is needed and touches no old byte, then
 /// files change places or go, and at last the bytes inside the old lengths are written.
-class JournalApplication {
+class SaveJournalApplication {
  public:
-  JournalApplication(const std::filesystem::path& dataFolder, const std::vector<JournalFile>& files,
-                     const JournalData& data)
+  SaveJournalApplication(const std::filesystem::path& dataFolder, const std::vector<SaveJournalFile>& files,
+                         const SaveJournalData& data)
       : m_dataFolder(dataFolder), m_files(files), m_data(data) {}
 
   /// What a failure leaves can be finished later, or undone by `shorten`.
   void lengthen() {
     m_before.reserve(m_files.size());
-    for (const JournalFile& file : m_files) {
-      if (file.deed == JournalDeed::Write)
+    for (const SaveJournalFile& file : m_files) {
+      if (file.deed == SaveJournalDeed::Write)
         lengthenFile(file);
       else
         m_before.emplace_back();
@@ -37,8 +37,8 @@ class JournalApplication {
 
   /// Pre: `lengthen` has returned. A deed that was done already is only made durable.
   void exchange() {
-    for (const JournalFile& file : m_files)
-      if (file.deed != JournalDeed::Write) exchangeFile(file.deed, pathOf(file));
+    for (const SaveJournalFile& file : m_files)
+      if (file.deed != SaveJournalDeed::Write) exchangeFile(file.deed, pathOf(file));
   }
 
   /// True as long as no file has been changed but in its length.
@@ -46,7 +46,7 @@ class JournalApplication {
 
   void shorten() {
     for (std::size_t i = 0; i < m_before.size(); ++i) {
-      if (m_files[i].deed != JournalDeed::Write) continue;
+      if (m_files[i].deed != SaveJournalDeed::Write) continue;
       const std::filesystem::path path = pathOf(m_files[i]);
       if (m_before[i].existed) {
         File file(path, File::Mode::Update);
@@ -71,10 +71,10 @@ class JournalApplication {
     std::uint64_t size = 0;
   };
 
-  void exchangeFile(JournalDeed deed, const std::filesystem::path& path) {
-    const std::filesystem::path vanishing = deed == JournalDeed::Replace ? m_dataFolder / kNewContentName : path;
+  void exchangeFile(SaveJournalDeed deed, const std::filesystem::path& path) {
+    const std::filesystem::path vanishing = deed == SaveJournalDeed::Replace ? m_dataFolder / kNewContentName : path;
     if (fileExists(vanishing)) {
-      if (deed == JournalDeed::Replace)
+      if (deed == SaveJournalDeed::Replace)
         moveFile(vanishing, path);
       else
         removeFile(path);
@@ -83,14 +83,14 @@ class JournalApplication {
     syncFolder(path.parent_path());
   }
 
-  std::filesystem::path pathOf(const JournalFile& file) const { return m_dataFolder / pathFromText(file.path); }
+  std::filesystem::path pathOf(const SaveJournalFile& file) const { return m_dataFolder / pathFromText(file.path); }
 
-  static bool reachesBelow(const JournalFile& file, std::uint64_t end) {
+  static bool reachesBelow(const SaveJournalFile& file, std::uint64_t end) {
     return std::any_of(file.pieces.begin(), file.pieces.end(),
-                       [end](const JournalPiece& piece) { return piece.offset < end; });
+                       [end](const SaveJournalPiece& piece) { return piece.offset < end; });
   }
 
-  void lengthenFile(const JournalFile& journalFile) {
+  void lengthenFile(const SaveJournalFile& journalFile) {
     const std::filesystem::path path = pathOf(journalFile);
     const bool existed = fileExists(path);
     File file(path, File::Mode::Shared);
@@ -98,7 +98,7 @@ class JournalApplication {
     m_before.push_back({existed, size});
     if (!existed) m_foldersWithNewFiles.insert(path.parent_path());
     bool longer = !existed;
-    for (const JournalPiece& piece : journalFile.pieces) {
+    for (const SaveJournalPiece& piece : journalFile.pieces) {
       const std::uint64_t inside = size > piece.offset ? std::min(size - piece.offset, piece.size) : 0;
       if (inside == piece.size) continue;
       write(file, {piece.offset + inside, piece.size - inside, piece.dataPosition + inside});
@@ -107,15 +107,15 @@ class JournalApplication {
     if (longer) file.sync();
   }
 
-  void overwriteFile(const JournalFile& journalFile, std::uint64_t oldSize) {
+  void overwriteFile(const SaveJournalFile& journalFile, std::uint64_t oldSize) {
     File file(pathOf(journalFile), File::Mode::Update);
-    for (const JournalPiece& piece : journalFile.pieces)
+    for (const SaveJournalPiece& piece : journalFile.pieces)
       if (piece.offset < oldSize)
         write(file, {piece.offset, std::min(piece.size, oldSize - piece.offset), piece.dataPosition});
     file.sync();
   }
 
-  void write(File& file, const JournalPiece& piece) {
+  void write(File& file, const SaveJournalPiece& piece) {
     std::uint64_t at = piece.offset;
     m_data.read(piece.dataPosition, piece.size, [&](std::span<const std::byte> bytes) {
       file.writeAt(at, bytes);
@@ -124,15 +124,15 @@ class JournalApplication {
   }
 
   const std::filesystem::path& m_dataFolder;
-  const std::vector<JournalFile>& m_files;
-  const JournalData& m_data;
+  const std::vector<SaveJournalFile>& m_files;
+  const SaveJournalData& m_data;
   std::vector<Before> m_before;
   bool m_exchanged = false;
   std::set<std::filesystem::path> m_foldersWithNewFiles;
 };
 
 /// Makes a journal void; false when it stands as it was. A journal that can't be removed is emptied.
-bool dropJournal(const std::filesystem::path& journal) {
+bool dropSaveJournal(const std::filesystem::path& journal) {
   bool isVoid = !fileExists(journal);
   if (isVoid) return true;
   try {
@@ -197,8 +197,8 @@ void cutOut(PendingWrites& writes, std::uint64_t begin, std::uint64_t end) {
 
 /// The writes as pieces of a journal, their bytes at the end of `data`. Neighbours in the file that are neighbours in
 /// memory, as the rows of a table are, become one piece and so one write.
-std::vector<JournalPiece> piecesOf(const PendingWrites& writes, JournalSpans& data) {
-  std::vector<JournalPiece> pieces;
+std::vector<SaveJournalPiece> piecesOf(const PendingWrites& writes, SaveJournalSpans& data) {
+  std::vector<SaveJournalPiece> pieces;
   for (auto write = writes.begin(); write != writes.end();) {
     const auto [offset, first] = *write;
     std::size_t size = 0;
@@ -236,27 +236,28 @@ class KeptBytes {
 
 /// Asked without the lock: true also while another program is at its save.
 bool mayHoldRemains(const std::filesystem::path& dataFolder) {
-  return fileExists(dataFolder / kJournalName) || fileExists(dataFolder / kNewContentName);
+  return fileExists(dataFolder / kSaveJournalName) || fileExists(dataFolder / kNewContentName);
 }
 
-void applyFound(const std::filesystem::path& dataFolder, const FoundJournal& journal, DataLock& lock) {
-  for (const JournalFile& file : journal.files()) lock.take(dataFolder / pathFromText(file.path));
-  JournalApplication application(dataFolder, journal.files(), journal);
+void applyFound(const std::filesystem::path& dataFolder, const FoundSaveJournal& journal, DataLock& lock) {
+  for (const SaveJournalFile& file : journal.files()) lock.take(dataFolder / pathFromText(file.path));
+  SaveJournalApplication application(dataFolder, journal.files(), journal);
   try {
     application.lengthen();
     application.exchange();
     application.overwrite();
   } catch (const UserError& cause) {
-    failUnfinished(dataFolder / kJournalName, cause);
+    failUnfinished(dataFolder / kSaveJournalName, cause);
   }
 }
 
 /// Brings a save to its end that a dead program began, or drops what it left.
 void finishInterrupted(const std::filesystem::path& dataFolder, DataLock& lock) {
-  const std::filesystem::path journal = dataFolder / kJournalName;
+  const std::filesystem::path journal = dataFolder / kSaveJournalName;
   if (fileExists(journal)) {
-    if (const std::optional<FoundJournal> found = FoundJournal::open(journal)) applyFound(dataFolder, *found, lock);
-    dropJournal(journal);
+    if (const std::optional<FoundSaveJournal> found = FoundSaveJournal::open(journal))
+      applyFound(dataFolder, *found, lock);
+    dropSaveJournal(journal);
   }
   if (fileExists(dataFolder / kNewContentName)) dropNewContent(dataFolder);
 }
@@ -269,8 +270,8 @@ struct FileUpdate::State {
 
   std::filesystem::path dataFolder;
   std::optional<DataLock> lock;
-  std::map<std::string, PendingWrites> files;  // by the path below the data folder
-  std::map<std::string, JournalDeed> deeds;    // files that are replaced or removed
+  std::map<std::string, PendingWrites> files;    // by the path below the data folder
+  std::map<std::string, SaveJournalDeed> deeds;  // files that are replaced or removed
   bool isCommitted = false;
   bool isUnfinished = false;  // the journal stands
   KeptBytes kept;
@@ -284,7 +285,7 @@ struct FileUpdate::State {
   const std::string& keyOf(const std::filesystem::path& file) {
     if (file.native() == lastPath.native()) return lastKey;
     std::string key = textOfPath(file.lexically_relative(dataFolder).generic_string());
-    if (!isJournalPath(key))
+    if (!isSaveJournalPath(key))
       throw UserError(fmt::format("“{}”不在数据文件夹“{}”之内。", textOfPath(file), textOfPath(dataFolder)));
     lastPath = file;
     return lastKey = key;
@@ -365,11 +366,11 @@ void FileUpdate::writeInPlace(const std::filesystem::path& file, std::uint64_t o
 }
 
 void FileUpdate::replace(const std::filesystem::path& file) {
-  m_state->deeds[m_state->keyOf(file)] = JournalDeed::Replace;
+  m_state->deeds[m_state->keyOf(file)] = SaveJournalDeed::Replace;
 }
 
 void FileUpdate::remove(const std::filesystem::path& file) {
-  m_state->deeds[m_state->keyOf(file)] = JournalDeed::Remove;
+  m_state->deeds[m_state->keyOf(file)] = SaveJournalDeed::Remove;
 }
 
 std::uint64_t FileUpdate::pendingBytes() const {
@@ -385,22 +386,22 @@ void FileUpdate::commit() {
   State& state = *m_state;
   if (state.files.empty() && state.deeds.empty()) return;
   state.open.reset();
-  std::vector<JournalFile> files;
-  JournalSpans data;
+  std::vector<SaveJournalFile> files;
+  SaveJournalSpans data;
   for (const auto& [path, writes] : state.files) files.push_back({path, piecesOf(writes, data)});
   for (const auto& [path, deed] : state.deeds) files.push_back({path, {}, deed});
-  const std::filesystem::path journal = state.dataFolder / kJournalName;
+  const std::filesystem::path journal = state.dataFolder / kSaveJournalName;
   const auto failLater = [&](const UserError& cause) {
     state.isUnfinished = true;
     failUnfinished(journal, cause);
   };
   try {
-    writeJournal(journal, files, data);
+    writeSaveJournal(journal, files, data);
   } catch (const UserError& cause) {
-    if (!dropJournal(journal)) failLater(cause);
+    if (!dropSaveJournal(journal)) failLater(cause);
     failUnchanged(cause);
   }
-  JournalApplication application(state.dataFolder, files, data);
+  SaveJournalApplication application(state.dataFolder, files, data);
   try {
     application.lengthen();
     application.exchange();
@@ -411,7 +412,7 @@ void FileUpdate::commit() {
     } catch (const UserError&) {
       failLater(cause);
     }
-    if (!dropJournal(journal)) failLater(cause);
+    if (!dropSaveJournal(journal)) failLater(cause);
     failUnchanged(cause);
   }
   try {
@@ -419,7 +420,7 @@ void FileUpdate::commit() {
   } catch (const UserError& cause) {
     failLater(cause);
   }
-  dropJournal(journal);
+  dropSaveJournal(journal);
   state.isCommitted = true;
   state.deeds.clear();
   state.files.clear();

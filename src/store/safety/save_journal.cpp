@@ -73,15 +73,15 @@ class Checksum {
 
 void append(Bytes& to, std::span<const std::byte> bytes) { to.insert(to.end(), bytes.begin(), bytes.end()); }
 
-Bytes indexOf(const std::vector<JournalFile>& files) {
+Bytes indexOf(const std::vector<SaveJournalFile>& files) {
   Bytes index;
-  for (const JournalFile& file : files) {
-    const JournalIndexFile head{static_cast<std::uint16_t>(file.path.size()), static_cast<std::uint8_t>(file.deed),
-                                static_cast<std::uint32_t>(file.pieces.size())};
+  for (const SaveJournalFile& file : files) {
+    const SaveJournalIndexFile head{static_cast<std::uint16_t>(file.path.size()), static_cast<std::uint8_t>(file.deed),
+                                    static_cast<std::uint32_t>(file.pieces.size())};
     append(index, bytesOf(head));
     append(index, std::as_bytes(std::span(file.path)));
-    for (const JournalPiece& piece : file.pieces) {
-      const JournalIndexPiece entry{piece.offset, piece.size};
+    for (const SaveJournalPiece& piece : file.pieces) {
+      const SaveJournalIndexPiece entry{piece.offset, piece.size};
       append(index, bytesOf(entry));
     }
   }
@@ -103,8 +103,8 @@ class IndexParser {
  public:
   IndexParser(std::span<const std::byte> index, std::uint64_t dataSize) : m_rest(index), m_dataSize(dataSize) {}
 
-  std::optional<std::vector<JournalFile>> files() {
-    std::vector<JournalFile> files;
+  std::optional<std::vector<SaveJournalFile>> files() {
+    std::vector<SaveJournalFile> files;
     while (!m_rest.empty())
       if (!takeFile(files.emplace_back())) return std::nullopt;
     if (m_dataTaken != m_dataSize) return std::nullopt;
@@ -112,22 +112,23 @@ class IndexParser {
   }
 
  private:
-  bool takeFile(JournalFile& file) {
-    JournalIndexFile head;
+  bool takeFile(SaveJournalFile& file) {
+    SaveJournalIndexFile head;
     if (!take(m_rest, head) || m_rest.size() < head.pathLength) return false;
     file.path.assign(reinterpret_cast<const char*>(m_rest.data()), head.pathLength);
     m_rest = m_rest.subspan(head.pathLength);
-    file.deed = static_cast<JournalDeed>(head.deed);
-    if (file.deed > JournalDeed::Remove || (file.deed != JournalDeed::Write && head.pieceCount != 0)) return false;
-    if (file.deed == JournalDeed::Replace && std::exchange(m_replaces, true)) return false;
-    if (!isJournalPath(file.path) || m_rest.size() / sizeof(JournalIndexPiece) < head.pieceCount) return false;
+    file.deed = static_cast<SaveJournalDeed>(head.deed);
+    if (file.deed > SaveJournalDeed::Remove || (file.deed != SaveJournalDeed::Write && head.pieceCount != 0))
+      return false;
+    if (file.deed == SaveJournalDeed::Replace && std::exchange(m_replaces, true)) return false;
+    if (!isSaveJournalPath(file.path) || m_rest.size() / sizeof(SaveJournalIndexPiece) < head.pieceCount) return false;
     file.pieces.resize(head.pieceCount);
     return std::all_of(file.pieces.begin(), file.pieces.end(),
-                       [this](JournalPiece& piece) { return takePiece(piece); });
+                       [this](SaveJournalPiece& piece) { return takePiece(piece); });
   }
 
-  bool takePiece(JournalPiece& piece) {
-    JournalIndexPiece entry;
+  bool takePiece(SaveJournalPiece& piece) {
+    SaveJournalIndexPiece entry;
     if (!take(m_rest, entry)) return false;
     piece = {entry.offset, entry.size, m_dataTaken};
     if (piece.size > m_dataSize - m_dataTaken || piece.size > kLargestFile || piece.offset > kLargestFile - piece.size)
@@ -147,10 +148,10 @@ bool readObject(const File& file, std::uint64_t offset, T& object) {
 }
 
 /// The head of a journal whose sizes agree with that of its file.
-std::optional<JournalHead> plausibleHead(const File& file) {
-  JournalHead head;
-  if (!readObject(file, 0, head) || head.mark != kJournalBeginMark) return std::nullopt;
-  const std::uint64_t size = file.size(), frame = sizeof(JournalHead) + sizeof(JournalFoot);
+std::optional<SaveJournalHead> plausibleHead(const File& file) {
+  SaveJournalHead head;
+  if (!readObject(file, 0, head) || head.mark != kSaveJournalBeginMark) return std::nullopt;
+  const std::uint64_t size = file.size(), frame = sizeof(SaveJournalHead) + sizeof(SaveJournalFoot);
   if (size < frame || head.indexSize > kLargestIndex || head.indexSize > size - frame) return std::nullopt;
   if (head.dataSize != size - frame - head.indexSize) return std::nullopt;
   return head;
@@ -183,21 +184,21 @@ bool isFileName(std::string_view name) {
 
 }  // namespace
 
-bool isJournalPath(std::string_view path) {
+bool isSaveJournalPath(std::string_view path) {
   const std::size_t slash = path.find('/');
   return path.size() <= std::numeric_limits<std::uint16_t>::max() && slash != std::string_view::npos &&
          std::find(kFolders.begin(), kFolders.end(), caseless(path.substr(0, slash))) != kFolders.end() &&
          isFileName(path.substr(slash + 1));
 }
 
-std::uint64_t JournalSpans::append(std::span<const std::byte> bytes) {
+std::uint64_t SaveJournalSpans::append(std::span<const std::byte> bytes) {
   const std::uint64_t position = m_size;
   if (!bytes.empty()) m_spans.emplace_hint(m_spans.end(), position, bytes);
   m_size += bytes.size();
   return position;
 }
 
-void JournalSpans::read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const {
+void SaveJournalSpans::read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const {
   if (size == 0) return;
   auto span = std::prev(m_spans.upper_bound(position));
   while (size > 0) {
@@ -210,10 +211,10 @@ void JournalSpans::read(std::uint64_t position, std::uint64_t size, const Visito
   }
 }
 
-void writeJournal(const std::filesystem::path& journal, const std::vector<JournalFile>& files,
-                  const JournalSpans& data) {
+void writeSaveJournal(const std::filesystem::path& journal, const std::vector<SaveJournalFile>& files,
+                      const SaveJournalSpans& data) {
   const Bytes index = indexOf(files);
-  JournalHead head;
+  SaveJournalHead head;
   head.indexSize = index.size();
   head.dataSize = data.size();
   if (isSomething(journal)) removeFile(journal);  // it may be a link to somewhere else
@@ -231,35 +232,36 @@ void writeJournal(const std::filesystem::path& journal, const std::vector<Journa
   putChecked(bytesOf(head));
   putChecked(index);
   data.read(0, data.size(), putChecked);
-  JournalFoot foot;
+  SaveJournalFoot foot;
   foot.checksum = checksum.value();
   put(bytesOf(foot));
   file.sync();
   syncFolder(journal.parent_path());
 }
 
-std::optional<FoundJournal> FoundJournal::open(const std::filesystem::path& journal) {
+std::optional<FoundSaveJournal> FoundSaveJournal::open(const std::filesystem::path& journal) {
   File file(journal, File::Mode::Read);
-  const std::optional<JournalHead> head = plausibleHead(file);
+  const std::optional<SaveJournalHead> head = plausibleHead(file);
   if (!head) return std::nullopt;
   Bytes index(head->indexSize);
-  const std::uint64_t dataStart = sizeof(JournalHead) + index.size(), dataEnd = dataStart + head->dataSize;
-  JournalFoot foot;
-  if (file.readAt(sizeof(JournalHead), index) != index.size() || !readObject(file, dataEnd, foot)) return std::nullopt;
+  const std::uint64_t dataStart = sizeof(SaveJournalHead) + index.size(), dataEnd = dataStart + head->dataSize;
+  SaveJournalFoot foot;
+  if (file.readAt(sizeof(SaveJournalHead), index) != index.size() || !readObject(file, dataEnd, foot))
+    return std::nullopt;
   Checksum checksum;
   checksum.add(bytesOf(*head));
   checksum.add(index);
-  if (foot.mark != kJournalEndMark || !addData(file, dataStart, head->dataSize, checksum)) return std::nullopt;
+  if (foot.mark != kSaveJournalEndMark || !addData(file, dataStart, head->dataSize, checksum)) return std::nullopt;
   if (foot.checksum != checksum.value()) return std::nullopt;
-  std::optional<std::vector<JournalFile>> files = IndexParser(index, head->dataSize).files();
+  std::optional<std::vector<SaveJournalFile>> files = IndexParser(index, head->dataSize).files();
   if (!files) return std::nullopt;
-  return FoundJournal(std::move(file), dataStart, std::move(*files));
+  return FoundSaveJournal(std::move(file), dataStart, std::move(*files));
 }
 
-FoundJournal::FoundJournal(File file, std::uint64_t dataStart, std::vector<JournalFile> files)
+FoundSaveJournal::FoundSaveJournal(File file, std::uint64_t dataStart, std::vector<SaveJournalFile> files)
     : m_file(std::move(file)), m_dataStart(dataStart), m_files(std::move(files)) {}
 
-void FoundJournal::read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const {
+void FoundSaveJournal::read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const {
   Bytes block(std::min<std::uint64_t>(kBlock, size));
   for (std::uint64_t done = 0; done < size; done += block.size()) {
     block.resize(std::min<std::uint64_t>(kBlock, size - done));

@@ -32,41 +32,41 @@ namespace triaxlab {
 // counts only when its size, marks, checksum and every place in it are right; a cut or damaged one means that the save
 // had not begun to change anything.
 
-inline constexpr std::string_view kJournalName = "journal";
+inline constexpr std::string_view kSaveJournalName = "journal";
 /// The new content of a file that a journal replaces. Without a complete journal it is worth nothing.
 inline constexpr std::string_view kNewContentName = "journal.new";
 
 /// Some bytes of a file, and where in the journal's data they are.
-struct JournalPiece {
+struct SaveJournalPiece {
   std::uint64_t offset = 0;
   std::uint64_t size = 0;
   std::uint64_t dataPosition = 0;
 };
 
 /// What becomes of a file. The values are on disk.
-enum class JournalDeed : std::uint8_t { Write = 0, Replace = 1, Remove = 2 };
+enum class SaveJournalDeed : std::uint8_t { Write = 0, Replace = 1, Remove = 2 };
 
-struct JournalFile {
+struct SaveJournalFile {
   std::string path;
-  std::vector<JournalPiece> pieces;  // of a file that is written to
-  JournalDeed deed = JournalDeed::Write;
+  std::vector<SaveJournalPiece> pieces;  // of a file that is written to
+  SaveJournalDeed deed = SaveJournalDeed::Write;
 };
 
 /// True for a path that a journal may name: a file in the folder of the project files or of the summary files.
-bool isJournalPath(std::string_view path);
+bool isSaveJournalPath(std::string_view path);
 
 /// The bytes that a journal carries, wherever they are.
-class JournalData {
+class SaveJournalData {
  public:
   using Visitor = std::function<void(std::span<const std::byte>)>;
 
-  virtual ~JournalData() = default;
+  virtual ~SaveJournalData() = default;
   /// Calls `visit` with the bytes from `position` on, `size` of them in all, in order and in one or several spans.
   virtual void read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const = 0;
 };
 
 /// Bytes in memory that are to become a journal's data. They stay where they are; the owner keeps them there.
-class JournalSpans : public JournalData {
+class SaveJournalSpans : public SaveJournalData {
  public:
   std::uint64_t size() const { return m_size; }
   /// Adds bytes behind those that are there and returns the position of the first.
@@ -79,24 +79,24 @@ class JournalSpans : public JournalData {
 };
 
 /// Writes a complete journal and returns when it is on the disk. The pieces of the files follow each other in the data.
-void writeJournal(const std::filesystem::path& journal, const std::vector<JournalFile>& files,
-                  const JournalSpans& data);
+void writeSaveJournal(const std::filesystem::path& journal, const std::vector<SaveJournalFile>& files,
+                      const SaveJournalSpans& data);
 
 /// A journal file that was found complete.
-class FoundJournal : public JournalData {
+class FoundSaveJournal : public SaveJournalData {
  public:
   /// Nothing when the journal is cut, damaged, or not one of ours. UserError when it can't be read at all.
-  static std::optional<FoundJournal> open(const std::filesystem::path& journal);
+  static std::optional<FoundSaveJournal> open(const std::filesystem::path& journal);
 
-  const std::vector<JournalFile>& files() const { return m_files; }
+  const std::vector<SaveJournalFile>& files() const { return m_files; }
   void read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const override;
 
  private:
-  FoundJournal(File file, std::uint64_t dataStart, std::vector<JournalFile> files);
+  FoundSaveJournal(File file, std::uint64_t dataStart, std::vector<SaveJournalFile> files);
 
   File m_file;
   std::uint64_t m_dataStart;
-  std::vector<JournalFile> m_files;
+  std::vector<SaveJournalFile> m_files;
 };
 
 }  // namespace triaxlab

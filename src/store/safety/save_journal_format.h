@@ -9,66 +9,66 @@
 
 namespace triaxlab {
 
-// The parts of a journal as they lie on disk (see journal.h). Never change them: a journal may wait for the next start
-// of another version.
+// The parts of a journal as they lie on disk (see save_journal.h). Never change them: a journal may wait for the next
+// start of another version.
 
-inline constexpr std::array<char, 8> kJournalBeginMark{'T', 'X', 'J', 'R', 'N', 'L', '1', '\n'};
-inline constexpr std::array<char, 8> kJournalEndMark{'E', 'N', 'D', 'T', 'X', 'J', '1', '\n'};
+inline constexpr std::array<char, 8> kSaveJournalBeginMark{'T', 'X', 'J', 'R', 'N', 'L', '1', '\n'};
+inline constexpr std::array<char, 8> kSaveJournalEndMark{'E', 'N', 'D', 'T', 'X', 'J', '1', '\n'};
 
-struct JournalHead {
-  std::array<char, 8> mark = kJournalBeginMark;
+struct SaveJournalHead {
+  std::array<char, 8> mark = kSaveJournalBeginMark;
   Little<std::uint64_t> indexSize;
   Little<std::uint64_t> dataSize;
 };
-static_assert(sizeof(JournalHead) == 24);
+static_assert(sizeof(SaveJournalHead) == 24);
 
-struct JournalIndexFile {
+struct SaveJournalIndexFile {
   Little<std::uint16_t> pathLength;
-  std::uint8_t deed = 0;  // JournalDeed
+  std::uint8_t deed = 0;  // SaveJournalDeed
   Little<std::uint32_t> pieceCount;
 };
-static_assert(sizeof(JournalIndexFile) == 7);
+static_assert(sizeof(SaveJournalIndexFile) == 7);
 
-struct JournalIndexPiece {
+struct SaveJournalIndexPiece {
   Little<std::uint64_t> offset;
   Little<std::uint64_t> size;
 };
-static_assert(sizeof(JournalIndexPiece) == 16);
+static_assert(sizeof(SaveJournalIndexPiece) == 16);
 
-struct JournalFoot {
+struct SaveJournalFoot {
   Little<std::uint64_t> checksum;
-  std::array<char, 8> mark = kJournalEndMark;
+  std::array<char, 8> mark = kSaveJournalEndMark;
 };
-static_assert(sizeof(JournalFoot) == 16);
+static_assert(sizeof(SaveJournalFoot) == 16);
 
-constexpr auto fieldsOf(RecordTag<JournalHead> /*record*/) {
+constexpr auto fieldsOf(RecordTag<SaveJournalHead> /*record*/) {
   return std::tuple{
-      TRIAXLAB_FIELD(JournalHead, mark, "", "\"TXJRNL1\" and a line feed"),
-      TRIAXLAB_FIELD(JournalHead, indexSize, "bytes", "size of the index"),
-      TRIAXLAB_FIELD(JournalHead, dataSize, "bytes", "size of the data"),
+      TRIAXLAB_FIELD(SaveJournalHead, mark, "", "\"TXJRNL1\" and a line feed"),
+      TRIAXLAB_FIELD(SaveJournalHead, indexSize, "bytes", "size of the index"),
+      TRIAXLAB_FIELD(SaveJournalHead, dataSize, "bytes", "size of the data"),
   };
 }
-constexpr auto fieldsOf(RecordTag<JournalIndexFile> /*record*/) {
+constexpr auto fieldsOf(RecordTag<SaveJournalIndexFile> /*record*/) {
   return std::tuple{
-      TRIAXLAB_FIELD(JournalIndexFile, pathLength, "bytes", "length of the path"),
-      TRIAXLAB_FIELD(JournalIndexFile, deed, "",
+      TRIAXLAB_FIELD(SaveJournalIndexFile, pathLength, "bytes", "length of the path"),
+      TRIAXLAB_FIELD(SaveJournalIndexFile, deed, "",
                      "0 written to in pieces, 1 replaced by journal.new (one file at most), 2 removed"),
-      TRIAXLAB_FIELD(JournalIndexFile, pieceCount, "", "number of pieces; 0 unless the deed is 0"),
+      TRIAXLAB_FIELD(SaveJournalIndexFile, pieceCount, "", "number of pieces; 0 unless the deed is 0"),
   };
 }
-constexpr auto fieldsOf(RecordTag<JournalIndexPiece> /*record*/) {
+constexpr auto fieldsOf(RecordTag<SaveJournalIndexPiece> /*record*/) {
   return std::tuple{
-      TRIAXLAB_FIELD(JournalIndexPiece, offset, "", "where the piece belongs in the file"),
-      TRIAXLAB_FIELD(JournalIndexPiece, size, "bytes", "its size"),
+      TRIAXLAB_FIELD(SaveJournalIndexPiece, offset, "", "where the piece belongs in the file"),
+      TRIAXLAB_FIELD(SaveJournalIndexPiece, size, "bytes", "its size"),
   };
 }
-constexpr auto fieldsOf(RecordTag<JournalFoot> /*record*/) {
+constexpr auto fieldsOf(RecordTag<SaveJournalFoot> /*record*/) {
   return std::tuple{
-      TRIAXLAB_FIELD(JournalFoot, checksum, "", "of everything before"),
-      TRIAXLAB_FIELD(JournalFoot, mark, "", "\"ENDTXJ1\" and a line feed"),
+      TRIAXLAB_FIELD(SaveJournalFoot, checksum, "", "of everything before"),
+      TRIAXLAB_FIELD(SaveJournalFoot, mark, "", "\"ENDTXJ1\" and a line feed"),
   };
 }
-static_assert(tellsEveryByte<JournalHead>() && tellsEveryByte<JournalIndexFile>());
-static_assert(tellsEveryByte<JournalIndexPiece>() && tellsEveryByte<JournalFoot>());
+static_assert(tellsEveryByte<SaveJournalHead>() && tellsEveryByte<SaveJournalIndexFile>());
+static_assert(tellsEveryByte<SaveJournalIndexPiece>() && tellsEveryByte<SaveJournalFoot>());
 
 }  // namespace triaxlab

@@ -10,15 +10,15 @@
 namespace triaxlab::testing {
 namespace {
 
-class JournalTest : public StoreTest {
+class SaveJournalTest : public StoreTest {
  protected:
   /// The bytes of a journal that puts `text` at `offset` of each path.
   std::string journalOf(const std::vector<std::string>& paths, std::uint64_t offset, std::string_view text) {
-    JournalSpans spans;
-    std::vector<JournalFile> files;
+    SaveJournalSpans spans;
+    std::vector<SaveJournalFile> files;
     for (const std::string& path : paths)
       files.push_back({path, {{offset, text.size(), spans.append(std::as_bytes(std::span(text)))}}});
-    writeJournal(data("journal"), files, spans);
+    writeSaveJournal(data("journal"), files, spans);
     return read("journal");
   }
   void recover() const { FileUpdate::recover(workspace.dataFolder); }
@@ -37,7 +37,7 @@ class JournalTest : public StoreTest {
   }
 };
 
-TEST_F(JournalTest, ACompleteOneIsApplied) {
+TEST_F(SaveJournalTest, ACompleteOneIsApplied) {
   write("HSZS/a", "0123456789");
   journalOf({"HSZS/a", "ZMSJ/b"}, 3, "xyz");
   recover();
@@ -46,7 +46,7 @@ TEST_F(JournalTest, ACompleteOneIsApplied) {
   EXPECT_FALSE(has("journal"));
 }
 
-TEST_F(JournalTest, ItIsAppliedBeforeAnythingIsListedOrOpened) {
+TEST_F(SaveJournalTest, ItIsAppliedBeforeAnythingIsListedOrOpened) {
   const std::string file = headerBytes({"0000", "P1"});
   journalOf({"HSZS/WKSZ1.txt"}, 0, file);
   EXPECT_EQ(listProjects(workspace, ProjectKind::Triaxial).size(), 1U);
@@ -59,7 +59,7 @@ TEST_F(JournalTest, ItIsAppliedBeforeAnythingIsListedOrOpened) {
   EXPECT_EQ(update.size(data("HSZS/KO4.txt")), kHeaderSize);
 }
 
-TEST_F(JournalTest, EveryShorterOneIsDropped) {
+TEST_F(SaveJournalTest, EveryShorterOneIsDropped) {
   const std::string whole = journalOf({"HSZS/a", "ZMSJ/b"}, 0, "0123456789012345678901234567890123456789");
   std::filesystem::remove(data("journal"));
   const std::string before = everything();
@@ -70,7 +70,7 @@ TEST_F(JournalTest, EveryShorterOneIsDropped) {
   }
 }
 
-TEST_F(JournalTest, OneWithAnyByteChangedIsDropped) {
+TEST_F(SaveJournalTest, OneWithAnyByteChangedIsDropped) {
   const std::string whole = journalOf({"HSZS/a", "ZMSJ/b"}, 0, "0123456789012345678901234567890123456789");
   std::filesystem::remove(data("journal"));
   const std::string before = everything();
@@ -83,14 +83,14 @@ TEST_F(JournalTest, OneWithAnyByteChangedIsDropped) {
   }
 }
 
-TEST_F(JournalTest, OneWithMoreBehindItsEndIsDropped) {
+TEST_F(SaveJournalTest, OneWithMoreBehindItsEndIsDropped) {
   write("journal", journalOf({"HSZS/a"}, 0, "x") + "y");
   recover();
   EXPECT_FALSE(has("HSZS/a"));
   EXPECT_FALSE(has("journal"));
 }
 
-TEST_F(JournalTest, FoldersMayBeSpelledInSmallLetters) {
+TEST_F(SaveJournalTest, FoldersMayBeSpelledInSmallLetters) {
   std::filesystem::create_directories(data("hszs"));
   journalOf({"hszs/a", "ZMSJ/b"}, 0, "x");
   recover();
@@ -98,7 +98,7 @@ TEST_F(JournalTest, FoldersMayBeSpelledInSmallLetters) {
   EXPECT_EQ(read("ZMSJ/b"), "x");
 }
 
-TEST_F(JournalTest, OneThatNamesAnythingElseIsDropped) {
+TEST_F(SaveJournalTest, OneThatNamesAnythingElseIsDropped) {
   write("a", "data");
   const std::string before = everything();
   for (const char* path :
@@ -110,7 +110,7 @@ TEST_F(JournalTest, OneThatNamesAnythingElseIsDropped) {
   }
 }
 
-TEST_F(JournalTest, OneThatReachesBeyondAnyFileIsDropped) {
+TEST_F(SaveJournalTest, OneThatReachesBeyondAnyFileIsDropped) {
   for (const std::uint64_t offset : {std::uint64_t{1} << 31, std::uint64_t{1} << 62, ~std::uint64_t{0}}) {
     journalOf({"HSZS/a"}, offset, "x");
     recover();
@@ -119,13 +119,13 @@ TEST_F(JournalTest, OneThatReachesBeyondAnyFileIsDropped) {
   }
 }
 
-TEST_F(JournalTest, AFolderOfThatNameIsNone) {
+TEST_F(SaveJournalTest, AFolderOfThatNameIsNone) {
   std::filesystem::create_directory(data("journal"));
   recover();
   EXPECT_TRUE(has("journal"));
 }
 
-TEST_F(JournalTest, ACompleteOneThatCanNotBeAppliedStaysAndIsTold) {
+TEST_F(SaveJournalTest, ACompleteOneThatCanNotBeAppliedStaysAndIsTold) {
   std::filesystem::create_directory(data("ZMSJ/b"));
   const std::string whole = journalOf({"HSZS/a", "ZMSJ/b"}, 0, "xyz");
   EXPECT_THAT(sentenceOf([&] { recover(); }), ::testing::HasSubstr("ZMSJ/b"));
@@ -136,7 +136,7 @@ TEST_F(JournalTest, ACompleteOneThatCanNotBeAppliedStaysAndIsTold) {
   EXPECT_EQ(read("HSZS/a") + read("ZMSJ/b"), "xyzxyz");
 }
 
-TEST_F(JournalTest, ASaveDoesNotWriteThroughALink) {
+TEST_F(SaveJournalTest, ASaveDoesNotWriteThroughALink) {
   write("precious", "precious");
   std::filesystem::create_symlink(data("precious"), data("journal"));
   FileUpdate update(workspace.dataFolder);
@@ -148,7 +148,7 @@ TEST_F(JournalTest, ASaveDoesNotWriteThroughALink) {
   EXPECT_EQ(read("HSZS/a"), "x");
 }
 
-TEST_F(JournalTest, ADataFolderThatIsGoneHasNone) {
+TEST_F(SaveJournalTest, ADataFolderThatIsGoneHasNone) {
   std::filesystem::remove_all(workspace.dataFolder);
   recover();
   EXPECT_FALSE(std::filesystem::exists(workspace.dataFolder));

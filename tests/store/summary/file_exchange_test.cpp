@@ -40,13 +40,13 @@ class FileExchange : public StoreTest {
   }
   /// The journal of that save.
   void writeSavesJournal() const {
-    JournalSpans spans;
+    SaveJournalSpans spans;
     const std::string text = "new c";
-    writeJournal(data("journal"),
-                 {{"HSZS/a", {}, JournalDeed::Replace},
-                  {"HSZS/b", {}, JournalDeed::Remove},
-                  {"ZMSJ/c", {{4, text.size(), spans.append(asBytes(text))}}}},
-                 spans);
+    writeSaveJournal(data("journal"),
+                     {{"HSZS/a", {}, SaveJournalDeed::Replace},
+                      {"HSZS/b", {}, SaveJournalDeed::Remove},
+                      {"ZMSJ/c", {{4, text.size(), spans.append(asBytes(text))}}}},
+                     spans);
   }
 };
 
@@ -126,12 +126,12 @@ TEST_F(FileExchange, OfAFileElsewhereIsRefused) {
 
 TEST_F(FileExchange, ADeedThatNoSaveDoesMakesTheJournalVoid) {
   writeOld();
-  JournalSpans spans;
-  for (const auto& file :
-       {JournalFile{"HSZS/b", {}, static_cast<JournalDeed>(3)}, JournalFile{"HSZS/b", {{0, 0, 0}}, JournalDeed::Remove},
-        JournalFile{"HSZS/b", {}, JournalDeed::Replace}}) {  // there is one new content only
+  SaveJournalSpans spans;
+  for (const auto& file : {SaveJournalFile{"HSZS/b", {}, static_cast<SaveJournalDeed>(3)},
+                           SaveJournalFile{"HSZS/b", {{0, 0, 0}}, SaveJournalDeed::Remove},
+                           SaveJournalFile{"HSZS/b", {}, SaveJournalDeed::Replace}}) {  // there is one new content only
     write("journal.new", "new a");
-    writeJournal(data("journal"), {{"HSZS/a", {}, JournalDeed::Replace}, file}, spans);
+    writeSaveJournal(data("journal"), {{"HSZS/a", {}, SaveJournalDeed::Replace}, file}, spans);
     FileUpdate::recover(workspace.dataFolder);
     EXPECT_EQ(read("HSZS/a"), "old a");
     EXPECT_FALSE(has("journal"));
