@@ -19,7 +19,8 @@ using Bytes = std::vector<std::byte>;
 struct FileStamp {
   std::uint64_t size = 0;
   std::int64_t modifiedNs = 0;
-  std::uint64_t node = 0;  // the file system's own number of the file
+  std::int64_t changedNs = 0;  // which no program sets: it tells a change that kept size and time too
+  std::uint64_t node = 0;      // the file system's own number of the file
   bool operator==(const FileStamp&) const = default;
 };
 

@@ -96,9 +96,8 @@ void takePermissions(const std::filesystem::path& file, const std::filesystem::p
 }
 
 FileStamp stampOfStatus(const struct stat& status) {
-  constexpr std::int64_t kNsPerSecond = 1'000'000'000;
-  return {static_cast<std::uint64_t>(status.st_size), status.st_mtim.tv_sec * kNsPerSecond + status.st_mtim.tv_nsec,
-          status.st_ino};
+  const auto inNs = [](const timespec& time) { return time.tv_sec * std::int64_t{1'000'000'000} + time.tv_nsec; };
+  return {static_cast<std::uint64_t>(status.st_size), inNs(status.st_mtim), inNs(status.st_ctim), status.st_ino};
 }
 
 /// Errors of copy_file_range after which reading and writing do the same work.

@@ -122,6 +122,7 @@ Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindIn
   const Conversion conversion(old, info, *format, *head);
   const std::filesystem::path temporary = fileOrNew(workspace.applicationFolder, format->temporaryName);
   Remarks remarks = keepCopy(workspace, file, roomFor(info, *head));
+  const FileStamp before = old.stamp();  // a file that loses its name gets another
   try {
     writeTemporary(temporary, conversion);
     moveFile(temporary, file);
@@ -130,7 +131,7 @@ Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindIn
                                 cause.what()));
   }
   makeDurable(file.parent_path());
-  workspace.fileMemory.noteOwnChange(file, old.stamp(), stampOf(file));
+  workspace.fileMemory.noteOwnChange(file, before, stampOf(file));
   if (conversion.missing() > 0) remarks.push_back(missingSamplesRemark(file, conversion.missing()));
   return remarks;
 }

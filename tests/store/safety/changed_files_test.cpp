@@ -2,6 +2,8 @@
 
 #include "store/safety/changed_files.h"
 
+#include <thread>
+
 #include "store/project/project_file.h"
 #include "store/project/project_list.h"
 #include "store/project/rewrite_list.h"
@@ -87,6 +89,16 @@ TEST_F(ChangedFilesTest, AFileThatIsGoneIsToldToo) {
   save();
   EXPECT_THAT(questions, ElementsAre(HasSubstr("删除")));
   EXPECT_TRUE(has("HSZS/WKSZP1.txt"));
+}
+
+TEST_F(ChangedFilesTest, AChangeThatKeptSizeAndTimeIsFound) {
+  open();
+  const auto time = std::filesystem::last_write_time(data("HSZS/WKSZP1.txt"));
+  std::this_thread::sleep_for(std::chrono::milliseconds(30));  // a file system's clock ticks slowly
+  writeProject("P1", {"S1", "S8"});
+  std::filesystem::last_write_time(data("HSZS/WKSZP1.txt"), time);
+  save();
+  EXPECT_THAT(questions, ElementsAre(HasSubstr("改动过")));
 }
 
 TEST_F(ChangedFilesTest, SeveralFilesAreOneQuestion) {
