@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "triaxial/effective_curves.h"
 #include "triaxial/measures.h"
 
 namespace triaxlab {
@@ -67,6 +68,7 @@ void storeAdjustment(TriaxialSampleRecord& record, const CurveAdjustment& adjust
       moveUp(*texts, stage, shift, {});
     moveUp(record.volumeChange, stage, shift, {});
   }
+  storeEffectiveCurves(record);
 }
 
 }  // namespace triaxlab

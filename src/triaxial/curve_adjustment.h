@@ -36,7 +36,8 @@ void setReading(CurveAdjustment& adjustment, std::size_t row, double stress);
 
 /// What a person has made of the curves becomes the sample's. Each stage moves up by its shift, effective stresses,
 /// pore pressure and volume with it, and the rows that become free at the end are blank. The strain column stays, so
-/// the curve loses its beginning.
+/// the curve loses its beginning. The effective stresses then follow the new curve, as they will when the file is
+/// opened again.
 void storeAdjustment(TriaxialSampleRecord& record, const CurveAdjustment& adjustment);
 
 }  // namespace triaxlab

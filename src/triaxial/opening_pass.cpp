@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "common/conversions.h"
+#include "triaxial/effective_curves.h"
 #include "triaxial/envelope.h"
 #include "triaxial/failure.h"
 #include "triaxial/measures.h"
@@ -32,26 +33,6 @@ void computeCoefficientB(TriaxialSampleRecord& record, std::size_t stage) {
   if (porePressure) assignIf(b, toSingle(ParseNumber(FormatNumber(*porePressure / 10, NumberFormat::Hundredths))));
 }
 
-/// Rows without stress keep the effective stresses that they hold.
-void computeEffectiveCurves(TriaxialSampleRecord& record, std::size_t stage, StageCurves& curves) {
-  const double sigma3 = record.cellPressure[stage].number();
-  for (std::size_t row = 0; row < kShearRows; ++row) {
-    const double q = curves.deviatorStress[row], u = curves.porePressure[row];
-    FixedText<6>& sigma1Eff = record.sigma1Eff[row][stage];
-    FixedText<6>& sigma3Eff = record.sigma3Eff[row][stage];
-    const bool stressed = q != 0;
-    curves.sigma1Eff[row] = stressed ? SetAndRead(sigma1Eff, q + sigma3 - u, NumberFormat::Whole) : sigma1Eff.number();
-    curves.sigma3Eff[row] = stressed ? SetAndRead(sigma3Eff, sigma3 - u, NumberFormat::Whole) : sigma3Eff.number();
-  }
-}
-
-void blankEffectiveCurves(TriaxialSampleRecord& record, std::size_t stage, StageCurves& curves) {
-  for (auto& row : record.sigma1Eff) row[stage].clear();
-  for (auto& row : record.sigma3Eff) row[stage].clear();
-  curves.sigma1Eff.fill(0);
-  curves.sigma3Eff.fill(0);
-}
-
 void reduceSample(TriaxialSampleRecord& record, NumberFormat cohesionFormat) {
   const PerStage<double> limits = ClampFailureLimit(record);
   int failedStages = 0;
@@ -60,12 +41,8 @@ void reduceSample(TriaxialSampleRecord& record, NumberFormat cohesionFormat) {
     readColumn(curves.deviatorStress, record.deviatorStress, stage);
     readColumn(curves.porePressure, record.porePressure, stage);
     correctNegativePorePressure(record, stage, curves);
-    if (record.testMethod == kCU && StageUsed(record, stage)) {
-      computeCoefficientB(record, stage);
-      computeEffectiveCurves(record, stage, curves);
-    } else {
-      blankEffectiveCurves(record, stage, curves);
-    }
+    if (hasEffectiveCurves(record, stage)) computeCoefficientB(record, stage);
+    storeEffectiveCurves(record, stage, curves);
     failedStages += storeIndependentMaxima(record, stage, limits[stage], curves);
   }
   if (failedStages >= 2 && record.adjustedFlag == 0) fitTotalEnvelope(record, failedStages, cohesionFormat);

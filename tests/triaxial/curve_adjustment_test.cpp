@@ -97,7 +97,7 @@ TEST_F(CurveAdjusting, KeepsAShiftByMovingTheRowsUp) {
   storeAdjustment(record, adjustment);
   EXPECT_EQ(text(record.deviatorStress[0][1]), "31.5");
   EXPECT_EQ(text(record.sigma1Eff[0][1]), "229");
-  EXPECT_EQ(text(record.sigma3Eff[0][1]), "199");
+  EXPECT_EQ(text(record.sigma3Eff[0][1]), "197");
   EXPECT_EQ(text(record.porePressure[0][1]), "3");
   EXPECT_EQ(record.volumeChange[0][1], 33);
   EXPECT_TRUE(record.deviatorStress[1][1].isBlank());
@@ -110,6 +110,27 @@ TEST_F(CurveAdjusting, KeepsAShiftByMovingTheRowsUp) {
   EXPECT_EQ(record.axialStrain, strains);
   EXPECT_EQ(text(record.deviatorStress[2][0]), "5.5") << "a stage that was not slid keeps its rows";
   EXPECT_EQ(text(record.porePressure[2][0]), "6");
+}
+
+TEST_F(CurveAdjusting, TheEffectiveStressesFollowTheNewCurve) {
+  SetText(record.sigma1Eff[0][1], "209");
+  SetText(record.sigma3Eff[0][1], "199");
+  SetText(record.sigma1Eff[5][1], "201");  // a row without stress keeps what it holds
+  record.consolidationPorePressure[0][1] = std::int16_t{1900};
+  multiplyCurve(adjustment, 2.5);
+  storeAdjustment(record, adjustment);
+  EXPECT_EQ(text(record.sigma1Eff[0][1]), "224");  // 25.0 + 200 - 1
+  EXPECT_EQ(text(record.sigma3Eff[0][1]), "199");
+  EXPECT_EQ(text(record.sigma1Eff[2][1]), "272");  // 75.0 + 200 - 3
+  EXPECT_EQ(text(record.sigma1Eff[5][1]), "201");
+  EXPECT_EQ(record.coefficientB[1], 0.0F) << "that is found when the file is opened";
+}
+
+TEST_F(CurveAdjusting, OtherThanCUHaveNoEffectiveStresses) {
+  record.testMethod = kCD;
+  SetText(record.sigma1Eff[0][1], "209");
+  storeAdjustment(record, adjustment);
+  EXPECT_TRUE(record.sigma1Eff[0][1].isBlank());
 }
 
 // ---- the reading next to a strain
