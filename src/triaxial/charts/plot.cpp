@@ -13,14 +13,23 @@ constexpr Rectangle kWindow{kPlotLeft - kOnTheFrame, kPlotTop - kOnTheFrame, kPl
                             kPlotBottom + kOnTheFrame};
 
 constexpr double kPlotMiddle = (kPlotLeft + kPlotRight) / 2;
-constexpr double kTitleY = 150, kXLabelY = 4310, kXUnitY = 4490;
+constexpr double kTitleY = 150, kXLabelY = 4310, kXUnitY = 4500;
 constexpr double kYLabelRight = 660, kYTitleX = 20, kYTitleMiddle = (kPlotTop + kPlotBottom) / 2;
 constexpr int kXLabelEvery = 5, kYLabelEvery = 2;
 constexpr double kTickHeight = 20;
+/// Long labels are set smaller, so that they end before the turned title.
+constexpr std::size_t kLongLabel = 5;
+/// Of 10.5 point, the size of all other texts of a screen: units and long labels.
+constexpr double kTextSize = 10.5, kUnitSize = 9, kLongLabelSize = 8;
 
 constexpr Point kBoxCorner{900, 600};
 constexpr double kBoxRight = 3000, kBoxMargin = 80, kBoxLine = 270;
 constexpr Point kBoxText{960, 640};
+
+Font sized(Font font, double size) {
+  font.size = font.size * size / kTextSize;
+  return font;
+}
 
 double columnX(int column) { return kPlotLeft + column * kPlotWidth / kPlotColumns; }
 double rowY(int row) { return kPlotBottom - row * kPlotHeight / kPlotRows; }
@@ -72,10 +81,12 @@ void drawPlotTexts(DrawingSurface& surface, const PlotScale& scale, const PlotTe
   for (int column = 0; column < kPlotColumns; column += kXLabelEvery)
     surface.textCentred(columnX(column), kXLabelY, FormatNumber(column * scale.xStep, NumberFormat::Whole), font,
                         Colour::Blue);
-  for (int row = 0; row < kPlotRows; row += kYLabelEvery)
-    surface.textRightAligned(kYLabelRight, rowY(row) - textHeight(font) / 2,
-                             FormatNumber((row - scale.zeroRow) * scale.yStep, texts.yFormat), font, Colour::Blue);
-  surface.textRightAligned(kPlotRight, kXUnitY, texts.xUnit, font, Colour::Black);
+  for (int row = 0; row < kPlotRows; row += kYLabelEvery) {
+    const std::string label = FormatNumber((row - scale.zeroRow) * scale.yStep, texts.yFormat);
+    const Font labelFont = label.size() < kLongLabel ? font : sized(font, kLongLabelSize);
+    surface.textRightAligned(kYLabelRight, rowY(row) - textHeight(labelFont) / 2, label, labelFont, Colour::Blue);
+  }
+  surface.textRightAligned(kPlotRight, kXUnitY, texts.xUnit, sized(font, kUnitSize), Colour::Black);
   if (!texts.yTitle.empty()) {
     Font rotated = font;
     rotated.name = kSongRotated;

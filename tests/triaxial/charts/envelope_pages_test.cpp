@@ -44,7 +44,7 @@ TEST_F(EnvelopePage, LabelsAndAxes) {
               ElementsAre("0", "100", "200", "300", "400", "0", "40", "80", "120", "160", "200", "240"));
   const auto texts = all<DrawnText>(drawing);
   EXPECT_THAT(texts, Contains(words("应力差强度包线", 2965, 150)));  // 14 bytes
-  EXPECT_THAT(texts, Contains(words("σ", 6490, 4490)));
+  EXPECT_THAT(texts, Contains(sized(9, "σ", 6520, 4500)));
   EXPECT_THAT(texts, Contains(words("τ", 20, 520)));
   EXPECT_THAT(texts, Contains(words("ｋ", 20, 760)));
   EXPECT_THAT(texts, Contains(words("Ｐ", 20, 1000)));
@@ -200,9 +200,9 @@ TEST_F(PathPage, Texts) {
   EXPECT_THAT(textsOf(drawing, Colour::Blue),
               ElementsAre("0", "50", "100", "150", "200", "0", "20", "40", "60", "80", "100", "120"));
   const auto texts = all<DrawnText>(drawing);
-  EXPECT_THAT(texts, Contains(words("应力路径曲线", 3070, 150)));        // 12 bytes
-  EXPECT_THAT(texts, Contains(words("(σ1′+σ3′)/2 (kPa)", 4495, 4490)));  // 21 bytes
-  EXPECT_THAT(texts, Contains(upward("(σ ′-σ ′)/2 (kPa)", 20, 3503)));   // 21 bytes: 2400 + 1102.5
+  EXPECT_THAT(texts, Contains(words("应力路径曲线", 3070, 150)));           // 12 bytes
+  EXPECT_THAT(texts, Contains(sized(9, "(σ1′+σ3′)/2 (kPa)", 4810, 4500)));  // 21 bytes
+  EXPECT_THAT(texts, Contains(upward("(σ ′-σ ′)/2 (kPa)", 20, 3503)));      // 21 bytes: 2400 + 1102.5
   // In the gaps behind 3 and 9 bytes, lowered (to the right) by 8 x 10.5.
   const Font small{.name = "@宋体", .size = 10.5 * 0.7};
   EXPECT_THAT(texts, Contains(DrawnText{{104, 3188}, "1", small, Colour::Black, true}));

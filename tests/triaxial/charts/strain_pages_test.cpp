@@ -45,7 +45,7 @@ TEST_F(StressStrainPage, LabelsUnitAndTurnedTitle) {
   EXPECT_THAT(texts, Contains(words("20", 6050, 4310, Colour::Blue)));
   // Line 12 at 4300 - 3257.143, half a height of 105 above it; right edge 660.
   EXPECT_THAT(texts, Contains(words("60", 450, 938, Colour::Blue)));
-  EXPECT_THAT(texts, Contains(words("ε1(%)", 6070, 4490)));         // 6 bytes: 630
+  EXPECT_THAT(texts, Contains(sized(9, "ε1(%)", 6160, 4500)));      // 6 bytes: 540
   EXPECT_THAT(texts, Contains(upward("σ1 - σ3 (kPa)", 20, 3188)));  // 15 bytes: 2400 + 1575 / 2
 }
 
@@ -128,6 +128,13 @@ TEST_F(StressStrainPage, AnotherTextSizeKeepsTheTextsAtTheirPlaces) {
   EXPECT_THAT(texts, Contains(DrawnText{{520, 973}, "60", small, Colour::Blue, false}));
 }
 
+TEST_F(StressStrainPage, LabelsOfFiveCharactersAreSetSmaller) {
+  readings(0, "100", {{0.4F, "14000"}});  // steps of 1000
+  const auto texts = all<DrawnText>(draw(CurvePage::StressStrain));
+  EXPECT_THAT(texts, Contains(words("8000", 240, 2024, Colour::Blue)));      // line 8 at 2128.57
+  EXPECT_THAT(texts, Contains(sized(8, "10000", 260, 1506, Colour::Blue)));  // line 10 at 1585.71
+}
+
 TEST_F(StressStrainPage, AFieldThatHoldsNoStressOfThisWorldIsNotDrawn) {
   readings(0, "100", {{0.4F, "10"}, {0.6F, "1E300"}, {0.8F, "15"}});
   sample.axialStrain[3][0] = std::numeric_limits<float>::quiet_NaN();
@@ -161,7 +168,7 @@ TEST_F(PorePressurePage, StartsAtTheOrigin) {
   const auto texts = all<DrawnText>(drawing);
   EXPECT_THAT(texts, Contains(words("孔隙压力与轴向应变曲线", 2545, 150)));
   EXPECT_THAT(texts, Contains(upward("u(kPa)", 20, 2715)));  // 6 bytes: 2400 + 315
-  EXPECT_THAT(texts, Contains(words("ε1(%)", 6070, 4490)));
+  EXPECT_THAT(texts, Contains(sized(9, "ε1(%)", 6160, 4500)));
 }
 
 TEST_F(PorePressurePage, NegativePressuresStandBelowABlackZeroLine) {
@@ -196,6 +203,8 @@ TEST_F(StressRatioPage, RatiosOverStrain) {
   EXPECT_THAT(all<DrawnPolyline>(drawing), ElementsAre(curve({{700, 4300}, {809, 1586}, {1027, 2943}})));
   EXPECT_THAT(textsOf(drawing, Colour::Blue),
               ElementsAre("0", "5", "10", "15", "20", "0.000", "0.400", "0.800", "1.200", "1.600", "2.000", "2.400"));
+  // Five characters of 80 twips that end at 660 and stand on line 12, at 1042.857.
+  EXPECT_THAT(all<DrawnText>(drawing), Contains(sized(8, "2.400", 260, 963, Colour::Blue)));
   EXPECT_THAT(all<DrawnText>(drawing), Contains(upward("σ1′/σ3′", 20, 2978)));  // 11 bytes: 2400 + 577.5
   EXPECT_THAT(all<DrawnText>(drawing), Contains(words("有效应力比与轴向应变曲线", 2440, 150)));  // 24 bytes
 }
