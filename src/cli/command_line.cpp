@@ -165,8 +165,8 @@ void describe(CLI::App& app, Print& print) {
     return true;
   };
   addParsed(app, "--curves", "1,3 of 1 to 6", "curve pages to print", parseCurves);
-  app.add_option("--rows", print.rows, "curves below each other on a chart page")->check(CLI::Range(1, 30));
-  app.add_option("--columns", print.columns, "curves beside each other")->check(CLI::Range(1, 30));
+  app.add_option("--rows", print.rows, "curves below each other on a chart page");
+  app.add_option("--columns", print.columns, "curves beside each other");
   app.add_flag("--data-sheet", print.dataSheet, "prints the table of readings");
   app.add_option("--out", print.out, "FILE.pdf, FILE.json, or a folder for one BMP a page")->required();
 }

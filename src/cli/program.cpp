@@ -223,8 +223,10 @@ class Program {
     PrintJob job = defaultPrintJob(m_workspace.settings);
     job.curves = print.curves;
     job.printToPicture = isPictureFolder(print.out);
-    const auto put = [](const std::optional<Span>& span, std::int16_t& from, std::int16_t& to) {
-      const auto limited = [](int number) { return static_cast<std::int16_t>(std::clamp(number, 1, 32767)); };
+    const auto limited = [](int number) { return static_cast<std::int16_t>(std::clamp(number, 1, 32767)); };
+    job.pageRows = limited(print.rows);
+    job.pageColumns = limited(print.columns);
+    const auto put = [&limited](const std::optional<Span>& span, std::int16_t& from, std::int16_t& to) {
       from = limited(span->from);
       to = limited(span->to);
     };

@@ -11,7 +11,7 @@ double textWidth(std::string_view utf8, const Font& font) {
     bytes += lead < 0x80 ? 1 : 2;
     at += size;
   }
-  return static_cast<double>(bytes) * (font.name == kArialNarrow ? 8 : 10) * font.size;
+  return static_cast<double>(bytes) * (font.name == kArialNarrow ? 8 : 10) * font.size * font.stretch;
 }
 
 }  // namespace triaxlab

@@ -42,11 +42,12 @@ struct Font {
   std::string name = kSong;  // the font asked for, never its substitute
   double size = 10.5;        // point
   bool bold = false;
+  double stretch = 1;  // of the widths; below 1 is narrower
   bool operator==(const Font&) const = default;
 };
 
 /// Width of a UTF-8 text by rule, never by the fonts installed: ten twips a GBK byte and point (eight for
-/// "Arial Narrow"), a character outside GBK as two bytes.
+/// "Arial Narrow"), a character outside GBK as two bytes; all of it times the font's stretch.
 double textWidth(std::string_view utf8, const Font& font);
 /// 20 twips a point.
 inline double textHeight(const Font& font) { return 20 * font.size; }

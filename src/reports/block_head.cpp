@@ -25,7 +25,9 @@ std::vector<std::string> blockHead(const Workspace& workspace, const PageLabels&
   const SampleLocation& location = workspace.SampleDisplayTable.at(row);
   const LaboratoryHabits& habits = workspace.settings.habits;
   const Toggles& toggles = workspace.settings.toggles;
-  const bool whole = place.firstOfPage || habits.methodAndDepthOnEverySample;
+  const bool everywhere = habits.methodAndDepthOnEverySample;
+  const bool whole = place.firstOfPage || everywhere;
+  const bool withMethod = everywhere || (!habits.omitTestMethod && (place.firstOfPage || !place.pageHasSameMethod));
 
   std::vector<std::string> lines{labels.sampleNo + gbkToUtf8(record.sampleNo.trimmed())};
   if (std::string line = boreholeLine(habits, labels, location); !line.empty()) lines.push_back(std::move(line));
@@ -33,7 +35,7 @@ std::vector<std::string> blockHead(const Workspace& workspace, const PageLabels&
   if (toggles.printDensity) lines.push_back(labels.density + gbkToUtf8(record.density.trimmed()));
   if (toggles.printSamplingSpot) lines.push_back(labels.samplingSpot + gbkToUtf8(location.samplingSpot.trimmed()));
   if (whole) lines.push_back(labels.samplingDepth + gbkToUtf8(location.samplingDepth.trimmed()));
-  if (const std::string method = briefTestName(record); !method.empty() && (whole || !place.pageHasSameMethod))
+  if (const std::string method = briefTestName(record); !method.empty() && withMethod)
     lines.push_back(labels.testMethod + method);
   return lines;
 }

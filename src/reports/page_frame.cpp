@@ -4,6 +4,7 @@
 
 #include "common/fixed_text.h"
 #include "common/gbk.h"
+#include "reports/fitted_text.h"
 #include "store/settings/settings_file.h"
 
 namespace triaxlab {
@@ -12,9 +13,11 @@ namespace {
 const Font kBody;
 const Font kTitle{.size = 19, .bold = true};
 
-constexpr double kLeft = 600, kRight = 7800;  // of the two columns above the blocks
+constexpr double kLeft = 600;
 constexpr double kTitleY = 500, kMethodY = 1000, kProjectNoY = 1350, kProjectNameY = 1600;
 constexpr Point kControlNumber{kLeft, 300}, kPageNumber{9500, 300};
+/// The test date, and where it stands below the page number when a long project number has the whole line.
+constexpr Point kTestDate{7800, kProjectNoY}, kTestDateAside{9500, 600};
 constexpr double kFootY = 15350;
 constexpr double kTesterX = 600, kCheckerX = 2700, kReportDateX = 4700, kArchiveX = 7800;
 
@@ -50,8 +53,9 @@ std::string testDate(const Workspace& workspace, const TriaxialSampleRecord& rec
   return gbkToUtf8(date);
 }
 
-void print(DrawingSurface& surface, Point place, std::string_view text) {
-  if (!text.empty()) surface.text(place, text, kBody, Colour::Black);
+/// Ends before the text that stands next on its line, or before the margin.
+void print(DrawingSurface& surface, Point place, std::string_view text, double right = kRightMargin) {
+  printFitted(surface, place, text, kBody, right);
 }
 
 }  // namespace
@@ -75,12 +79,11 @@ void PageFrame::draw(DrawingSurface& surface, int pageNumber, const TriaxialSamp
 
 void PageFrame::drawHead(DrawingSurface& surface, int pageNumber, const TriaxialSampleRecord& record) const {
   const LaboratoryHabits& habits = m_workspace.settings.habits;
-  surface.textCentred(m_width / 2, kTitleY, m_labels.title, kTitle, Colour::Black);
-  print(surface, kControlNumber, m_controlNumber);
+  printFittedCentred(surface, m_width / 2, kTitleY, m_labels.title, kTitle);
+  print(surface, kControlNumber, m_controlNumber, kPageNumber.x);
   if (!habits.omitPageDateTable) print(surface, kPageNumber, pageNumberText(pageNumber));
   const std::string method = pageMethod(record, m_workspace.settings);
-  if (!habits.omitTestMethod && !method.empty())
-    surface.textCentred(m_width / 2, kMethodY, method, kBody, Colour::Black);
+  if (!habits.omitTestMethod) printFittedCentred(surface, m_width / 2, kMethodY, method, kBody);
 }
 
 std::string PageFrame::pageNumberText(int pageNumber) const {
@@ -91,19 +94,19 @@ std::string PageFrame::pageNumberText(int pageNumber) const {
 void PageFrame::drawProject(DrawingSurface& surface, const TriaxialSampleRecord& record) {
   const auto& habits = m_workspace.settings.habits;
   const std::string_view projectNo = record.projectNo.trimmed();
-  print(surface, {kLeft, kProjectNoY}, m_labels.projectNo + gbkToUtf8(projectNo));
+  const bool dated = !habits.omitTriaxialTestDate && !habits.omitPageDateTable;
+  const Point date = habits.wideProjectNo ? kTestDateAside : kTestDate;
+  const bool sharesLine = dated && date.y == kProjectNoY;
+  print(surface, {kLeft, kProjectNoY}, m_labels.projectNo + gbkToUtf8(projectNo), sharesLine ? date.x : kRightMargin);
   if (!m_workspace.settings.toggles.omitProjectName)
     print(surface, {kLeft, kProjectNameY}, m_labels.projectName + m_titles.of(projectNo).projectName);
-  // A long project number needs the whole line, so the date goes one line down.
-  const double dateY = habits.wideProjectNo ? kProjectNameY : kProjectNoY;
-  if (!habits.omitTriaxialTestDate && !habits.omitPageDateTable)
-    print(surface, {kRight, dateY}, m_labels.testDate + testDate(m_workspace, record));
+  if (dated) print(surface, date, m_labels.testDate + testDate(m_workspace, record));
 }
 
 void PageFrame::drawFoot(DrawingSurface& surface, const TriaxialSampleRecord& record) {
-  print(surface, {kTesterX, kFootY}, m_labels.testedBy + m_tester);
-  print(surface, {kCheckerX, kFootY}, m_labels.checkedBy + m_checker);
-  if (!m_workspace.settings.habits.omitPageDateTable) print(surface, {kReportDateX, kFootY}, m_reportDate);
+  print(surface, {kTesterX, kFootY}, m_labels.testedBy + m_tester, kCheckerX);
+  print(surface, {kCheckerX, kFootY}, m_labels.checkedBy + m_checker, kReportDateX);
+  if (!m_workspace.settings.habits.omitPageDateTable) print(surface, {kReportDateX, kFootY}, m_reportDate, kArchiveX);
   const std::string& archiveNo = m_titles.of(record.projectNo.trimmed()).archiveNo;
   if (!archiveNo.empty()) print(surface, {kArchiveX, kFootY}, m_labels.archiveNo + archiveNo);
 }

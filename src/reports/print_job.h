@@ -36,9 +36,10 @@ struct PrintJob {
   bool printPageNumbers = true;      // 打印页码
   std::int16_t firstPageNumber = 1;  // 起始页码
 
-  std::vector<CurvePage> curves;  // the ticked curve types, in the order of the dialog
-  bool totalCircles = true;       // 总应力圆
-  bool effectiveCircles = true;   // 有效应力圆
+  std::vector<CurvePage> curves;                      // the ticked curve types, in the order of the dialog
+  bool totalCircles = true;                           // 总应力圆
+  bool effectiveCircles = true;                       // 有效应力圆
+  FailureMode checkedMode = FailureMode::PeakStress;  // as the menu of the curve window has it
 
   // Chart sheets
   bool printDataSheet = false;  // 打印数表
@@ -47,7 +48,7 @@ struct PrintJob {
   double leftMarginTwips = 0;  // centimetres x 10 x 57.2
   double rightMarginTwips = 0;
 
-  std::int16_t curvesPerPage() const { return static_cast<std::int16_t>(pageRows * pageColumns); }
+  int curvesPerPage() const { return pageRows * pageColumns; }
   std::int16_t selectedCurveCount() const { return static_cast<std::int16_t>(curves.size()); }
   bool dotMatrix() const { return lineWeight == 2; }
 };

@@ -31,6 +31,11 @@ TEST_F(PrintCommand, WritesTheDrawingOperations) {
   EXPECT_EQ(pages({"--samples", "1-2", "--pages", "2-2"}), 1U);
 }
 
+TEST_F(PrintCommand, RowsAndColumnsBelowOneCountAsOne) {
+  for (const char* number : {"0", "-3", "31"})
+    EXPECT_EQ(pages({"--curves", "1", "--rows", number, "--columns", number}), 2U) << number;
+}
+
 TEST_F(PrintCommand, LeavesTheProjectAsItWas) {
   const std::string before = folder.read("app/HSZS/WKSZDT2-07.txt");
   pages({"--curves", "1,2,3,4,5,6"});

@@ -107,8 +107,44 @@ TEST_F(FrameTest, TheTestDateComesFromTheProjectWhenTheRecordHasNone) {
 
 TEST_F(FrameTest, ALongProjectNumberHasTheLineForItself) {
   habits.wideProjectNo = true;
-  EXPECT_THAT(textsAt(firstPage(), 7800, 1600), ElementsAre("试验日期:"));
+  EXPECT_THAT(textsAt(firstPage(), 9500, 600), ElementsAre("试验日期:"));
   EXPECT_THAT(textsAt(firstPage(), 7800, 1350), IsEmpty());
+}
+
+/// The fonts of the texts that begin so.
+std::vector<Font> fontsOf(const Drawing& page, std::string_view start) {
+  std::vector<Font> fonts;
+  for (const DrawnText& text : all<DrawnText>(page))
+    if (text.text.starts_with(start)) fonts.push_back(text.font);
+  return fonts;
+}
+
+TEST_F(FrameTest, ALongNameEndsAtTheMargin) {
+  workspace.projectName = {std::string(100, 'x'), true, ""};
+  // 110 bytes of 105 twips in the 10900 from 600 to 11500; 100 bytes have room.
+  EXPECT_THAT(fontsOf(firstPage(), "工程名称"), ElementsAre(Font{.stretch = 10900.0 / 11550.0}));
+  workspace.projectName.text = std::string(90, 'x');
+  EXPECT_THAT(fontsOf(firstPage(), "工程名称"), ElementsAre(Font{}));
+}
+
+TEST_F(FrameTest, AProjectNumberEndsBeforeTheDateOnItsLine) {
+  habits.projectNoLabel = std::string(77, 'x');  // 81 bytes with ": P1": 8505 twips
+  EXPECT_THAT(fontsOf(firstPage(), "xxx"), ElementsAre(Font{.stretch = 7200.0 / 8505.0}));
+  habits.omitTriaxialTestDate = true;
+  EXPECT_THAT(fontsOf(firstPage(), "xxx"), ElementsAre(Font{}));
+  habits.omitTriaxialTestDate = false;
+  habits.wideProjectNo = true;
+  EXPECT_THAT(fontsOf(firstPage(), "xxx"), ElementsAre(Font{}));
+}
+
+TEST_F(FrameTest, WhatIsStillTooLongIsSetSmallerDownToSevenPoint) {
+  SettingsFile settings = sharedSettings(workspace);
+  // "试验：" and 26 letters are 32 bytes, 3360 twips, for the 2100 up to the next signature: 0.7 of it are 2352, and
+  // 10.5 x 2100 / 2352 = 9.375 point.
+  settings.writeText(kYearField, std::string(26, 'x'));
+  EXPECT_THAT(fontsOf(firstPage(), "试验："), ElementsAre(Font{.size = 9, .stretch = 0.7}));
+  settings.writeText(kYearField, std::string(60, 'x'));
+  EXPECT_THAT(fontsOf(firstPage(), "试验："), ElementsAre(Font{.size = 7, .stretch = 0.7}));
 }
 
 TEST_F(FrameTest, TheProjectNameCanBeLeftOut) {
