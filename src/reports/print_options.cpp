@@ -74,8 +74,8 @@ PrintJob jobOf(const PrintOptionsState& state, const Workspace& workspace) {
 
 }  // namespace
 
-PrintOptions::PrintOptions(Workspace& workspace, std::size_t currentRow)
-    : m_workspace(workspace), m_currentRow(currentRow) {
+PrintOptions::PrintOptions(Workspace& workspace, std::size_t currentRow, FailureMode checkedMode)
+    : m_workspace(workspace), m_currentRow(currentRow), m_checkedMode(checkedMode) {
   for (const PrintCheck first :
        {PrintCheck::StressStrain, PrintCheck::StressDifferenceEnvelope, PrintCheck::PageNumbers})
     tick(first) = true;
@@ -108,6 +108,7 @@ PrintJob PrintOptions::job() const {
   dropEnvelopesWithoutCircles(state);
   PrintJob job = jobOf(state, m_workspace);
   job.currentRow = m_currentRow;
+  job.checkedMode = m_checkedMode;
   job.firstPageNumber = m_firstPageNumber;
   return job;
 }

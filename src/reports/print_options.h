@@ -68,8 +68,9 @@ struct PrintOptionsState {
 /// but the printer and the circles, which are stored in qvb.sys.
 class PrintOptions {
  public:
-  /// Opens with the first values. `currentRow` is the table row of the sample on display. The workspace outlives this.
-  PrintOptions(Workspace& workspace, std::size_t currentRow);
+  /// Opens with the first values. `currentRow` is the table row of the sample on display, `checkedMode` the menu's
+  /// entry for envelopes. The workspace outlives this.
+  PrintOptions(Workspace& workspace, std::size_t currentRow, FailureMode checkedMode);
 
   const PrintOptionsState& state() const { return m_state; }
 
@@ -95,6 +96,7 @@ class PrintOptions {
 
   Workspace& m_workspace;
   std::size_t m_currentRow;
+  FailureMode m_checkedMode;
   PrintOptionsState m_state;
   std::int16_t m_firstPageNumber = 1;
 };

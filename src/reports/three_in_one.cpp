@@ -12,6 +12,7 @@
 #include "platform/placed_surface.h"
 #include "reports/block_head.h"
 #include "reports/failure_table.h"
+#include "reports/fitted_text.h"
 #include "reports/job_range.h"
 #include "reports/page_frame.h"
 #include "reports/page_labels.h"
@@ -38,15 +39,11 @@ struct Block {
   CurvePage curve;
 };
 
-bool isEnvelope(CurvePage curve) {
-  return curve == CurvePage::StressRatioEnvelope || curve == CurvePage::StressDifferenceEnvelope;
-}
-
-double heightOf(const Block& block) { return kChartHeight + (isEnvelope(block.curve) ? kFailureTableHeight : 0); }
+double heightOf(const Block& block) { return kChartHeight + (isEnvelopePage(block.curve) ? kFailureTableHeight : 0); }
 
 bool isWanted(const PrintJob& job, CurvePage curve) {
   // An envelope without circles has nothing to lie on.
-  if (isEnvelope(curve) && !job.totalCircles && !job.effectiveCircles) return false;
+  if (isEnvelopePage(curve) && !job.totalCircles && !job.effectiveCircles) return false;
   return std::find(job.curves.begin(), job.curves.end(), curve) != job.curves.end();
 }
 
@@ -109,7 +106,7 @@ void ThreeInOne::drawBlock(DrawingSurface& surface, double top, const Block& blo
   const LaboratoryHabits& habits = m_workspace.settings.habits;
   // Showing a curve stores its failure values; paper must not change what is saved, so it works on a copy.
   TriaxialSampleRecord record = m_workspace.TriaxialSampleTable[block.row];
-  const PageResults results = computePage(record, block.curve, habits.cohesionFormat());
+  const PageResults results = computePage(record, block.curve, m_job.checkedMode, habits.cohesionFormat());
 
   ChartOptions options;
   options.cohesionFormat = habits.cohesionFormat();
@@ -122,10 +119,10 @@ void ThreeInOne::drawBlock(DrawingSurface& surface, double top, const Block& blo
 
   Point lineStart{kHead.x, top + kHead.y};
   for (const std::string& line : blockHead(m_workspace, m_labels, block.row, place)) {
-    surface.text(lineStart, line, {}, Colour::Black, false);
+    printFitted(surface, lineStart, line, {});
     lineStart.y += kHeadLine;
   }
-  if (isEnvelope(block.curve) && !habits.compactEnvelope && !habits.omitPageDateTable)
+  if (isEnvelopePage(block.curve) && !habits.compactEnvelope && !habits.omitPageDateTable)
     drawFailureTable(surface, top + kChartHeight, record, m_job.lineWeight);
 }
 

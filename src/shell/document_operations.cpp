@@ -76,7 +76,7 @@ Remarks newTriaxialDocument(Workspace& workspace) {
 void showPageOfEverySample(Workspace& workspace, CurvePage page) {
   const NumberFormat cohesionFormat = workspace.settings.habits.cohesionFormat();
   for (TriaxialSampleRecord& record : workspace.TriaxialSampleTable)
-    if (isLive(record)) computePage(record, pageOf(record, page), cohesionFormat);
+    if (isLive(record)) computePage(record, pageOf(record, page), FailureMode::PeakStress, cohesionFormat);
 }
 
 }  // namespace triaxlab

@@ -34,7 +34,8 @@ Remarks importedTriaxialDocument(Workspace& workspace);
 Remarks newTriaxialDocument(Workspace& workspace);
 
 /// Shows a page of every live sample, as paging through them would: the page's failure values and fits go into the
-/// records. A sample that doesn't have the page shows the one that takes its place.
+/// records. A sample that doesn't have the page shows the one that takes its place. The entry that is checked is that
+/// of the peak.
 void showPageOfEverySample(Workspace& workspace, CurvePage page);
 
 }  // namespace triaxlab

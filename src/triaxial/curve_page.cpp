@@ -9,21 +9,17 @@ CurvePage pageOf(const TriaxialSampleRecord& record, CurvePage wanted) {
   return wanted;
 }
 
-PageResults computePage(TriaxialSampleRecord& record, CurvePage page, NumberFormat cohesionFormat) {
+FailureMode failureModeOf(const TriaxialSampleRecord& record, CurvePage page, FailureMode checked) {
+  if (record.testMethod != kCU || page == CurvePage::StressDifferenceEnvelope) return FailureMode::PeakStress;
+  return page == CurvePage::StressRatioEnvelope ? FailureMode::PeakRatio : checked;
+}
+
+PageResults computePage(TriaxialSampleRecord& record, CurvePage page, FailureMode checked,
+                        NumberFormat cohesionFormat) {
   PageResults results;
-  switch (page) {
-    case CurvePage::StressRatioEnvelope:
-    case CurvePage::StressDifferenceEnvelope:
-      results.failureRows = applyFailureMode(
-          record, page == CurvePage::StressRatioEnvelope ? FailureMode::PeakRatio : FailureMode::PeakStress);
-      results.envelopes = envelopesOfPage(record, cohesionFormat);
-      break;
-    case CurvePage::StressPath:
-      results.pathLine = stressPathOfPage(record);
-      break;
-    default:
-      break;
-  }
+  results.failureRows = applyFailureMode(record, failureModeOf(record, page, checked));
+  if (isEnvelopePage(page)) results.envelopes = envelopesOfPage(record, cohesionFormat);
+  if (page == CurvePage::StressPath) results.pathLine = stressPathOfPage(record);
   return results;
 }
 

@@ -25,16 +25,21 @@ inline bool isEnvelopePage(CurvePage page) {
 
 /// What showing a page works out before anything is drawn.
 struct PageResults {
-  FailureRows failureRows;  // pages 2 and 3
-  Envelopes envelopes;      // pages 2 and 3
-  PathLine pathLine;        // page 4
+  FailureRows failureRows;
+  Envelopes envelopes;  // pages 2 and 3
+  PathLine pathLine;    // page 4
 };
 
 /// The page that a sample really shows when `wanted` is asked for: UU has no pages above 3 (page 1 takes their place),
 /// and only CU has the envelope by stress ratio (page 3 takes its place).
 CurvePage pageOf(const TriaxialSampleRecord& record, CurvePage wanted);
 
-/// Runs the page's failure mode and fits, storing their results in the record as a display of the page does.
-PageResults computePage(TriaxialSampleRecord& record, CurvePage page, NumberFormat cohesionFormat);
+/// How a page looks for the failure rows: the envelope pages each in their own way, all others as the menu entry that
+/// is `checked` says. Only CU has the ratio of effective stresses.
+FailureMode failureModeOf(const TriaxialSampleRecord& record, CurvePage page, FailureMode checked);
+
+/// Runs the failure mode and the page's fits, storing their results in the record as a display of the page does. Every
+/// page runs the mode, so that pages, tables and paper agree whatever was looked at before.
+PageResults computePage(TriaxialSampleRecord& record, CurvePage page, FailureMode checked, NumberFormat cohesionFormat);
 
 }  // namespace triaxlab

@@ -126,7 +126,7 @@ void MDIForm1::showOverwriteDialog(OverwriteSession& session) { Form10(this, ses
 
 void MDIForm1::showPrintDialog(std::string_view form) {
   if (form != "SETPRINTFORM" || !m_form1) return;
-  PrintOptions options(m_workspace, m_form1->sampleRow());
+  PrintOptions options(m_workspace, m_form1->sampleRow(), checkedFailureMode());
   SETPRINTFORM(this, options, m_workspace, m_dialogs).exec();
 }
 
@@ -233,10 +233,14 @@ void MDIForm1::refresh() {
   refreshTables();
 }
 
+FailureMode MDIForm1::checkedFailureMode() const {
+  const bool byRatio = m_form1 && m_form1->envelopeEntries().ratioChecked;
+  return byRatio ? FailureMode::PeakRatio : FailureMode::PeakStress;
+}
+
 void MDIForm1::refreshTables() {
   if (!m_form2 && !m_form7) return;
-  const bool byRatio = m_form1 && m_form1->envelopeEntries().ratioChecked;
-  const FailureMode mode = byRatio ? FailureMode::PeakRatio : FailureMode::PeakStress;
+  const FailureMode mode = checkedFailureMode();
   if (m_form2) m_form2->refresh(mode);
   // Without the curve window nobody would ask about the changes.
   if (m_form7) m_form7->refresh(mode, m_form1 != nullptr);

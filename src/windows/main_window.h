@@ -8,6 +8,7 @@
 #include "shell/shell_session.h"
 #include "shell/shell_windows.h"
 #include "store/workspace.h"
+#include "triaxial/failure.h"
 #include "windows/tool_raiser.h"
 
 class QLabel;
@@ -67,6 +68,9 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   void showDataTable();
   void showConsolidationTable();
   void refreshTables();
+  /// How failure rows are looked for besides on the envelope pages: the entry that is checked, 应力差 without a curve
+  /// window.
+  FailureMode checkedFailureMode() const;
   template <class Window>
   void addDocument(QPointer<Window>& holder, Window* window, ActiveDocument document);
   void documentCameToFront(QMdiSubWindow* frame);

@@ -84,6 +84,33 @@ TEST_F(BlockTest, MethodAndDepthStandOnTheFirstBlockOfAPageOnly) {
   EXPECT_THAT(textsWith(page, "试验方法:"), SizeIs(2));
 }
 
+TEST_F(BlockTest, TheMethodCanBeLeftOutButWhereEverySampleHasIt) {
+  sample(1, kUU, "A-2");
+  habits.omitTestMethod = true;
+  EXPECT_THAT(textsWith(firstPage(), "试验方法:"), IsEmpty());
+  EXPECT_THAT(textsWith(firstPage(), "取样深度:"), SizeIs(1));
+  habits.methodAndDepthOnEverySample = true;
+  EXPECT_THAT(textsWith(firstPage(), "试验方法:"), SizeIs(2));
+}
+
+TEST_F(BlockTest, LabelsStandWithNothingBehindThem) {
+  workspace.TriaxialSampleTable[0].soilName.clear();
+  workspace.TriaxialSampleTable[0].density.clear();
+  workspace.SampleDisplayTable[0] = {};
+  toggles.printDensity = toggles.printSamplingSpot = true;
+  EXPECT_THAT(headLines(firstPage()),
+              ElementsAre("土样编号:A-1", "土样名称:", "密度:", "取样地点:", "取样深度:", "试验方法:固结不排水CU"));
+}
+
+TEST_F(BlockTest, ALongLineIsSetNarrowerToEndAtTheMargin) {
+  toggles.printSamplingSpot = true;
+  SetText(workspace.SampleDisplayTable[0].samplingSpot, std::string(30, 'x'));
+  // 39 bytes of 105 twips have room in 3600.
+  const Font narrow{.stretch = 3600.0 / 4095.0};
+  EXPECT_THAT(all<DrawnText>(firstPage()),
+              Contains(DrawnText{{7900, 3250}, "取样地点:" + std::string(30, 'x'), narrow, Colour::Black, false}));
+}
+
 TEST_F(BlockTest, AnotherMethodThanThePagesIsNamed) {
   sample(1, kUU, "A-2").shearMode = 2;
   EXPECT_THAT(textsWith(firstPage(), "试验方法:"), ElementsAre("试验方法:固结不排水CU", "试验方法:多级不固结不排水UU"));
@@ -131,6 +158,22 @@ TEST_F(EnvelopeBlock, FailureTable) {
   EXPECT_THAT(row(page, 2), ElementsAre("二", "200", "320", "140", "260", "260", "60", "200", "60", "0.00", "0.00"));
   EXPECT_THAT(row(page, 3), ElementsAre("三"));
   EXPECT_THAT(row(page, 5), ElementsAre("五"));
+}
+
+TEST_F(EnvelopeBlock, PagesOfNoModeOfTheirOwnFollowTheEntryThatIsChecked) {
+  // A second reading of a larger ratio: 90 / 40 against 130 / 70.
+  TriaxialSampleRecord& record = workspace.TriaxialSampleTable[0];
+  SetText(record.deviatorStress[1][0], "50");
+  SetText(record.porePressure[1][0], "60");
+  SetText(record.sigma1Eff[1][0], "90");
+  SetText(record.sigma3Eff[1][0], "40");
+  job.curves = {CurvePage::StressPath};
+  // The line through (100, 30) and (200, 60), then through (65, 25) and (200, 60).
+  EXPECT_THAT(textsWith(firstPage(), " φ′"), ElementsAre(" φ′= 16.7"));
+  job.checkedMode = FailureMode::PeakRatio;
+  EXPECT_THAT(textsWith(firstPage(), " φ′"), ElementsAre(" φ′= 14.5"));
+  job.curves = {CurvePage::StressDifferenceEnvelope};
+  EXPECT_THAT(row(firstPage(), 1), Contains("70"));
 }
 
 TEST_F(EnvelopeBlock, PlacesOfTheTable) {

@@ -45,7 +45,7 @@ struct PrintOptionsTest : PageTest {
   PrintOptionsTest() {
     for (std::size_t row = 0; row < 4; ++row) sample(row, kCU, "A-" + std::to_string(row));
   }
-  PrintOptions open() { return PrintOptions(workspace, 2); }
+  PrintOptions open() { return PrintOptions(workspace, 2, FailureMode::PeakRatio); }
   int byteAt(std::uint32_t position) const { return sharedSettings(workspace).readByte(position); }
   void setByte(std::uint32_t position, std::uint8_t value) { sharedSettings(workspace).writeByte(position, value); }
   static void untickCurves(PrintOptions& options) {

@@ -41,13 +41,13 @@ TriaxialSampleRecord openedSample() {
 
 TEST(ComputePage, TheEnvelopePagesRunTheirModeAndTheirFits) {
   TriaxialSampleRecord record = openedSample();
-  PageResults shown = computePage(record, CurvePage::StressRatioEnvelope, NumberFormat::Whole);
+  PageResults shown = computePage(record, CurvePage::StressRatioEnvelope, FailureMode::PeakStress, NumberFormat::Whole);
   EXPECT_EQ(shown.failureRows.failureStrainAtPeak[0], "1");
   EXPECT_EQ(text(record.failureRadius[0]), "30");
   EXPECT_TRUE(shown.envelopes.total.exists);
   EXPECT_TRUE(shown.envelopes.effective.exists);
   EXPECT_NE(text(record.cohesionEffText), "");
-  shown = computePage(record, CurvePage::StressDifferenceEnvelope, NumberFormat::Whole);
+  shown = computePage(record, CurvePage::StressDifferenceEnvelope, FailureMode::PeakStress, NumberFormat::Whole);
   EXPECT_EQ(shown.failureRows.failureStrainAtPeak[0], "2");
   EXPECT_EQ(text(record.failureRadius[0]), "40");
 }
@@ -55,25 +55,44 @@ TEST(ComputePage, TheEnvelopePagesRunTheirModeAndTheirFits) {
 TEST(ComputePage, ThePathPageFitsItsLine) {
   TriaxialSampleRecord record = openedSample();
   // Opened: R' 40 and 70, centre' (200 + 80) / 2 = 140 and (400 + 140) / 2 = 270: slope 30 / 130.
-  const PageResults shown = computePage(record, CurvePage::StressPath, NumberFormat::Whole);
+  const PageResults shown = computePage(record, CurvePage::StressPath, FailureMode::PeakStress, NumberFormat::Whole);
   EXPECT_DOUBLE_EQ(shown.pathLine.slope, 30.0 / 130.0);
   EXPECT_EQ(record.pathSlope, static_cast<float>(30.0 / 130.0));
 }
 
-TEST(ComputePage, TheOtherPagesChangeNothing) {
-  for (const CurvePage page : {CurvePage::StressStrain, CurvePage::PorePressure, CurvePage::StressRatio}) {
+TEST(ComputePage, ThePagesWithoutAModeTakeTheOneThatIsChecked) {
+  for (const CurvePage page :
+       {CurvePage::StressStrain, CurvePage::StressPath, CurvePage::PorePressure, CurvePage::StressRatio}) {
     TriaxialSampleRecord record = openedSample();
-    const TriaxialSampleRecord before = record;
-    computePage(record, page, NumberFormat::Whole);
-    EXPECT_EQ(std::memcmp(&record, &before, sizeof record), 0);
+    EXPECT_EQ(computePage(record, page, FailureMode::PeakRatio, NumberFormat::Whole).failureRows.failureStrainAtPeak[0],
+              "1");
+    EXPECT_EQ(text(record.failureRadius[0]), "30");
+    computePage(record, page, FailureMode::PeakStress, NumberFormat::Whole);
+    EXPECT_EQ(text(record.failureRadius[0]), "40");
+    EXPECT_EQ(text(record.cohesionEffText), "") << "only the envelope pages fit them";
   }
+}
+
+TEST(ComputePage, TheEnvelopePagesTakeTheirOwnModeWhateverIsChecked) {
+  TriaxialSampleRecord record = openedSample();
+  computePage(record, CurvePage::StressRatioEnvelope, FailureMode::PeakStress, NumberFormat::Whole);
+  EXPECT_EQ(text(record.failureRadius[0]), "30");
+  computePage(record, CurvePage::StressDifferenceEnvelope, FailureMode::PeakRatio, NumberFormat::Whole);
+  EXPECT_EQ(text(record.failureRadius[0]), "40");
+}
+
+TEST(ComputePage, OnlyCuHasTheRatio) {
+  TriaxialSampleRecord record = openedSample();
+  record.testMethod = kCD;
+  computePage(record, CurvePage::StressStrain, FailureMode::PeakRatio, NumberFormat::Whole);
+  EXPECT_EQ(text(record.failureRadius[0]), "40");
 }
 
 TEST(ComputePage, OnlyCuHasAPathLine) {
   TriaxialSampleRecord record = openedSample();
   record.testMethod = kCD;
   record.pathSlope = 9.0F;
-  const PageResults shown = computePage(record, CurvePage::StressPath, NumberFormat::Whole);
+  const PageResults shown = computePage(record, CurvePage::StressPath, FailureMode::PeakStress, NumberFormat::Whole);
   EXPECT_EQ(shown.pathLine.slope, 0);
   EXPECT_EQ(record.pathSlope, 9.0F);
 }

@@ -63,7 +63,7 @@ void CurveSession::load() {
 void CurveSession::showSample() {
   finishTyping();
   m_table.close();
-  if (record().testMethod != kCU) m_envelopeCheck = EnvelopeCheck::Difference;
+  if (record().testMethod != kCU) m_checkedMode = FailureMode::PeakStress;
   if (const CurvePage page = pageOf(record(), m_page); page != m_page) enterPage(page);
   drawPage();
   setTablePage(m_table.page());
@@ -76,7 +76,8 @@ void CurveSession::enterPage(CurvePage page) {
 
 void CurveSession::drawPage() {
   m_results = {};
-  if (isLive(record())) m_results = computePage(record(), m_page, m_workspace.settings.habits.cohesionFormat());
+  if (isLive(record()))
+    m_results = computePage(record(), m_page, m_checkedMode, m_workspace.settings.habits.cohesionFormat());
   if (isEnvelopePage(m_page) && std::exchange(m_envelopeJustAccepted, false) &&
       m_workspace.settings.habits.autoAdjustRawData)
     rescaleToEnvelope(record(), m_results.envelopes.total);
@@ -135,21 +136,21 @@ void CurveSession::showPage(int page) {
       page > static_cast<int>(CurvePage::StressRatio))
     return;
   const auto wanted = static_cast<CurvePage>(page);
-  if (wanted == CurvePage::StressRatioEnvelope) m_envelopeCheck = EnvelopeCheck::Ratio;
-  if (wanted == CurvePage::StressDifferenceEnvelope) m_envelopeCheck = EnvelopeCheck::Difference;
+  if (wanted == CurvePage::StressRatioEnvelope) m_checkedMode = FailureMode::PeakRatio;
+  if (wanted == CurvePage::StressDifferenceEnvelope) m_checkedMode = FailureMode::PeakStress;
   enterPage(wanted);
   showSample();
 }
 
 void CurveSession::previousPage() {
   if (m_intervention.running()) return;
-  enterPage(pageBefore(m_page, record(), m_envelopeCheck));
+  enterPage(pageBefore(m_page, record(), m_checkedMode));
   showSample();
 }
 
 void CurveSession::nextPage() {
   if (m_intervention.running()) return;
-  enterPage(pageBehind(m_page, record(), m_envelopeCheck));
+  enterPage(pageBehind(m_page, record(), m_checkedMode));
   showSample();
 }
 

@@ -225,7 +225,7 @@ class CurveSession {
   SampleList m_list;
   bool m_text1Visible = false;
   CurvePage m_page = CurvePage::StressStrain;
-  EnvelopeCheck m_envelopeCheck = EnvelopeCheck::Difference;
+  FailureMode m_checkedMode = FailureMode::PeakStress;  // the menu entry that has the check
   ResultTable m_table;
   PerStage<std::string> m_strainLimitTexts;
   std::optional<TypedBox> m_typed;

@@ -38,7 +38,7 @@ void CurveSession::fillFields(CurveState& state) const {
   state.text7 = texts<8>([this](int i) { return boxText({BoxName::Text7, i}); });
   state.text8 = m_strainLimitTexts;
   state.locationLabels = locationLabels(m_workspace.settings.habits);
-  state.label4 = sample.adjustedFlag == 1 ? "已经干预" : "原始数据";
+  state.label4 = sample.adjustedFlag != 0 ? "已经干预" : "原始数据";
   state.label4Visible = state.strainLimitsVisible = isEnvelopePage(m_page);
   state.command8Enabled = !m_intervention.running();
   state.command5Visible = sample.testMethod != kUU;
@@ -65,8 +65,8 @@ CurveState CurveSession::state() const {
   state.projectPanel = projectPanel(m_workspace, sampleRow());
   state.datePanel = datePanel(m_workspace, sampleRow());
   const bool ratioPage = record().testMethod == kCU;
-  state.QUXIAN2 = {ratioPage, m_envelopeCheck == EnvelopeCheck::Ratio};
-  state.QUXIAN3 = {true, m_envelopeCheck == EnvelopeCheck::Difference};
+  state.QUXIAN2 = {ratioPage, m_checkedMode == FailureMode::PeakRatio};
+  state.QUXIAN3 = {true, m_checkedMode == FailureMode::PeakStress};
   state.currentCurvePage = static_cast<std::uint8_t>(m_page);
   state.currentTablePage = static_cast<std::uint8_t>(m_table.page());
   state.intervention = m_intervention.state();

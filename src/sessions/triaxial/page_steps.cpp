@@ -12,14 +12,14 @@ constexpr int kTablePages = 6, kTotalTablePages = 3;  // the first three hold to
 /// One step round the pages 1 to `count`.
 int stepRound(int page, int step, int count) { return (page - 1 + step + count) % count + 1; }
 
-bool isPassedOver(CurvePage page, EnvelopeCheck check) {
-  return (page == CurvePage::StressRatioEnvelope && check != EnvelopeCheck::Ratio) ||
-         (page == CurvePage::StressDifferenceEnvelope && check != EnvelopeCheck::Difference);
+bool isPassedOver(CurvePage page, FailureMode checked) {
+  return (page == CurvePage::StressRatioEnvelope && checked != FailureMode::PeakRatio) ||
+         (page == CurvePage::StressDifferenceEnvelope && checked != FailureMode::PeakStress);
 }
 
-CurvePage stepCu(CurvePage page, int step, EnvelopeCheck check) {
+CurvePage stepCu(CurvePage page, int step, FailureMode checked) {
   do page = static_cast<CurvePage>(stepRound(static_cast<int>(page), step, kCurvePages));
-  while (isPassedOver(page, check));
+  while (isPassedOver(page, checked));
   return page;
 }
 
@@ -30,13 +30,13 @@ TablePage stepTable(TablePage page, int step, const TriaxialSampleRecord& record
 
 }  // namespace
 
-CurvePage pageBefore(CurvePage page, const TriaxialSampleRecord& record, EnvelopeCheck check) {
-  if (record.testMethod == kCU) return stepCu(page, -1, check);
+CurvePage pageBefore(CurvePage page, const TriaxialSampleRecord& record, FailureMode checked) {
+  if (record.testMethod == kCU) return stepCu(page, -1, checked);
   return page == CurvePage::StressStrain ? CurvePage::StressDifferenceEnvelope : CurvePage::StressStrain;
 }
 
-CurvePage pageBehind(CurvePage page, const TriaxialSampleRecord& record, EnvelopeCheck check) {
-  if (record.testMethod == kCU) return stepCu(page, +1, check);
+CurvePage pageBehind(CurvePage page, const TriaxialSampleRecord& record, FailureMode checked) {
+  if (record.testMethod == kCU) return stepCu(page, +1, checked);
   return page == CurvePage::StressDifferenceEnvelope ? CurvePage::StressStrain : CurvePage::StressDifferenceEnvelope;
 }
 

@@ -7,16 +7,10 @@
 
 namespace triaxlab {
 
-/// Which of the two exclusive menu checks is set; stepping passes over the envelope page that isn't checked.
-enum class EnvelopeCheck : std::uint8_t {
-  Ratio,       // QUXIAN2
-  Difference,  // QUXIAN3
-};
-
-/// The curve page before (`Command3`) and behind (`Command4`) a page. CU goes round all six, every other method goes
-/// between pages 1 and 3.
-CurvePage pageBefore(CurvePage page, const TriaxialSampleRecord& record, EnvelopeCheck check);
-CurvePage pageBehind(CurvePage page, const TriaxialSampleRecord& record, EnvelopeCheck check);
+/// The curve page before (`Command3`) and behind (`Command4`) a page. CU goes round all six but the envelope page whose
+/// menu entry isn't the `checked` one, every other method goes between pages 1 and 3.
+CurvePage pageBefore(CurvePage page, const TriaxialSampleRecord& record, FailureMode checked);
+CurvePage pageBehind(CurvePage page, const TriaxialSampleRecord& record, FailureMode checked);
 
 /// The six pages of the table under the canvas; the values are those of `currentTablePage`.
 enum class TablePage : std::uint8_t {

@@ -4,6 +4,7 @@
 
 #include "common/gbk.h"
 #include "sessions/triaxial/sample_fields.h"
+#include "triaxial/curve_page.h"
 #include "triaxial/measures.h"
 
 namespace triaxlab {
@@ -68,7 +69,7 @@ TableHeading StageTableSession::heading(std::size_t stage) const {
 }
 
 TableFoot StageTableSession::foot(std::size_t stage) const {
-  return tableFoot(record(), stage, record().testMethod == kCU ? m_failureMode : FailureMode::PeakStress);
+  return tableFoot(record(), stage, failureModeOf(record(), CurvePage::StressStrain, m_failureMode));
 }
 
 std::array<std::string, 2> StageTableSession::statusPanels() const {

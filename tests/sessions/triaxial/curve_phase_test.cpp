@@ -73,6 +73,17 @@ TEST_F(CurvePhaseTest, KeysSlideTheCurveAndYesKeepsIt) {
   EXPECT_TRUE(session.isChanged());
 }
 
+TEST_F(CurvePhaseTest, YesBringsTheValuesAtFailureUpToTheNewCurve) {
+  session.edit({BoxName::Text10}, "1.5");
+  phase().multiply(dialogs);
+  leave(true);
+  const TriaxialSampleRecord& sample = fixture.sample(0);
+  EXPECT_EQ(sample.sigma1Eff[1][0].trimmed(), "160");  // 90.0 + 100 - 30
+  EXPECT_EQ(sample.sigma1Failure[0].trimmed(), "190");
+  EXPECT_EQ(sample.sigma1FailureEff[0].trimmed(), "160");
+  EXPECT_EQ(sample.sigma1FailureEff[1].trimmed(), "260") << "the stage that stayed";
+}
+
 TEST_F(CurvePhaseTest, NoBringsEveryFieldBack) {
   const TriaxialSampleRecord before = fixture.sample(0);
   phase().key(ArrowKey::Left);

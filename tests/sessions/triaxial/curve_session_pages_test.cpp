@@ -190,10 +190,12 @@ TEST_F(CurveSessionPages, StrainLimitsAndTheMarkOfAdjustmentBelongToTheEnvelopes
   fixture.sample(0).adjustedFlag = 1;
   session.showPage(3);
   EXPECT_EQ(session.state().label4, "已经干预");
-  // Any other value doesn't keep the page from fitting anew, and so it is told.
+  // Another value than 0 says that somebody was here, though the page fits anew.
   fixture.sample(0).adjustedFlag = 2;
+  SetText(fixture.sample(0).cohesionText, "99");
   session.showPage(3);
-  EXPECT_EQ(session.state().label4, "原始数据");
+  EXPECT_EQ(session.state().label4, "已经干预");
+  EXPECT_EQ(fixture.sample(0).cohesionText.trimmed(), "0");
 }
 
 TEST_F(CurveSessionPages, ShowingAnEnvelopeStoresItsFailureValuesAndFit) {
@@ -210,6 +212,25 @@ TEST_F(CurveSessionPages, ShowingAnEnvelopeStoresItsFailureValuesAndFit) {
   session.showPage(2);
   EXPECT_EQ(sample.failureRadius[0].trimmed(), "29");
   EXPECT_EQ(sample.sigma1FailureEff[0].trimmed(), "123");
+}
+
+TEST_F(CurveSessionPages, EveryPageFollowsTheEntryThatIsChecked) {
+  const auto radius = [this] { return std::string(fixture.sample(0).failureRadiusEff[0].trimmed()); };
+  EXPECT_EQ(radius(), "30");  // of the peak, 60 kPa
+  for (const int shown : {1, 4, 5, 6}) {
+    session.showPage(2);
+    session.showPage(shown);
+    EXPECT_EQ(radius(), "29") << shown;  // of the largest ratio, at 58 kPa
+    session.showPage(3);
+    session.showPage(shown);
+    EXPECT_EQ(radius(), "30") << shown;
+  }
+  // Circles at 100 and 200 of 30 and 60 kPa against circles at 94 and 200 of 29 and 60 kPa.
+  session.showPage(4);
+  EXPECT_EQ(fixture.sample(0).pathSlope, 0.3F);
+  session.showPage(2);
+  session.showPage(4);
+  EXPECT_EQ(fixture.sample(0).pathSlope, static_cast<float>(31.0 / 106.0));
 }
 
 TEST_F(CurveSessionPages, AnEmptySlotIsNotComputed) {

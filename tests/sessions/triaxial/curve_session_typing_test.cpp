@@ -316,6 +316,7 @@ TEST_F(CurveSessionTyping, ASampleIsTypedInFromNothing) {
   SetText(expected.soilName, "\xC9\xB0");
   expected.testMethod = kCU;
   expected.shearMode = 1;
+  expected.failureStrainLimit.fill(150);  // showing a page mends limits out of range
   const auto typed = bytesOf(empty.TriaxialSampleTable[0]), whole = bytesOf(expected);
   EXPECT_TRUE(std::equal(typed.begin(), typed.end(), whole.begin(), whole.end()));
   EXPECT_EQ(typing.state().list[1].sample, "T1");

@@ -239,21 +239,21 @@ TEST_F(EnvelopePhaseTest, ReprocessingRestoresTheFits) {
 TEST_F(EnvelopePhaseTest, ThePathLineIsMovedByOneAndTurned) {
   enter(4);
   EXPECT_EQ(shown().phase, Phase::Path);
-  // No page of circles was shown, so there are no failure points yet: the line begins at 0.
+  // The line through (100, 30) and (200, 60) begins at 0 and rises by 16.699 degrees.
   press(ArrowKey::Right, 3);
   press(ArrowKey::Left, 1);
   press(ArrowKey::Up, 12);
   EXPECT_THAT(texts(), Contains(" C′= 2 kPa"));
-  EXPECT_THAT(texts(), Contains(" φ′= 1.2"));
+  EXPECT_THAT(texts(), Contains(" φ′= 17.9"));
   EXPECT_THAT(movedLines(), ElementsAre(Colour::Black));
-  press(ArrowKey::Down, 20);
+  press(ArrowKey::Down, 200);
   EXPECT_THAT(texts(), Contains(" φ′= 0.0"));
   phase().undo();
   EXPECT_THAT(texts(), Contains(" φ′= 0.1"));
   leave(true);
   EXPECT_EQ(sample().pathAdjustedFlag, 1);
   EXPECT_EQ(sample().pathIntercept, 2.0F);
-  EXPECT_NEAR(sample().pathSlope, 0.0017453, 1e-7);
+  EXPECT_NEAR(sample().pathSlope, 0.001732, 2e-6);  // the tangent of 0.09924 degrees
   EXPECT_EQ(sample().adjustedFlag, 0);
 }
 

@@ -28,31 +28,31 @@ std::vector<int> walk(int from, Step step) {
   return pages;
 }
 
-std::vector<int> behind(int method, EnvelopeCheck check, int from = 1) {
-  return walk<CurvePage>(from, [&](CurvePage page) { return pageBehind(page, sampleOf(method), check); });
+std::vector<int> behind(int method, FailureMode checked, int from = 1) {
+  return walk<CurvePage>(from, [&](CurvePage page) { return pageBehind(page, sampleOf(method), checked); });
 }
-std::vector<int> before(int method, EnvelopeCheck check, int from = 1) {
-  return walk<CurvePage>(from, [&](CurvePage page) { return pageBefore(page, sampleOf(method), check); });
+std::vector<int> before(int method, FailureMode checked, int from = 1) {
+  return walk<CurvePage>(from, [&](CurvePage page) { return pageBefore(page, sampleOf(method), checked); });
 }
 
 TEST(CurvePageSteps, CuGoesRoundAllPagesButTheEnvelopeThatIsNotChecked) {
-  EXPECT_THAT(behind(kCU, EnvelopeCheck::Difference), ElementsAre(3, 4, 5, 6, 1, 3, 4));
-  EXPECT_THAT(before(kCU, EnvelopeCheck::Difference), ElementsAre(6, 5, 4, 3, 1, 6, 5));
-  EXPECT_THAT(behind(kCU, EnvelopeCheck::Ratio), ElementsAre(2, 4, 5, 6, 1, 2, 4));
-  EXPECT_THAT(before(kCU, EnvelopeCheck::Ratio), ElementsAre(6, 5, 4, 2, 1, 6, 5));
+  EXPECT_THAT(behind(kCU, FailureMode::PeakStress), ElementsAre(3, 4, 5, 6, 1, 3, 4));
+  EXPECT_THAT(before(kCU, FailureMode::PeakStress), ElementsAre(6, 5, 4, 3, 1, 6, 5));
+  EXPECT_THAT(behind(kCU, FailureMode::PeakRatio), ElementsAre(2, 4, 5, 6, 1, 2, 4));
+  EXPECT_THAT(before(kCU, FailureMode::PeakRatio), ElementsAre(6, 5, 4, 2, 1, 6, 5));
 }
 
 TEST(CurvePageSteps, OtherMethodsGoBetweenTheFirstPageAndTheEnvelope) {
   for (const int method : {0, int{kUU}, int{kCD}, 4}) {
-    EXPECT_THAT(behind(method, EnvelopeCheck::Difference), ElementsAre(3, 1, 3, 1, 3, 1, 3)) << method;
-    EXPECT_THAT(before(method, EnvelopeCheck::Difference), ElementsAre(3, 1, 3, 1, 3, 1, 3)) << method;
+    EXPECT_THAT(behind(method, FailureMode::PeakStress), ElementsAre(3, 1, 3, 1, 3, 1, 3)) << method;
+    EXPECT_THAT(before(method, FailureMode::PeakStress), ElementsAre(3, 1, 3, 1, 3, 1, 3)) << method;
   }
 }
 
 TEST(CurvePageSteps, CdComesBackFromThePagesThatOnlyTheMenuReaches) {
   for (const int page : {4, 5, 6}) {
-    EXPECT_EQ(before(kCD, EnvelopeCheck::Difference, page).front(), 1) << page;
-    EXPECT_EQ(behind(kCD, EnvelopeCheck::Difference, page).front(), 3) << page;
+    EXPECT_EQ(before(kCD, FailureMode::PeakStress, page).front(), 1) << page;
+    EXPECT_EQ(behind(kCD, FailureMode::PeakStress, page).front(), 3) << page;
   }
 }
 

@@ -27,7 +27,7 @@ TEST(DamagedRecords, WhateverTheyHoldTheDrawingStaysInThePlot) {
     record.testMethod = static_cast<std::uint8_t>(i % 5);
     for (int number = 1; number <= 6; ++number) {
       const auto page = static_cast<CurvePage>(number);
-      const PageResults results = computePage(record, page, NumberFormat::Hundredths);
+      const PageResults results = computePage(record, page, FailureMode::PeakStress, NumberFormat::Hundredths);
       RecordingSurface surface;
       drawCurvePage(surface, record, page, results, {});
       for (const DrawnPolyline& polyline : all<DrawnPolyline>(surface.operations()))
