@@ -123,7 +123,8 @@ the most that a save writes. A record keeps its position until the sample list i
   page.heading("Damage");
   page.text(fmt::format(R"(
 A file shorter than its head, or without a number in `sampleCount`, is refused. A count above {} reads as that.
-Records that the file doesn't hold are blank; so are records that begin with zero bytes, which a write beyond the end left.
+Records that the file doesn't hold whole are blank; so are records that begin with zero bytes, which a write beyond the
+end left.
 )",
                         kLargestSampleCount));
   return page.markdown();

@@ -77,10 +77,9 @@ struct OpenedFile {
 /// once, and only rows that nothing was read into are made blank.
 template <class FileRecord, class Record>
 SampleTable<Record> readRecords(OpenedFile& opened, NumberFormat cohesionFormat) {
-  const std::uint64_t fileSize = opened.file.size();
-  const std::uint32_t start = recordPosition(sizeof(FileRecord), opened.span.first);
-  const std::uint64_t whole = fileSize > start ? (fileSize - start) / sizeof(FileRecord) : 0;
-  const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(opened.span.count, whole));
+  const HeldRecords held = heldRecords(opened.file.size(), sizeof(FileRecord), opened.head.sampleCount);
+  const std::size_t first = opened.span.first;
+  const std::size_t wanted = std::min(opened.span.count, held.whole - std::min(held.whole, first));
   SampleTable<Record> table;
   table.reserve(kTableRows);
   const std::size_t mostInBlock = std::max<std::size_t>(1, kReadBlock / sizeof(FileRecord));
@@ -100,8 +99,11 @@ SampleTable<Record> readRecords(OpenedFile& opened, NumberFormat cohesionFormat)
     }
     if (got < count) break;
   }
-  if (const std::size_t missing = opened.span.count - table.size(); missing > 0)
-    opened.remarks.push_back(missingSamplesRemark(opened.file.path(), missing));
+  if (const std::size_t missing = opened.span.count - table.size(); missing > 0) {
+    const bool cutIsWanted = held.nextIsCut && held.whole >= first;
+    opened.remarks.push_back(
+        missingSamplesRemark(opened.file.path(), missing, cutIsWanted ? std::optional(held.whole) : std::nullopt));
+  }
   table.resize(kTableRows, Record{});
   return table;
 }

@@ -60,14 +60,34 @@ ProjectHead readProjectHead(const ReadAt& readAt, const ProjectKindInfo& info, c
   return head;
 }
 
-std::string missingSamplesRemark(const std::filesystem::path& file, std::size_t missing) {
-  return fmt::format("文件“{}”比文件头所说的短，缺 {} 个试样，以空白记录代替。", textOfPath(file), missing);
+HeldRecords heldRecords(std::uint64_t fileSize, std::size_t recordSize, int sampleCount) {
+  const auto claimed = static_cast<std::uint64_t>(sampleCount);
+  const std::uint64_t behindHeader = fileSize - std::min<std::uint64_t>(fileSize, sizeof(ProjectHeader));
+  const std::uint64_t whole = std::min(claimed, behindHeader / recordSize);
+  return {static_cast<std::size_t>(whole), whole < claimed && behindHeader % recordSize != 0};
 }
 
-std::vector<SampleIndexEntry> loadSampleIndex(const ReadAt& readAt, const ProjectKindInfo& info, int sampleCount) {
+std::string missingSamplesRemark(const std::filesystem::path& file, std::size_t missing,
+                                 std::optional<std::size_t> cut) {
+  const std::string cutSample = cut ? fmt::format("（第 {} 个只剩一部分）", *cut + 1) : "";
+  return fmt::format("文件“{}”比文件头所说的短，缺 {} 个试样{}，以空白记录代替。", textOfPath(file), missing,
+                     cutSample);
+}
+
+std::optional<std::string> shortageOf(const std::filesystem::path& file, std::uint64_t fileSize, std::size_t recordSize,
+                                      int sampleCount) {
+  const HeldRecords held = heldRecords(fileSize, recordSize, sampleCount);
+  const std::size_t missing = static_cast<std::size_t>(sampleCount) - held.whole;
+  if (missing == 0) return std::nullopt;
+  return missingSamplesRemark(file, missing, held.nextIsCut ? std::optional(held.whole) : std::nullopt);
+}
+
+std::vector<SampleIndexEntry> loadSampleIndex(const ReadAt& readAt, std::uint64_t fileSize, const ProjectKindInfo& info,
+                                              int sampleCount) {
   std::vector<SampleIndexEntry> index(static_cast<std::size_t>(sampleCount));
+  const std::size_t whole = heldRecords(fileSize, info.recordSize, sampleCount).whole;
   std::array<char, kTestMethodOffset + 1> identity{};
-  for (std::size_t i = 0; i < index.size(); ++i) {
+  for (std::size_t i = 0; i < whole; ++i) {
     const std::uint32_t position = recordPosition(info.recordSize, static_cast<std::uint32_t>(i));
     if (readAt(position, std::as_writable_bytes(std::span(identity))) < identity.size()) break;
     const std::string_view sampleNo(identity.data() + kSampleNoOffset, info.sampleNoWidth);

@@ -46,16 +46,31 @@ bool isOldFormat(const ProjectHeader& header, const ProjectKindInfo& info);
 /// The head of a file of today's format. UserError as above, and for a file that has not been upgraded.
 ProjectHead readProjectHead(const ReadAt& readAt, const ProjectKindInfo& info, const std::filesystem::path& file);
 
-/// What is said of a file that holds fewer samples than its header claims.
-std::string missingSamplesRemark(const std::filesystem::path& file, std::size_t missing);
+/// What a file holds of the records that its header claims. One that the file's end cuts counts as blank everywhere:
+/// its first bytes may as well be the end text of a triaxial file.
+struct HeldRecords {
+  std::size_t whole = 0;
+  bool nextIsCut = false;
+};
+HeldRecords heldRecords(std::uint64_t fileSize, std::size_t recordSize, int sampleCount);
+
+/// What is said of a file that holds fewer samples than its header claims: how many of them are missing, and the place
+/// (from 0) of the one that is cut.
+std::string missingSamplesRemark(const std::filesystem::path& file, std::size_t missing,
+                                 std::optional<std::size_t> cut);
+/// The same of all samples of a file; nothing when it holds them whole.
+std::optional<std::string> shortageOf(const std::filesystem::path& file, std::uint64_t fileSize, std::size_t recordSize,
+                                      int sampleCount);
 
 /// What a save and a list know a stored sample by.
 struct SampleIndexEntry {
   FixedText<15> sampleNo;
   std::uint8_t testMethod = 0;  // of triaxial files, otherwise 0
 };
-/// The entries of the first `sampleCount` records; blank where the file ends early.
-std::vector<SampleIndexEntry> loadSampleIndex(const ReadAt& readAt, const ProjectKindInfo& info, int sampleCount);
+/// The entries of the first `sampleCount` records of a file of `fileSize` bytes; blank for those that it doesn't hold
+/// whole.
+std::vector<SampleIndexEntry> loadSampleIndex(const ReadAt& readAt, std::uint64_t fileSize, const ProjectKindInfo& info,
+                                              int sampleCount);
 
 /// The file of that name (without folder) below `folder`, if it matches the browser's mask of the kind. UserError when
 /// it doesn't or is missing.

@@ -42,16 +42,9 @@ ProjectListRow rowOf(const std::filesystem::path& path, const std::string& fileN
 std::vector<std::string> readSampleNumbers(const File& file, const ProjectKindInfo& info, int sampleCount) {
   std::vector<std::string> numbers;
   numbers.reserve(static_cast<std::size_t>(sampleCount));
-  for (const SampleIndexEntry& entry : loadSampleIndex(readerOf(file), info, sampleCount))
+  for (const SampleIndexEntry& entry : loadSampleIndex(readerOf(file), file.size(), info, sampleCount))
     numbers.emplace_back(entry.sampleNo.trimmed());
   return numbers;
-}
-
-/// Samples of the header's count that the file doesn't hold whole.
-std::size_t missingSamples(const File& file, const ProjectKindInfo& info, int sampleCount) {
-  const std::uint64_t held = (file.size() - sizeof(ProjectHeader)) / info.recordSize;
-  const auto claimed = static_cast<std::uint64_t>(sampleCount);
-  return static_cast<std::size_t>(claimed - std::min(claimed, held));
 }
 
 }  // namespace
@@ -74,8 +67,8 @@ SampleListTable listSamples(Workspace& workspace, ProjectKind kind, std::string_
   const File file(path, File::Mode::Read);
   workspace.fileMemory.remember(FileUse::List, path, file.stamp());
   const ProjectHead head = readProjectHead(readerOf(file), info, path);
-  if (const std::size_t missing = missingSamples(file, info, head.sampleCount); missing > 0)
-    found.push_back(missingSamplesRemark(path, missing));
+  if (const auto shortage = shortageOf(path, file.size(), info.recordSize, head.sampleCount))
+    found.push_back(*shortage);
   if (remarks != nullptr) *remarks = std::move(found);
   const std::vector<std::string> numbers = readSampleNumbers(file, info, head.sampleCount);
   SampleListTable rows(numbers.size());

@@ -72,6 +72,7 @@ void ProjectSave::finish() {
     saved.project->finish(m_workspace.controlledDocNo);
     saved.summary->finish();
     if (saved.project->isWritten()) written.push_back(saved.path);
+    for (const std::string& remark : saved.project->remarks()) m_remarks.push_back(remark);
   }
   keepCopies(written);
   commitOwnChanges(*m_update, m_workspace.fileMemory, written);

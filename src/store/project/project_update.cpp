@@ -17,8 +17,10 @@ ProjectUpdate::ProjectUpdate(FileUpdate& update, const ProjectKindInfo& info, st
     return m_update.readAt(m_path, offset, into);
   };
   m_head = readProjectHead(readAt, m_info, m_path);
+  const std::uint64_t size = m_update.size(m_path);
+  m_shortage = shortageOf(m_path, size, m_info.recordSize, m_head.sampleCount);
   std::uint32_t position = 0;
-  for (const SampleIndexEntry& entry : loadSampleIndex(readAt, m_info, m_head.sampleCount))
+  for (const SampleIndexEntry& entry : loadSampleIndex(readAt, size, m_info, m_head.sampleCount))
     m_sampleIndex.emplace(keyOf(entry.sampleNo.trimmed(), entry.testMethod), position++);
 }
 
@@ -52,15 +54,14 @@ void ProjectUpdate::overwriteWithCopy(std::uint32_t position, std::span<const st
 
 void ProjectUpdate::completeShortFile() {
   if (m_written || !m_update.exists(m_path)) return;
-  const std::uint64_t size = m_update.size(m_path);
-  const std::span<const std::byte> blank = m_info.blankRecord();
-  // From behind, so that a file that is whole costs one look.
-  for (auto position = static_cast<std::uint32_t>(m_head.sampleCount); position-- > 0;) {
-    const std::uint64_t begin = recordPosition(m_info.recordSize, position);
-    const std::uint64_t there = size > begin ? std::min<std::uint64_t>(size - begin, blank.size()) : 0;
-    if (there == blank.size()) return;
-    m_update.writeInPlace(m_path, begin + there, blank.subspan(there));
-  }
+  const HeldRecords held = heldRecords(m_update.size(m_path), m_info.recordSize, m_head.sampleCount);
+  for (auto position = static_cast<std::uint32_t>(held.whole); std::cmp_less(position, m_head.sampleCount); ++position)
+    m_update.writeInPlace(m_path, recordPosition(m_info.recordSize, position), m_info.blankRecord());
+}
+
+Remarks ProjectUpdate::remarks() const {
+  if (!m_written || !m_shortage) return {};
+  return {*m_shortage};
 }
 
 bool ProjectUpdate::isFull() const { return m_head.sampleCount >= kLargestCountOnFile; }

@@ -9,6 +9,7 @@
 #include <unordered_map>
 
 #include "common/fixed_text.h"
+#include "common/user_error.h"
 #include "store/project/project_frame.h"
 #include "store/safety/file_update.h"
 
@@ -25,6 +26,8 @@ class ProjectUpdate {
   bool exists() const { return m_exists; }
   /// A record was written.
   bool isWritten() const { return m_written; }
+  /// What the file lacked and the save has filled with blank records, if a record was written.
+  Remarks remarks() const;
   /// Of a file that exists.
   ProjectHeader& header() { return m_head.header; }
   /// The save makes the file, with this header.
@@ -45,8 +48,8 @@ class ProjectUpdate {
   void finish(const FixedText<kEndTextWidth>& endText);
 
  private:
-  /// Before the first record is written: what the file lacks of the records that its header claims becomes blank, as
-  /// it reads, and not a gap of zero bytes.
+  /// Before the first record is written: what the file doesn't hold whole of the records that its header claims becomes
+  /// blank, as it reads, and not a gap of zero bytes.
   void completeShortFile();
   std::string keyOf(std::string_view sampleNo, std::uint8_t testMethod) const;
 
@@ -54,6 +57,7 @@ class ProjectUpdate {
   const ProjectKindInfo& m_info;
   std::filesystem::path m_path;
   bool m_exists;
+  std::optional<std::string> m_shortage;  // of a file that holds fewer samples than its header claims
   bool m_written = false;
   ProjectHead m_head;
   std::unordered_map<std::string, std::uint32_t> m_sampleIndex;  // number and method to the first such record

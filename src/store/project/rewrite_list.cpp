@@ -43,8 +43,10 @@ std::size_t lengthOfRun(std::span<const std::uint32_t> order, std::size_t longes
   return length;
 }
 
-/// Copies the records in the new order behind each other. One beyond the end of the file is the blank template.
-void copyRecords(const File& from, File& to, const ProjectKindInfo& info, std::span<const std::uint32_t> order) {
+/// Copies the records in the new order behind each other. One that the file doesn't hold whole is the blank template.
+void copyRecords(const File& from, File& to, const ProjectKindInfo& info, int sampleCount,
+                 std::span<const std::uint32_t> order) {
+  const std::size_t whole = heldRecords(from.size(), info.recordSize, sampleCount).whole;
   const std::size_t blockRecords = std::max<std::size_t>(1, kCopyBlock / info.recordSize);
   Bytes blanks;
   for (std::size_t i = 0; i < std::min(blockRecords, order.size()); ++i)
@@ -54,9 +56,10 @@ void copyRecords(const File& from, File& to, const ProjectKindInfo& info, std::s
     const std::size_t records = std::min(blockRecords, order.size() - written);
     block.assign(blanks.begin(), blanks.begin() + static_cast<std::ptrdiff_t>(records * info.recordSize));
     for (std::size_t i = 0; i < records;) {
-      const std::size_t run = lengthOfRun(order.subspan(written + i), records - i);
+      const std::size_t first = order[written + i], run = lengthOfRun(order.subspan(written + i), records - i);
+      const std::size_t readable = std::min(run, whole - std::min(whole, first));
       from.readAt(recordPosition(info.recordSize, order[written + i]),
-                  std::span(block).subspan(i * info.recordSize, run * info.recordSize));
+                  std::span(block).subspan(i * info.recordSize, readable * info.recordSize));
       i += run;
     }
     to.writeAt(recordPosition(info.recordSize, static_cast<std::uint32_t>(written)), block);
@@ -73,15 +76,15 @@ void removeQuietly(const std::filesystem::path& path) {
 }
 
 /// Makes the new content, whole and on the disk, and puts it at `target`.
-void makeNewContent(const Workspace& workspace, const File& old, const ProjectKindInfo& info, ProjectHeader header,
+void makeNewContent(const Workspace& workspace, const File& old, const ProjectKindInfo& info, ProjectHead head,
                     std::span<const std::uint32_t> order, const std::filesystem::path& target) {
   const std::filesystem::path temporary = fileOrNew(workspace.applicationFolder, kTemporaryName);
-  SetText(header.sampleCount, FormatPadded(static_cast<std::int64_t>(order.size()), 4));
+  SetText(head.header.sampleCount, FormatPadded(static_cast<std::int64_t>(order.size()), 4));
   try {
     removeFile(temporary);  // it may be a link to somewhere else
     File file(temporary, File::Mode::Create);
-    file.writeAt(0, bytesOf(header));
-    copyRecords(old, file, info, order);
+    file.writeAt(0, bytesOf(head.header));
+    copyRecords(old, file, info, head.sampleCount, order);
     file.sync();
     moveFile(temporary, target);
     syncFolder(target.parent_path());
@@ -94,7 +97,7 @@ void makeNewContent(const Workspace& workspace, const File& old, const ProjectKi
 /// The sample numbers that stay.
 std::unordered_set<std::string> numbersOf(const File& file, const ProjectKindInfo& info, int sampleCount,
                                           std::span<const std::uint32_t> order) {
-  const std::vector<SampleIndexEntry> samples = loadSampleIndex(readerOf(file), info, sampleCount);
+  const std::vector<SampleIndexEntry> samples = loadSampleIndex(readerOf(file), file.size(), info, sampleCount);
   std::unordered_set<std::string> numbers;
   for (const std::uint32_t index : order) numbers.emplace(samples[index].sampleNo.trimmed());
   return numbers;
@@ -106,6 +109,8 @@ void rewriteLocked(Workspace& workspace, FileUpdate& update, const ProjectKindIn
   const File file(path, File::Mode::Read);
   const ProjectHead head = readProjectHead(readerOf(file), info, path);
   checkOrder(order, head.sampleCount, path);
+  if (const auto shortage = shortageOf(path, file.size(), info.recordSize, head.sampleCount))
+    remarks.push_back(*shortage);
   blankDeletedSamples(update, workspace, info.kind, head.header.projectNo.trimmed(),
                       numbersOf(file, info, head.sampleCount, order));
   // Beside the new file there may be one more on the way from the application folder.
@@ -114,7 +119,7 @@ void rewriteLocked(Workspace& workspace, FileUpdate& update, const ProjectKindIn
   if (order.empty()) {
     update.remove(path);
   } else {
-    makeNewContent(workspace, file, info, head.header, order, update.newContentPath());
+    makeNewContent(workspace, file, info, head, order, update.newContentPath());
     update.replace(path);
   }
   const std::array paths{path};

@@ -16,7 +16,8 @@ namespace triaxlab {
 struct RewriteReport {
   std::string title;    // "保存三轴文件"
   std::string message;  // "数据保存完毕!"
-  Remarks remarks;      // of an upgrade; no backup; another program's changes written over with nobody there to ask
+  Remarks remarks;  // of an upgrade; a short file; no backup; another program's changes written over with nobody there
+                    // to ask
 };
 
 /// Writes a project file (name without folder) anew with the samples at these positions (from 0), in this order; those

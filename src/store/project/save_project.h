@@ -27,7 +27,7 @@ struct SaveReport {
   /// What could not be written: a project number that can't be a file name, a damaged file, a full file, each with the
   /// rows that it concerns. Everything else was written.
   std::vector<std::string> errors;
-  /// The samples are saved, but: the texts of the date boxes are not in qvb.sys, an upgraded file was too short, there
+  /// The samples are saved, but: the texts of the date boxes are not in qvb.sys, a file was too short, there
   /// is no backup, another program's changes were written over with nobody there to ask.
   Remarks remarks;
 };

@@ -20,7 +20,7 @@ class Conversion {
  public:
   Conversion(const File& old, const ProjectKindInfo& info, const OldFormat& format, const ProjectHead& head)
       : m_old(old), m_info(info), m_format(format), m_head(head) {
-    // What an old record lacks at the end of its file stays as in the blank template.
+    // What the old file doesn't hold whole stays as in the blank template.
     m_oldBlank.resize(format.recordSize);
     for (const FieldCopy& copy : format.copies)
       std::memcpy(&m_oldBlank[copy.from], &info.blankRecord()[copy.to], copy.size);
@@ -38,11 +38,9 @@ class Conversion {
     file.writeAt(recordPosition(m_info.recordSize, static_cast<std::uint32_t>(count())), bytesOf(endText));
   }
 
-  /// Samples of which the old file holds nothing or a part.
-  std::size_t missing() const {
-    const std::uint64_t size = m_old.size(), end = sizeof(ProjectHeader);
-    const std::uint64_t whole = size > end ? (size - end) / m_format.recordSize : 0;
-    return count() - static_cast<std::size_t>(std::min<std::uint64_t>(whole, count()));
+  /// What the old file lacks.
+  std::optional<std::string> shortage() const {
+    return shortageOf(m_old.path(), m_old.size(), m_format.recordSize, m_head.sampleCount);
   }
 
  private:
@@ -58,7 +56,9 @@ class Conversion {
       const std::span<const std::byte> blank = m_info.blankRecord();
       converted.insert(converted.end(), blank.begin(), blank.end());
     }
-    m_old.readAt(oldPosition(first), old);
+    const std::size_t whole = heldRecords(m_old.size(), m_format.recordSize, m_head.sampleCount).whole;
+    const std::size_t readable = std::min(records, whole - std::min(whole, first));
+    m_old.readAt(oldPosition(first), std::span(old).first(readable * m_format.recordSize));
     for (std::size_t i = 0; i < records; ++i)
       for (const FieldCopy& copy : m_format.copies)
         std::memcpy(&converted[i * m_info.recordSize + copy.to], &old[i * m_format.recordSize + copy.from], copy.size);
@@ -121,6 +121,7 @@ Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindIn
   lock.take(file);
   const Conversion conversion(old, info, *format, *head);
   const std::filesystem::path temporary = fileOrNew(workspace.applicationFolder, format->temporaryName);
+  const std::optional<std::string> shortage = conversion.shortage();
   Remarks remarks = keepCopy(workspace, file, roomFor(info, *head));
   const FileStamp before = old.stamp();  // a file that loses its name gets another
   try {
@@ -132,7 +133,7 @@ Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindIn
   }
   makeDurable(file.parent_path());
   workspace.fileMemory.noteOwnChange(file, before, stampOf(file));
-  if (conversion.missing() > 0) remarks.push_back(missingSamplesRemark(file, conversion.missing()));
+  if (shortage) remarks.push_back(*shortage);
   return remarks;
 }
 

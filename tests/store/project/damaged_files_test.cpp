@@ -32,9 +32,16 @@ TEST_F(DamagedFiles, AProjectCutAnywhereOpensWithWhatIsThere) {
     const std::size_t records = (size - kHeaderSize) / 243;
     ASSERT_EQ(remarks.size(), 1U) << size;
     EXPECT_THAT(remarks[0], HasSubstr("缺 " + std::to_string(20 - records) + " 个"));
+    const std::string place = "第 " + std::to_string(records + 1) + " 个只剩一部分";
+    EXPECT_EQ(remarks[0].find(place) != std::string::npos, (size - kHeaderSize) % 243 != 0) << size;
     for (std::size_t i = 0; i < 20; ++i)
       ASSERT_EQ(workspace.K0SampleTable[i].sampleNo.trimmed(), i < records ? "S" + std::to_string(i) : "") << size;
-    EXPECT_EQ(listSamples(workspace, ProjectKind::K0, "KOP1.txt").size(), 20U);
+    Remarks ofList;
+    const SampleListTable list = listSamples(workspace, ProjectKind::K0, "KOP1.txt", &ofList);
+    EXPECT_EQ(ofList, remarks);
+    ASSERT_EQ(list.size(), 20U);
+    for (std::size_t i = 0; i < 20; ++i)
+      EXPECT_EQ(list[i].sampleNo, i < records ? "S" + std::to_string(i) : "") << size;
   }
 }
 
@@ -85,6 +92,34 @@ TEST_F(DamagedFiles, ACountBeyondTheEndIsBlankRecordsAndARemark) {
   EXPECT_TRUE(workspace.K0SampleTable[1].sampleNo.isBlank());
 }
 
+TEST_F(DamagedFiles, TheCutSampleIsNamedWhenItIsAskedFor) {
+  std::string content = headerBytes({"0120", "P1"});
+  for (int i = 0; i < 109; ++i) content += field("P1", 15) + field("S" + std::to_string(i), 15) + std::string(213, ' ');
+  write("HSZS/KOP1.txt", content + "P1 and a little more");
+  const auto open = [&](SampleRange range) {
+    return openProject(workspace, ProjectKind::K0, "KOP1.txt", [range](int) { return range; });
+  };
+  EXPECT_THAT(open({1, 109}), ::testing::IsEmpty());
+  EXPECT_THAT(open({101, 112}), ::testing::ElementsAre(HasSubstr("缺 3 个试样（第 110 个只剩一部分）")));
+  EXPECT_THAT(open({111, 120}), ::testing::ElementsAre(HasSubstr("缺 10 个试样，")));
+}
+
+TEST_F(DamagedFiles, AnEndTextWhereASampleIsClaimedIsACutSample) {
+  const std::string content =
+      headerBytes({"0002", "P1"}) + triaxialBytes("P1", "S1") + field("P1             S2", kEndTextSize);
+  write("HSZS/WKSZP1.txt", content);
+  EXPECT_THAT(openProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", nullptr),
+              ::testing::ElementsAre(HasSubstr("第 2 个只剩一部分")));
+  EXPECT_TRUE(workspace.controlledDocNo.isBlank());
+  setRow(0, triaxialBytes("P1", "S2"));
+  const SaveReport report = saveTriaxial(workspace, nullptr);
+  EXPECT_THAT(report.remarks, ::testing::ElementsAre(HasSubstr("第 2 个只剩一部分")));
+  EXPECT_SAME_BYTES(read("HSZS/WKSZP1.txt"), headerBytes({"0003", "P1", "2024/01/02", "2024-03-04"}) +
+                                                 triaxialBytes("P1", "S1") + emptyTriaxial() +
+                                                 triaxialBytes("P1", "S2") + field("", kEndTextSize));
+  EXPECT_SAME_BYTES(read("HSZS/backup/" + backups().at(0)), content);
+}
+
 TEST_F(DamagedFiles, ASaveFillsWhatAShortFileLacksWithBlankRecords) {
   // Two whole records and half of the third, of four.
   const std::string head = headerBytes({"0004", "P1"});
@@ -94,13 +129,14 @@ TEST_F(DamagedFiles, ASaveFillsWhatAShortFileLacksWithBlankRecords) {
   write("HSZS/KOP1.txt", head + records);
   SetText(workspace.K0SampleTable[0].projectNo, "P1");
   SetText(workspace.K0SampleTable[0].sampleNo, "S9");
-  saveProject(workspace, ProjectKind::K0, nullptr);
+  EXPECT_THAT(saveProject(workspace, ProjectKind::K0, nullptr).remarks,
+              ::testing::ElementsAre(HasSubstr("缺 2 个试样（第 3 个只剩一部分）")));
   const std::string saved = read("HSZS/KOP1.txt");
   const auto& blank = infoOf(ProjectKind::K0).blankRecord();
   const std::string blankRecord(reinterpret_cast<const char*>(blank.data()), blank.size());
   ASSERT_EQ(saved.size(), 81U + 5 * 243);
-  EXPECT_EQ(saved.substr(81, records.size()), records) << "what is there stays";
-  EXPECT_EQ(saved.substr(81 + records.size(), 143), blankRecord.substr(100));
+  EXPECT_EQ(saved.substr(81, 2 * 243), records.substr(0, 2 * 243)) << "what is there whole stays";
+  EXPECT_EQ(saved.substr(81 + 2 * 243, 243), blankRecord);
   EXPECT_EQ(saved.substr(81 + 3 * 243, 243), blankRecord);
   EXPECT_EQ(saved.substr(81 + 4 * 243, 17), field("P1", 15) + "S9");
 }
