@@ -9,6 +9,7 @@
 
 #include "full_sample.h"
 #include "platform/json_page_device.h"
+#include "reports/send_report.h"
 #include "reports/three_in_one.h"
 #include "triaxial/opening_pass.h"
 
@@ -25,10 +26,11 @@ struct Job {
   Job() {
     for (std::size_t row = 0; row < kPages; ++row) workspace.TriaxialSampleTable[row] = fullSample(row);
     runOpeningPass(workspace.TriaxialSampleTable, NumberFormat::Whole);
-    job.curves = {CurvePage::StressStrain, CurvePage::StressDifferenceEnvelope};
+    job.curves.pages = {CurvePage::StressStrain, CurvePage::StressDifferenceEnvelope};
   }
   void print(PageDevice& device) const {
-    if (runThreeInOne(job, workspace, device) != kPages) throw std::logic_error("not the pages of this benchmark");
+    if (sendReport(*kThreeInOne.make(job, workspace), job, device) != kPages)
+      throw std::logic_error("not the pages of this benchmark");
   }
 };
 

@@ -21,12 +21,15 @@ using MakeDevice = std::unique_ptr<PageDevice> (*)(const std::filesystem::path&)
 
 #ifdef TRIAXLAB_HAS_QT
 constexpr MakeDevice makePdf = makePdfDevice;
-std::unique_ptr<PageDevice> makePictures(const std::filesystem::path& folder) { return makePictureDevice(folder); }
+constexpr auto makePictures = makePictureDevice;
 #else
 std::unique_ptr<PageDevice> refuse(const std::filesystem::path& out) {
   throw UserError(fmt::format("不能写“{}”：本程序编译时没有绘图组件，只能输出 .json 文件。", textOfPath(out)));
 }
-constexpr MakeDevice makePdf = refuse, makePictures = refuse;
+constexpr MakeDevice makePdf = refuse;
+std::unique_ptr<PageDevice> makePictures(const std::filesystem::path& folder, std::string_view) {
+  return refuse(folder);
+}
 #endif
 
 struct Format {
@@ -48,9 +51,9 @@ const Format* formatOf(const std::filesystem::path& out) {
 
 bool isPictureFolder(const std::filesystem::path& out) { return formatOf(out) == nullptr; }
 
-std::unique_ptr<PageDevice> makePageDevice(const std::filesystem::path& out) {
+std::unique_ptr<PageDevice> makePageDevice(const std::filesystem::path& out, std::string_view picturePrefix) {
   const Format* const format = formatOf(out);
-  return format != nullptr ? format->make(out) : makePictures(out);
+  return format != nullptr ? format->make(out) : makePictures(out, picturePrefix);
 }
 
 }  // namespace triaxlab::cli

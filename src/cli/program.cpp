@@ -14,7 +14,8 @@
 #include "common/gbk.h"
 #include "common/user_error.h"
 #include "importers/import_selection.h"
-#include "reports/three_in_one.h"
+#include "reports/layouts.h"
+#include "reports/send_report.h"
 #include "sessions/dialogs/browser_session.h"
 #include "sessions/dialogs/sample_list_session.h"
 #include "shell/document_operations.h"
@@ -136,14 +137,16 @@ class Program {
   }
 
   int operator()(const Print& print) {
-    requireTriaxial(print.kind, "打印");
-    if (print.layout != "three-in-one") refuseForThisVersion(fmt::format("打印 {} 版式", print.layout));
+    const Layout* const layout = layoutOfId(print.layout);
+    if (layout == nullptr) refuseForThisVersion(fmt::format("打印 {} 版式", print.layout));
+    if (layout->kind != infoOf(print.kind).documentKind)
+      throw UserError(fmt::format("{} 类试样不能用 {} 版式打印。", infoOf(print.kind).id, print.layout));
     openFile(print.kind, print.name, {});
     printRemarks(ReadIniSettings(m_workspace));
     const PrintJob job = printJob(print);
-    if (threeInOnePageCount(job, m_workspace) == 0)
-      throw UserError(fmt::format("“{}”中没有可打印的试样或曲线。", print.name));
-    runThreeInOne(job, m_workspace, *makePageDevice(print.out));
+    const auto report = layout->make(job, m_workspace);
+    if (report->pageCount() == 0) throw UserError(fmt::format("“{}”中没有可打印的试样或曲线。", print.name));
+    sendReport(*report, job, *makePageDevice(print.out, layout->picturePrefix));
     return kDone;
   }
 
@@ -221,11 +224,9 @@ class Program {
 
   PrintJob printJob(const Print& print) const {
     PrintJob job = defaultPrintJob(m_workspace.settings);
-    job.curves = print.curves;
+    job.curves.pages = print.curves;
     job.printToPicture = isPictureFolder(print.out);
     const auto limited = [](int number) { return static_cast<std::int16_t>(std::clamp(number, 1, 32767)); };
-    job.pageRows = limited(print.rows);
-    job.pageColumns = limited(print.columns);
     const auto put = [&limited](const std::optional<Span>& span, std::int16_t& from, std::int16_t& to) {
       from = limited(span->from);
       to = limited(span->to);

@@ -24,6 +24,7 @@ struct CommandContext {
   Toggles toggles;
   EnvelopeEntries envelopes;
   InterventionEntry intervention = {};  // of the window on which RZMGANYU acts
+  bool canPrint = true;                 // the document in front
 };
 
 /// Which commands are on. Start, activation and closing of document windows each switch the commands of one table and

@@ -144,7 +144,7 @@ constexpr std::array kCommands{
     entry("SHUJUBIAO", "数据表", "RZMVIEW", A::ShowDataTable),
 
     submenu("RZMPRINT0", "打印"),
-    entry("RZMPRINT", "打印", "RZMPRINT0", A::PrintWithTK0),
+    entry("RZMPRINT", "打印", "RZMPRINT0", A::Print),
     later(dialog("RZMPRINT1", "设置打印", "RZMPRINT0", A::PrintSheets, "SETPRINTFORM3")),
     later(dialog("PTK0", "打印TK0曲线", "RZMPRINT0", A::PrintTK0Curves, "SETPRINTFORM0")),
     later(belowLine(entry("PEXCEL", "Excel模板输出/打印", "RZMPRINT0", A::FillTemplates))),
@@ -183,7 +183,6 @@ constexpr std::array kHelp{
     Help{A::OpenProject, "从列表中选择一个试验数据文件打开"},
     Help{A::OpenNanjingFile, "读入南京三轴仪的原始数据文件"},
     Help{A::Print, "打印当前窗口的试验成果"},
-    Help{A::PrintWithTK0, "打印当前窗口的试验成果"},
     Help{A::PrintSheets, "设置版面并打印三轴试验成果图表"},
     Help{A::PrintTK0Curves, "打印TK0试验的沉降时间曲线"},
     Help{A::SaveAsWorkbook, "把三轴试验数据另存为Excel文件"},

@@ -21,7 +21,6 @@ enum class Action : std::uint8_t {
   OpenProject,       // argument: openDialogKind
   OpenNanjingFile,   //
   Print,             // the dialog for activeDocument
-  PrintWithTK0,      // the same, and for Form9 too
   PrintSheets,       // target: dialog
   PrintTK0Curves,    // target: dialog
   SaveAsWorkbook,    //

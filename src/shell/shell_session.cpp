@@ -14,6 +14,7 @@
 #include "sessions/dialogs/source_folder_session.h"
 #include "shell/document_operations.h"
 #include "shell/ini_settings.h"
+#include "shell/printing.h"
 #include "shell/start_up.h"
 #include "shell/toggles.h"
 #include "shell/tools.h"
@@ -23,18 +24,6 @@ namespace triaxlab {
 namespace {
 
 constexpr std::string_view kReady = "就绪";
-
-/// The print dialog for each document. TK0 curves have a print command of their own, so the file menu's does nothing
-/// for them.
-struct PrintDialog {
-  ActiveDocument document;
-  std::string_view form;
-  bool fromFileMenu;
-};
-constexpr std::array kPrintDialogs{
-    PrintDialog{kForm1, "SETPRINTFORM", true}, PrintDialog{kForm2, "Form30", true}, PrintDialog{kForm7, "Form3", true},
-    PrintDialog{kForm4, "Form3", true},        PrintDialog{kForm6, "Form3", true},  PrintDialog{kForm9, "Form3", false},
-};
 
 /// Form1, Form2 and Form7 leave activeDocument as it is when they unload.
 constexpr bool isNoDocumentAfter(ActiveDocument closed) {
@@ -54,7 +43,7 @@ ShellSession::ShellSession(Workspace& workspace, Dialogs& dialogs, ShellWindows&
 CommandState ShellSession::commandState(const Command& command) const {
   const CurveDocument* const curves = m_windows.curveDocument();
   return m_commands.of(command, {m_workspace.settings.toggles, curves ? curves->envelopeEntries() : EnvelopeEntries{},
-                                 interventionEntry()});
+                                 interventionEntry(), canPrint(m_workspace)});
 }
 
 bool ShellSession::trigger(std::string_view name) {
@@ -62,7 +51,6 @@ bool ShellSession::trigger(std::string_view name) {
       Work{Action::NewDocument, &ShellSession::newDocument},
       Work{Action::OpenProject, &ShellSession::openProject},
       Work{Action::Print, &ShellSession::print},
-      Work{Action::PrintWithTK0, &ShellSession::print},
       Work{Action::Save, &ShellSession::saveCommand},
       Work{Action::SetSourceFolder, &ShellSession::setSourceFolder},
       Work{Action::Exit, &ShellSession::exitCommand},
@@ -217,14 +205,11 @@ void ShellSession::showImport(Remarks remarks) {
   show(kForm1, remarks);
 }
 
-void ShellSession::print(const Command& command) {
-  const auto* const dialog = std::find_if(kPrintDialogs.begin(), kPrintDialogs.end(), [&](const PrintDialog& row) {
-    return row.document == m_workspace.activeDocument;
-  });
-  if (dialog == kPrintDialogs.end()) return;
-  if (command.action == Action::Print && !dialog->fromFileMenu) return;
-  showRemarks(ReadIniSettings(m_workspace));
-  m_windows.showPrintDialog(dialog->form);
+void ShellSession::print(const Command& /*command*/) {
+  Remarks remarks = ReadIniSettings(m_workspace);
+  const Remarks more = showPrintDialog(m_workspace, m_dialogs, m_windows);
+  remarks.insert(remarks.end(), more.begin(), more.end());
+  showRemarks(remarks);
 }
 
 void ShellSession::saveCommand(const Command& /*command*/) { save(); }

@@ -11,6 +11,7 @@
 #include "platform/dialogs.h"
 #include "store/workspace.h"
 #include "triaxial/curve_page.h"
+#include "triaxial/failure.h"
 
 namespace triaxlab {
 
@@ -20,6 +21,7 @@ class OverwriteSession;
 class RangeDialog;
 class SourceFolderSession;
 class SampleListSession;
+class ThreeInOnePrintSession;
 
 /// 干预 in a document window.
 struct InterventionEntry {
@@ -38,6 +40,8 @@ class DocumentWindow {
   virtual void finishTyping() {}
   /// Second and third panel of the status bar, project and test date of the sample on display; UTF-8.
   virtual std::array<std::string, 2> statusPanels() const = 0;
+  /// The table row of the sample on display.
+  virtual std::size_t sampleRow() const = 0;
 
   virtual InterventionEntry interventionEntry() const { return {}; }
   virtual void enterIntervention() {}
@@ -49,6 +53,9 @@ class DocumentWindow {
 struct EnvelopeEntries {
   bool ratioEnabled = false;  // QUXIAN2; QUXIAN3 always is
   bool ratioChecked = false;  // otherwise QUXIAN3 is checked
+
+  /// How failure rows are looked for on pages that have no way of their own.
+  FailureMode checkedMode() const { return ratioChecked ? FailureMode::PeakRatio : FailureMode::PeakStress; }
 };
 
 /// Form1.
@@ -66,12 +73,12 @@ class ShellWindows {
  public:
   virtual ~ShellWindows() = default;
 
-  virtual void showBrowser(BrowserSession& session) = 0;            // OPENFORM
-  virtual void showSampleList(SampleListSession& session) = 0;      // Form14, Form13
-  virtual void showRangeDialog(RangeDialog& dialog) = 0;            // Form21
-  virtual void showSourceFolder(SourceFolderSession& session) = 0;  // Form5
-  virtual void showOverwriteDialog(OverwriteSession& session) = 0;  // Form10
-  virtual void showPrintDialog(std::string_view form) = 0;          // SETPRINTFORM
+  virtual void showBrowser(BrowserSession& session) = 0;              // OPENFORM
+  virtual void showSampleList(SampleListSession& session) = 0;        // Form14, Form13
+  virtual void showRangeDialog(RangeDialog& dialog) = 0;              // Form21
+  virtual void showSourceFolder(SourceFolderSession& session) = 0;    // Form5
+  virtual void showOverwriteDialog(OverwriteSession& session) = 0;    // Form10
+  virtual void showPrintDialog(ThreeInOnePrintSession& session) = 0;  // SETPRINTFORM
   /// OPENFORM0 and its kin; a selection with nothing open is loaded. The remarks of the import; nothing when the dialog
   /// was left without 处理.
   virtual std::optional<Remarks> showImporter(ImportSelection& selection) = 0;

@@ -124,11 +124,7 @@ void MDIForm1::showSourceFolder(SourceFolderSession& session) { Form5(this, sess
 
 void MDIForm1::showOverwriteDialog(OverwriteSession& session) { Form10(this, session).exec(); }
 
-void MDIForm1::showPrintDialog(std::string_view form) {
-  if (form != "SETPRINTFORM" || !m_form1) return;
-  PrintOptions options(m_workspace, m_form1->sampleRow(), checkedFailureMode());
-  SETPRINTFORM(this, options, m_workspace, m_dialogs).exec();
-}
+void MDIForm1::showPrintDialog(ThreeInOnePrintSession& session) { SETPRINTFORM(this, session, m_pageDevices).exec(); }
 
 std::optional<Remarks> MDIForm1::showImporter(ImportSelection& selection) {
   ImporterWindow window(this, selection, m_dialogs,
@@ -234,8 +230,7 @@ void MDIForm1::refresh() {
 }
 
 FailureMode MDIForm1::checkedFailureMode() const {
-  const bool byRatio = m_form1 && m_form1->envelopeEntries().ratioChecked;
-  return byRatio ? FailureMode::PeakRatio : FailureMode::PeakStress;
+  return m_form1 ? m_form1->envelopeEntries().checkedMode() : FailureMode::PeakStress;
 }
 
 void MDIForm1::refreshTables() {

@@ -5,6 +5,7 @@
 #include <array>
 
 #include "platform/dialogs.h"
+#include "platform/qt/qt_page_devices.h"
 #include "shell/shell_session.h"
 #include "shell/shell_windows.h"
 #include "store/workspace.h"
@@ -46,7 +47,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   void showRangeDialog(RangeDialog& dialog) override;
   void showSourceFolder(SourceFolderSession& session) override;
   void showOverwriteDialog(OverwriteSession& session) override;
-  void showPrintDialog(std::string_view form) override;
+  void showPrintDialog(ThreeInOnePrintSession& session) override;
   std::optional<Remarks> showImporter(ImportSelection& selection) override;
   void showDocument(ActiveDocument document) override;
   void raiseDocument(ActiveDocument document) override;
@@ -86,6 +87,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   QPointer<Form1> m_form1;
   QPointer<Form2> m_form2;
   QPointer<Form7> m_form7;
+  QtPageDevices m_pageDevices;
   ToolRaiser m_toolRaiser;
 };
 

@@ -128,7 +128,7 @@ struct EnvelopeBlock : BlockTest {
     setStage(record, 1, {"200", "120", "60", "260", "140"});
     SetText(record.initialHeight[0], "8.00");
     record.coefficientB[0] = 0.955F;
-    job.curves = {CurvePage::StressDifferenceEnvelope};
+    job.curves.pages = {CurvePage::StressDifferenceEnvelope};
   }
   static void setStage(TriaxialSampleRecord& record, std::size_t stage, const std::array<const char*, 5>& texts) {
     SetText(record.cellPressure[stage], texts[0]);
@@ -167,12 +167,12 @@ TEST_F(EnvelopeBlock, PagesOfNoModeOfTheirOwnFollowTheEntryThatIsChecked) {
   SetText(record.porePressure[1][0], "60");
   SetText(record.sigma1Eff[1][0], "90");
   SetText(record.sigma3Eff[1][0], "40");
-  job.curves = {CurvePage::StressPath};
+  job.curves.pages = {CurvePage::StressPath};
   // The line through (100, 30) and (200, 60), then through (65, 25) and (200, 60).
   EXPECT_THAT(textsWith(firstPage(), " φ′"), ElementsAre(" φ′= 16.7"));
-  job.checkedMode = FailureMode::PeakRatio;
+  job.curves.checkedMode = FailureMode::PeakRatio;
   EXPECT_THAT(textsWith(firstPage(), " φ′"), ElementsAre(" φ′= 14.5"));
-  job.curves = {CurvePage::StressDifferenceEnvelope};
+  job.curves.pages = {CurvePage::StressDifferenceEnvelope};
   EXPECT_THAT(row(firstPage(), 1), Contains("70"));
 }
 
@@ -205,7 +205,7 @@ TEST_F(EnvelopeBlock, TheCompactBlockHasNoTableAndTheSameRoom) {
 }
 
 TEST_F(EnvelopeBlock, ACurveHasNoTable) {
-  job.curves = {CurvePage::StressStrain, CurvePage::StressPath};
+  job.curves.pages = {CurvePage::StressStrain, CurvePage::StressPath};
   EXPECT_THAT(textsWith(firstPage(), "围压级号"), IsEmpty());
 }
 
@@ -216,10 +216,10 @@ TEST_F(EnvelopeBlock, CirclesAsTheJobWantsThem) {
   };
   EXPECT_EQ(circlesOf(firstPage(), Colour::LightRed), 2);
   EXPECT_EQ(circlesOf(firstPage(), Colour::LightBlue), 2);
-  job.effectiveCircles = false;
+  job.curves.effectiveCircles = false;
   EXPECT_EQ(circlesOf(firstPage(), Colour::LightBlue), 0);
-  job.effectiveCircles = true;
-  job.totalCircles = false;
+  job.curves.effectiveCircles = true;
+  job.curves.totalCircles = false;
   EXPECT_EQ(circlesOf(firstPage(), Colour::LightRed), 0);
   EXPECT_EQ(circlesOf(firstPage(), Colour::LightBlue), 2);
 }
@@ -231,7 +231,7 @@ TEST_F(EnvelopeBlock, DecimalsOfTheCohesion) {
 }
 
 TEST_F(EnvelopeBlock, PrintingLeavesTheRecordsAsTheyAre) {
-  job.curves = {CurvePage::StressRatioEnvelope, CurvePage::StressDifferenceEnvelope, CurvePage::StressPath};
+  job.curves.pages = {CurvePage::StressRatioEnvelope, CurvePage::StressDifferenceEnvelope, CurvePage::StressPath};
   const TriaxialSampleRecord before = workspace.TriaxialSampleTable[0];
   print();
   EXPECT_EQ(std::memcmp(&before, &workspace.TriaxialSampleTable[0], sizeof before), 0);

@@ -45,11 +45,11 @@ TEST_F(PageBreaks, ThreeBlocksTakeASecondPageWithItsFrame) {
 TEST_F(PageBreaks, AnEnvelopeIsHigherByItsTable) {
   sample(0, kUU, "A-1");
   sample(1, kUU, "A-2");
-  job.curves = {CurvePage::StressStrain, CurvePage::StressDifferenceEnvelope};
+  job.curves.pages = {CurvePage::StressStrain, CurvePage::StressDifferenceEnvelope};
   auto pages = print();
   ASSERT_THAT(pages, SizeIs(2));
   EXPECT_THAT(blockTops(pages[0].drawing), ElementsAre(1850, 6800));
-  job.curves = {CurvePage::StressDifferenceEnvelope};
+  job.curves.pages = {CurvePage::StressDifferenceEnvelope};
   pages = print();
   ASSERT_THAT(pages, SizeIs(1));
   EXPECT_THAT(blockTops(pages[0].drawing), ElementsAre(1850, 8600));  // 1850 + 6500 + 250; a curve there ends at 13300
@@ -57,7 +57,7 @@ TEST_F(PageBreaks, AnEnvelopeIsHigherByItsTable) {
 
 TEST_F(PageBreaks, CurvesComeInTheOrderOfTheDialog) {
   sample(0, kCU, "A-1");
-  job.curves = {kEveryCurve.rbegin(), kEveryCurve.rend()};
+  job.curves.pages = {kEveryCurve.rbegin(), kEveryCurve.rend()};
   const auto pages = print();
   ASSERT_THAT(pages, SizeIs(3));
   // Titles are centred on 600 + 3700, 150 below the tops of the blocks.
@@ -72,20 +72,20 @@ TEST_F(PageBreaks, CurvesComeInTheOrderOfTheDialog) {
 TEST_F(PageBreaks, OnlyCUHasCurvesOfEffectiveStress) {
   sample(0, kUU, "A-1");
   sample(1, kCD, "A-2");
-  job.curves = kEveryCurve;
-  EXPECT_EQ(threeInOnePageCount(job, workspace), 2);  // two curves of each
-  job.curves = {CurvePage::StressPath};
+  job.curves.pages = kEveryCurve;
+  EXPECT_EQ(pageCount(), 2);  // two curves of each
+  job.curves.pages = {CurvePage::StressPath};
   EXPECT_THAT(print(), IsEmpty());
   EXPECT_EQ(sent, 0);
 }
 
 TEST_F(PageBreaks, WithoutCirclesThereAreNoEnvelopes) {
   sample(0, kCU, "A-1");
-  job.curves = kEveryCurve;
-  job.effectiveCircles = false;
-  EXPECT_EQ(threeInOnePageCount(job, workspace), 3);
-  job.totalCircles = false;  // four curves are left
-  EXPECT_EQ(threeInOnePageCount(job, workspace), 2);
+  job.curves.pages = kEveryCurve;
+  job.curves.effectiveCircles = false;
+  EXPECT_EQ(pageCount(), 3);
+  job.curves.totalCircles = false;  // four curves are left
+  EXPECT_EQ(pageCount(), 2);
 }
 
 TEST_F(PageBreaks, EmptyRowsArePassedOver) {
@@ -173,19 +173,30 @@ using PictureFolder = PageTest;
 TEST_F(PictureFolder, IsThatOfTheFirstSamplePrinted) {
   sample(0, kUU, "A-1", "P1");
   sample(1, kUU, "A-2", "\xB4\xF3\xB0\xD3");  // 大坝 in GBK
-  EXPECT_EQ(pictureFolderOf(job, workspace), folder.path() / "PTU" / "P1");
+  EXPECT_EQ(pictureFolder(*report(), job, workspace), folder.path() / "PTU" / "P1");
   job.scope = PrintScope::Range;
   job.printRangeFrom = job.printRangeTo = 2;
-  EXPECT_EQ(pictureFolderOf(job, workspace), folder.path() / "PTU" / "大坝");
+  EXPECT_EQ(pictureFolder(*report(), job, workspace), folder.path() / "PTU" / "大坝");
 }
-
-TEST_F(PictureFolder, WithoutASampleThereIsNone) { EXPECT_EQ(pictureFolderOf(job, workspace), std::nullopt); }
 
 TEST_F(PictureFolder, AProjectNumberThatIsNoNameIsRefused) {
   for (const std::string_view number : {"..", "a/b", "a\\b", "NUL", "x\x01"}) {
     sample(0, kUU, "A-1", number);
-    EXPECT_THROW(pictureFolderOf(job, workspace), UserError) << number;
+    EXPECT_THROW(pictureFolder(*report(), job, workspace), UserError) << number;
   }
+}
+
+TEST(DefaultPrintJob, FollowsTheStoredChoices) {
+  Settings settings;
+  PrintJob job = defaultPrintJob(settings);
+  EXPECT_EQ(job.lineWeight, 4);
+  EXPECT_TRUE(job.curves.totalCircles && job.curves.effectiveCircles);
+  EXPECT_THAT(job.curves.pages, ElementsAre(CurvePage::StressStrain, CurvePage::StressDifferenceEnvelope));
+  settings.toggles.dotMatrixPrinter = true;
+  settings.toggles.printTotalCircles = false;
+  job = defaultPrintJob(settings);
+  EXPECT_EQ(job.lineWeight, 2);
+  EXPECT_FALSE(job.curves.totalCircles);
 }
 
 }  // namespace

@@ -3,39 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <initializer_list>
+#include <memory>
 #include <string_view>
 #include <vector>
 
-#include "platform/page_device.h"
+#include "reports/send_report.h"
 #include "reports/three_in_one.h"
 #include "support/drawings.h"
+#include "support/recording_device.h"
 #include "support/temporary_folder.h"
 
 namespace triaxlab::testing {
-
-/// Pages as they were drawn.
-class RecordingDevice : public PageDevice {
- public:
-  struct Page {
-    PageSize size;
-    Drawing drawing;
-  };
-
-  DrawingSurface& beginPage(PageSize size) override {
-    m_surface.clear();
-    m_size = size;
-    return m_surface;
-  }
-  void endPage() override { pages.push_back({m_size, m_surface.operations()}); }
-  void finish() override { ++finished; }
-
-  std::vector<Page> pages;
-  int finished = 0;
-
- private:
-  RecordingSurface m_surface;
-  PageSize m_size;
-};
 
 /// A document of a laboratory with empty settings, in a folder of its own.
 struct PageTest : ::testing::Test {
@@ -45,7 +23,7 @@ struct PageTest : ::testing::Test {
 
   PageTest() {
     workspace.applicationFolder = workspace.dataFolder = folder.path();
-    job.curves = {CurvePage::StressStrain};
+    job.curves.pages = {CurvePage::StressStrain};
   }
 
   /// A sample of one stage under 100 kPa with two readings, in the table row.
@@ -65,9 +43,11 @@ struct PageTest : ::testing::Test {
     return record;
   }
 
+  std::unique_ptr<Report> report() const { return kThreeInOne.make(job, workspace); }
+  int pageCount() const { return report()->pageCount(); }
   std::vector<RecordingDevice::Page> print() {
     RecordingDevice device;
-    sent = runThreeInOne(job, workspace, device);
+    sent = sendReport(*report(), job, device);
     EXPECT_EQ(device.finished, 1);
     return device.pages;
   }

@@ -85,7 +85,7 @@ TEST_F(FrameTest, WithoutPageNumbersTheLabelStands) {
 
 TEST_F(FrameTest, PageDateAndTableCanBeLeftOutTogether) {
   SetText(workspace.TriaxialSampleTable[0].testDate, "2024-05-06");
-  job.curves = {CurvePage::StressDifferenceEnvelope};
+  job.curves.pages = {CurvePage::StressDifferenceEnvelope};
   habits.omitPageDateTable = true;
   for (const bool numbers : {true, false}) {
     job.printPageNumbers = numbers;
@@ -248,7 +248,7 @@ TEST_F(FrameTest, EnglishMethodsAndTitlesThatHaveNoWordStayChinese) {
               ElementsAre("(Multiple-stage unconsolidated-undrained triaxial test of one sample)"));
   record.testMethod = kCU;
   EXPECT_THAT(textsWith(firstPage(), "(一"), ElementsAre("(一个试样多级固结不排水试验)"));
-  job.curves = {CurvePage::StressRatioEnvelope, CurvePage::StressDifferenceEnvelope};
+  job.curves.pages = {CurvePage::StressRatioEnvelope, CurvePage::StressDifferenceEnvelope};
   EXPECT_THAT(textsWith(firstPage(), "应力比"), ElementsAre("应力比强度包线"));
   EXPECT_THAT(textsWith(firstPage(), "Strength"), ElementsAre("Strength envelope of stress difference"));
 }

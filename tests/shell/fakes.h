@@ -17,6 +17,7 @@
 #include "sessions/dialogs/range_dialog.h"
 #include "sessions/dialogs/sample_list_session.h"
 #include "sessions/dialogs/source_folder_session.h"
+#include "sessions/dialogs/three_in_one_print_session.h"
 #include "shell/shell_session.h"
 #include "shell/shell_windows.h"
 #include "support/fake_dialogs.h"
@@ -32,6 +33,7 @@ class FakeDocument : public CurveDocument {
   EnvelopeEntries envelopes;
   InterventionEntry intervention{.possible = true, .running = false};
   int reprocessed = 0;
+  std::size_t row = 0;
 
   bool asksToSave(Dialogs& dialogs) const override {
     return changed && dialogs.ask("保存三轴数据", "   数据已修改\n保存修改后数据吗？", MessageIcon::None);
@@ -39,6 +41,7 @@ class FakeDocument : public CurveDocument {
   void markSaved() override { changed = false; }
   void finishTyping() override { changed = std::exchange(typing, false) || changed; }
   std::array<std::string, 2> statusPanels() const override { return {"工程编号:P1", "试验日期:2024/05/06"}; }
+  std::size_t sampleRow() const override { return row; }
   void showPage(CurvePage wanted) override { page = wanted; }
   EnvelopeEntries envelopeEntries() const override { return envelopes; }
   InterventionEntry interventionEntry() const override { return intervention; }
@@ -59,6 +62,7 @@ class FakeWindows : public ShellWindows {
   std::function<void(RangeDialog&)> inRangeDialog = [](RangeDialog&) {};
   std::function<void(SourceFolderSession&)> inSourceFolder = [](SourceFolderSession&) {};
   std::function<void(OverwriteSession&)> inOverwriteDialog = [](OverwriteSession&) {};
+  std::function<void(ThreeInOnePrintSession&)> inPrintDialog = [](ThreeInOnePrintSession&) {};
   std::function<std::optional<Remarks>()> inImporter = []() -> std::optional<Remarks> { return std::nullopt; };
   std::optional<FakeDocument> form1;
   std::vector<std::string> raisedTools;
@@ -85,7 +89,10 @@ class FakeWindows : public ShellWindows {
     shown.emplace_back("Form10");
     inOverwriteDialog(session);
   }
-  void showPrintDialog(std::string_view form) override { shown.emplace_back(form); }
+  void showPrintDialog(ThreeInOnePrintSession& session) override {
+    shown.emplace_back("SETPRINTFORM");
+    inPrintDialog(session);
+  }
   std::optional<Remarks> showImporter(ImportSelection& selection) override {
     shown.emplace_back(selection.importer().form);
     return inImporter();

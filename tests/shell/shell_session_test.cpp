@@ -9,17 +9,20 @@
 
 #include "shell/fakes.h"
 #include "shell/lab.h"
+#include "support/recording_device.h"
 
 namespace triaxlab {
 namespace {
 
 using ::testing::ElementsAre;
 using testing::FakeDialogs;
+using testing::FakePageDevices;
 using testing::FakeWindows;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using testing::Lab;
 using testing::sample;
+using testing::textsWith;
 
 constexpr const char* kQuestion = "[保存三轴数据]    数据已修改\n保存修改后数据吗？";
 constexpr const char* kSaved = "[保存数据] 三轴试验数据保存完毕";
@@ -513,23 +516,46 @@ TEST_F(Shell, TheMainWindowThatClosesBecauseOfTheEndAsksNotAgain) {
 
 // ---- Printing
 
-TEST_F(Shell, EachDocumentHasItsPrintDialog) {
-  struct Case {
-    ActiveDocument document;
-    const char *fromFileMenu, *fromPrintMenu;  // empty: none
+TEST_F(Shell, PrintsTheSampleThatTheCurveWindowHasOnDisplay) {
+  openDocument();
+  lab.workspace.TriaxialSampleTable[1] = sample("P1", "A-2");
+  windows.form1->row = 1;
+  FakePageDevices devices;
+  devices.printerIsThere = true;
+  windows.inPrintDialog = [&](ThreeInOnePrintSession& session) {
+    session.choose(PrintScope::Current);
+    if (session.accept()) session.send(devices);
   };
-  for (const Case& one :
-       {Case{kForm1, "SETPRINTFORM", "SETPRINTFORM"}, Case{kForm2, "Form30", "Form30"}, Case{kForm7, "Form3", "Form3"},
-        Case{kForm4, "Form3", "Form3"}, Case{kForm6, "Form3", "Form3"}, Case{kForm9, "", "Form3"}}) {
+  for (const char* const command : {"ZMPRINT", "RZMPRINT"}) {
+    devices.sent.pages.clear();
+    EXPECT_TRUE(shell.trigger(command));
+    ASSERT_EQ(devices.sent.pages.size(), 1U) << command;
+    EXPECT_THAT(textsWith(devices.sent.pages[0].drawing, "土样编号:"), ElementsAre("土样编号:A-2", "土样编号:A-2"));
+  }
+}
+
+TEST_F(Shell, WhatHasNoPageIsSaidInTheStatusBar) {
+  openDocument();
+  windows.form1->row = 500;
+  FakePageDevices devices;
+  windows.inPrintDialog = [&](ThreeInOnePrintSession& session) {
+    session.choose(PrintScope::Current);
+    session.send(devices);
+  };
+  shell.trigger("ZMPRINT");
+  EXPECT_EQ(shell.statusTexts()[0], "没有可打印的页。");
+}
+
+TEST_F(Shell, PrintingIsOffWhereThereIsNothingToPrint) {
+  openDocument();
+  for (const ActiveDocument document : {kForm2, kForm7, kForm4, kForm6, kForm9}) {
     shell.documentActivated(kForm1);
-    shell.documentActivated(one.document);
-    windows.take();
-    EXPECT_TRUE(shell.trigger("ZMPRINT"));
-    EXPECT_TRUE(shell.trigger("RZMPRINT"));
-    std::vector<std::string> expected;
-    for (const char* form : {one.fromFileMenu, one.fromPrintMenu})
-      if (*form != '\0') expected.emplace_back(form);
-    EXPECT_EQ(windows.take(), expected) << one.document;
+    EXPECT_TRUE(shell.commandState(*findCommand("ZMPRINT")).enabled);
+    shell.documentActivated(document);
+    for (const char* const command : {"ZMPRINT", "RZMPRINT"}) {
+      EXPECT_FALSE(shell.commandState(*findCommand(command)).enabled) << document;
+      EXPECT_FALSE(shell.trigger(command)) << document;
+    }
   }
 }
 

@@ -44,7 +44,7 @@ class TogglesMenu : public ::testing::Test {
   std::vector<std::string> pageTexts() const {
     PrintJob job = defaultPrintJob(lab.workspace.settings);
     RecordingDevice device;
-    runThreeInOne(job, lab.workspace, device);
+    sendReport(*kThreeInOne.make(job, lab.workspace), job, device);
     std::vector<std::string> texts;
     for (const DrawnText& text : testing::all<DrawnText>(device.pages.at(0).drawing)) texts.push_back(text.text);
     return texts;

@@ -32,7 +32,10 @@ class FakeDialogs : public Dialogs {
     fileQuestions.push_back(question);
     return file;
   }
-  std::optional<std::filesystem::path> chooseFileToSave(const FileQuestion&) override { return std::nullopt; }
+  std::optional<std::filesystem::path> chooseFileToSave(const FileQuestion& question) override {
+    fileQuestions.push_back(question);
+    return file;
+  }
   std::optional<std::string> input(std::string_view title, std::string_view prompt, std::string_view value) override {
     note(title, std::string(prompt) + " = " + std::string(value), MessageIcon::None);
     return next(inputs);

@@ -81,9 +81,9 @@ struct DefaultPrinter {
 };
 class DefaultPrinterDevice : private DefaultPrinter, public PrinterDevice {
  public:
-  explicit DefaultPrinterDevice(int copies) : PrinterDevice(printer) {
-    printer.setCopyCount(copies);
-    printer.setDocName("triaxlab");
+  explicit DefaultPrinterDevice(const PrinterJob& job) : PrinterDevice(printer) {
+    printer.setCopyCount(job.copies);
+    printer.setDocName(QString::fromUtf8(job.title.data(), static_cast<qsizetype>(job.title.size())));
   }
   bool takes(PageSize size, Dialogs& dialogs) {
     const QPageLayout layout = layoutOf(size);
@@ -95,9 +95,9 @@ class DefaultPrinterDevice : private DefaultPrinter, public PrinterDevice {
 
 bool hasPrinter() { return !QPrinterInfo::defaultPrinter().isNull(); }
 
-std::unique_ptr<PageDevice> makePrinterDevice(PrinterPaper paper, Dialogs& dialogs) {
-  auto device = std::make_unique<DefaultPrinterDevice>(paper.copies);
-  return device->takes(paper.size, dialogs) ? std::move(device) : nullptr;
+std::unique_ptr<PageDevice> makePrinterDevice(PrinterJob job, Dialogs& dialogs) {
+  auto device = std::make_unique<DefaultPrinterDevice>(job);
+  return device->takes(job.size, dialogs) ? std::move(device) : nullptr;
 }
 
 std::unique_ptr<PageDevice> makePageDeviceOn(QPrinter& printer) { return std::make_unique<PrinterDevice>(printer); }

@@ -3,9 +3,7 @@
 #include <QDialog>
 #include <array>
 
-#include "platform/dialogs.h"
-#include "reports/print_options.h"
-#include "store/workspace.h"
+#include "sessions/dialogs/three_in_one_print_session.h"
 
 class QCheckBox;
 class QLabel;
@@ -20,8 +18,8 @@ class SETPRINTFORM : public QDialog {
   Q_OBJECT
 
  public:
-  /// All but the parent outlive the window.
-  SETPRINTFORM(QWidget* parent, PrintOptions& options, Workspace& workspace, Dialogs& dialogs);
+  /// Session and devices outlive the window.
+  SETPRINTFORM(QWidget* parent, ThreeInOnePrintSession& session, PageDevices& devices);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -35,12 +33,11 @@ class SETPRINTFORM : public QDialog {
   void preview();
   void refresh();
 
-  PrintOptions& m_options;
-  Workspace& m_workspace;
-  Dialogs& m_dialogs;
-  std::array<QCheckBox*, kPrintChecks> m_checks{};
+  ThreeInOnePrintSession& m_session;
+  PageDevices& m_devices;
+  std::array<QCheckBox*, kPrintTicks> m_checks{};
   std::array<QRadioButton*, 4> m_scopes{};
-  std::array<QLineEdit*, 3> m_boxes{};
+  std::array<QLineEdit*, kPrintBoxes> m_boxes{};
   QLabel* m_sending;
   QPushButton *m_accept = nullptr, *m_preview = nullptr;
 };

@@ -23,7 +23,7 @@ class Form7 : public QWidget, public DocumentWindow {
   ~Form7() override;
 
   void load(std::size_t sampleRow);
-  std::size_t sampleRow() const { return m_session.sampleRow(); }
+  std::size_t sampleRow() const override { return m_session.sampleRow(); }
   /// Shows what the record holds now. Readings are typed only while the curve window is there.
   void refresh(FailureMode mode, bool editable);
 

@@ -18,7 +18,7 @@ class Form2 : public QWidget, public DocumentWindow {
   Form2(Workspace& workspace, ShellSession& shell, std::size_t sampleRow);
 
   void load(std::size_t sampleRow);
-  std::size_t sampleRow() const { return m_session.sampleRow(); }
+  std::size_t sampleRow() const override { return m_session.sampleRow(); }
   /// Shows what the record holds now.
   void refresh(FailureMode mode);
 

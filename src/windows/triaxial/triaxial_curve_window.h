@@ -24,7 +24,7 @@ class Form1 : public QWidget, public CurveDocument {
 
   /// Shows the table of the workspace as a window that was just opened.
   void load();
-  std::size_t sampleRow() const { return m_session.sampleRow(); }
+  std::size_t sampleRow() const override { return m_session.sampleRow(); }
   /// Another window has changed the sample.
   void markChanged() { m_session.markChanged(); }
 

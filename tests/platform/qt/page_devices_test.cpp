@@ -85,7 +85,7 @@ TEST(PdfDevice, NamesTheFileThatCantBeWritten) {
 TEST(PictureDevice, WritesOneBitmapAPage) {
   const TemporaryFolder folder;
   folder.write("SZ1.BMP", "an older picture");
-  const auto device = makePictureDevice(folder.path());
+  const auto device = makePictureDevice(folder.path(), "SZ");
   drawPages(*device, 2);
   for (const char* const name : {"SZ1.BMP", "SZ2.BMP"}) {
     const std::string picture = folder.read(name);
@@ -101,9 +101,9 @@ TEST(PictureDevice, WritesOneBitmapAPage) {
 
 TEST(PictureDevice, MakesTheFolderButNoParents) {
   const TemporaryFolder folder;
-  makePictureDevice(folder.path() / "2024-018");
+  makePictureDevice(folder.path() / "2024-018", "SZ");
   EXPECT_TRUE(std::filesystem::is_directory(folder.path() / "2024-018"));
-  EXPECT_THROW(makePictureDevice(folder.path() / "PTU" / "2024-018"), UserError);
+  EXPECT_THROW(makePictureDevice(folder.path() / "PTU" / "2024-018", "SZ"), UserError);
 }
 
 }  // namespace

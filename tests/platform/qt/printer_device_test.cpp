@@ -43,7 +43,7 @@ class PrinterDeviceTest : public ::testing::Test {
 
   /// A page of that size with a word 1000 twips from the paper's left and upper edge; its job.
   PrintServer::Job print(PageSize size, int copies = 1) {
-    const auto device = makePrinterDevice({size, copies}, dialogs);
+    const auto device = makePrinterDevice({"三轴试验成果曲线", size, copies}, dialogs);
     if (device == nullptr) return {};
     device->beginPage(size).text({1000, 1000}, "stress", {}, Colour::Black);
     device->endPage();
@@ -71,7 +71,7 @@ TEST_F(PrinterDeviceTest, PlacesCountFromTheEdgeOfThePaperWhateverThePrinterCanR
   server().addDefaultQueue("Margins");
   const auto job = print(kA4, 3);
   EXPECT_THAT(job.options, HasSubstr("media=A4"));
-  EXPECT_THAT(job.options, HasSubstr("copies=3"));
+  EXPECT_THAT(job.options, HasSubstr("title=三轴试验成果曲线 copies=3"));
   const std::string words = outputOf("pdftotext -bbox '" + job.pages + "' -");
   if (words.empty()) GTEST_SKIP() << "poppler-utils is not installed: the page was not measured";
   EXPECT_THAT(words, HasSubstr("<word xMin=\"50.0"));  // 1000 twips are 50 points
@@ -80,7 +80,7 @@ TEST_F(PrinterDeviceTest, PlacesCountFromTheEdgeOfThePaperWhateverThePrinterCanR
 TEST_F(PrinterDeviceTest, APaperThatThePrinterDoesntHaveIsAskedAbout) {
   server().addDefaultQueue("A4Only");
   dialogs.answers = {false, true};
-  EXPECT_EQ(makePrinterDevice({kA3SideBySide}, dialogs), nullptr);
+  EXPECT_EQ(makePrinterDevice({"", kA3SideBySide}, dialogs), nullptr);
   EXPECT_FALSE(server().hasMoreJobs());
   EXPECT_THAT(print(kA3SideBySide).options, HasSubstr("media=A3"));  // what the printer makes of it is its own
   const std::string question =
@@ -92,7 +92,7 @@ TEST_F(PrinterDeviceTest, APaperThatThePrinterDoesntHaveIsAskedAbout) {
 TEST_F(PrinterDeviceTest, AFormWithoutANameNeedsAPrinterThatTakesAnySize) {
   server().addDefaultQueue("NamedOnly", {kA3Paper});
   dialogs.answers = {false};
-  EXPECT_EQ(makePrinterDevice({kDotMatrixPage}, dialogs), nullptr);
+  EXPECT_EQ(makePrinterDevice({"", kDotMatrixPage}, dialogs), nullptr);
   EXPECT_THAT(dialogs.take(), ElementsAre(HasSubstr("没有210×280毫米的纸。")));
 
   constexpr std::string_view kAnyUpToA4 =
@@ -104,7 +104,7 @@ TEST_F(PrinterDeviceTest, AFormWithoutANameNeedsAPrinterThatTakesAnySize) {
   EXPECT_THAT(print(kDotMatrixPage).options, HasSubstr("media=Custom.595.2x793.5"));
   EXPECT_THAT(dialogs.shown, IsEmpty());
   dialogs.answers = {false};
-  EXPECT_EQ(makePrinterDevice({kA3SideBySide}, dialogs), nullptr);  // larger than its largest
+  EXPECT_EQ(makePrinterDevice({"", kA3SideBySide}, dialogs), nullptr);  // larger than its largest
 }
 
 }  // namespace

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string_view>
+
+#include "platform/dialogs.h"
+#include "platform/page_device.h"
+
+namespace triaxlab {
+
+/// What a printer is told of a job.
+struct PrinterJob {
+  std::string_view title;  // in the list of the printer's jobs, UTF-8
+  PageSize size;
+  int copies = 1;  // 1 to 99
+};
+
+/// Where a program with windows can send pages.
+class PageDevices {
+ public:
+  virtual ~PageDevices() = default;
+  /// True when the system has a printer to send pages to.
+  virtual bool hasPrinter() const = 0;
+  /// The system's default printer, with no further dialog, for pages of one size. When the printer has no such paper,
+  /// the person is asked whether to print all the same; nothing after a No. Pre: hasPrinter().
+  virtual std::unique_ptr<PageDevice> printer(PrinterJob job, Dialogs& dialogs) = 0;
+  virtual std::unique_ptr<PageDevice> pdf(const std::filesystem::path& file) = 0;
+  /// A bitmap a page: `prefix` + n + ".BMP" in the folder, n from 1.
+  virtual std::unique_ptr<PageDevice> pictures(const std::filesystem::path& folder, std::string_view prefix) = 0;
+};
+
+}  // namespace triaxlab

@@ -1,0 +1,20 @@
+#include "platform/qt/qt_page_devices.h"
+
+#include "platform/qt/page_devices.h"
+#include "platform/qt/printer_device.h"
+
+namespace triaxlab {
+
+bool QtPageDevices::hasPrinter() const { return triaxlab::hasPrinter(); }
+
+std::unique_ptr<PageDevice> QtPageDevices::printer(PrinterJob job, Dialogs& dialogs) {
+  return makePrinterDevice(job, dialogs);
+}
+
+std::unique_ptr<PageDevice> QtPageDevices::pdf(const std::filesystem::path& file) { return makePdfDevice(file); }
+
+std::unique_ptr<PageDevice> QtPageDevices::pictures(const std::filesystem::path& folder, std::string_view prefix) {
+  return makePictureDevice(folder, prefix);
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/page_devices.h"
+
+namespace triaxlab {
+
+/// The printers and files of a program with windows.
+class QtPageDevices : public PageDevices {
+ public:
+  bool hasPrinter() const override;
+  std::unique_ptr<PageDevice> printer(PrinterJob job, Dialogs& dialogs) override;
+  std::unique_ptr<PageDevice> pdf(const std::filesystem::path& file) override;
+  std::unique_ptr<PageDevice> pictures(const std::filesystem::path& folder, std::string_view prefix) override;
+};
+
+}  // namespace triaxlab

@@ -1,0 +1,22 @@
+#include "reports/layouts.h"
+
+#include <algorithm>
+#include <array>
+
+#include "reports/three_in_one.h"
+
+namespace triaxlab {
+namespace {
+
+constexpr std::array kLayouts{&kThreeInOne};
+
+}  // namespace
+
+std::span<const Layout* const> layouts() { return kLayouts; }
+
+const Layout* layoutOfId(std::string_view id) {
+  const auto* const found = std::ranges::find(kLayouts, id, &Layout::id);
+  return found == kLayouts.end() ? nullptr : *found;
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/drawing_surface.h"
+#include "platform/page_device.h"
+
+namespace triaxlab {
+
+/// A job laid out in pages: made once, then drawn page by page on whatever takes pages. Pages count from 1 over the
+/// whole job, whichever of them are sent. What it was made of outlives it, and stays as it is.
+class Report {
+ public:
+  virtual ~Report() = default;
+  virtual PageSize pageSize() const = 0;
+  virtual int pageCount() const = 0;
+  virtual void drawPage(DrawingSurface& surface, int page) = 0;
+  /// The project of the page's first sample, GBK, trimmed.
+  virtual std::string_view projectNo(int page) const = 0;
+};
+
+}  // namespace triaxlab

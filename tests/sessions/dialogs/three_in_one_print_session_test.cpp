@@ -1,0 +1,279 @@
+#include "sessions/dialogs/three_in_one_print_session.h"
+
+#include "reports/page_fixture.h"
+#include "store/settings/settings_file.h"
+#include "support/fake_dialogs.h"
+
+namespace triaxlab::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+struct ThreeInOnePrint : PageTest {
+  FakeDialogs dialogs;
+  FakePageDevices devices;
+
+  ThreeInOnePrint() {
+    for (std::size_t row = 0; row < 4; ++row) sample(row, kCU, "A-" + std::to_string(row));
+  }
+  ThreeInOnePrintSession open() { return {workspace, dialogs, {.row = 2, .checkedMode = FailureMode::PeakRatio}}; }
+  int byteAt(std::uint32_t position) const { return sharedSettings(workspace).readByte(position); }
+  void setByte(std::uint32_t position, std::uint8_t value) { sharedSettings(workspace).writeByte(position, value); }
+  static void untickCurves(ThreeInOnePrintSession& session) {
+    for (int curve = 0; curve < 6; ++curve) session.setTicked(static_cast<PrintTick>(curve), false);
+  }
+};
+
+TEST_F(ThreeInOnePrint, FirstValues) {
+  const ThreeInOnePrintState state = open().state();
+  // The first and the third curve, page numbers, and both kinds of circles, whose bytes are 0 in a new file.
+  EXPECT_THAT(state.ticks, ElementsAre(true, false, true, false, false, false, false, true, true, true, false, false));
+  EXPECT_TRUE(state.canPreview);
+  EXPECT_EQ(state.scope, PrintScope::All);
+  EXPECT_THAT(state.texts, ElementsAre("1", "4", "1"));
+}
+
+TEST_F(ThreeInOnePrint, PrinterAndCirclesAreThoseOfTheLastTime) {
+  setByte(198, 1);
+  setByte(1800, 1);
+  EXPECT_TRUE(open().state().ticked(PrintTick::DotMatrix));
+  EXPECT_FALSE(open().state().ticked(PrintTick::EffectiveCircles));
+  EXPECT_TRUE(open().state().ticked(PrintTick::TotalCircles));
+  setByte(1801, 1);
+  EXPECT_FALSE(open().state().ticked(PrintTick::TotalCircles));
+}
+
+TEST_F(ThreeInOnePrint, AcceptedChoicesAreStoredTheCirclesInverted) {
+  ThreeInOnePrintSession session = open();
+  session.setTicked(PrintTick::DotMatrix, true);
+  session.setTicked(PrintTick::EffectiveCircles, false);
+  ASSERT_TRUE(session.accept());
+  EXPECT_EQ(byteAt(198), 1);
+  EXPECT_EQ(byteAt(1800), 1);
+  EXPECT_EQ(byteAt(1801), 0);
+  EXPECT_TRUE(workspace.settings.toggles.dotMatrixPrinter);
+  EXPECT_FALSE(workspace.settings.toggles.printEffectiveCircles);
+  ThreeInOnePrintSession again = open();
+  again.setTicked(PrintTick::DotMatrix, false);
+  again.setTicked(PrintTick::EffectiveCircles, true);
+  again.setTicked(PrintTick::TotalCircles, false);
+  ASSERT_TRUE(again.accept());
+  EXPECT_EQ(byteAt(198), 0);
+  EXPECT_EQ(byteAt(1800), 0);
+  EXPECT_EQ(byteAt(1801), 1);
+}
+
+TEST_F(ThreeInOnePrint, LeavingWithoutAcceptingStoresNothing) {
+  ThreeInOnePrintSession session = open();
+  session.setTicked(PrintTick::DotMatrix, true);
+  session.job();
+  EXPECT_EQ(byteAt(198), 0);
+  EXPECT_FALSE(workspace.settings.toggles.dotMatrixPrinter);
+}
+
+TEST_F(ThreeInOnePrint, TheJobOfTheFirstValues) {
+  ThreeInOnePrintSession session = open();
+  ASSERT_TRUE(session.accept());
+  job = session.job();
+  EXPECT_EQ(job.scope, PrintScope::All);
+  EXPECT_EQ(job.lineWeight, 4);
+  EXPECT_THAT(job.curves.pages, ElementsAre(CurvePage::StressStrain, CurvePage::StressDifferenceEnvelope));
+  EXPECT_EQ(job.currentRow, 2U);
+  EXPECT_EQ(job.curves.checkedMode, FailureMode::PeakRatio);
+  EXPECT_EQ(job.copies, 1);
+  EXPECT_EQ(job.firstPageNumber, 1);
+  EXPECT_TRUE(job.printPageNumbers && job.curves.totalCircles && job.curves.effectiveCircles);
+  EXPECT_FALSE(job.printToPicture || job.printToA3);
+  EXPECT_THAT(dialogs.shown, IsEmpty());
+}
+
+TEST_F(ThreeInOnePrint, EveryBoxReachesTheJob) {
+  ThreeInOnePrintSession session = open();
+  untickCurves(session);
+  for (const PrintTick check : {PrintTick::DotMatrix, PrintTick::StressRatioEnvelope, PrintTick::StressPath,
+                                PrintTick::PorePressure, PrintTick::StressRatio, PrintTick::Picture, PrintTick::A3})
+    session.setTicked(check, true);
+  session.setTicked(PrintTick::PageNumbers, false);
+  session.setTicked(PrintTick::TotalCircles, false);
+  ASSERT_TRUE(session.accept());
+  job = session.job();
+  EXPECT_EQ(job.lineWeight, 2);
+  EXPECT_THAT(job.curves.pages, ElementsAre(CurvePage::StressRatioEnvelope, CurvePage::StressPath,
+                                            CurvePage::PorePressure, CurvePage::StressRatio));
+  EXPECT_TRUE(job.printToPicture && job.printToA3 && job.curves.effectiveCircles);
+  EXPECT_FALSE(job.printPageNumbers || job.curves.totalCircles);
+}
+
+TEST_F(ThreeInOnePrint, WithoutACurveThereIsAMessageAndTheDialogStays) {
+  ThreeInOnePrintSession session = open();
+  untickCurves(session);
+  EXPECT_FALSE(session.accept());
+  EXPECT_THAT(dialogs.shown, ElementsAre("stop [打印三轴试验成果曲线] 请选择要打印的曲线类型！"));
+  EXPECT_FALSE(session.state().canPreview);
+}
+
+TEST_F(ThreeInOnePrint, WithoutCirclesEnvelopesAreUntickedInSilence) {
+  ThreeInOnePrintSession session = open();
+  session.setTicked(PrintTick::StressRatioEnvelope, true);
+  session.setTicked(PrintTick::EffectiveCircles, false);
+  session.setTicked(PrintTick::TotalCircles, false);
+  EXPECT_THAT(session.job().curves.pages, ElementsAre(CurvePage::StressStrain));
+  EXPECT_TRUE(session.state().ticked(PrintTick::StressRatioEnvelope));  // a preview changes nothing
+  ASSERT_TRUE(session.accept());
+  EXPECT_THAT(session.job().curves.pages, ElementsAre(CurvePage::StressStrain));
+  EXPECT_FALSE(session.state().ticked(PrintTick::StressRatioEnvelope));
+  EXPECT_FALSE(session.state().ticked(PrintTick::StressDifferenceEnvelope));
+  EXPECT_THAT(dialogs.shown, IsEmpty());
+
+  // Nothing else was ticked: that leaves no curve.
+  session.setTicked(PrintTick::StressStrain, false);
+  session.setTicked(PrintTick::StressDifferenceEnvelope, true);
+  EXPECT_FALSE(session.accept());
+  EXPECT_THAT(dialogs.shown, SizeIs(1));
+}
+
+TEST_F(ThreeInOnePrint, ARangeFallsToTheCountAndLosesItsSign) {
+  ThreeInOnePrintSession session = open();
+  session.choose(PrintScope::Range);
+  session.setText(PrintBox::From, "-2");
+  session.setText(PrintBox::To, "99999999");
+  EXPECT_EQ(session.job().scope, PrintScope::Range);
+  EXPECT_EQ(session.job().printRangeFrom, 2);
+  EXPECT_EQ(session.job().printRangeTo, 4);
+  session.setText(PrintBox::From, "1E999");
+  session.setText(PrintBox::To, "");
+  EXPECT_EQ(session.job().printRangeFrom, 4);
+  EXPECT_EQ(session.job().printRangeTo, 0);  // counts as 1 when the job runs
+}
+
+TEST_F(ThreeInOnePrint, ARangeOfPagesMayBeLargerThanTheNumberOfSamples) {
+  ThreeInOnePrintSession session = open();
+  session.choose(PrintScope::Pages);
+  session.setText(PrintBox::To, "12");
+  EXPECT_EQ(session.job().printRangeTo, 12);
+}
+
+TEST_F(ThreeInOnePrint, TypingARangeChoosesIt) {
+  ThreeInOnePrintSession session = open();
+  session.enterBox(PrintBox::FirstPage);
+  EXPECT_EQ(session.state().scope, PrintScope::All);
+  session.enterBox(PrintBox::To);
+  EXPECT_EQ(session.state().scope, PrintScope::Range);
+  session.choose(PrintScope::Pages);  // its numbers are typed in the same boxes
+  session.enterBox(PrintBox::From);
+  EXPECT_EQ(session.state().scope, PrintScope::Pages);
+  session.choose(PrintScope::Current);
+  session.enterBox(PrintBox::From);
+  EXPECT_EQ(session.state().scope, PrintScope::Range);
+}
+
+TEST_F(ThreeInOnePrint, ChoosingARangeBringsTheFocusToItsFirstBox) {
+  ThreeInOnePrintSession session = open();
+  EXPECT_TRUE(session.choose(PrintScope::Range));
+  EXPECT_TRUE(session.choose(PrintScope::Pages));
+  EXPECT_FALSE(session.choose(PrintScope::All));
+  EXPECT_FALSE(session.choose(PrintScope::Current));
+}
+
+TEST_F(ThreeInOnePrint, FirstPageNumber) {
+  ThreeInOnePrintSession session = open();
+  session.setText(PrintBox::FirstPage, "12");
+  EXPECT_EQ(session.job().firstPageNumber, 12);
+  session.setText(PrintBox::FirstPage, "0");
+  EXPECT_EQ(session.job().firstPageNumber, 1);
+  session.setText(PrintBox::FirstPage, "31");
+  session.setText(PrintBox::FirstPage, "310000");  // beyond 16 bits: the number before stands
+  EXPECT_EQ(session.job().firstPageNumber, 31);
+}
+
+TEST_F(ThreeInOnePrint, SettingsThatCantBeStoredAreToldAndThePrintGoesOn) {
+  // A folder in the file's place can't be written, whoever asks.
+  std::filesystem::create_directory(folder.path() / "qvb.sys");
+  ThreeInOnePrintSession session = open();
+  session.setTicked(PrintTick::DotMatrix, true);
+  ASSERT_TRUE(session.accept());
+  EXPECT_EQ(session.job().lineWeight, 2);
+  EXPECT_TRUE(workspace.settings.toggles.dotMatrixPrinter);
+  EXPECT_THAT(dialogs.shown, ElementsAre(HasSubstr("qvb.sys")));
+}
+
+// ---- Where the pages go
+
+TEST_F(ThreeInOnePrint, ThePreviewShowsThePagesThatAreSent) {
+  devices.printerIsThere = true;
+  ThreeInOnePrintSession session = open();
+  session.setTicked(PrintTick::StressDifferenceEnvelope, false);
+  RecordingDevice preview;
+  session.preview(preview);
+  session.send(devices);
+  ASSERT_THAT(preview.pages, SizeIs(2));  // a curve of each of the four samples
+  ASSERT_THAT(devices.sent.pages, SizeIs(2));
+  EXPECT_EQ(preview.pages[1].drawing, devices.sent.pages[1].drawing);
+  EXPECT_THAT(session.remarks(), IsEmpty());
+}
+
+TEST_F(ThreeInOnePrint, ThePrinterIsToldOfPaperAndCopies) {
+  devices.printerIsThere = true;
+  ThreeInOnePrintSession session = open();
+  session.setTicked(PrintTick::A3, true);
+  session.send(devices);
+  EXPECT_THAT(devices.asked, ElementsAre("printer"));
+  EXPECT_EQ(devices.printerJob.title, "三轴试验成果曲线");
+  EXPECT_EQ(devices.printerJob.size, kA3SideBySide);
+  EXPECT_EQ(devices.printerJob.copies, 1);
+  ASSERT_THAT(devices.sent.pages, SizeIs(2));
+  EXPECT_EQ(devices.sent.pages[0].size, kA3SideBySide);
+}
+
+TEST_F(ThreeInOnePrint, OnThePaperThatThePrinterHasOnlyIfThePersonWants) {
+  devices.printerIsThere = true;
+  devices.printerHasPaper = false;
+  dialogs.answers = {false, true};
+  ThreeInOnePrintSession session = open();
+  session.send(devices);
+  EXPECT_THAT(devices.sent.pages, IsEmpty());
+  session.send(devices);
+  EXPECT_THAT(devices.sent.pages, SizeIs(4));
+}
+
+TEST_F(ThreeInOnePrint, WithoutAPrinterAPdfFileIsAskedFor) {
+  ThreeInOnePrintSession session = open();
+  session.send(devices);  // cancelled
+  EXPECT_THAT(devices.asked, IsEmpty());
+  ASSERT_THAT(dialogs.fileQuestions, SizeIs(1));
+  EXPECT_EQ(dialogs.fileQuestions[0].title, "打印到PDF文件");
+  dialogs.file = folder / "curves";
+  session.send(devices);
+  EXPECT_THAT(devices.asked, ElementsAre("pdf " + (folder / "curves.pdf").string()));
+  EXPECT_THAT(devices.sent.pages, SizeIs(4));
+}
+
+TEST_F(ThreeInOnePrint, PicturesGoToTheFolderOfTheFirstSamplesProject) {
+  sample(1, kCU, "B-1", "P2");
+  devices.printerIsThere = true;
+  ThreeInOnePrintSession session = open();
+  session.setTicked(PrintTick::Picture, true);
+  session.choose(PrintScope::Range);
+  session.setText(PrintBox::From, "2");
+  session.setText(PrintBox::To, "2");
+  session.send(devices);
+  EXPECT_THAT(devices.asked, ElementsAre("pictures " + (folder.path() / "PTU" / "P2").string() + " SZ"));
+  sample(1, kCU, "B-1", "a/b");
+  session.send(devices);
+  EXPECT_THAT(dialogs.take(), ElementsAre(HasSubstr("工程编号“a/b”")));
+}
+
+TEST_F(ThreeInOnePrint, AJobWithoutAPageAsksForNothingAndSaysSo) {
+  ThreeInOnePrintSession session(workspace, dialogs, {.row = 900});
+  session.choose(PrintScope::Current);  // an empty row
+  session.send(devices);
+  EXPECT_THAT(devices.asked, IsEmpty());
+  EXPECT_THAT(dialogs.fileQuestions, IsEmpty());
+  EXPECT_THAT(session.remarks(), ElementsAre("没有可打印的页。"));
+}
+
+}  // namespace
+}  // namespace triaxlab::testing

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/page_devices.h"
+#include "support/drawings.h"
+
+namespace triaxlab::testing {
+
+/// Pages as they were drawn.
+class RecordingDevice : public PageDevice {
+ public:
+  struct Page {
+    PageSize size;
+    Drawing drawing;
+  };
+
+  DrawingSurface& beginPage(PageSize size) override {
+    m_surface.clear();
+    m_size = size;
+    return m_surface;
+  }
+  void endPage() override { pages.push_back({m_size, m_surface.operations()}); }
+  void finish() override { ++finished; }
+
+  std::vector<Page> pages;
+  int finished = 0;
+
+ private:
+  RecordingSurface m_surface;
+  PageSize m_size;
+};
+
+/// Notes where pages are sent; all of them come to `sent`.
+class FakePageDevices : public PageDevices {
+ public:
+  bool printerIsThere = false;
+  bool printerHasPaper = true;
+  std::vector<std::string> asked;
+  PrinterJob printerJob{};
+  RecordingDevice sent;
+
+  bool hasPrinter() const override { return printerIsThere; }
+  std::unique_ptr<PageDevice> printer(PrinterJob job, Dialogs& dialogs) override {
+    asked.emplace_back("printer");
+    printerJob = job;
+    if (!printerHasPaper && !dialogs.ask("打印", "?", MessageIcon::Exclamation)) return nullptr;
+    return std::make_unique<Forwarded>(sent);
+  }
+  std::unique_ptr<PageDevice> pdf(const std::filesystem::path& file) override {
+    asked.push_back("pdf " + file.string());
+    return std::make_unique<Forwarded>(sent);
+  }
+  std::unique_ptr<PageDevice> pictures(const std::filesystem::path& folder, std::string_view prefix) override {
+    asked.push_back("pictures " + folder.string() + " " + std::string(prefix));
+    return std::make_unique<Forwarded>(sent);
+  }
+
+ private:
+  /// The caller's own, while the pages outlive it.
+  class Forwarded : public PageDevice {
+   public:
+    explicit Forwarded(RecordingDevice& target) : m_target(target) {}
+    DrawingSurface& beginPage(PageSize size) override { return m_target.beginPage(size); }
+    void endPage() override { m_target.endPage(); }
+    void finish() override { m_target.finish(); }
+
+   private:
+    RecordingDevice& m_target;
+  };
+};
+
+}  // namespace triaxlab::testing
