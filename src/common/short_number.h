@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
@@ -66,37 +65,26 @@ bool readWholeNumber(const char* places, double& value) {
   return true;
 }
 
-/// The digits of 0 to 999, the highest in the lowest byte, as numbers 0 to 9.
-inline constexpr auto kThreeDigits = [] {
-  std::array<std::uint32_t, 1000> digits{};
-  for (std::uint32_t n = 0; n < digits.size(); ++n) digits[n] = n / 100 | n / 10 % 10 << 8 | n % 10 << 16;
-  return digits;
-}();
+inline constexpr int kBeyondShort = 10000;
 
-/// Writes the value rounded to a whole number of up to six digits, as far as the field holds them, and says which
-/// number it was. Just below a half the decimal rendering decides, which is the general functions' business.
+/// The numbers below kBeyondShort as a word of places: the first digit in the lowest byte, blanks behind the last.
+extern const std::array<std::uint64_t, kBeyondShort> kShortTexts;
+
+/// Writes the value rounded to a whole number of up to four digits, if the field holds them all, and says which number
+/// it was. Near a half the decimal rendering decides, which is the general functions' business.
 template <std::size_t N>
 bool writeWholeNumber(char* places, double value, double& written) {
   static_assert(kFitsAWord<N>);
-  constexpr std::array<std::uint32_t, 7> kPowersOfTen{1, 10, 100, 1000, 10000, 100000, 1000000};
-  constexpr std::uint32_t kBeyond = kPowersOfTen[std::min<std::size_t>(N, 6)], kBeyondNegative = kPowersOfTen[N - 1];
-  if (!(value > -double{kBeyondNegative} && value < kBeyond)) return false;
+  constexpr double kMost = 9999, kLeast = N == 4 ? -999 : -kMost;
+  if (!(value >= kLeast && value <= kMost)) return false;
   auto whole = static_cast<std::int32_t>(value);
   if (const double fraction = std::fabs(value - whole); fraction != 0) {
-    if (fraction > 0.49 && fraction < 0.5) return false;
-    if (fraction >= 0.5) whole += value < 0 ? -1 : 1;
-    if (whole == static_cast<std::int32_t>(kBeyond) || whole == -static_cast<std::int32_t>(kBeyondNegative))
-      return false;
+    if (std::fabs(fraction - 0.5) < 0.01) return false;
+    whole = static_cast<std::int32_t>(value + std::copysign(0.5, value));
   }
   written = whole;
-
   const bool negative = whole < 0;
-  const auto magnitude = static_cast<std::uint32_t>(negative ? -whole : whole);
-  const std::uint64_t digits = kThreeDigits[magnitude / 1000] | std::uint64_t{kThreeDigits[magnitude % 1000]} << 24;
-  constexpr std::uint64_t kLastDigit = std::uint64_t{1} << 40;  // stays even when it is 0
-  const auto leadingZeros = static_cast<unsigned>(std::countr_zero(digits | kLastDigit)) & ~7U;
-  constexpr std::uint64_t kSixZeros = kEachByte * '0' >> 16;
-  std::uint64_t text = (digits | kSixZeros) >> leadingZeros | kEachByte * ' ' << (48 - leadingZeros);
+  std::uint64_t text = kShortTexts[static_cast<std::size_t>(negative ? -whole : whole)];
   if (negative) text = text << 8 | '-';
   std::memcpy(places, &text, N);
   return true;

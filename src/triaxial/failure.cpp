@@ -8,21 +8,32 @@
 namespace triaxlab {
 namespace {
 
-/// The running values of a stage; each finds its own row.
+/// The largest values of a stage, each over rows of its own, all whole numbers of 16 bits.
 struct Maxima {
-  double peak = 0, centreSum = 0, centreSumEff = 0, sigma1 = 0, sigma1Eff = 0;  // through 16-bit integers
-  double poreAtPeak = 0, sigma3Eff = 0;
+  double peak = 0, centreSum = 0, centreSumEff = 0, sigma1 = 0, sigma1Eff = 0;
+  double poreAtPeak = 0, sigma3Eff = 0;  // as they stand
 };
 
-void raise(double& running, double value) {
-  if (value > running) assignIf(running, toInt16(value));
-}
+/// The largest of the values above 0 that a 16-bit integer can hold.
+class Largest {
+ public:
+  void take(double value) {
+    constexpr double kBeyondInt16 = 32767.5;
+    if (value > m_value && value < kBeyondInt16) m_value = value;
+  }
+  /// Rounded at the end: the rounding keeps the order, so no value before changes the result.
+  double whole() const { return toInt16(m_value).value_or(0); }
+
+ private:
+  double m_value = 0;
+};
 
 Maxima findMaxima(const TriaxialSampleRecord& record, std::size_t stage, double strainLimit,
                   const StageCurves& curves) {
   const double sigma3 = record.cellPressure[stage].number();
   const bool oneSpecimen = record.shearMode == 2;
   Maxima found;
+  Largest centreSum, centreSumEff, sigma1, sigma1Eff;
   for (std::size_t row = 0; row < kShearRows; ++row) {
     if (!withinLimit(record, stage, row, strainLimit)) continue;
     const double q = curves.deviatorStress[row], u = curves.porePressure[row], sigma3Eff = curves.sigma3Eff[row];
@@ -31,12 +42,16 @@ Maxima findMaxima(const TriaxialSampleRecord& record, std::size_t stage, double 
       found.poreAtPeak = u;
       if (!oneSpecimen) found.sigma3Eff = sigma3Eff;
     }
-    raise(found.centreSum, 2 * sigma3 + q);
-    raise(found.centreSumEff, 2 * sigma3 + q - 2 * u);
-    raise(found.sigma1, q + sigma3);
-    raise(found.sigma1Eff, curves.sigma1Eff[row]);
+    centreSum.take(2 * sigma3 + q);
+    centreSumEff.take(2 * sigma3 + q - 2 * u);
+    sigma1.take(q + sigma3);
+    sigma1Eff.take(curves.sigma1Eff[row]);
     if (oneSpecimen && sigma3Eff > found.sigma3Eff) found.sigma3Eff = sigma3Eff;
   }
+  found.centreSum = centreSum.whole();
+  found.centreSumEff = centreSumEff.whole();
+  found.sigma1 = sigma1.whole();
+  found.sigma1Eff = sigma1Eff.whole();
   return found;
 }
 
