@@ -81,17 +81,11 @@ void addMember(FieldRows& rows, FieldRow row, std::string_view prefix) {
 
 template <DescribedRecord Record>
 void addRows(FieldRows& rows, std::size_t start, std::string_view prefix) {
-  static const Record record{};
   visitFields<Record>([&](const auto& field) {
     using Value = typename std::decay_t<decltype(field)>::Value;
-    const auto* const member = reinterpret_cast<const std::byte*>(&(record.*field.member));
-    const auto offset = static_cast<std::size_t>(member - reinterpret_cast<const std::byte*>(&record));
-    FieldRow row{start + offset,
-                 sizeof(Value),
-                 fmt::format("{}{}", prefix, field.name),
-                 {},
-                 std::string(field.unit),
-                 std::string(field.content)};
+    FieldRow row{
+        start + field.offset,      sizeof(Value), fmt::format("{}{}", prefix, field.name), {}, std::string(field.unit),
+        std::string(field.content)};
     addMember<Value>(rows, std::move(row), prefix);
   });
 }

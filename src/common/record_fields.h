@@ -8,8 +8,8 @@
 namespace triaxlab {
 
 // What the members of a record on file are called and hold, told in one table beside the record. Whoever needs all of
-// them walks the table: the command line's JSON, the pages of docs/formats. Types, offsets and sizes are not in the
-// table; the compiler knows them.
+// them walks the table: the command line's JSON, the pages of docs/formats, the exchange of specimens. Offsets and
+// types come from the struct; one check beside the table holds them to the size on file.
 //
 // The table of a record is a function in the record's namespace:
 //
@@ -19,7 +19,7 @@ namespace triaxlab {
 //           TRIAXLAB_FIELD(RingCalibration, newtonsPerDivision, "N", "what a division stands for"),
 //       };
 //     }
-//     static_assert(tellsEveryByte<RingCalibration>());
+//     static_assert(tiles<RingCalibration>(90));
 
 /// A member as its table tells it. `unit` is empty where there is none; `content` is English, the middle of a sentence.
 template <class Record, class Member>
@@ -27,16 +27,18 @@ struct RecordField {
   using Value = Member;
 
   Member Record::*member;
+  std::size_t offset;
   std::string_view name;
   std::string_view unit;
   std::string_view content;
 };
 // Not every compiler can tell this by itself.
 template <class Record, class Member>
-RecordField(Member Record::*, std::string_view, std::string_view, std::string_view) -> RecordField<Record, Member>;
+RecordField(Member Record::*, std::size_t, std::string_view, std::string_view, std::string_view)
+    -> RecordField<Record, Member>;
 
 #define TRIAXLAB_FIELD(Record, member, unit, content) \
-  ::triaxlab::RecordField { &Record::member, #member, unit, content }
+  ::triaxlab::RecordField { &Record::member, offsetof(Record, member), #member, unit, content }
 
 /// Stands for a type where no object of it is at hand.
 template <class T>
@@ -53,12 +55,18 @@ constexpr void visitFields(Visit visit) {
   std::apply([&visit](const auto&... field) { (visit(field), ...); }, fieldsOf(RecordTag<Record>{}));
 }
 
-/// True when the members of the table add up to the record. That they stand in its order shows when they are laid out.
+/// True when the members of the table follow each other in the order of the file, from its first byte to `sizeOnFile`,
+/// and the struct is those bytes and no others.
 template <DescribedRecord Record>
-consteval bool tellsEveryByte() {
-  std::size_t size = 0;
-  visitFields<Record>([&size](const auto& field) { size += sizeof(typename std::decay_t<decltype(field)>::Value); });
-  return size == sizeof(Record);
+consteval bool tiles(std::size_t sizeOnFile) {
+  static_assert(std::is_trivially_copyable_v<Record> && std::is_standard_layout_v<Record> && alignof(Record) == 1);
+  std::size_t end = 0;
+  bool inOrder = true;
+  visitFields<Record>([&](const auto& field) {
+    inOrder = inOrder && field.offset == end;
+    end += sizeof(typename std::decay_t<decltype(field)>::Value);
+  });
+  return inOrder && end == sizeOnFile && sizeof(Record) == sizeOnFile;
 }
 
 }  // namespace triaxlab

@@ -38,8 +38,7 @@ struct AutomaticTail {             // offset in the entry
   FixedText<2> entryProjectTail2;  // 28  of a newer block
 };                                 // 30
 using AutomaticEntry = KuIndexEntry<AutomaticTail>;
-static_assert(sizeof(AutomaticTail) == 8 && sizeof(AutomaticEntry) == 30 && alignof(AutomaticEntry) == 1);
-static_assert(offsetof(AutomaticTail, entryProjectTail) == 1 && offsetof(AutomaticTail, entryFormat) == 5);
+static_assert(sizeof(AutomaticEntry) == 30 && alignof(AutomaticEntry) == 1);
 
 constexpr auto fieldsOf(RecordTag<AutomaticTail> /*record*/) {
   return std::tuple{
@@ -49,7 +48,7 @@ constexpr auto fieldsOf(RecordTag<AutomaticTail> /*record*/) {
       TRIAXLAB_FIELD(AutomaticTail, entryProjectTail2, "", "last places of the project number, newer block"),
   };
 }
-static_assert(tellsEveryByte<AutomaticTail>());
+static_assert(tiles<AutomaticTail>(8));
 
 struct AutoSpecimenRecord {                    // offset
   std::uint8_t validMark = 0;                  //   0  255 on a stored specimen; older block only
@@ -74,15 +73,6 @@ struct AutoSpecimenRecord {                    // offset
   ShearWords rawVolume;                        // 348  0.01 ml; in an older block 0.001 ml
   FixedText<8> recordEnd;                      // 452  not used
 };                                             // 460
-static_assert(sizeof(AutoSpecimenRecord) == 460 && alignof(AutoSpecimenRecord) == 1);
-static_assert(offsetof(AutoSpecimenRecord, recordProjectNo) == 5 && offsetof(AutoSpecimenRecord, recordSampleNo) == 15);
-static_assert(offsetof(AutoSpecimenRecord, rawCellPressure) == 25 && offsetof(AutoSpecimenRecord, rawShearRate) == 37);
-static_assert(offsetof(AutoSpecimenRecord, rawStageFlag) == 39);
-static_assert(offsetof(AutoSpecimenRecord, rawConsolidationPore) == 40);
-static_assert(offsetof(AutoSpecimenRecord, rawConsolidationVolume) == 90);
-static_assert(offsetof(AutoSpecimenRecord, rawStress) == 140 && offsetof(AutoSpecimenRecord, rawPore) == 244);
-static_assert(offsetof(AutoSpecimenRecord, rawVolume) == 348 && offsetof(AutoSpecimenRecord, recordEnd) == 452);
-static_assert(std::is_trivially_copyable_v<AutoSpecimenRecord>);
 
 constexpr auto fieldsOf(RecordTag<AutoSpecimenRecord> /*record*/) {
   return std::tuple{
@@ -113,7 +103,7 @@ constexpr auto fieldsOf(RecordTag<AutoSpecimenRecord> /*record*/) {
       TRIAXLAB_FIELD(AutoSpecimenRecord, recordEnd, "", "not used"),
   };
 }
-static_assert(tellsEveryByte<AutoSpecimenRecord>());
+static_assert(tiles<AutoSpecimenRecord>(460));
 
 constexpr std::uint8_t kLastOlderFormat = 10;
 constexpr std::uint8_t kValid = 255;

@@ -79,8 +79,7 @@ std::string cutShortRemark(const std::filesystem::path& path, std::string_view w
 template <class Tail>
 std::vector<KuIndexEntry<Tail>> readKuIndex(const File& file, Remarks& remarks) {
   using Entry = KuIndexEntry<Tail>;
-  static_assert(sizeof(Entry) == 30 && std::is_trivially_copyable_v<Entry>);
-  static_assert(offsetof(Entry, entryDataOffset) == 16 && offsetof(Entry, entryTail) == 22);
+  static_assert(tiles<Entry>(30));
 
   Little<std::int16_t> count;
   const std::size_t countBytes = file.readAt(0, writableBytesOf(count));

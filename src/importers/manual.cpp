@@ -39,9 +39,6 @@ struct ManualIndexEntry {                 // offset
   Little<std::int32_t> indexFirstRecord;  // 29  its number, from 0
   FixedText<2> reserved33;                // 33
 };                                        // 35
-static_assert(sizeof(ManualIndexEntry) == 35 && alignof(ManualIndexEntry) == 1);
-static_assert(offsetof(ManualIndexEntry, indexCount) == 25 && offsetof(ManualIndexEntry, indexFirstRecord) == 29);
-static_assert(std::is_trivially_copyable_v<ManualIndexEntry>);
 
 constexpr auto fieldsOf(RecordTag<ManualIndexEntry> /*record*/) {
   return std::tuple{
@@ -54,7 +51,7 @@ constexpr auto fieldsOf(RecordTag<ManualIndexEntry> /*record*/) {
       TRIAXLAB_FIELD(ManualIndexEntry, reserved33, "", "not used"),
   };
 }
-static_assert(tellsEveryByte<ManualIndexEntry>());
+static_assert(tiles<ManualIndexEntry>(35));
 
 struct ManualSpecimenRecord {                  // offset
   FixedText<15> recordProjectNo;               //   0
@@ -77,16 +74,6 @@ struct ManualSpecimenRecord {                  // offset
   ShearWords rawVolume;                        // 357  0.01 ml
   FixedText<50> reserved461;                   // 461
 };                                             // 511
-static_assert(sizeof(ManualSpecimenRecord) == 511 && alignof(ManualSpecimenRecord) == 1);
-static_assert(offsetof(ManualSpecimenRecord, testMethod) == 30 && offsetof(ManualSpecimenRecord, stageFlag) == 32);
-static_assert(offsetof(ManualSpecimenRecord, rawCellPressure) == 33 &&
-              offsetof(ManualSpecimenRecord, rawDrainage) == 43);
-static_assert(offsetof(ManualSpecimenRecord, rawRingCoefficient) == 47);
-static_assert(offsetof(ManualSpecimenRecord, rawConsolidationPore) == 49);
-static_assert(offsetof(ManualSpecimenRecord, rawConsolidationVolume) == 99);
-static_assert(offsetof(ManualSpecimenRecord, rawStress) == 149 && offsetof(ManualSpecimenRecord, rawPore) == 253);
-static_assert(offsetof(ManualSpecimenRecord, rawVolume) == 357 && offsetof(ManualSpecimenRecord, reserved461) == 461);
-static_assert(std::is_trivially_copyable_v<ManualSpecimenRecord>);
 
 constexpr auto fieldsOf(RecordTag<ManualSpecimenRecord> /*record*/) {
   return std::tuple{
@@ -113,7 +100,7 @@ constexpr auto fieldsOf(RecordTag<ManualSpecimenRecord> /*record*/) {
       TRIAXLAB_FIELD(ManualSpecimenRecord, reserved461, "", "not used"),
   };
 }
-static_assert(tellsEveryByte<ManualSpecimenRecord>());
+static_assert(tiles<ManualSpecimenRecord>(511));
 
 // ---- the index
 

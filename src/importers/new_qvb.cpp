@@ -36,7 +36,6 @@ struct NewQvbTail {                // offset in the entry
   FixedText<5> reserved25;         // 25
 };                                 // 30
 using NewQvbEntry = KuIndexEntry<NewQvbTail>;
-static_assert(sizeof(NewQvbTail) == 8 && offsetof(NewQvbTail, specimenCount) == 2);
 
 constexpr auto fieldsOf(RecordTag<NewQvbTail> /*record*/) {
   return std::tuple{
@@ -45,7 +44,7 @@ constexpr auto fieldsOf(RecordTag<NewQvbTail> /*record*/) {
       TRIAXLAB_FIELD(NewQvbTail, reserved25, "", "not used"),
   };
 }
-static_assert(tellsEveryByte<NewQvbTail>());
+static_assert(tiles<NewQvbTail>(8));
 
 constexpr std::size_t kPoreWords = 51;  // one less than dial readings
 constexpr std::size_t kDrainedVolumeWords = 24;
@@ -72,15 +71,6 @@ struct NewQvbSpecimenRecord {                         // offset
   Words<kPoreWords> rawVolume;                        // 354  0.01 ml; same index
   FixedText<44> reserved456;                          // 456
 };                                                    // 500
-static_assert(sizeof(NewQvbSpecimenRecord) == 500 && alignof(NewQvbSpecimenRecord) == 1);
-static_assert(offsetof(NewQvbSpecimenRecord, recordSampleNo) == 11 && offsetof(NewQvbSpecimenRecord, testMethod) == 21);
-static_assert(offsetof(NewQvbSpecimenRecord, rawCellPressure) == 30);
-static_assert(offsetof(NewQvbSpecimenRecord, rawRingCoefficient) == 42);
-static_assert(offsetof(NewQvbSpecimenRecord, rawConsolidationPore) == 50);
-static_assert(offsetof(NewQvbSpecimenRecord, rawConsolidationVolume) == 100);
-static_assert(offsetof(NewQvbSpecimenRecord, rawDial) == 148 && offsetof(NewQvbSpecimenRecord, rawPore) == 252);
-static_assert(offsetof(NewQvbSpecimenRecord, rawVolume) == 354 && offsetof(NewQvbSpecimenRecord, reserved456) == 456);
-static_assert(std::is_trivially_copyable_v<NewQvbSpecimenRecord>);
 
 constexpr auto fieldsOf(RecordTag<NewQvbSpecimenRecord> /*record*/) {
   return std::tuple{
@@ -111,7 +101,7 @@ constexpr auto fieldsOf(RecordTag<NewQvbSpecimenRecord> /*record*/) {
       TRIAXLAB_FIELD(NewQvbSpecimenRecord, reserved456, "", "not used"),
   };
 }
-static_assert(tellsEveryByte<NewQvbSpecimenRecord>());
+static_assert(tiles<NewQvbSpecimenRecord>(500));
 
 // ---- the index
 

@@ -58,13 +58,6 @@ struct QvbSpecimenRecord {                       // offset
   Words<kReadings> rawVolume;                    // 234  0.01 ml, sign and magnitude
   FixedText<2> reserved334;                      // 334
 };                                               // 336
-static_assert(sizeof(QvbSpecimenRecord) == 336 && alignof(QvbSpecimenRecord) == 1);
-static_assert(offsetof(QvbSpecimenRecord, testMethod) == 6 && offsetof(QvbSpecimenRecord, shearMode) == 9);
-static_assert(offsetof(QvbSpecimenRecord, rawCellPressure) == 10 && offsetof(QvbSpecimenRecord, rawDrainage) == 18);
-static_assert(offsetof(QvbSpecimenRecord, rawRingCoefficient) == 20 && offsetof(QvbSpecimenRecord, rawDial) == 32);
-static_assert(offsetof(QvbSpecimenRecord, rawStartPore) == 132 && offsetof(QvbSpecimenRecord, rawPore) == 134);
-static_assert(offsetof(QvbSpecimenRecord, rawVolume) == 234 && offsetof(QvbSpecimenRecord, reserved334) == 334);
-static_assert(std::is_trivially_copyable_v<QvbSpecimenRecord>);
 
 constexpr auto fieldsOf(RecordTag<QvbSpecimenRecord> /*record*/) {
   return std::tuple{
@@ -90,7 +83,7 @@ constexpr auto fieldsOf(RecordTag<QvbSpecimenRecord> /*record*/) {
       TRIAXLAB_FIELD(QvbSpecimenRecord, reserved334, "", "not used"),
   };
 }
-static_assert(tellsEveryByte<QvbSpecimenRecord>());
+static_assert(tiles<QvbSpecimenRecord>(336));
 
 struct QvbGroupRecord {                             // offset
   FixedText<20> unknown;                            //    0

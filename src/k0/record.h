@@ -31,19 +31,6 @@ struct K0SampleRecord {                         // offset
   FixedText<5> spare;                           //  238
 };                                              //  243
 
-static_assert(sizeof(K0SampleRecord) == 243 && alignof(K0SampleRecord) == 1);
-static_assert(offsetof(K0SampleRecord, projectNo) == 0);
-static_assert(offsetof(K0SampleRecord, sampleNo) == 15);
-static_assert(offsetof(K0SampleRecord, koAdjusted) == 30);
-static_assert(offsetof(K0SampleRecord, axialDeformation) == 31);
-static_assert(offsetof(K0SampleRecord, axialPressure) == 91);
-static_assert(offsetof(K0SampleRecord, lateralPressure) == 151);
-static_assert(offsetof(K0SampleRecord, koValue) == 211);
-static_assert(offsetof(K0SampleRecord, koIntercept) == 217);
-static_assert(offsetof(K0SampleRecord, samplingDepth) == 223);
-static_assert(offsetof(K0SampleRecord, spare) == 238);
-static_assert(std::is_trivially_copyable_v<K0SampleRecord>);
-
 /// One sample of the TK0 test: the whole of a K0 record, then the time series of each load stage.
 struct TK0SampleRecord {                                       // offset
   K0SampleRecord k0;                                           //    0
@@ -56,17 +43,5 @@ struct TK0SampleRecord {                                       // offset
   Little<std::int16_t> timeRowCount;                           // 4755
   std::array<Little<std::int32_t>, kTimeRows> elapsedSeconds;  // 4757
 };                                                             // 4881
-
-static_assert(sizeof(TK0SampleRecord) == 4881 && alignof(TK0SampleRecord) == 1);
-static_assert(offsetof(TK0SampleRecord, k0) == 0);
-static_assert(offsetof(TK0SampleRecord, pressureSeries) == 243);
-static_assert(offsetof(TK0SampleRecord, deformationSeries) == 2413);
-static_assert(offsetof(TK0SampleRecord, t90Slope) == 4583);
-static_assert(offsetof(TK0SampleRecord, t90Intercept) == 4663);
-static_assert(offsetof(TK0SampleRecord, t90Adjusted) == 4743);
-static_assert(offsetof(TK0SampleRecord, stageCount) == 4753);
-static_assert(offsetof(TK0SampleRecord, timeRowCount) == 4755);
-static_assert(offsetof(TK0SampleRecord, elapsedSeconds) == 4757);
-static_assert(std::is_trivially_copyable_v<TK0SampleRecord>);
 
 }  // namespace triaxlab

@@ -21,7 +21,7 @@ constexpr auto fieldsOf(RecordTag<K0SampleRecord> /*record*/) {
       TRIAXLAB_FIELD(K0SampleRecord, spare, "", "written blank"),
   };
 }
-static_assert(tellsEveryByte<K0SampleRecord>());
+static_assert(tiles<K0SampleRecord>(243));
 
 /// The K0 record's own fields stand in front of the others.
 constexpr auto fieldsOf(RecordTag<TK0SampleRecord> /*record*/) {
@@ -37,6 +37,6 @@ constexpr auto fieldsOf(RecordTag<TK0SampleRecord> /*record*/) {
       TRIAXLAB_FIELD(TK0SampleRecord, elapsedSeconds, "s", "time since the stage began; 0: no reading"),
   };
 }
-static_assert(tellsEveryByte<TK0SampleRecord>());
+static_assert(tiles<TK0SampleRecord>(4881));
 
 }  // namespace triaxlab

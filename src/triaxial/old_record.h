@@ -36,19 +36,6 @@ struct OldTriaxialRecord {                                               // offs
   std::array<std::byte, 50> flagsAndCoefficients{};                      // 5916  adjustedFlag to coefficientAf
 };                                                                       // 5966
 
-static_assert(sizeof(OldTriaxialRecord) == 5966 && alignof(OldTriaxialRecord) == 1);
-static_assert(offsetof(OldTriaxialRecord, sampleAndSpecimens) == 0);
-static_assert(offsetof(OldTriaxialRecord, deviatorStress) == 476);
-static_assert(offsetof(OldTriaxialRecord, sigma1Eff) == 1516);
-static_assert(offsetof(OldTriaxialRecord, sigma3Eff) == 2556);
-static_assert(offsetof(OldTriaxialRecord, porePressure) == 3596);
-static_assert(offsetof(OldTriaxialRecord, consolidationPorePressure) == 4636);
-static_assert(offsetof(OldTriaxialRecord, consolidationVolume) == 4886);
-static_assert(offsetof(OldTriaxialRecord, volumeChange) == 5136);
-static_assert(offsetof(OldTriaxialRecord, axialStrain) == 5656);
-static_assert(offsetof(OldTriaxialRecord, flagsAndCoefficients) == 5916);
-static_assert(std::is_trivially_copyable_v<OldTriaxialRecord> && std::is_standard_layout_v<OldTriaxialRecord>);
-
 /// The sample as today's record: row by row and specimen by specimen, the rest blank. The times of the consolidation
 /// readings are those at which that apparatus read.
 TriaxialSampleRecord currentRecord(const OldTriaxialRecord& old);

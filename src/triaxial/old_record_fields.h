@@ -21,6 +21,6 @@ constexpr auto fieldsOf(RecordTag<OldTriaxialRecord> /*record*/) {
       TRIAXLAB_FIELD(OldTriaxialRecord, flagsAndCoefficients, "", "today's adjustedFlag to coefficientAf"),
   };
 }
-static_assert(tellsEveryByte<OldTriaxialRecord>());
+static_assert(tiles<OldTriaxialRecord>(5966));
 
 }  // namespace triaxlab

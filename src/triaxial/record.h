@@ -79,57 +79,6 @@ struct TriaxialSampleRecord {                                         // offset
   FixedText<182> reserved;                                            // 38394  kept blank
 };                                                                    // 38576
 
-static_assert(sizeof(TriaxialSampleRecord) == 38576 && alignof(TriaxialSampleRecord) == 1);
-static_assert(offsetof(TriaxialSampleRecord, projectNo) == 0);
-static_assert(offsetof(TriaxialSampleRecord, sampleNo) == 15);
-static_assert(offsetof(TriaxialSampleRecord, uuAdjustFlag) == 29);
-static_assert(offsetof(TriaxialSampleRecord, recordCodeA) == 30);
-static_assert(offsetof(TriaxialSampleRecord, recordCodeB) == 31);
-static_assert(offsetof(TriaxialSampleRecord, testMethod) == 32);
-static_assert(offsetof(TriaxialSampleRecord, shearMode) == 33);
-static_assert(offsetof(TriaxialSampleRecord, shearRate) == 34);
-static_assert(offsetof(TriaxialSampleRecord, cohesionTenths) == 44);
-static_assert(offsetof(TriaxialSampleRecord, frictionAngle) == 46);
-static_assert(offsetof(TriaxialSampleRecord, cohesionEffTenths) == 50);
-static_assert(offsetof(TriaxialSampleRecord, frictionAngleEff) == 52);
-static_assert(offsetof(TriaxialSampleRecord, cellPressure) == 56);
-static_assert(offsetof(TriaxialSampleRecord, initialHeight) == 86);
-static_assert(offsetof(TriaxialSampleRecord, consolidatedHeight) == 116);
-static_assert(offsetof(TriaxialSampleRecord, initialArea) == 146);
-static_assert(offsetof(TriaxialSampleRecord, consolidatedArea) == 176);
-static_assert(offsetof(TriaxialSampleRecord, failureRadius) == 206);
-static_assert(offsetof(TriaxialSampleRecord, density) == 231);
-static_assert(offsetof(TriaxialSampleRecord, failureRadiusEff) == 236);
-static_assert(offsetof(TriaxialSampleRecord, failureCentre) == 256);
-static_assert(offsetof(TriaxialSampleRecord, failureCentreEff) == 281);
-static_assert(offsetof(TriaxialSampleRecord, soilName) == 306);
-static_assert(offsetof(TriaxialSampleRecord, failureStrainLimit) == 321);
-static_assert(offsetof(TriaxialSampleRecord, consolidationDrainage) == 326);
-static_assert(offsetof(TriaxialSampleRecord, ringCoefficient) == 356);
-static_assert(offsetof(TriaxialSampleRecord, sigma1Failure) == 386);
-static_assert(offsetof(TriaxialSampleRecord, sigma1FailureEff) == 416);
-static_assert(offsetof(TriaxialSampleRecord, sigma3FailureEff) == 446);
-static_assert(offsetof(TriaxialSampleRecord, deviatorStress) == 476);
-static_assert(offsetof(TriaxialSampleRecord, sigma1Eff) == 6836);
-static_assert(offsetof(TriaxialSampleRecord, sigma3Eff) == 13196);
-static_assert(offsetof(TriaxialSampleRecord, porePressure) == 19556);
-static_assert(offsetof(TriaxialSampleRecord, consolidationTime) == 25916);
-static_assert(offsetof(TriaxialSampleRecord, consolidationPorePressure) == 28936);
-static_assert(offsetof(TriaxialSampleRecord, consolidationVolume) == 30446);
-static_assert(offsetof(TriaxialSampleRecord, volumeChange) == 31956);
-static_assert(offsetof(TriaxialSampleRecord, axialStrain) == 34076);
-static_assert(offsetof(TriaxialSampleRecord, adjustedFlag) == 38316);
-static_assert(offsetof(TriaxialSampleRecord, pathAdjustedFlag) == 38317);
-static_assert(offsetof(TriaxialSampleRecord, pathSlope) == 38318);
-static_assert(offsetof(TriaxialSampleRecord, pathIntercept) == 38322);
-static_assert(offsetof(TriaxialSampleRecord, coefficientB) == 38326);
-static_assert(offsetof(TriaxialSampleRecord, coefficientAf) == 38346);
-static_assert(offsetof(TriaxialSampleRecord, testDate) == 38366);
-static_assert(offsetof(TriaxialSampleRecord, cohesionText) == 38376);
-static_assert(offsetof(TriaxialSampleRecord, cohesionEffText) == 38385);
-static_assert(offsetof(TriaxialSampleRecord, reserved) == 38394);
-static_assert(std::is_trivially_copyable_v<TriaxialSampleRecord> && std::is_standard_layout_v<TriaxialSampleRecord>);
-
 /// A record with a blank project or sample number is an empty slot, which all computation and saving passes over.
 inline bool isLive(const TriaxialSampleRecord& record) {
   return !record.sampleNo.isBlank() && !record.projectNo.isBlank();

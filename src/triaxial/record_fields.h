@@ -65,6 +65,6 @@ constexpr auto fieldsOf(RecordTag<TriaxialSampleRecord> /*record*/) {
       TRIAXLAB_FIELD(TriaxialSampleRecord, reserved, "", "kept blank: room for later versions"),
   };
 }
-static_assert(tellsEveryByte<TriaxialSampleRecord>());
+static_assert(tiles<TriaxialSampleRecord>(38576));
 
 }  // namespace triaxlab

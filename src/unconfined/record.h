@@ -36,23 +36,4 @@ struct UnconfinedSampleRecord {                         // offset
   FixedText<10> spare;                                  // 1914
 };                                                      // 1924
 
-static_assert(sizeof(UnconfinedSampleRecord) == 1924 && alignof(UnconfinedSampleRecord) == 1);
-static_assert(offsetof(UnconfinedSampleRecord, projectNo) == 0);
-static_assert(offsetof(UnconfinedSampleRecord, sampleNo) == 15);
-static_assert(offsetof(UnconfinedSampleRecord, undisturbedStress) == 30);
-static_assert(offsetof(UnconfinedSampleRecord, remouldedStress) == 336);
-static_assert(offsetof(UnconfinedSampleRecord, undisturbedStrain) == 642);
-static_assert(offsetof(UnconfinedSampleRecord, remouldedStrain) == 948);
-static_assert(offsetof(UnconfinedSampleRecord, undisturbedReading) == 1254);
-static_assert(offsetof(UnconfinedSampleRecord, remouldedReading) == 1560);
-static_assert(offsetof(UnconfinedSampleRecord, sampleHeight) == 1866);
-static_assert(offsetof(UnconfinedSampleRecord, sampleArea) == 1878);
-static_assert(offsetof(UnconfinedSampleRecord, ringCoefficient) == 1890);
-static_assert(offsetof(UnconfinedSampleRecord, qu) == 1894);
-static_assert(offsetof(UnconfinedSampleRecord, quRemoulded) == 1900);
-static_assert(offsetof(UnconfinedSampleRecord, sensitivity) == 1906);
-static_assert(offsetof(UnconfinedSampleRecord, strainLimit) == 1912);
-static_assert(offsetof(UnconfinedSampleRecord, spare) == 1914);
-static_assert(std::is_trivially_copyable_v<UnconfinedSampleRecord>);
-
 }  // namespace triaxlab

@@ -29,6 +29,6 @@ constexpr auto fieldsOf(RecordTag<UnconfinedSampleRecord> /*record*/) {
       TRIAXLAB_FIELD(UnconfinedSampleRecord, spare, "", "written blank"),
   };
 }
-static_assert(tellsEveryByte<UnconfinedSampleRecord>());
+static_assert(tiles<UnconfinedSampleRecord>(1924));
 
 }  // namespace triaxlab

@@ -12,7 +12,7 @@ struct Point {
 constexpr auto fieldsOf(RecordTag<Point> /*record*/) {
   return std::tuple{TRIAXLAB_FIELD(Point, x, "cm", "to the right"), TRIAXLAB_FIELD(Point, y, "", "upward")};
 }
-static_assert(tellsEveryByte<Point>());
+static_assert(tiles<Point>(8));
 
 struct Drawing {
   FixedText<7> name;
@@ -32,7 +32,7 @@ constexpr auto fieldsOf(RecordTag<Drawing> /*record*/) {
       TRIAXLAB_FIELD(Drawing, stamp, "", ""),
   };
 }
-static_assert(tellsEveryByte<Drawing>());
+static_assert(tiles<Drawing>(64) && !tiles<Drawing>(63));
 
 /// Its table forgets a member.
 struct Forgetful {
@@ -40,7 +40,7 @@ struct Forgetful {
   FixedText<2> forgotten;
 };
 constexpr auto fieldsOf(RecordTag<Forgetful> /*record*/) { return std::tuple{TRIAXLAB_FIELD(Forgetful, told, "", "")}; }
-static_assert(!tellsEveryByte<Forgetful>());
+static_assert(!tiles<Forgetful>(5) && !tiles<Forgetful>(3));
 
 /// Its table has the members in another order.
 struct Turned {
@@ -50,6 +50,7 @@ struct Turned {
 constexpr auto fieldsOf(RecordTag<Turned> /*record*/) {
   return std::tuple{TRIAXLAB_FIELD(Turned, second, "", ""), TRIAXLAB_FIELD(Turned, first, "", "")};
 }
+static_assert(!tiles<Turned>(4));
 
 namespace {
 

@@ -21,6 +21,6 @@ constexpr auto fieldsOf(RecordTag<ProjectHeader> /*record*/) {
       TRIAXLAB_FIELD(ProjectHeader, headerEnd, "", "no meaning; carried along"),
   };
 }
-static_assert(tellsEveryByte<ProjectHeader>());
+static_assert(tiles<ProjectHeader>(81));
 
 }  // namespace triaxlab

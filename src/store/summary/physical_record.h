@@ -20,7 +20,6 @@ struct PhysicalHead {                       // offset
   Little<std::int16_t> recordCount;         //    49
   std::array<std::byte, 22648> unread51{};  //    51
 };                                          // 22699
-static_assert(sizeof(PhysicalHead) == 22699 && offsetof(PhysicalHead, recordCount) == 49);
 
 struct PhysicalRecord {                     // offset
   std::array<std::byte, 4> unread0{};       //    0
@@ -42,14 +41,6 @@ struct PhysicalRecord {                     // offset
   FixedText<16> remark;                     // 1870
   std::array<std::byte, 118> unread1886{};  // 1886
 };                                          // 2004
-static_assert(sizeof(PhysicalRecord) == 2004 && alignof(PhysicalRecord) == 1);
-static_assert(offsetof(PhysicalRecord, sampleNo) == 4 && offsetof(PhysicalRecord, samplingDepth) == 34);
-static_assert(offsetof(PhysicalRecord, waterContent) == 189 && offsetof(PhysicalRecord, density) == 194);
-static_assert(offsetof(PhysicalRecord, specificGravity) == 229 && offsetof(PhysicalRecord, voidRatio) == 243);
-static_assert(offsetof(PhysicalRecord, liquidLimit) == 250 && offsetof(PhysicalRecord, plasticLimit) == 257);
-static_assert(offsetof(PhysicalRecord, plasticityIndex) == 264 && offsetof(PhysicalRecord, liquidityIndex) == 271);
-static_assert(offsetof(PhysicalRecord, remark) == 1870);
-static_assert(std::is_trivially_copyable_v<PhysicalHead> && std::is_trivially_copyable_v<PhysicalRecord>);
 
 constexpr auto fieldsOf(RecordTag<PhysicalHead> /*record*/) {
   return std::tuple{
@@ -58,7 +49,7 @@ constexpr auto fieldsOf(RecordTag<PhysicalHead> /*record*/) {
       TRIAXLAB_FIELD(PhysicalHead, unread51, "", "not read"),
   };
 }
-static_assert(tellsEveryByte<PhysicalHead>());
+static_assert(tiles<PhysicalHead>(22699));
 
 constexpr auto fieldsOf(RecordTag<PhysicalRecord> /*record*/) {
   return std::tuple{
@@ -82,6 +73,6 @@ constexpr auto fieldsOf(RecordTag<PhysicalRecord> /*record*/) {
       TRIAXLAB_FIELD(PhysicalRecord, unread1886, "", "not read"),
   };
 }
-static_assert(tellsEveryByte<PhysicalRecord>());
+static_assert(tiles<PhysicalRecord>(2004));
 
 }  // namespace triaxlab

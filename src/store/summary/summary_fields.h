@@ -31,7 +31,7 @@ constexpr auto fieldsOf(RecordTag<SummaryHeader> /*record*/) {
       TRIAXLAB_FIELD(SummaryHeader, headerEnd, "", "CR LF"),
   };
 }
-static_assert(tellsEveryByte<SummaryHeader>());
+static_assert(tiles<SummaryHeader>(600));
 
 constexpr auto fieldsOf(RecordTag<StrengthPair> /*record*/) {
   return std::tuple{
@@ -41,7 +41,7 @@ constexpr auto fieldsOf(RecordTag<StrengthPair> /*record*/) {
       TRIAXLAB_FIELD(StrengthPair, cohesionEff, "kPa", "c′"),
   };
 }
-static_assert(tellsEveryByte<StrengthPair>());
+static_assert(tiles<StrengthPair>(18));
 
 constexpr auto fieldsOf(RecordTag<SummaryRecord> /*record*/) {
   return std::tuple{
@@ -92,7 +92,7 @@ constexpr auto fieldsOf(RecordTag<SummaryRecord> /*record*/) {
       TRIAXLAB_FIELD(SummaryRecord, wcEnd, "", "CR LF"),
   };
 }
-static_assert(tellsEveryByte<SummaryRecord>());
+static_assert(tiles<SummaryRecord>(2747));
 
 /// Equal texts side by side.
 struct TextRun {

@@ -25,14 +25,6 @@ struct SummaryHeader {                     // offset
   FixedText<2> headerEnd;                  // 598  CR LF
 };                                         // 600
 
-static_assert(sizeof(SummaryHeader) == 600 && alignof(SummaryHeader) == 1);
-static_assert(offsetof(SummaryHeader, projectNo) == 4 && offsetof(SummaryHeader, createdDate) == 19);
-static_assert(offsetof(SummaryHeader, fileState) == 29 && offsetof(SummaryHeader, toolDates) == 30);
-static_assert(offsetof(SummaryHeader, reportNoMask) == 80 && offsetof(SummaryHeader, text) == 88);
-static_assert(offsetof(SummaryHeader, textEnd) == 288 && offsetof(SummaryHeader, table) == 290);
-static_assert(offsetof(SummaryHeader, projectName) == 416 && offsetof(SummaryHeader, secondTitleLine) == 536);
-static_assert(offsetof(SummaryHeader, layoutCode) == 596 && offsetof(SummaryHeader, headerEnd) == 598);
-
 /// c and phi of one test method, and the effective pair beside them.
 struct StrengthPair {             // offset
   FixedText<4> frictionAngle;     //  0  degrees
@@ -40,11 +32,6 @@ struct StrengthPair {             // offset
   FixedText<5> cohesion;          //  8  kPa
   FixedText<5> cohesionEff;       // 13
 };                                // 18
-static_assert(offsetof(StrengthPair, frictionAngle) == 0);
-static_assert(offsetof(StrengthPair, frictionAngleEff) == 4);
-static_assert(offsetof(StrengthPair, cohesion) == 8);
-static_assert(offsetof(StrengthPair, cohesionEff) == 13);
-static_assert(sizeof(StrengthPair) == 18);
 
 /// One sample's results from every test. Each tool fills its own section and keeps the others; a section begins with
 /// its tag and ends with CR LF. The sections of the sibling tools are carried along unread.
@@ -93,51 +80,5 @@ struct SummaryRecord {                           // offset
   std::array<FixedText<5>, 2> wcTexts;           // 2735
   FixedText<2> wcEnd;                            // 2745
 };                                               // 2747
-
-static_assert(offsetof(SummaryRecord, noTag) == 0);
-static_assert(offsetof(SummaryRecord, sequenceNo) == 3);
-static_assert(offsetof(SummaryRecord, sampleNo) == 7);
-static_assert(offsetof(SummaryRecord, boreholeNo) == 22);
-static_assert(offsetof(SummaryRecord, samplingDepth) == 37);
-static_assert(offsetof(SummaryRecord, noFlags) == 52);
-static_assert(offsetof(SummaryRecord, noEnd) == 57);
-static_assert(offsetof(SummaryRecord, wsSection) == 59);
-static_assert(offsetof(SummaryRecord, kfSection) == 133);
-static_assert(offsetof(SummaryRecord, gjTag) == 305);
-static_assert(offsetof(SummaryRecord, gjFlags) == 308);
-static_assert(offsetof(SummaryRecord, gjText1) == 310);
-static_assert(offsetof(SummaryRecord, gjText2) == 320);
-static_assert(offsetof(SummaryRecord, gjFlag3) == 330);
-static_assert(offsetof(SummaryRecord, gjTables) == 331);
-static_assert(offsetof(SummaryRecord, samplingSpot) == 1107);
-static_assert(offsetof(SummaryRecord, koValue) == 1137);
-static_assert(offsetof(SummaryRecord, gjPairs) == 1143);
-static_assert(offsetof(SummaryRecord, gjEnd) == 1563);
-static_assert(offsetof(SummaryRecord, pcSection) == 1565);
-static_assert(offsetof(SummaryRecord, cvSection) == 1598);
-static_assert(offsetof(SummaryRecord, htSection) == 1903);
-static_assert(offsetof(SummaryRecord, psSection) == 1945);
-static_assert(offsetof(SummaryRecord, cbSection) == 2371);
-static_assert(offsetof(SummaryRecord, zjTag) == 2509);
-static_assert(offsetof(SummaryRecord, zjDates) == 2512);
-static_assert(offsetof(SummaryRecord, zjFlag) == 2532);
-static_assert(offsetof(SummaryRecord, zjUnread) == 2533);
-static_assert(offsetof(SummaryRecord, zjEnd) == 2583);
-static_assert(offsetof(SummaryRecord, szTag) == 2585);
-static_assert(offsetof(SummaryRecord, szDate) == 2588);
-static_assert(offsetof(SummaryRecord, testDateSz) == 2598);
-static_assert(offsetof(SummaryRecord, testMethod) == 2608);
-static_assert(offsetof(SummaryRecord, szUnread) == 2609);
-static_assert(offsetof(SummaryRecord, cSz) == 2640);
-static_assert(offsetof(SummaryRecord, phiSz) == 2645);
-static_assert(offsetof(SummaryRecord, cEffSz) == 2649);
-static_assert(offsetof(SummaryRecord, phiEffSz) == 2654);
-static_assert(offsetof(SummaryRecord, strengthByMethod) == 2658);
-static_assert(offsetof(SummaryRecord, szEnd) == 2730);
-static_assert(offsetof(SummaryRecord, wcTag) == 2732);
-static_assert(offsetof(SummaryRecord, wcTexts) == 2735);
-static_assert(offsetof(SummaryRecord, wcEnd) == 2745);
-static_assert(sizeof(SummaryRecord) == 2747 && alignof(SummaryRecord) == 1);
-static_assert(std::is_trivially_copyable_v<SummaryHeader> && std::is_trivially_copyable_v<SummaryRecord>);
 
 }  // namespace triaxlab
