@@ -49,7 +49,7 @@ void ImportSelection::load(Dialogs& dialogs) {
 
 bool ImportSelection::choose(Dialogs& dialogs) {
   const std::filesystem::path folder = pathFromText(m_workspace.sourceFolder);
-  const auto& start = folderExists(folder) ? folder : m_workspace.applicationFolder;
+  const auto& start = folderIsAtHand(folder) ? folder : m_workspace.applicationFolder;
   const auto chosen = dialogs.chooseFile(questionFor(m_importer, start));
   if (chosen) open(*chosen);
   return chosen.has_value();

@@ -16,9 +16,11 @@ class FileLock {
 
   /// Nothing when another holds it until then; at least one attempt is made. What doesn't exist, may not be written or
   /// lies where nothing can be locked gives a lock that holds nothing: whoever writes there will see for himself.
+  /// UserError when the file can't be looked at or opened for another reason.
   static std::optional<FileLock> take(const std::filesystem::path& path, Clock::time_point until);
 
-  /// False when another file has taken the place of the one that was locked, or nothing was locked.
+  /// False when another file has taken the place of the one that was locked, or nothing was locked. UserError when the
+  /// file can't be looked at.
   bool isOn(const std::filesystem::path& path) const;
 
   FileLock(FileLock&& other) noexcept;

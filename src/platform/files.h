@@ -59,14 +59,22 @@ class File {
   int m_descriptor = -1;
 };
 
+// What stands under a name. "No" and "nothing" mean that the system has said so; when it can't say, on a disk that
+// breaks or without the right to look, each of these is a UserError that names the file. An existing file that counted
+// as missing would be written anew.
+
 bool fileExists(const std::filesystem::path& path);
 bool folderExists(const std::filesystem::path& path);
 /// Nothing when there is no such file.
 std::optional<FileStamp> stampOf(const std::filesystem::path& path);
+/// The file that a link stands for, through all links on the way; the path itself where no file is yet.
+std::filesystem::path behindLinks(const std::filesystem::path& path);
 /// Bytes that this program can still write in the folder; nothing when the system doesn't say.
 std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder);
-/// True when files can be made in the folder.
+/// True when files can be made in the folder. UserError when the system doesn't say.
 bool folderIsWritable(const std::filesystem::path& folder);
+/// For a place where a person may begin to look: false also for a folder that can't be reached at the moment.
+bool folderIsAtHand(const std::filesystem::path& path);
 
 /// The whole file, refused by UserError when it is larger than `limit`.
 Bytes readWholeFile(const std::filesystem::path& path, std::uint64_t limit);
@@ -85,12 +93,13 @@ void syncFolder(const std::filesystem::path& folder);
 bool makeFolder(const std::filesystem::path& folder);
 
 /// The file of that name in the folder: as spelled, else the first in byte order that is equal but for the case of
-/// A to Z. Nothing when there is none or the folder can't be read.
+/// A to Z. Nothing when there is none. UserError when the folder can't be searched.
 std::optional<std::filesystem::path> findFile(const std::filesystem::path& folder, std::string_view name);
 /// findFile, or the path as spelled for a file that is yet to be made.
 std::filesystem::path fileOrNew(const std::filesystem::path& folder, std::string_view name);
 /// Names of the files in a folder that begin with `prefix` and end with `suffix`, both without regard to the case of
-/// A to Z, in ascending order without regard to case. Empty when the folder can't be read.
+/// A to Z, in ascending order without regard to case. None when there is no such folder; UserError when it can't be
+/// read. A name that can't be looked at is listed: whoever opens it hears why.
 std::vector<std::string> listFiles(const std::filesystem::path& folder, std::string_view prefix,
                                    std::string_view suffix);
 

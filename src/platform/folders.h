@@ -7,7 +7,7 @@
 namespace triaxlab {
 
 /// Names of the folders in a folder, links to folders too, in ascending order without regard to case; those that the
-/// system hides (".name") are left out. Empty when the folder can't be read.
+/// system hides (".name") are left out. None when there is no such folder; UserError when it can't be read.
 std::vector<std::string> listFolders(const std::filesystem::path& folder);
 
 /// Where a person looks for a disk: "/", then the mounted disks, sticks and shares of the network in ascending order.

@@ -16,10 +16,7 @@ namespace {
 
 class JsonDevice : public PageDevice {
  public:
-  explicit JsonDevice(const std::filesystem::path& file) : m_place(file), m_beside(file) {
-    // A link is left standing: the file that it names is replaced.
-    std::error_code noFileYet;
-    if (const auto real = std::filesystem::canonical(file, noFileYet); !noFileYet) m_place = m_beside = real;
+  explicit JsonDevice(const std::filesystem::path& file) : m_place(behindLinks(file)), m_beside(m_place) {
     m_beside += ".new";
   }
 

@@ -114,9 +114,9 @@ void takeSlot(std::string_view line, ChartLayout& layout) {
 
 /// The content of a settings file; nothing when it is missing, or can't be used, which a remark then tells.
 std::optional<Bytes> contentOf(const Workspace& workspace, std::string_view name, Remarks& remarks) {
-  const auto path = findFile(workspace.applicationFolder, name);
-  if (!path) return std::nullopt;
   try {
+    const auto path = findFile(workspace.applicationFolder, name);
+    if (!path) return std::nullopt;
     return readWholeFile(*path, kLargestTextFile);
   } catch (const UserError& error) {
     remarks.push_back(fmt::format("{}这个设置文件没有读入，按默认设置运行。", error.what()));

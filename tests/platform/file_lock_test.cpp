@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <thread>
 
+#include "common/user_error.h"
 #include "support/lock_holder.h"
 #include "support/temporary_folder.h"
 
@@ -82,6 +83,12 @@ TEST(FileLocks, WhatIsNotThereKeepsNobodyOut) {
   EXPECT_TRUE(first && second);
   EXPECT_FALSE(first->isOn(missing));
   EXPECT_FALSE(std::filesystem::exists(missing));
+}
+
+TEST(FileLocks, WhatCanNotBeLookedAtIsNotWrittenUnlocked) {
+  const TemporaryFolder folder;
+  std::filesystem::create_symlink("circle", folder / "circle");
+  EXPECT_THROW(takeNow(folder / "circle"), UserError);
 }
 
 TEST(FileLocks, ALockedFileThatIsReplacedIsNoLongerLocked) {

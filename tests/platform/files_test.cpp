@@ -238,8 +238,16 @@ TEST_F(Files, WhatMayNotBeReadOrWrittenIsSaid) {
     EXPECT_THAT(complaintOf([&] { removeFile(folder / "secret"); }), noRight);
     EXPECT_FALSE(folderIsWritable(folder.path()));
     EXPECT_FALSE(makeFolder(folder / "new"));
-    EXPECT_EQ(findFile(folder / "closed", "INSIDE"), std::nullopt);
-    EXPECT_THAT(listFiles(folder / "closed", "", ""), IsEmpty());
+    const auto noLook = AllOf(HasSubstr("closed"), HasSubstr("没有读写权限"));
+    const fs::path inside = folder / "closed/inside";
+    EXPECT_THAT(complaintOf([&] { fileExists(inside); }), noLook) << "nobody knows that it isn't there";
+    EXPECT_THAT(complaintOf([&] { folderExists(inside); }), noLook);
+    EXPECT_THAT(complaintOf([&] { stampOf(inside); }), noLook);
+    EXPECT_THAT(complaintOf([&] { behindLinks(inside); }), noLook);
+    EXPECT_THAT(complaintOf([&] { findFile(folder / "closed", "INSIDE"); }), noLook);
+    EXPECT_THAT(complaintOf([&] { fileOrNew(folder / "closed", "INSIDE"); }), noLook);
+    EXPECT_THAT(complaintOf([&] { listFiles(folder / "closed", "", ""); }), noLook);
+    EXPECT_FALSE(folderIsAtHand(folder / "closed/deep"));
   }
   fs::permissions(folder.path(), fs::perms::owner_all);
   fs::permissions(folder / "closed", fs::perms::owner_all);
@@ -376,6 +384,27 @@ TEST_F(Files, FoldersAndFilesAreToldApart) {
   EXPECT_TRUE(folderExists(folder / "new"));
   EXPECT_FALSE(makeFolder(folder / "file"));
   EXPECT_FALSE(makeFolder(folder / "none/deep"));  // parents are not made
+}
+
+TEST_F(Files, OnlyWhatTheSystemDeniesIsMissing) {
+  fs::create_symlink("circle", folder / "circle");
+  const auto circle = AllOf(HasSubstr("circle"), HasSubstr("链接绕成一圈"));
+  EXPECT_THAT(complaintOf([&] { fileExists(folder / "circle"); }), circle);
+  EXPECT_THAT(complaintOf([&] { stampOf(folder / "circle"); }), circle);
+  EXPECT_THAT(complaintOf([&] { fileOrNew(folder / "circle", "a"); }), circle);
+  EXPECT_THAT(complaintOf([&] { listFiles(folder / "circle", "", ""); }), circle);
+  EXPECT_THAT(complaintOf([&] { folderIsWritable(folder / "circle"); }), circle);
+  // The name itself stands there, and so it is listed; to open it says what is wrong.
+  EXPECT_EQ(findFile(folder.path(), "CIRCLE"), folder / "circle");
+  EXPECT_THAT(listFiles(folder.path(), "", ""), ElementsAre("circle"));
+
+  write(folder / "file", "x");
+  fs::create_symlink(folder / "gone", folder / "broken");
+  for (const char* const missing : {"none", "none/deep", "file/below", "broken"}) {
+    EXPECT_FALSE(fileExists(folder / missing)) << missing;
+    EXPECT_EQ(stampOf(folder / missing), std::nullopt) << missing;
+    EXPECT_FALSE(folderIsWritable(folder / missing)) << missing;
+  }
 }
 
 TEST_F(Files, ANameIsFoundAsSpelledFirst) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "common/user_error.h"
 #include "support/temporary_folder.h"
 
 namespace triaxlab {
@@ -21,10 +22,16 @@ TEST(ListFolders, FoldersAloneInAscendingOrderWithoutRegardToCase) {
   EXPECT_THAT(listFolders(folder.path()), ElementsAre("a1", "b1", "B2", "link", "raw", "土工"));
 }
 
-TEST(ListFolders, WhatCanNotBeReadHasNone) {
+TEST(ListFolders, WhatIsNotThereHasNone) {
   const testing::TemporaryFolder folder;
   EXPECT_THAT(listFolders(folder / "missing"), IsEmpty());
   EXPECT_THAT(listFolders(folder.write("file", "")), IsEmpty());
+}
+
+TEST(ListFolders, WhatCanNotBeReadIsSaid) {
+  const testing::TemporaryFolder folder;
+  fs::create_directory_symlink("circle", folder / "circle");
+  EXPECT_THROW(listFolders(folder / "circle"), UserError);
 }
 
 TEST(MountedVolumes, DisksAndSharesBehindTheRoot) {

@@ -1,5 +1,4 @@
 // Files on POSIX systems. Every call that a signal can interrupt is repeated; every failure names the file.
-#include <dirent.h>
 #include <fcntl.h>
 #include <fmt/core.h>
 #include <linux/fs.h>
@@ -11,93 +10,21 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <utility>
 
 #include "common/user_error.h"
 #include "platform/files.h"
+#include "platform/os/posix_calls.h"
 
 namespace triaxlab {
 namespace {
 
-/// The cause of a failed system call in the technician's language.
-std::string causeOf(int error) {
-  struct Cause {
-    int error;
-    const char* words;
-  };
-  static constexpr std::array kCauses{
-      Cause{ENOENT, "没有这个文件或文件夹"},
-      Cause{EACCES, "没有读写权限"},
-      Cause{EPERM, "没有读写权限"},
-      Cause{EBADF, "没有读写权限"},  // a file opened to be read, written to
-      Cause{EISDIR, "它是一个文件夹"},
-      Cause{ESPIPE, "它是一个管道"},
-      Cause{ENOTDIR, "路径中有一段不是文件夹"},
-      Cause{ELOOP, "路径中的链接绕成一圈"},
-      Cause{ENOSPC, "磁盘已满"},
-      Cause{EDQUOT, "磁盘已满"},
-      Cause{EFBIG, "文件超过系统允许的大小"},
-      Cause{EROFS, "磁盘是只读的"},
-      Cause{EIO, "磁盘读写错误"},
-      Cause{ENXIO, "磁盘已断开"},
-      Cause{ENODEV, "磁盘已断开"},
-      Cause{ESTALE, "网络磁盘已断开"},
-      Cause{ETIMEDOUT, "网络磁盘没有回答"},
-      Cause{EBUSY, "它正被别的程序使用"},
-      Cause{ETXTBSY, "它正被别的程序使用"},
-      Cause{ENAMETOOLONG, "名称太长"},
-      Cause{EMFILE, "打开的文件太多"},
-      Cause{ENFILE, "打开的文件太多"},
-      Cause{ENOMEM, "内存不足"},
-  };
-  const auto* const known =
-      std::find_if(kCauses.begin(), kCauses.end(), [error](const Cause& cause) { return cause.error == error; });
-  if (known != kCauses.end()) return known->words;
-  return fmt::format("系统错误 {}（{}）", error, std::strerror(error));
-}
-
-[[noreturn]] void fail(std::string_view deed, const std::filesystem::path& path, int error) {
-  throw UserError(fmt::format("{}“{}”失败：{}。", deed, textOfPath(path), causeOf(error)));
-}
-
 /// The system ends a name at a zero byte, and would reach for another file than the one meant.
 bool holdsZeroByte(const std::filesystem::path& path) { return path.native().find('\0') != std::string::npos; }
 
-template <class Call>
-auto repeatInterrupted(Call call) {
-  auto result = call();
-  while (result < 0 && errno == EINTR) result = call();
-  return result;
-}
-
-char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-std::string lowered(std::string_view text) {
-  std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(), [](char c) { return lowered(c); });
-  return result;
-}
-
-/// The names in a folder, in no order; empty when it can't be read.
-std::vector<std::string> namesIn(const std::filesystem::path& folder) {
-  std::vector<std::string> names;
-  if (DIR* const open = opendir(folder.c_str())) {
-    while (const dirent* const entry = readdir(open)) names.emplace_back(entry->d_name);
-    closedir(open);
-  }
-  return names;
-}
-
 /// Permissions of a file that takes the place of another; a file without forerunner keeps its own.
 void takePermissions(const std::filesystem::path& file, const std::filesystem::path& from) {
-  struct stat old {};
-  if (stat(from.c_str(), &old) == 0) chmod(file.c_str(), old.st_mode & 07777);
-}
-
-FileStamp stampOfStatus(const struct stat& status) {
-  const auto inNs = [](const timespec& time) { return time.tv_sec * std::int64_t{1'000'000'000} + time.tv_nsec; };
-  return {static_cast<std::uint64_t>(status.st_size), inNs(status.st_mtim), inNs(status.st_ctim), status.st_ino};
+  if (const auto old = statusOf(from)) chmod(file.c_str(), old->st_mode & 07777);
 }
 
 /// Errors of copy_file_range after which reading and writing do the same work.
@@ -117,7 +44,7 @@ void replaceThroughCopy(const std::filesystem::path& target, Fill fill) {
     file.sync();
     takePermissions(beside, target);
     renameFile(beside, target);
-  } catch (const UserError&) {
+  } catch (...) {
     unlink(beside.c_str());
     throw;
   }
@@ -140,11 +67,11 @@ int openFlags(File::Mode mode) {
 }  // namespace
 
 File::File(std::filesystem::path path, Mode mode) : m_path(std::move(path)) {
-  if (holdsZeroByte(m_path)) fail("打开文件", m_path, ENOENT);
+  if (holdsZeroByte(m_path)) failCall("打开文件", m_path, ENOENT);
   // A pipe that has a file's name must not keep the program waiting for somebody at its other end.
   m_descriptor =
       repeatInterrupted([&] { return open(m_path.c_str(), openFlags(mode) | O_CLOEXEC | O_NONBLOCK, 0666); });
-  if (m_descriptor < 0) fail("打开文件", m_path, errno);
+  if (m_descriptor < 0) failCall("打开文件", m_path, errno);
   struct stat status {};
   int error = 0;
   if (fstat(m_descriptor, &status) != 0)
@@ -155,7 +82,7 @@ File::File(std::filesystem::path path, Mode mode) : m_path(std::move(path)) {
     error = ESPIPE;
   if (error == 0) return;
   close(m_descriptor);
-  fail("打开文件", m_path, error);
+  failCall("打开文件", m_path, error);
 }
 
 File::File(File&& other) noexcept
@@ -173,13 +100,13 @@ File::~File() {
 
 std::uint64_t File::size() const {
   struct stat status {};
-  if (fstat(m_descriptor, &status) != 0) fail("读取文件", m_path, errno);
+  if (fstat(m_descriptor, &status) != 0) failCall("读取文件", m_path, errno);
   return static_cast<std::uint64_t>(status.st_size);
 }
 
 FileStamp File::stamp() const {
   struct stat status {};
-  if (fstat(m_descriptor, &status) != 0) fail("读取文件", m_path, errno);
+  if (fstat(m_descriptor, &status) != 0) failCall("读取文件", m_path, errno);
   return stampOfStatus(status);
 }
 
@@ -188,7 +115,7 @@ std::size_t File::readAt(std::uint64_t offset, std::span<std::byte> into) const 
   while (done < into.size()) {
     const ssize_t got = repeatInterrupted(
         [&] { return pread(m_descriptor, into.data() + done, into.size() - done, static_cast<off_t>(offset + done)); });
-    if (got < 0) fail("读取文件", m_path, errno);
+    if (got < 0) failCall("读取文件", m_path, errno);
     if (got == 0) break;
     done += static_cast<std::size_t>(got);
   }
@@ -202,7 +129,7 @@ void File::writeAt(std::uint64_t offset, std::span<const std::byte> from) {
     const auto at = static_cast<off_t>(offset + done);
     const std::size_t size = std::min(kAtOnce, from.size() - done);
     const ssize_t put = repeatInterrupted([&] { return pwrite(m_descriptor, from.data() + done, size, at); });
-    if (put < 0) fail("写入文件", m_path, errno);
+    if (put < 0) failCall("写入文件", m_path, errno);
     done += static_cast<std::size_t>(put);
     // The disk takes what is there already while the next bytes are copied. A hint: the sync finds out what failed.
     if (from.size() > kAtOnce) sync_file_range(m_descriptor, at, put, SYNC_FILE_RANGE_WRITE);
@@ -211,7 +138,7 @@ void File::writeAt(std::uint64_t offset, std::span<const std::byte> from) {
 
 void File::resize(std::uint64_t size) {
   if (repeatInterrupted([&] { return ftruncate(m_descriptor, static_cast<off_t>(size)); }) != 0)
-    fail("写入文件", m_path, errno);
+    failCall("写入文件", m_path, errno);
 }
 
 // The file changes, though not the object.
@@ -226,7 +153,7 @@ void File::copyContentOf(const File& from) {
   while (copied > 0)
     copied = repeatInterrupted(
         [&] { return copy_file_range(from.m_descriptor, &readFrom, m_descriptor, &writeTo, kAtOnce, 0); });
-  if (copied < 0 && !canBeCopiedOtherwise(errno)) fail("写入文件", m_path, errno);
+  if (copied < 0 && !canBeCopiedOtherwise(errno)) failCall("写入文件", m_path, errno);
   // What the system didn't copy: nothing as a rule, all of it between some file systems.
   auto done = static_cast<std::uint64_t>(writeTo);
   Bytes block(std::size_t{1} << 20);
@@ -238,33 +165,13 @@ void File::copyContentOf(const File& from) {
 
 void File::sync() {
   // Content and size; the times of the file may come later.
-  if (repeatInterrupted([&] { return fdatasync(m_descriptor); }) != 0) fail("写入文件", m_path, errno);
-}
-
-bool fileExists(const std::filesystem::path& path) {
-  struct stat status {};
-  return !holdsZeroByte(path) && stat(path.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
-}
-
-bool folderExists(const std::filesystem::path& path) {
-  struct stat status {};
-  return !holdsZeroByte(path) && stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
-}
-
-std::optional<FileStamp> stampOf(const std::filesystem::path& path) {
-  struct stat status {};
-  if (holdsZeroByte(path) || stat(path.c_str(), &status) != 0 || S_ISDIR(status.st_mode)) return std::nullopt;
-  return stampOfStatus(status);
+  if (repeatInterrupted([&] { return fdatasync(m_descriptor); }) != 0) failCall("写入文件", m_path, errno);
 }
 
 std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) {
   struct statvfs status {};
   if (repeatInterrupted([&] { return statvfs(folder.c_str(), &status); }) != 0) return std::nullopt;
   return std::uint64_t{status.f_bavail} * status.f_frsize;
-}
-
-bool folderIsWritable(const std::filesystem::path& folder) {
-  return faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
 }
 
 Bytes readWholeFile(const std::filesystem::path& path, std::uint64_t limit) {
@@ -277,81 +184,46 @@ Bytes readWholeFile(const std::filesystem::path& path, std::uint64_t limit) {
   return content;
 }
 
+std::filesystem::path behindLinks(const std::filesystem::path& path) {
+  std::error_code failed;
+  std::filesystem::path target = std::filesystem::canonical(path, failed);
+  if (!failed) return target;
+  if (!meansMissing(failed.value())) failCall("查看文件", path, failed.value());
+  return path;
+}
+
 void writeWholeFile(const std::filesystem::path& path, std::span<const std::byte> content) {
-  // A link is left standing: the file that it names is replaced.
-  std::error_code noFileYet;
-  std::filesystem::path target = std::filesystem::canonical(path, noFileYet);
-  if (noFileYet) target = path;
+  const std::filesystem::path target = behindLinks(path);
   replaceThroughCopy(target, [content](File& beside) { beside.writeAt(0, content); });
   syncFolder(target.parent_path());
 }
 
 void renameFile(const std::filesystem::path& from, const std::filesystem::path& to) {
-  if (rename(from.c_str(), to.c_str()) != 0) fail("写入文件", to, errno);
+  if (rename(from.c_str(), to.c_str()) != 0) failCall("写入文件", to, errno);
 }
 
 void moveFile(const std::filesystem::path& from, const std::filesystem::path& to) {
   takePermissions(from, to);
   if (rename(from.c_str(), to.c_str()) == 0) return;
-  if (errno != EXDEV) fail("写入文件", to, errno);
+  if (errno != EXDEV) failCall("写入文件", to, errno);
   const File source(from, File::Mode::Read);
   replaceThroughCopy(to, [&source](File& beside) { beside.copyContentOf(source); });
   unlink(from.c_str());
 }
 
 void removeFile(const std::filesystem::path& path) {
-  if (unlink(path.c_str()) != 0 && errno != ENOENT) fail("删除文件", path, errno);
+  if (unlink(path.c_str()) != 0 && !meansMissing(errno)) failCall("删除文件", path, errno);
 }
 
 void syncFolder(const std::filesystem::path& folder) {
   const char* const name = folder.empty() ? "." : folder.c_str();
   const int descriptor = repeatInterrupted([&] { return open(name, O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
-  if (descriptor < 0) fail("打开文件夹", folder, errno);
+  if (descriptor < 0) failCall("打开文件夹", folder, errno);
   const int result = repeatInterrupted([&] { return fsync(descriptor); });
   const int error = errno;
   close(descriptor);
   // Some network file systems can't sync a folder and say so with EINVAL; there is nothing more to be done there.
-  if (result != 0 && error != EINVAL) fail("写入文件夹", folder, error);
-}
-
-bool makeFolder(const std::filesystem::path& folder) {
-  return mkdir(folder.c_str(), 0777) == 0 || folderExists(folder);
-}
-
-std::optional<std::filesystem::path> findFile(const std::filesystem::path& folder, std::string_view name) {
-  if (name.empty() || name == "." || name == ".." ||
-      name.find_first_of(std::string_view("/\0", 2)) != std::string_view::npos)
-    return std::nullopt;
-  std::filesystem::path asSpelled = folder / std::string(name);
-  struct stat status {};
-  if (stat(asSpelled.c_str(), &status) == 0) return asSpelled;
-  const std::string wanted = lowered(name);
-  std::optional<std::string> first;
-  for (std::string& candidate : namesIn(folder))
-    if (lowered(candidate) == wanted && (!first || candidate < *first)) first = std::move(candidate);
-  if (!first) return std::nullopt;
-  return folder / *first;
-}
-
-std::filesystem::path fileOrNew(const std::filesystem::path& folder, std::string_view name) {
-  return findFile(folder, name).value_or(folder / std::string(name));
-}
-
-std::vector<std::string> listFiles(const std::filesystem::path& folder, std::string_view prefix,
-                                   std::string_view suffix) {
-  const std::string begin = lowered(prefix), end = lowered(suffix);
-  std::vector<std::string> names;
-  for (std::string& name : namesIn(folder)) {
-    const std::string low = lowered(name);
-    if (low.size() >= begin.size() + end.size() && low.starts_with(begin) && low.ends_with(end) &&
-        fileExists(folder / name))
-      names.push_back(std::move(name));
-  }
-  std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
-    const std::string lowA = lowered(a), lowB = lowered(b);
-    return lowA != lowB ? lowA < lowB : a < b;
-  });
-  return names;
+  if (result != 0 && error != EINVAL) failCall("写入文件夹", folder, error);
 }
 
 std::filesystem::path pathFromText(std::string_view utf8) {

@@ -17,12 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string lowered(std::string name) {
-  for (char& c : name)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  return name;
-}
-
 constexpr std::array<std::string_view, 8> kNetworkTypes{"nfs", "nfs4",       "cifs",   "smb3",
                                                         "9p",  "fuse.sshfs", "vboxsf", "virtiofs"};
 /// Disks below these belong to the system.
@@ -36,24 +30,10 @@ bool isVolume(const mntent& mount) {
   if (ofSystem || type == "squashfs") return false;
   // A share whose server is away would let us wait, so it isn't looked at.
   if (std::find(kNetworkTypes.begin(), kNetworkTypes.end(), type) != kNetworkTypes.end()) return true;
-  return device.starts_with("/dev/") && folderExists(folder);
+  return device.starts_with("/dev/") && folderIsAtHand(folder);
 }
 
 }  // namespace
-
-std::vector<std::string> listFolders(const fs::path& folder) {
-  std::vector<std::string> names;
-  std::error_code error;
-  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-    std::string name = entry->path().filename().string();
-    if (!name.starts_with('.') && folderExists(entry->path())) names.push_back(std::move(name));
-  }
-  std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
-    const std::string lowA = lowered(a), lowB = lowered(b);
-    return lowA != lowB ? lowA < lowB : a < b;
-  });
-  return names;
-}
 
 std::vector<fs::path> mountedVolumes(const fs::path& mountTable) {
   std::set<fs::path> mounted;

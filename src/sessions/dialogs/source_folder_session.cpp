@@ -29,7 +29,7 @@ SourceFolderSession::SourceFolderSession(Workspace& workspace, Dialogs& dialogs)
       m_text(storedSourceFolder(workspace, m_folder)),
       m_drives(mountedVolumes()) {
   const fs::path stored = pathFromText(m_text);
-  open(stored.is_absolute() && folderExists(stored) ? stored : workspace.applicationFolder);
+  open(stored.is_absolute() && folderIsAtHand(stored) ? stored : workspace.applicationFolder);
 }
 
 std::vector<std::string> SourceFolderSession::drives() const {
@@ -86,7 +86,9 @@ void SourceFolderSession::open(const fs::path& folder) {
   fs::path path;
   for (const fs::path& part : whole) m_rows.push_back({path /= part, m_rows.size()});
   m_openRow = m_currentRow = m_rows.size() - 1;
-  for (const std::string& name : listFolders(whole)) m_rows.push_back({whole / name, m_openRow + 1});
+  runShowingErrors(m_dialogs, [&] {
+    for (const std::string& name : listFolders(whole)) m_rows.push_back({whole / name, m_openRow + 1});
+  });
 }
 
 bool SourceFolderSession::accept() {

@@ -77,7 +77,7 @@ void ProjectSave::finish() {
   keepCopies(written);
   commitOwnChanges(*m_update, m_workspace.fileMemory, written);
   for (const std::filesystem::path& file : written)
-    if (const std::optional<FileStamp> stamp = stampOf(file))
+    if (const std::optional<FileStamp> stamp = stampAfterChange(file))
       m_workspace.fileMemory.remember(FileUse::Document, file, *stamp);
   committed();
   m_workspace.projectHeader = lastHeader();

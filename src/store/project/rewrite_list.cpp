@@ -124,7 +124,8 @@ void rewriteLocked(Workspace& workspace, FileUpdate& update, const ProjectKindIn
   }
   const std::array paths{path};
   commitOwnChanges(update, workspace.fileMemory, paths);
-  if (const std::optional<FileStamp> stamp = stampOf(path)) workspace.fileMemory.remember(FileUse::List, path, *stamp);
+  if (const std::optional<FileStamp> stamp = stampAfterChange(path))
+    workspace.fileMemory.remember(FileUse::List, path, *stamp);
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "store/project/old_formats.h"
 #include "store/project/project_frame.h"
 #include "store/safety/backup.h"
+#include "store/safety/own_changes.h"
 
 namespace triaxlab {
 namespace {
@@ -132,7 +133,7 @@ Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindIn
                                 cause.what()));
   }
   makeDurable(file.parent_path());
-  workspace.fileMemory.noteOwnChange(file, before, stampOf(file));
+  workspace.fileMemory.noteOwnChange(file, before, stampAfterChange(file));
   if (shortage) remarks.push_back(*shortage);
   return remarks;
 }

@@ -119,7 +119,7 @@ std::vector<Copy> copiesIn(const fs::path& folder, const std::string& newest) {
   return copies;
 }
 
-void dropOldCopies(const fs::path& folder, const std::string& newest) {
+void dropTooManyCopies(const fs::path& folder, const std::string& newest) {
   std::map<std::string, std::size_t> countOfProject;
   std::uint64_t total = 0;
   for (const Copy& copy : copiesIn(folder, newest)) {
@@ -130,6 +130,14 @@ void dropOldCopies(const fs::path& folder, const std::string& newest) {
     if (!isOneTooMany) total += stamp->size;
     std::error_code ignored;  // one that can't be removed is tried again behind the next copy
     if (isOneTooMany || total > kLargestBackups) fs::remove(path, ignored);
+  }
+}
+
+/// Where the copies can't be looked at, the next one tries again; this one is made.
+void dropOldCopies(const fs::path& folder, const std::string& newest) {
+  try {
+    dropTooManyCopies(folder, newest);
+  } catch (const UserError&) {
   }
 }
 

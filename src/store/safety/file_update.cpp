@@ -133,9 +133,9 @@ class SaveJournalApplication {
 
 /// Makes a journal void; false when it stands as it was. A journal that can't be removed is emptied.
 bool dropSaveJournal(const std::filesystem::path& journal) {
-  bool isVoid = !fileExists(journal);
-  if (isVoid) return true;
+  bool isVoid = false;
   try {
+    if (!fileExists(journal)) return true;
     removeFile(journal);
     isVoid = true;
     syncFolder(journal.parent_path());

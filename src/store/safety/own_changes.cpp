@@ -15,7 +15,7 @@ void commitOwnChanges(FileUpdate& update, FileMemory& memory, std::span<const st
       if (update.isUnfinished())
         memory.noteUnfinishedChange(files[i]);
       else
-        memory.noteOwnChange(files[i], before[i], stampOf(files[i]));
+        memory.noteOwnChange(files[i], before[i], stampAfterChange(files[i]));
   };
   try {
     update.commit();
@@ -24,6 +24,14 @@ void commitOwnChanges(FileUpdate& update, FileMemory& memory, std::span<const st
     throw;
   }
   noteChanges();
+}
+
+std::optional<FileStamp> stampAfterChange(const std::filesystem::path& file) {
+  try {
+    return stampOf(file);
+  } catch (const UserError&) {
+    return std::nullopt;
+  }
 }
 
 }  // namespace triaxlab

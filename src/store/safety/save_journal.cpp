@@ -168,11 +168,6 @@ bool addData(const File& file, std::uint64_t offset, std::uint64_t size, Checksu
   return true;
 }
 
-bool isSomething(const std::filesystem::path& path) {
-  std::error_code ignored;
-  return std::filesystem::symlink_status(path, ignored).type() != std::filesystem::file_type::not_found;
-}
-
 /// In small letters: a data folder that comes from elsewhere may spell them so.
 constexpr std::array<std::string_view, 2> kFolders{"hszs", "zmsj"};
 
@@ -217,7 +212,7 @@ void writeSaveJournal(const std::filesystem::path& journal, const std::vector<Sa
   SaveJournalHead head;
   head.indexSize = index.size();
   head.dataSize = data.size();
-  if (isSomething(journal)) removeFile(journal);  // it may be a link to somewhere else
+  removeFile(journal);  // it may be a link to somewhere else
   File file(journal, File::Mode::Create);
   std::uint64_t end = 0;
   Checksum checksum;

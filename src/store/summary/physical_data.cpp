@@ -52,10 +52,9 @@ PhysicalRecord findRecord(const File& file, std::string_view sampleNo) {
 
 PhysicalRecord recordOf(const Workspace& workspace, std::string_view projectNo, std::string_view sampleNo) {
   if (whyNoFileName(projectNo) || sampleNo.empty()) return {};
-  const auto path = findFile(workspace.summaryFolder(), projectFileName("", projectNo, ".dat"));
-  if (!path) return {};
   try {
-    return findRecord(File(*path, File::Mode::Read), sampleNo);
+    const auto path = findFile(workspace.summaryFolder(), projectFileName("", projectNo, ".dat"));
+    return path ? findRecord(File(*path, File::Mode::Read), sampleNo) : PhysicalRecord{};
   } catch (const UserError&) {
     return {};  // a help that isn't there, and no reason to interrupt an adjustment
   }
