@@ -11,7 +11,6 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QProgressBar>
-#include <QScreen>
 #include <QStatusBar>
 
 #include "importers/import_selection.h"
@@ -25,6 +24,7 @@
 #include "windows/dialogs/sample_list_window.h"
 #include "windows/dialogs/source_folder_window.h"
 #include "windows/dialogs/triaxial_print_window.h"
+#include "windows/first_place.h"
 #include "windows/menu_bar.h"
 #include "windows/triaxial/consolidation_table_window.h"
 #include "windows/triaxial/data_table_window.h"
@@ -60,7 +60,7 @@ MDIForm1::MDIForm1(Workspace& workspace, Dialogs& dialogs)
   connect(m_menu, &CommandMenuBar::entryShown, this, &MDIForm1::showHelp);
   connect(m_menu->menu("RZMWINDOW"), &QMenu::aboutToShow, this, &MDIForm1::listOpenWindows);
   connect(m_area, &QMdiArea::subWindowActivated, this, &MDIForm1::documentCameToFront);
-  placeOnScreen();
+  new FirstPlace(this, kFirstSize);
   refresh();
 }
 
@@ -88,15 +88,6 @@ void MDIForm1::makeStatusBar() {
   m_progress->setFixedWidth(kProgressWidth);
   statusBar()->addPermanentWidget(m_progress);
   m_progress->hide();
-}
-
-void MDIForm1::placeOnScreen() {
-  QRect available = screen()->availableGeometry();
-  // The platform without a display has a screen of no meaning.
-  if (QGuiApplication::platformName() == "offscreen") available.setSize(kFirstSize);
-  const QSize size = kFirstSize.boundedTo(available.size());
-  resize(size);
-  move(available.center() - QPoint(size.width() / 2, size.height() / 2));
 }
 
 void MDIForm1::closeEvent(QCloseEvent* event) {

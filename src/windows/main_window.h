@@ -60,7 +60,6 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   void endProgram() override;
 
   void makeStatusBar();
-  void placeOnScreen();
   /// What the mouse points at, in the first panel; an empty text brings the program's own back.
   void showHelp(const QString& help);
   void refreshStatusBar();
