@@ -7,6 +7,7 @@
 #include <QHelpEvent>
 #include <QImage>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QToolTip>
@@ -176,6 +177,20 @@ TEST_F(BadText, NumbersOfACorrectionTakeTenBytes) {
 }
 
 // ---- the clipboard
+
+TEST_F(CurveWindow, AnOpenCellKeepsTheLinesAroundIt) {
+  const auto* const cell = find<QWidget>("Label1(2)");
+  clickMouse(find<QWidget>("Label1(2)"), {5, 5});
+  EXPECT_EQ(find("Text1")->geometry(), cell->geometry().adjusted(0, 0, -1, -1));
+}
+
+TEST_F(CurveWindow, HeadsOfEffectiveStressesFitTheirColumns) {
+  form->showPage(CurvePage::StressPath);
+  const auto* const head = find<QLabel>("ColumnHead(2)");
+  ASSERT_EQ(head->text(), "(σ1′-σ3′)/2");
+  // Letters may be set a fifth narrower before they are hard to read.
+  EXPECT_LE(head->fontMetrics().horizontalAdvance(head->text()) * 0.8, head->contentsRect().width());
+}
 
 TEST_F(CurveWindow, CtrlCOnTheChartCopiesItsPicture) {
   QGuiApplication::clipboard()->clear();

@@ -69,7 +69,7 @@ CurveState CurveSession::state() const {
   state.QUXIAN3 = {true, m_checkedMode == FailureMode::PeakStress};
   state.currentCurvePage = static_cast<std::uint8_t>(m_page);
   state.currentTablePage = static_cast<std::uint8_t>(m_table.page());
-  state.intervention = m_intervention.state();
+  state.intervention = m_intervention.state(record(), m_workspace.settings.habits.sampleNoLabel);
   if (m_intervention.running()) state.physicalValues = m_physicalValues;
   return state;
 }

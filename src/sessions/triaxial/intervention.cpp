@@ -34,16 +34,18 @@ void fill(InterventionState& state, const CurvePhase& phase) {
   state.selectedStage = phase.selectedStage();
   state.text10 = phase.factor;
   state.text11 = phase.summand;
-  state.keyHelp = "←、↑ 左移曲线    →、↓ 右移曲线\n鼠标左键 逐点绘制";
+  state.keyHelp = {"←、↑ 左移曲线    →、↓ 右移曲线", "鼠标左键 逐点绘制"};
 }
 
 void fill(InterventionState& state, const EnvelopePhase& phase) {
   state.envelopeChoice = phase.hasChoice();
   state.effectiveChosen = phase.movesEffective();
-  state.keyHelp = "←、→ 减、加C值\n↑、↓ 加、减φ值0.1度";
+  state.keyHelp = {"←、→ 减、加C值", "↑、↓ 加、减φ值0.1度"};
 }
 
-void fill(InterventionState& state, const PathPhase&) { state.keyHelp = "←、→ 减、加C′值1.0\n↑、↓ 加、减φ′值0.1度"; }
+void fill(InterventionState& state, const PathPhase&) {
+  state.keyHelp = {"←、→ 减、加C′值1.0", "↑、↓ 加、减φ′值0.1度"};
+}
 
 }  // namespace
 
@@ -161,11 +163,14 @@ void Intervention::askCohesionStep(Dialogs& dialogs) {
   if (step && *step != 0) m_cohesionStep = *step;
 }
 
-InterventionState Intervention::state() const {
+InterventionState Intervention::state(const TriaxialSampleRecord& sample, std::string_view sampleNoLabel) const {
   InterventionState state;
   state.phase = phase();
   std::visit([&](const auto& phase) { fill(state, phase); }, m_phase);
-  if (state.running()) state.keyHelp += "\nCtrl+Z 撤销    Ctrl+Y 重做    F4 退出干预";
+  state.subject = std::string(sampleNoLabel) + ":" + gbkToUtf8(sample.sampleNo.trimmed());
+  if (state.phase == Phase::Curve)
+    state.subject += "    σ3:" + gbkToUtf8(sample.cellPressure[state.selectedStage].trimmed()) + " kPa";
+  state.keyHelp.back() = "Ctrl+Z 撤销    Ctrl+Y 重做    F4 退出干预";
   state.label14 = "调整步长：" + FormatNumber(m_cohesionStep, NumberFormat::Hundredths);
   return state;
 }

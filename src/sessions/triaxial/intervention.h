@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -30,6 +31,8 @@ enum class Phase : std::uint8_t {
   Path,      // page 4
 };
 
+inline constexpr std::size_t kKeyHelpLines = 3;
+
 /// What the controls of the phase that runs show, UTF-8.
 struct InterventionState {
   Phase phase = Phase::None;
@@ -46,7 +49,8 @@ struct InterventionState {
   bool effectiveChosen = false;  // Option2 is chosen, otherwise Option1
   std::string label14;           // the step of C
 
-  std::string keyHelp;  // what the keys do
+  std::string subject;                             // which sample, and on the stress-strain page which stage
+  std::array<std::string, kKeyHelpLines> keyHelp;  // what the keys do
 };
 
 /// 干预: the phase that runs with its working copy. A key, button or mouse of another phase does nothing.
@@ -88,7 +92,8 @@ class Intervention {
   /// A double click on Label14: asks for the step of C. What reads as 0 leaves it.
   void askCohesionStep(Dialogs& dialogs);
 
-  InterventionState state() const;
+  /// `sample` is the one that the phase works on.
+  InterventionState state(const TriaxialSampleRecord& sample, std::string_view sampleNoLabel) const;
   /// How the page is drawn while the phase runs.
   void show(ChartOptions& options, PageResults& results) const;
 

@@ -1,6 +1,7 @@
 #include "sessions/triaxial/stage_table_session.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "common/gbk.h"
 #include "sessions/triaxial/sample_fields.h"
@@ -16,6 +17,16 @@ std::string testDate(const Workspace& workspace, const TriaxialSampleRecord& rec
   return gbkToUtf8(ofProject.empty() ? record.testDate.trimmed() : ofProject);
 }
 
+/// Where the specimen of a stage stands now. Of several with one pressure the first stays the first; one that is gone
+/// leaves its stage.
+std::size_t stageNow(const PerStage<FixedText<6>>& before, std::size_t stage, const PerStage<FixedText<6>>& now) {
+  std::ptrdiff_t alikeInFront =
+      std::count(before.begin(), before.begin() + static_cast<std::ptrdiff_t>(stage), before[stage]);
+  for (std::size_t candidate = 0; candidate < kStages; ++candidate)
+    if (now[candidate] == before[stage] && alikeInFront-- == 0) return candidate;
+  return stage;
+}
+
 }  // namespace
 
 void StageTableSession::load(std::size_t sampleRow, int scrollMax) {
@@ -24,6 +35,16 @@ void StageTableSession::load(std::size_t sampleRow, int scrollMax) {
   m_scrollMax = scrollMax;
   m_chosen.reset();
   m_chosen = stage();
+  m_pressures = record().cellPressure;
+}
+
+void StageTableSession::followRecord(FailureMode mode) {
+  m_failureMode = mode;
+  const Pressures before = std::exchange(m_pressures, record().cellPressure);
+  std::size_t changed = 0;
+  for (std::size_t stage = 0; stage < kStages; ++stage) changed += before[stage] == m_pressures[stage] ? 0 : 1;
+  // A person types one pressure at a time, and the stage stays; only a save changes several at once.
+  if (m_chosen && changed > 1) m_chosen = stageNow(before, *m_chosen, m_pressures);
 }
 
 TriaxialSampleRecord& StageTableSession::record() const { return m_workspace.TriaxialSampleTable.at(m_row); }

@@ -30,8 +30,9 @@ class StageTableSession {
   void chooseStage(int entry);
   /// VScroll1, held within its range.
   void scroll(int top);
-  /// How the curve window looks for the failure row. Only CU has the row of the largest stress ratio.
-  void setFailureMode(FailureMode mode) { m_failureMode = mode; }
+  /// Another window may have changed the record, or how the failure row is looked for; only CU has the row of the
+  /// largest stress ratio. Where a save has put the specimens in another order the pressure on display stays.
+  void followRecord(FailureMode mode);
 
   /// Second and third panel of the status bar.
   std::array<std::string, 2> statusPanels() const;
@@ -58,7 +59,9 @@ class StageTableSession {
  private:
   std::vector<std::size_t> usedStages() const;
 
+  using Pressures = PerStage<FixedText<6>>;
   std::size_t m_row = 0;
+  Pressures m_pressures;  // of the record when it was last looked at
   std::optional<std::size_t> m_chosen;
   int m_top = 0, m_scrollMax = 0;
   FailureMode m_failureMode = FailureMode::PeakStress;

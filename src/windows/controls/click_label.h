@@ -20,6 +20,8 @@ class ClickLabel : public QLabel {
   };
   explicit ClickLabel(QWidget* parent, const QString& text = {}, Look look = Look::Caption);
 
+  /// What a box covers that lies over the cell: all but the lines at its right and below.
+  QRect insideOfLines() const { return geometry().adjusted(0, 0, -1, -1); }
   /// Shown on the ground of a chosen line.
   void setMarked(bool marked);
   /// Shown in a colour of its own, or again in that of the desktop.

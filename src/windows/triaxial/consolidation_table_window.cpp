@@ -136,7 +136,7 @@ void Form7::finishTyping() {
 }
 
 void Form7::refresh(FailureMode mode, bool editable) {
-  m_session.setFailureMode(mode);
+  m_session.followRecord(mode);
   m_session.setEditable(editable);
   refresh();
 }
@@ -165,7 +165,7 @@ void Form7::showState() {
   m_text2->showText(words(now.text2));
   if (!now.openCell && m_text1->hasFocus()) m_controls.picture1->setFocus();
   if (now.openCell) {
-    m_text1->setGeometry(m_label1.at(static_cast<std::size_t>(*now.openCell))->geometry());
+    m_text1->setGeometry(m_label1.at(static_cast<std::size_t>(*now.openCell))->insideOfLines());
     m_text1->showText(words(now.text1));
   }
   m_text1->setVisible(now.openCell.has_value());

@@ -42,7 +42,7 @@ void Form2::load(std::size_t sampleRow) {
 }
 
 void Form2::refresh(FailureMode mode) {
-  m_session.setFailureMode(mode);
+  m_session.followRecord(mode);
   showState();
 }
 

@@ -1,10 +1,12 @@
 #include "windows/triaxial/triaxial_curve_layout.h"
 
+#include <QFont>
 #include <QFrame>
 #include <QGroupBox>
 #include <QPushButton>
 #include <QScrollBar>
 
+#include "platform/drawing_surface.h"
 #include "triaxial/charts/curve_chart.h"
 #include "windows/controls/click_label.h"
 #include "windows/controls/layout.h"
@@ -190,10 +192,15 @@ void CurveControls::makeTable() {
             arrayName("StageHead", stage), {kStagesX + kStageWidth * stage, kStageHeadsY, kStageWidth, kTablePitch});
     head->setAlignment(Qt::AlignCenter);
   }
-  for (int column = 0; column < kTableColumns; ++column)
-    columnHeads.at(static_cast<std::size_t>(column)) =
-        put(new ClickLabel(m_window, {}, ClickLabel::Look::Head), arrayName("ColumnHead", column),
-            tablePlace(column, kColumnHeadsY));
+  // Heads of effective stresses are twice as wide as their columns in letters of the usual width.
+  QFont narrow = m_window->font();
+  narrow.setFamilies({kArialNarrow, words(kSong)});
+  for (int column = 0; column < kTableColumns; ++column) {
+    ClickLabel*& head = columnHeads.at(static_cast<std::size_t>(column));
+    head = put(new ClickLabel(m_window, {}, ClickLabel::Look::Head), arrayName("ColumnHead", column),
+               tablePlace(column, kColumnHeadsY));
+    head->setFont(narrow);
+  }
   for (int cell = 0; cell < kTableCells; ++cell) {
     const int y = kTableTop + kTablePitch * (cell / kTableColumns);
     label2.at(static_cast<std::size_t>(cell)) = put(new ClickLabel(m_window, {}, ClickLabel::Look::Cell),

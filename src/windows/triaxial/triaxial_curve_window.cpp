@@ -66,7 +66,7 @@ void showOverlay(RecordEdit* box, const OverlayState& now, const OverlayState& b
   if (ClickLabel* const former = labelOf(before)) former->setFocusPolicy(Qt::NoFocus);
   if (label != nullptr && !now.visible) label->setFocusPolicy(Qt::TabFocus);
   if (label != nullptr && now.visible) {
-    box->setGeometry(label->geometry());
+    box->setGeometry(label->insideOfLines());
     box->showText(words(now.text));
   }
   box->setVisible(now.visible);

@@ -18,7 +18,7 @@ namespace {
 constexpr Place kFrame{60, 60, 3975, 5600};
 constexpr int kControlHeight = 300, kButtonHeight = 280;
 constexpr int kMouseY = 200, kStagesY = 700, kFactorY = 1200, kSummandY = 1600, kEnvelopesY = 2100, kStepY = 2600;
-constexpr int kHelpY = 3100, kHelpHeight = 900;
+constexpr int kSubjectY = 3000, kHelpY = 3400;
 constexpr int kCaptionX = 120, kCaptionWidth = 1560, kFieldX = 1700, kFieldWidth = 1000;
 constexpr int kButtonX = 2800, kButtonWidth = 900;
 constexpr int kMouseX = 1380, kMouseWidth = 2500;
@@ -31,9 +31,13 @@ InterventionControls::InterventionControls(QWidget* window) : frame1(put(new QGr
   frame1->setAutoFillBackground(true);
   makeCurveControls();
   makeEnvelopeControls();
-  m_keyHelp = caption({}, kCaptionX, kHelpY, kWide);
-  m_keyHelp->setGeometry(rectangle({kCaptionX, kHelpY, kWide, kHelpHeight}));
-  m_keyHelp->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  m_subject = caption({}, kCaptionX, kSubjectY, kWide);
+  m_subject->setObjectName("PhaseSubject");
+  for (int line = 0; line < static_cast<int>(kKeyHelpLines); ++line) {
+    ClickLabel*& made = m_keyHelp.at(static_cast<std::size_t>(line));
+    made = caption({}, kCaptionX, kHelpY + kControlHeight * line, kWide);
+    made->setObjectName(arrayName("KeyHelp", line));
+  }
   frame1->hide();
 }
 
@@ -113,7 +117,8 @@ void InterventionControls::show(const InterventionState& now) {
   }
   label14->setVisible(now.phase == Phase::Envelope);
   label14->setText(words(now.label14));
-  m_keyHelp->setText(words(now.keyHelp));
+  m_subject->setText(words(now.subject));
+  for (std::size_t line = 0; line < kKeyHelpLines; ++line) m_keyHelp.at(line)->setText(words(now.keyHelp.at(line)));
   frame1->setVisible(now.running());
 }
 

@@ -41,7 +41,8 @@ struct InterventionControls {
   QPushButton* button(const char* name, int y);
 
   std::vector<QWidget*> m_curveControls;  // all that the curve phase shows
-  ClickLabel* m_keyHelp = nullptr;
+  ClickLabel* m_subject = nullptr;
+  std::array<ClickLabel*, kKeyHelpLines> m_keyHelp{};
 };
 
 }  // namespace triaxlab

@@ -41,6 +41,12 @@ struct CurvePhaseTest : ::testing::Test {
   }
 };
 
+TEST_F(CurvePhaseTest, TellsTheSampleAndThePressureOfTheStage) {
+  EXPECT_EQ(shown().subject, "土样编号:T1    σ3:100 kPa");
+  phase().selectStage(1);
+  EXPECT_EQ(shown().subject, "土样编号:T1    σ3:200 kPa");
+}
+
 TEST_F(CurvePhaseTest, BeginsWithTheFirstUsedStage) {
   EXPECT_EQ(shown().phase, Phase::Curve);
   EXPECT_EQ(shown().selectedStage, 0U);

@@ -107,10 +107,44 @@ TEST_F(DataTables, TheDateOfTheProjectComesFirst) {
 
 TEST_F(DataTables, TheFailureRowIsThatOfTheCurveWindowsModeForCUAlone) {
   EXPECT_EQ(table().foot.failurePorePressure, "30");
-  session.setFailureMode(FailureMode::PeakRatio);
+  session.followRecord(FailureMode::PeakRatio);
   EXPECT_EQ(table().foot.failurePorePressure, "35");
   fixture.sample(0).testMethod = kUU;
   EXPECT_EQ(table().foot.failurePorePressure, "30");
+}
+
+TEST_F(DataTables, GoOnWithTheirPressureWhenASaveSortsTheSpecimens) {
+  TriaxialSampleRecord& sample = fixture.sample(0);
+  const auto swapSpecimens = [&sample] {
+    std::swap(sample.cellPressure[0], sample.cellPressure[1]);
+    for (auto& row : sample.deviatorStress) std::swap(row[0], row[1]);
+  };
+  swapSpecimens();
+  session.load(0);
+  EXPECT_EQ(table().heading.pressure, "周围压力:200 kPa");
+  swapSpecimens();
+  session.followRecord(FailureMode::PeakStress);
+  EXPECT_EQ(table().heading.pressure, "周围压力:200 kPa");
+  EXPECT_EQ(session.state().stage.entry, 1U);
+}
+
+TEST_F(DataTables, StayWithTheirStageWhenItsPressureIsTyped) {
+  SetText(fixture.sample(0).cellPressure[0], "150");
+  session.followRecord(FailureMode::PeakStress);
+  EXPECT_EQ(table().heading.pressure, "周围压力:150 kPa");
+  EXPECT_EQ(session.state().stage.entry, 0U);
+}
+
+TEST_F(DataTables, OfSpecimensOfOnePressureTheSecondStaysTheSecond) {
+  TriaxialSampleRecord& sample = fixture.sample(0);
+  for (const auto& [stage, pressure] : {std::pair(0, "300"), std::pair(1, "100"), std::pair(2, "100")})
+    SetText(sample.cellPressure[static_cast<std::size_t>(stage)], pressure);
+  session.load(0);
+  session.chooseStage(2);
+  for (const auto& [stage, pressure] : {std::pair(0, "100"), std::pair(1, "100"), std::pair(2, "300")})
+    SetText(sample.cellPressure[static_cast<std::size_t>(stage)], pressure);
+  session.followRecord(FailureMode::PeakStress);
+  EXPECT_EQ(session.state().stage.entry, 1U);
 }
 
 // ---- 固结数据表
