@@ -1,6 +1,5 @@
 #include <fmt/core.h>
 
-#include <QApplication>
 #include <cstdio>
 #include <memory>
 #include <optional>
@@ -9,10 +8,14 @@
 #include "platform/process.h"
 #include "platform/qt/application.h"
 #include "platform/qt/qt_dialogs.h"
+#include "sessions/dialogs/error_display.h"
+#include "shell/barrier.h"
+#include "shell/fault_log.h"
 #include "shell/start_up.h"
 #include "store/workspace.h"
 #include "windows/command_line.h"
 #include "windows/controls/appearance.h"
+#include "windows/guarded_application.h"
 #include "windows/instance_lock.h"
 #include "windows/main_window.h"
 #include "windows/play/player.h"
@@ -24,21 +27,57 @@ namespace {
 constexpr int kFailed = 1;
 constexpr int kWrongUse = 2;  // a command line or a script that can't be read
 
-/// The windows, from start to end, for a person.
-int runForPerson(Workspace& workspace, const Remarks& remarks) {
+/// Nothing ends without a word: as long as it lives, what nobody expected comes to the barrier.
+class Guard {
+ public:
+  Guard(GuardedApplication& application, Dialogs& dialogs, MDIForm1& window, FaultLog& log)
+      : m_application(application), m_barrier(dialogs, window.shell(), log) {
+    window.shell().onCommand = [&log](std::string_view name) { log.noteCommand(name); };
+    application.onException = [this] { m_barrier.caught(); };
+  }
+  Guard(const Guard&) = delete;
+  Guard& operator=(const Guard&) = delete;
+  ~Guard() { m_application.onException = nullptr; }
+
+ private:
+  GuardedApplication& m_application;
+  Barrier m_barrier;
+};
+
+/// What a run of the windows works on.
+struct Program {
+  GuardedApplication& application;
+  Workspace& workspace;
+  FaultLog& log;
+};
+
+/// The windows, from start to end, for a person. Somebody who started the program from the desktop sees no standard
+/// error, so what keeps the windows from coming up is told in a box.
+int runForPerson(const Program& program, const Remarks& remarks) {
   QtDialogs dialogs;
-  MDIForm1 window(workspace, dialogs);
-  window.show();
-  if (!remarks.empty()) window.showRemarks(remarks);
-  return QApplication::exec();
+  try {
+    MDIForm1 window(program.workspace, dialogs);
+    const Guard guard(program.application, dialogs, window, program.log);
+    window.show();
+    if (!remarks.empty()) window.showRemarks(remarks);
+    return QApplication::exec();
+  } catch (const UserError& error) {
+    showError(dialogs, error);
+  } catch (...) {
+    const std::string thrown = thrownText();
+    program.log.write(thrown);
+    dialogs.message(kProgramTitle, fmt::format("程序不能启动（{}）。", thrown), MessageIcon::Stop);
+  }
+  return kFailed;
 }
 
 /// The same for a script.
-int runForScript(Workspace& workspace, const Remarks& remarks, std::vector<ScriptLine> lines,
+int runForScript(const Program& program, const Remarks& remarks, std::vector<ScriptLine> lines,
                  const std::filesystem::path& folder) {
   PlayDialogs dialogs;
   Player player(std::move(lines), dialogs, folder);
-  MDIForm1 window(workspace, dialogs);
+  MDIForm1 window(program.workspace, dialogs);
+  const Guard guard(program.application, dialogs, window, program.log);
   window.show();
   if (!remarks.empty()) window.showRemarks(remarks);
   player.start();
@@ -46,21 +85,26 @@ int runForScript(Workspace& workspace, const Remarks& remarks, std::vector<Scrip
   return player.finish();
 }
 
-int run(const StartOptions& options, std::vector<ScriptLine> script) {
+int run(GuardedApplication& application, const StartOptions& options, std::vector<ScriptLine> script) {
   Workspace workspace;
   workspace.fixedToday = options.today;
   workspace.applicationFolder =
       chooseApplicationFolder(options.applicationFolder, executableFolder(), userDataFolder());
+  // Said to the very end, when all else is gone.
+  static FaultLog log(workspace.applicationFolder);
+  noteLastWords(log);
+  const Program program{application, workspace, log};
   InstanceLock lock(workspace.applicationFolder);
   const std::optional<Remarks> remarks = startUp(workspace, [&lock] { return lock.take(); });
   // Another copy is running: this one ends without a word.
   if (!remarks) return 0;
-  if (!options.script) return runForPerson(workspace, *remarks);
+  if (!options.script) return runForPerson(program, *remarks);
   const auto folder = std::filesystem::absolute(*options.script).parent_path();
-  return runForScript(workspace, *remarks, std::move(script), folder);
+  return runForScript(program, *remarks, std::move(script), folder);
 }
 
-/// What `work` returns, or `status` when it meets an error that nobody inside could show.
+/// What `work` returns, or `status` when it meets an error that nobody inside could show. What isn't a UserError ends
+/// the process with its last words.
 template <class Work>
 int orStatus(int status, Work&& work) {
   try {
@@ -88,8 +132,8 @@ int main(int argc, char** argv) {
   if (unreadable != 0) return unreadable;
 
   prepareApplication();
-  QApplication application(argc, argv);
+  GuardedApplication application(argc, argv);
   restoreNumberLocale();
   setAppearance(application);
-  return orStatus(kFailed, [&] { return run(*options, std::move(script)); });
+  return orStatus(kFailed, [&] { return run(application, *options, std::move(script)); });
 }

@@ -68,6 +68,7 @@ bool ShellSession::trigger(std::string_view name) {
   if (command == nullptr) return false;
   const CommandState state = commandState(*command);
   if (!state.visible || !state.enabled) return false;
+  onCommand(name);
   m_remark.clear();
   finishTyping();
   const auto* const work =

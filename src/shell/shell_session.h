@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -30,6 +31,8 @@ class ShellSession {
   /// Does what the command says. False when there is no such command or it is off: nothing happens then. A UserError on
   /// the way is shown, and the command ends there.
   bool trigger(std::string_view name);
+  /// Told of each command before it is done.
+  std::function<void(std::string_view name)> onCommand = [](std::string_view) {};
 
   /// F4: leaves the intervention that runs, whichever window is in front, or begins one in the curve window. False when
   /// the key means nothing now.

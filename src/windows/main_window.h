@@ -33,6 +33,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   MDIForm1(Workspace& workspace, Dialogs& dialogs);
   ~MDIForm1() override;
 
+  ShellSession& shell() { return m_shell; }
   /// Shown in the first panel of the status bar until the next command.
   void showRemarks(const Remarks& remarks) { m_shell.showRemarks(remarks); }
 
