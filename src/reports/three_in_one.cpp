@@ -62,7 +62,7 @@ class ThreeInOne : public Report {
         m_workspace(workspace),
         m_labels(pageLabels(workspace.settings)),
         m_blocks(blocksOf(job, workspace)),
-        m_frame(job, workspace, m_labels, pageSize().width) {}
+        m_heads(job, workspace, m_labels) {}
 
   PageSize pageSize() const override { return usualPage(m_job); }
   int pageCount() const override { return static_cast<int>(m_blocks.size() + kBlocksPerPage - 1) / kBlocksPerPage; }
@@ -72,20 +72,21 @@ class ThreeInOne : public Report {
  private:
   const Block& firstBlock(int page) const { return m_blocks.at(static_cast<std::size_t>(page - 1) * kBlocksPerPage); }
   const TriaxialSampleRecord& recordOf(const Block& block) const { return m_workspace.TriaxialSampleTable[block.row]; }
+  PageHead headOf(int page, const TriaxialSampleRecord& first);
   void drawBlock(DrawingSurface& surface, double top, const Block& block, BlockPlace place);
 
   PrintJob m_job;
   const Workspace& m_workspace;
   PageLabels m_labels;
   std::vector<Block> m_blocks;
-  PageFrame m_frame;
+  PageHeads m_heads;
 };
 
 void ThreeInOne::drawPage(DrawingSurface& surface, int page) {
   const auto begin = static_cast<std::size_t>(page - 1) * kBlocksPerPage;
   const std::size_t end = std::min(begin + kBlocksPerPage, m_blocks.size());
   const TriaxialSampleRecord& first = recordOf(firstBlock(page));
-  m_frame.draw(surface, m_job.firstPageNumber + page - 1, first);
+  drawPageFrame(surface, kResultFrame, headOf(page, first), pageSize().width);
   double blockTop = kFirstBlockTop;
   for (std::size_t i = begin; i < end; ++i) {
     const TriaxialSampleRecord& record = recordOf(m_blocks[i]);
@@ -93,6 +94,14 @@ void ThreeInOne::drawPage(DrawingSurface& surface, int page) {
               {.firstOfPage = i == begin, .pageHasSameMethod = briefTestName(record) == briefTestName(first)});
     blockTop += heightOf(m_blocks[i]) + kBlockGap;
   }
+}
+
+PageHead ThreeInOne::headOf(int page, const TriaxialSampleRecord& first) {
+  const LaboratoryHabits& habits = m_workspace.settings.habits;
+  PageHead head = m_heads.of(page, {first.projectNo.trimmed(), first.testDate.trimmed()});
+  if (!habits.omitTestMethod) head.method = pageMethod(first, m_workspace.settings);
+  if (habits.omitTriaxialTestDate) head.testDate.clear();
+  return head;
 }
 
 void ThreeInOne::drawBlock(DrawingSurface& surface, double top, const Block& block, BlockPlace place) {

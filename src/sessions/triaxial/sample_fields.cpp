@@ -4,6 +4,7 @@
 
 #include "common/gbk.h"
 #include "common/text_number.h"
+#include "store/test_date.h"
 
 namespace triaxlab {
 namespace {
@@ -96,9 +97,7 @@ std::string projectPanel(const Workspace& workspace, std::size_t row) {
 
 std::string datePanel(const Workspace& workspace, std::size_t row) {
   const TriaxialSampleRecord& record = workspace.TriaxialSampleTable.at(row);
-  std::string_view date = record.testDate.trimmed();
-  if (date.empty()) date = workspace.projectTestDate(record.projectNo.trimmed()).value_or("");
-  return "试验日期:" + gbkToUtf8(date);
+  return "试验日期:" + gbkToUtf8(shownTestDate(workspace, record.projectNo.trimmed(), record.testDate.trimmed()));
 }
 
 std::array<std::string, 3> locationLabels(const LaboratoryHabits& habits) {

@@ -5,16 +5,16 @@
 
 #include "common/gbk.h"
 #include "sessions/triaxial/sample_fields.h"
+#include "store/test_date.h"
 #include "triaxial/curve_page.h"
 #include "triaxial/measures.h"
 
 namespace triaxlab {
 namespace {
 
-/// 试验日期 of the project, else that of the sample itself.
 std::string testDate(const Workspace& workspace, const TriaxialSampleRecord& record) {
-  const std::string_view ofProject = workspace.projectTestDate(record.projectNo.trimmed()).value_or("");
-  return gbkToUtf8(ofProject.empty() ? record.testDate.trimmed() : ofProject);
+  return gbkToUtf8(
+      shownTestDate(workspace, record.projectNo.trimmed(), record.testDate.trimmed(), DateFirst::OfProject));
 }
 
 /// Where the specimen of a stage stands now. Of several with one pressure the first stays the first; one that is gone

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "reports/page_labels.h"
+#include "reports/print_job.h"
+#include "reports/project_titles.h"
+#include "store/workspace.h"
+
+namespace triaxlab {
+
+/// What stands around the blocks of a page, UTF-8, with its labels. An empty text takes no place.
+struct PageHead {
+  std::string title;
+  std::string method;  // below the title
+  std::string controlNumber, pageNumber;
+  std::string projectNo, projectName, testDate;
+  bool wideProjectNo = false;  // the project number has its line for itself
+  std::string tester, checker, reportDate, archiveNo;
+};
+
+/// The sample with which a page begins: project, name and date of the page are its own. GBK, trimmed.
+struct FirstSample {
+  std::string_view projectNo;
+  std::string_view testDate;
+};
+
+/// Makes the heads of a job's pages, of whatever test. What a test has of its own, its method and whether it is dated,
+/// its layout puts in.
+class PageHeads {
+ public:
+  /// The workspace outlives this.
+  PageHeads(const PrintJob& job, const Workspace& workspace, const PageLabels& labels);
+
+  /// `page` counts from 1 over the whole job.
+  PageHead of(int page, FirstSample first);
+
+ private:
+  std::string pageNumber(int page) const;
+
+  const Workspace& m_workspace;
+  PageLabels m_labels;
+  bool m_pageNumbers;
+  int m_firstPageNumber;
+  TitlesOfProjects m_titles;
+  PageHead m_ofJob;  // what is the same on all pages
+};
+
+}  // namespace triaxlab
