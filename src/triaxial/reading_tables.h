@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "charts/column_title.h"
 #include "triaxial/derived_columns.h"
 #include "triaxial/failure.h"
 #include "triaxial/record.h"
@@ -46,12 +47,6 @@ inline constexpr const char* kTableUnit = "kPa";
 
 /// The failure row is searched anew in the mode, and nothing of it is stored.
 TableFoot tableFoot(const TriaxialSampleRecord& record, std::size_t stage, FailureMode mode);
-
-/// The two lines over a column. A "_" in the symbol makes the character behind it a subscript.
-struct ColumnTitle {
-  const char* symbol;
-  const char* unit;
-};
 
 // ---- 三轴试验数据表
 

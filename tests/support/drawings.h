@@ -37,6 +37,10 @@ std::vector<Operation> all(const Drawing& drawing) {
 inline DrawnText words(std::string_view text, int x, int y, Colour colour = Colour::Black) {
   return {{x, y}, std::string(text), Font{}, colour, false};
 }
+/// One of another size.
+inline DrawnText sized(double size, std::string_view text, int x, int y, Colour colour = Colour::Black) {
+  return {{x, y}, std::string(text), Font{.size = size}, colour, false};
+}
 inline DrawnText upward(std::string_view text, int x, int y) {
   return {{x, y}, std::string(text), Font{.name = kSongRotated}, Colour::Black, true};
 }

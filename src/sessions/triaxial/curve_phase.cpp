@@ -85,7 +85,7 @@ bool CurvePhase::add(Dialogs& dialogs) {
 }
 
 bool CurvePhase::mouseAt(Point place, bool buttonDown) {
-  if (!isInPlot(place)) return false;
+  if (!kCurvePlot.contains(place)) return false;
   ChartOptions options;
   options.adjustment = &*m_work;
   const Point value = scaleOfPage(m_sampleBackup, CurvePage::StressStrain, options).valueAt(place);

@@ -19,21 +19,6 @@ namespace {
 constexpr std::size_t kLimitWidth = 6;                                         // bytes that Text8 takes
 constexpr double kSmallestLimit = 35, kLargestLimit = 220, kUsualLimit = 150;  // 0.1 %
 
-/// How a readout tells the values of an axis.
-struct Axis {
-  NumberFormat format;
-  const char* unit;
-};
-constexpr Axis kStrain{NumberFormat::Hundredths, "%"}, kStress{NumberFormat::Tenths, "kPa"};
-constexpr Axis kRatio{NumberFormat::Thousandths, ""};
-/// Right and up, in the order of CurvePage.
-constexpr std::array<std::pair<Axis, Axis>, 6> kAxes{{{kStrain, kStress},
-                                                      {kStress, kStress},
-                                                      {kStress, kStress},
-                                                      {kStress, kStress},
-                                                      {kStrain, kStress},
-                                                      {kStrain, kRatio}}};
-
 /// The strain limit of a typed percentage, in tenths; one out of range becomes the usual 15 %.
 std::uint8_t limitOf(std::string_view percent) {
   double tenths = ParseNumber(percent) * 10;
@@ -102,10 +87,11 @@ void CurveSession::draw(DrawingSurface& surface) const {
 }
 
 std::string CurveSession::readout(Point place) const {
-  if (m_intervention.running() || !isInPlot(place)) return {};
+  if (m_intervention.running() || !kCurvePlot.contains(place)) return {};
   const Point value = scaleOfPage(m_drawn, m_page, chartOptions()).valueAt(place);
-  const auto& [x, y] = kAxes.at(static_cast<std::size_t>(m_page) - 1);
-  return "x:" + FormatNumber(value.x, x.format) + x.unit + "   y:" + FormatNumber(value.y, y.format) + y.unit;
+  const auto [x, y] = readingsOf(m_page);
+  return "x:" + FormatNumber(value.x, x.format).append(x.unit) +
+         "   y:" + FormatNumber(value.y, y.format).append(y.unit);
 }
 
 void CurveSession::setTablePage(TablePage page) {

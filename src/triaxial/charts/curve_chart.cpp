@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
+#include "charts/axes.h"
+#include "charts/results_box.h"
 #include "triaxial/charts/curve_points.h"
 #include "triaxial/charts/envelope_chart.h"
-#include "triaxial/charts/plot.h"
 
 namespace triaxlab {
 namespace {
@@ -18,15 +20,31 @@ struct Chart {
   Font font;
 };
 
+/// What the values of an axis are: the name at its end or along it, how its numbers are set, how a readout tells them.
+struct Axis {
+  std::string_view name;
+  NumberFormat numbers;
+  AxisReading reading;
+  std::span<const Subscript> subscripts = {};
+};
+
 /// One of the six pages: its texts, and what it draws, in this order. An empty function draws nothing.
 struct PageForm {
-  PlotTexts texts;
+  std::string_view title;
+  Axis x, y;
   ChartCurves (*curves)(const Chart&);
   PlotScale (*scale)(const Chart&, const ChartCurves&);
   void (*lines)(const Plot&, const Chart&);          // over the curves
   void (*marks)(DrawingSurface&, const Chart&);      // beside the axes
   std::vector<ResultLine> (*results)(const Chart&);  // in the box
 };
+
+// Twips of the canvas.
+constexpr double kTitleY = 150, kXNumbersY = 4310, kXNameY = 4500;
+constexpr double kYNumbersRight = 660, kYNameX = 20;
+constexpr int kXNumberEvery = 5, kYNumberEvery = 2;
+constexpr std::size_t kLongNumber = 5;  // characters: it would run into the turned name
+constexpr double kXNameSize = 9;        // point
 
 // Strain to the right has one percent a division.
 constexpr double kPercent = 1;
@@ -40,32 +58,32 @@ std::vector<ResultLine> noResults(const Chart&) { return {}; }
 PlotScale stressStrainScale(const Chart&, const ChartCurves& curves) {
   constexpr double kSmallestReach = 70;
   const double reach = std::max(reachOf(curves).y, kSmallestReach);
-  return {kPercent, kStressGrain * stepsToReach(reach, kPlotRows * kStressGrain)};
+  return {kCurvePlot, kPercent, kStressGrain * stepsToReach(reach, kCurvePlot.rows * kStressGrain)};
 }
 
 /// Values below zero get an even number of divisions under the axis.
 PlotScale porePressureScale(const Chart&, const ChartCurves& curves) {
   const auto [x, pressure, depth] = reachOf(curves);
-  double step = kStressGrain * std::max(stepsToReach(pressure + depth, kPlotRows * kStressGrain), 1.0);
+  double step = kStressGrain * std::max(stepsToReach(pressure + depth, kCurvePlot.rows * kStressGrain), 1.0);
   for (;; step += kStressGrain) {
     const double below = 2 * stepsToReach(depth, 2 * step);
-    if ((kPlotRows - below) * step >= pressure) return {kPercent, step, static_cast<int>(below)};
+    if ((kCurvePlot.rows - below) * step >= pressure) return {kCurvePlot, kPercent, step, -below * step};
   }
 }
 
 PlotScale stressRatioScale(const Chart&, const ChartCurves& curves) {
   constexpr double kSmallestReach = 1.4, kTenths = 10;
   const double reach = std::max(reachOf(curves).y, kSmallestReach);
-  return {kPercent, stepsToReach(kTenths * reach, kPlotRows) / kTenths};
+  return {kCurvePlot, kPercent, stepsToReach(kTenths * reach, kCurvePlot.rows) / kTenths};
 }
 
 PlotScale stressPathScale(const Chart&, const ChartCurves& curves) {
   constexpr double kSmallestReach = 110;
   const CurveReach reach = reachOf(curves);
   const double step =
-      kStressGrain * std::max(stepsToReach(std::max(reach.x, kSmallestReach), kPlotColumns * kStressGrain),
-                              stepsToReach(reach.y, kPlotRows * kStressGrain));
-  return {step, step};
+      kStressGrain * std::max(stepsToReach(std::max(reach.x, kSmallestReach), kCurvePlot.columns * kStressGrain),
+                              stepsToReach(reach.y, kCurvePlot.rows * kStressGrain));
+  return {kCurvePlot, step, step};
 }
 
 /// The name of the shear stress axis stands upright, a character below the other.
@@ -74,25 +92,9 @@ void markShearStress(DrawingSurface& surface, const Chart& chart) {
     const char* text;
     double y;
   };
-  constexpr double kX = 20;
   for (const auto& [text, y] :
        {Character{"τ", 520}, Character{"ｋ", 760}, Character{"Ｐ", 1000}, Character{"ａ", 1240}})
-    surface.text({kX, y}, text, chart.font, Colour::Black);
-}
-
-/// The subscripts of the turned title stand in its gaps. Below a turned text is to the right.
-constexpr std::string_view kPathTitle = "(σ ′-σ ′)/2 (kPa)";
-void markPathSubscripts(DrawingSurface& surface, const Chart& chart) {
-  struct Subscript {
-    const char* text;
-    std::string_view before;  // of the title
-  };
-  const Point title = yTitlePlace(kPathTitle, chart.font);
-  Font small = smallFont(chart.font);
-  small.name = kSongRotated;
-  for (const auto& [text, before] : {Subscript{"1", "(σ"}, Subscript{"3", "(σ ′-σ"}})
-    surface.text({title.x + subscriptDrop(chart.font), title.y - textWidth(before, chart.font)}, text, small,
-                 Colour::Black, true);
+    surface.text({kYNameX, y}, text, chart.font, Colour::Black);
 }
 
 ChartCurves stressStrainOf(const Chart& chart) { return stressStrainCurves(chart.record, chart.options.adjustment); }
@@ -114,38 +116,31 @@ std::vector<ResultLine> pathOf(const Chart& chart) {
   return pathLines(chart.results.pathLine, chart.options.cohesionFormat);
 }
 
-constexpr std::string_view kStrain = "ε1(%)", kStress = "σ";
 constexpr auto kWhole = NumberFormat::Whole, kThousandths = NumberFormat::Thousandths;
+constexpr AxisReading kPercents{NumberFormat::Hundredths, "%"}, kPressures{NumberFormat::Tenths, "kPa"};
+constexpr AxisReading kRatios{kThousandths, ""};
+
+constexpr Axis kStrain{"ε1(%)", kWhole, kPercents};
+constexpr Axis kStress{"σ1 - σ3 (kPa)", kWhole, kPressures};
+constexpr Axis kNormalStress{"σ", kWhole, kPressures}, kShearStress{"", kWhole, kPressures};
+constexpr std::array kPathSubscripts{Subscript{"1", "(σ"}, Subscript{"3", "(σ ′-σ"}};
+constexpr Axis kPathCentre{"(σ1′+σ3′)/2 (kPa)", kWhole, kPressures};
+constexpr Axis kPathRadius{"(σ ′-σ ′)/2 (kPa)", kWhole, kPressures, kPathSubscripts};
+constexpr Axis kPorePressure{"u(kPa)", kWhole, kPressures};
+constexpr Axis kStressRatio{"σ1′/σ3′", kThousandths, kRatios};
 
 /// In the order of CurvePage.
 constexpr std::array kForms{
-    PageForm{{"主应力差与轴向应变曲线", kStrain, "σ1 - σ3 (kPa)", kWhole},
-             stressStrainOf,
-             stressStrainScale,
-             noLines,
-             noMarks,
+    PageForm{"主应力差与轴向应变曲线", kStrain, kStress, stressStrainOf, stressStrainScale, noLines, noMarks,
              noResults},
-    PageForm{
-        {"应力比强度包线", kStress, {}, kWhole}, noCurves, envelopeScale, drawEnvelopes, markShearStress, strengthOf},
-    PageForm{
-        {"应力差强度包线", kStress, {}, kWhole}, noCurves, envelopeScale, drawEnvelopes, markShearStress, strengthOf},
-    PageForm{{"应力路径曲线", "(σ1′+σ3′)/2 (kPa)", kPathTitle, kWhole},
-             pathsOf,
-             stressPathScale,
-             drawPath,
-             markPathSubscripts,
-             pathOf},
-    PageForm{{"孔隙压力与轴向应变曲线", kStrain, "u(kPa)", kWhole},
-             porePressuresOf,
-             porePressureScale,
-             noLines,
-             noMarks,
+    PageForm{"应力比强度包线", kNormalStress, kShearStress, noCurves, envelopeScale, drawEnvelopes, markShearStress,
+             strengthOf},
+    PageForm{"应力差强度包线", kNormalStress, kShearStress, noCurves, envelopeScale, drawEnvelopes, markShearStress,
+             strengthOf},
+    PageForm{"应力路径曲线", kPathCentre, kPathRadius, pathsOf, stressPathScale, drawPath, noMarks, pathOf},
+    PageForm{"孔隙压力与轴向应变曲线", kStrain, kPorePressure, porePressuresOf, porePressureScale, noLines, noMarks,
              noResults},
-    PageForm{{"有效应力比与轴向应变曲线", kStrain, "σ1′/σ3′", kThousandths},
-             stressRatiosOf,
-             stressRatioScale,
-             noLines,
-             noMarks,
+    PageForm{"有效应力比与轴向应变曲线", kStrain, kStressRatio, stressRatiosOf, stressRatioScale, noLines, noMarks,
              noResults},
 };
 
@@ -160,16 +155,36 @@ void drawCurves(const Plot& plot, const ChartCurves& curves, const Chart& chart)
   }
 }
 
+void drawAxes(DrawingSurface& surface, const PlotScale& scale, const PageForm& form, const Font& font) {
+  drawNumbersBelow(surface, scale, {.at = kXNumbersY, .every = kXNumberEvery, .format = form.x.numbers}, font);
+  drawNumbersLeft(surface, scale,
+                  {.at = kYNumbersRight, .every = kYNumberEvery, .format = form.y.numbers, .smallFrom = kLongNumber},
+                  font);
+  surface.textRightAligned(scale.frame.right, kXNameY, form.x.name, sizedFont(font, kXNameSize), Colour::Black);
+  if (!form.y.name.empty())
+    drawTurnedTitle(surface, kYNameX, scale.frame.middle().y, form.y.name, font, form.y.subscripts);
+}
+
+/// At the upper left of the plot, as high as its lines need.
+void drawResults(DrawingSurface& surface, std::span<const ResultLine> lines, const Chart& chart) {
+  constexpr double kMargin = 80, kLine = 270;
+  const double bottom = 600 + kMargin + kLine * static_cast<double>(lines.size());
+  const ResultsBox box{.corner = {900, 600}, .opposite = {3000, bottom}, .firstLine = {960, 640}, .pitch = kLine};
+  if (!lines.empty()) drawResultsBox(surface, box, lines, chart.font, chart.options.lineWeight);
+}
+
 /// A title of the caller's, or the page's own; a curve that is being corrected says so.
 std::string titleOf(const PageForm& form, const ChartOptions& options) {
   if (!options.title.empty()) return options.title;
-  const std::string title(form.texts.title);
+  const std::string title(form.title);
   return options.adjustment ? "曲线" + title + "调整" : title;
 }
 
 }  // namespace
 
-std::string_view titleOf(CurvePage page) { return formOf(page).texts.title; }
+std::string_view titleOf(CurvePage page) { return formOf(page).title; }
+
+PageReadings readingsOf(CurvePage page) { return {formOf(page).x.reading, formOf(page).y.reading}; }
 
 PlotScale scaleOfPage(const TriaxialSampleRecord& record, CurvePage page, const ChartOptions& options) {
   const PageForm& form = formOf(page);
@@ -185,17 +200,14 @@ void drawCurvePage(DrawingSurface& surface, const TriaxialSampleRecord& record, 
   const ChartCurves curves = form.curves(chart);
   const Plot plot(surface, form.scale(chart, curves));
 
-  drawGrid(surface, plot.scale(), options.lineWeight);
+  drawGrid(surface, plot.scale());
+  drawFrame(surface, kCurvePlot, options.lineWeight);
   drawCurves(plot, curves, chart);
   form.lines(plot, chart);
-
-  const std::string title = titleOf(form, options);
-  PlotTexts texts = form.texts;
-  texts.title = title;
-  drawPlotTexts(surface, plot.scale(), texts, chart.font);
+  drawAxes(surface, plot.scale(), form, chart.font);
+  surface.textCentred(kCurvePlot.middle().x, kTitleY, titleOf(form, options), chart.font, Colour::Black);
   form.marks(surface, chart);
-  if (const auto lines = form.results(chart); !lines.empty())
-    drawResultsBox(surface, lines, chart.font, options.lineWeight);
+  drawResults(surface, form.results(chart), chart);
 }
 
 }  // namespace triaxlab

@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
+#include "charts/plot.h"
 #include "common/text_number.h"
 #include "platform/drawing_surface.h"
-#include "triaxial/charts/plot.h"
 #include "triaxial/curve_adjustment.h"
 #include "triaxial/curve_page.h"
 #include "triaxial/record.h"
@@ -15,6 +15,9 @@ namespace triaxlab {
 
 /// The canvas of every chart, twips.
 inline constexpr double kChartWidth = 7050, kChartHeight = 4700;
+/// The plot on it.
+inline constexpr PlotFrame kCurvePlot{
+    .left = 700, .top = 500, .right = 6700, .bottom = 4300, .columns = 22, .rows = 14};
 
 /// The line that a person moves by keys.
 enum class MovedLine : std::uint8_t { None, TotalEnvelope, EffectiveEnvelope, StressPath };
@@ -33,6 +36,16 @@ struct ChartOptions {
 
 /// "主应力差与轴向应变曲线" and its five companions.
 std::string_view titleOf(CurvePage page);
+
+/// How a readout tells the values of an axis.
+struct AxisReading {
+  NumberFormat format;
+  std::string_view unit;
+};
+struct PageReadings {
+  AxisReading x, y;
+};
+PageReadings readingsOf(CurvePage page);
 
 /// What the divisions of a page's plot stand for when it is drawn with these options.
 PlotScale scaleOfPage(const TriaxialSampleRecord& record, CurvePage page, const ChartOptions& options);

@@ -1,6 +1,7 @@
 #include "triaxial/charts/curve_points.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 #include "triaxial/measures.h"
@@ -115,14 +116,6 @@ ChartCurves stressPaths(const TriaxialSampleRecord& record) {
     if (!stresses) return std::nullopt;
     return Point{(stresses->sigma1 + stresses->sigma3) / 2, (stresses->sigma1 - stresses->sigma3) / 2};
   });
-}
-
-CurveReach reachOf(const ChartCurves& curves) {
-  CurveReach reach;
-  for (const auto& curve : curves)
-    for (const Point& point : curve)
-      reach = {std::max(reach.x, point.x), std::max(reach.y, point.y), std::max(reach.depth, -point.y)};
-  return reach;
 }
 
 }  // namespace triaxlab

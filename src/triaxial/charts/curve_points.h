@@ -1,24 +1,15 @@
 #pragma once
 
-#include <cmath>
 #include <cstddef>
 #include <optional>
 #include <vector>
 
+#include "charts/plot.h"
 #include "platform/drawing_surface.h"
-#include "triaxial/charts/curve_chart.h"
+#include "triaxial/curve_adjustment.h"
 #include "triaxial/record.h"
 
 namespace triaxlab {
-
-/// The number of a field as a chart takes it. Beyond six digits, which only an exponent in a damaged field can make, it
-/// is none and counts as 0.
-template <std::size_t N>
-double plottedNumber(const FixedText<N>& field) {
-  constexpr double kSixDigits = 999999;
-  const double value = field.number();
-  return std::abs(value) <= kSixDigits ? value : 0;
-}
 
 /// The points of each stage's curve, in values of the axes. Stages that are not used have none, and so has a stage
 /// without a reading; rows without stress are passed over.
@@ -38,11 +29,5 @@ ChartCurves porePressureCurves(const TriaxialSampleRecord& record);
 ChartCurves stressRatioCurves(const TriaxialSampleRecord& record);
 /// Centre and radius of the effective stress circle of each row (kPa).
 ChartCurves stressPaths(const TriaxialSampleRecord& record);
-
-/// The largest y and x of all curves, the smallest y; at least, and at most, 0.
-struct CurveReach {
-  double x = 0, y = 0, depth = 0;  // depth: how far y goes below 0
-};
-CurveReach reachOf(const ChartCurves& curves);
 
 }  // namespace triaxlab

@@ -78,8 +78,8 @@ PlotScale mohrScale(const TriaxialSampleRecord& record) {
     centre = std::max(centre, plottedNumber(record.failureCentre[stage]));
     radius = std::max(radius, plottedNumber(record.failureRadius[stage]));
   }
-  const double step = kGrain * stepsToReach(std::max(centre + radius, kSmallestReach), kPlotColumns * kGrain);
-  return {step, step};
+  const double step = kGrain * stepsToReach(std::max(centre + radius, kSmallestReach), kCurvePlot.columns * kGrain);
+  return {kCurvePlot, step, step};
 }
 
 void drawMohr(const Plot& plot, const TriaxialSampleRecord& record, const PageResults& results,
@@ -120,7 +120,7 @@ std::vector<ResultLine> strengthLines(const TriaxialSampleRecord& record, const 
 void drawPathLine(const Plot& plot, const PathLine& line, const ChartOptions& options) {
   if ((line.slope == 0 && line.intercept == 0) || !std::isfinite(line.slope) || !std::isfinite(line.intercept)) return;
   const auto y = [&](double x) { return x * line.slope + line.intercept; };
-  const double right = plot.scale().right(), top = plot.scale().top();
+  const double right = plot.scale().right(), top = plot.scale().yEnd();
   // Both ends move towards each other by 1 kPa until the line is in the plot.
   double low = 0, high = right - 1;
   while (low < high && y(low) < 0) ++low;

@@ -2,8 +2,9 @@
 
 #include <vector>
 
+#include "charts/plot.h"
+#include "charts/results_box.h"
 #include "triaxial/charts/curve_chart.h"
-#include "triaxial/charts/plot.h"
 
 namespace triaxlab {
 

@@ -1,12 +1,5 @@
 #include "triaxial/charts/table_chart.h"
 
-#include <algorithm>
-#include <cmath>
-#include <cstdint>
-#include <string_view>
-
-#include "triaxial/charts/plot.h"
-
 namespace triaxlab {
 namespace {
 
@@ -24,58 +17,6 @@ struct TextColumns {
 constexpr TextColumns kDataTable{{300, 4200, 7400}, {300, 3300, 6300}, 300, 12300};
 /// Narrower: what stands beside each other must not touch in its longest form.
 constexpr TextColumns kConsolidation{{300, 2850, 5270}, {300, 3000, 5200}, 50, 6850};
-
-enum class PieceKind : std::uint8_t { Plain, Subscript, Prime };
-/// A part of a symbol that is set in one go.
-struct Piece {
-  std::string_view text;
-  PieceKind kind;
-};
-
-constexpr std::string_view kPrime = "′";
-
-std::vector<Piece> piecesOf(std::string_view symbol) {
-  std::vector<Piece> pieces;
-  while (!symbol.empty()) {
-    Piece piece{symbol.substr(0, std::min(symbol.find('_'), symbol.find(kPrime))), PieceKind::Plain};
-    if (symbol.front() == '_') {
-      symbol.remove_prefix(1);
-      piece = {symbol.substr(0, 1), PieceKind::Subscript};
-    } else if (symbol.starts_with(kPrime)) {
-      piece = {symbol.substr(0, kPrime.size()), PieceKind::Prime};
-    }
-    pieces.push_back(piece);
-    symbol.remove_prefix(piece.text.size());
-  }
-  return pieces;
-}
-
-/// A piece in its place; x from the left edge of the symbol, y from its upper edge.
-struct PlacedPiece {
-  std::string_view text;
-  Point place;
-  Font font;
-};
-struct SetSymbol {
-  std::vector<PlacedPiece> pieces;
-  double width = 0;
-};
-
-/// A prime stands over the subscript in front of it, as σ1′ is written. It needs half the room of its character.
-SetSymbol setSymbol(std::string_view symbol, const Font& font) {
-  SetSymbol set;
-  double subscriptX = 0;
-  for (const Piece& piece : piecesOf(symbol)) {
-    const bool subscript = piece.kind == PieceKind::Subscript, prime = piece.kind == PieceKind::Prime;
-    const Font& pieceFont = subscript ? smallFont(font) : font;
-    const double width = textWidth(piece.text, pieceFont);
-    const Point place{prime ? subscriptX : set.width, subscript ? subscriptDrop(font) : 0};
-    set.pieces.push_back({piece.text, place, pieceFont});
-    subscriptX = set.width;
-    set.width = std::max(set.width, place.x + (prime ? width / 2 : width));
-  }
-  return set;
-}
 
 void drawHeading(DrawingSurface& surface, const TableHeading& heading, const std::array<double, 3>& x) {
   const auto line = [&](double y, std::array<const std::string*, 3> texts) {
@@ -104,23 +45,6 @@ void drawCell(DrawingSurface& surface, double centreX, std::size_t row, const st
 }
 
 }  // namespace
-
-void drawColumnTitle(DrawingSurface& surface, const ColumnTitle& title, double centreX, double width, double symbolY,
-                     double unitY, const Font& font) {
-  constexpr double kRoom = 0.9, kTenth = 10;
-  SetSymbol symbol = setSymbol(title.symbol, font);
-  Point corner{0, symbolY};
-  if (const double room = kRoom * width; symbol.width > room) {
-    Font smaller = font;
-    smaller.size = std::floor(font.size * room / symbol.width * kTenth) / kTenth;
-    symbol = setSymbol(title.symbol, smaller);
-    corner.y += textHeight(font) - textHeight(smaller);  // on the line of the others
-  }
-  corner.x = centreX - symbol.width / 2;
-  for (const PlacedPiece& piece : symbol.pieces)
-    surface.text({corner.x + piece.place.x, corner.y + piece.place.y}, piece.text, piece.font, Colour::Black);
-  if (*title.unit != '\0') surface.textCentred(centreX, unitY, title.unit, font, Colour::Black);
-}
 
 void drawDataTable(DrawingSurface& surface, const DataTable& table) {
   const auto columnX = [](std::size_t column) { return kDataColumnX + kDataColumnWidth * static_cast<double>(column); };

@@ -1,10 +1,12 @@
 #pragma once
 
-#include <optional>
+#include <array>
+#include <cstddef>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "charts/column_title.h"
 #include "platform/drawing_surface.h"
 #include "triaxial/reading_tables.h"
 
@@ -43,10 +45,5 @@ struct ConsolidationTable {
   bool operator==(const ConsolidationTable&) const = default;
 };
 void drawConsolidationTable(DrawingSurface& surface, const ConsolidationTable& table);
-
-/// The two lines of a title, each centred in a column. A symbol that is wider than the column is set smaller, down to
-/// the tenth of a point that fits: titles of neighbours never touch.
-void drawColumnTitle(DrawingSurface& surface, const ColumnTitle& title, double centreX, double width, double symbolY,
-                     double unitY, const Font& font);
 
 }  // namespace triaxlab

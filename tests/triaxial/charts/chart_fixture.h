@@ -57,11 +57,6 @@ struct ChartTest : ::testing::Test {
   }
 };
 
-/// A text of another size than 10.5 point.
-inline DrawnText sized(double size, std::string_view text, int x, int y, Colour colour = Colour::Black) {
-  return {{x, y}, std::string(text), Font{.size = size}, colour, false};
-}
-
 inline DrawnPolyline curve(std::vector<TwipPoint> points, Colour colour = Colour::LightRed, int width = 1) {
   return {std::move(points), {colour, width}};
 }

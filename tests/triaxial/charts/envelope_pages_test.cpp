@@ -1,5 +1,4 @@
 #include "triaxial/charts/chart_fixture.h"
-#include "triaxial/charts/plot.h"
 
 namespace triaxlab::testing {
 namespace {

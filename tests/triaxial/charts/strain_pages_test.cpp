@@ -1,5 +1,4 @@
 #include "triaxial/charts/chart_fixture.h"
-#include "triaxial/charts/plot.h"
 
 namespace triaxlab::testing {
 namespace {
@@ -217,13 +216,6 @@ TEST_F(StressRatioPage, TheAxisReaches1Point4AtLeastAndStopsOnTheDivision) {
   EXPECT_THAT(textsOf(draw(CurvePage::StressRatio), Colour::Blue), Contains("3.600"));
   readings(0, "100", {{0.4F, "10", "", "421", "100"}});
   EXPECT_THAT(textsOf(draw(CurvePage::StressRatio), Colour::Blue), Contains("4.800"));
-}
-
-TEST(PlotScale, ValuesComeBackFromTheirPlaces) {
-  const PlotScale scale{1, 5, 4};
-  const Point value = scale.valueAt(scale.place({12.5, -7}));
-  EXPECT_NEAR(value.x, 12.5, 1e-9);
-  EXPECT_NEAR(value.y, -7, 1e-9);
 }
 
 }  // namespace

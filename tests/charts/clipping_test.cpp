@@ -1,4 +1,4 @@
-#include "triaxial/charts/clipping.h"
+#include "charts/clipping.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
