@@ -1,6 +1,6 @@
 #include "sessions/line_keys.h"
 
-#include "triaxial/envelope.h"
+#include "common/angles.h"
 
 namespace triaxlab {
 

@@ -4,7 +4,9 @@
 #include <cmath>
 #include <optional>
 
+#include "common/angles.h"
 #include "common/conversions.h"
+#include "common/straight_line.h"
 #include "triaxial/measures.h"
 
 namespace triaxlab {
@@ -34,18 +36,16 @@ EnvelopeFields<4> effectiveFields(TriaxialSampleRecord& record) {
 /// No value when the circles have one centre or the radius grows as fast as the centre.
 template <std::size_t N>
 std::optional<Envelope> fit(const TriaxialSampleRecord& record, const EnvelopeFields<N>& fields, int count) {
-  double sumP = 0, sumQ = 0, sumPP = 0, sumPQ = 0, maxP = 0, maxQ = 0;
+  LineSums<double> sums;
+  double maxP = 0, maxQ = 0;
   for (std::size_t stage = 0; stage < kStages; ++stage) {
     if (!(record.cellPressure[stage].number() > 0)) continue;
     const double p = fields.centre[stage].number(), q = fields.radius[stage].number();
-    sumP += p;
-    sumQ += q;
-    sumPP += p * p;
-    sumPQ += p * q;
+    sums.add(p, q);
     maxP = std::max(maxP, p);
     maxQ = std::max(maxQ, q);
   }
-  const auto a = quotient(count * sumPQ - sumP * sumQ, count * sumPP - sumP * sumP);
+  const auto a = fittedSlope(sums, count);
   if (!a) return std::nullopt;
   const auto tanSquared = quotient(*a * *a, 1 - *a * *a);
   if (!tanSquared || *tanSquared < 0) return std::nullopt;
@@ -80,15 +80,6 @@ Envelope envelopeOfPage(const TriaxialSampleRecord& record, const EnvelopeFields
 }
 
 }  // namespace
-
-double degreesOfTangent(double tangent) { return std::atan(tangent) * 180 / 3.1415926535; }
-double tangentOfDegrees(double degrees) { return std::tan(degrees * 3.1415926 / 180); }
-
-double steppedTangent(double tangent, double step) {
-  constexpr double kSteepest = 89.9;
-  const double radians = std::clamp(degreesOfTangent(tangent) + step, 0.0, kSteepest) * 3.1415926 / 180;
-  return std::sin(radians) / std::cos(radians);
-}
 
 void fitTotalEnvelope(TriaxialSampleRecord& record, int failedStages, NumberFormat cohesionFormat) {
   const auto fields = totalFields(record);

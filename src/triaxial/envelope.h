@@ -18,13 +18,6 @@ struct Envelopes {
   bool operator==(const Envelopes&) const = default;
 };
 
-/// Degrees of an angle given by its tangent, and the way back. The two use different values of pi on purpose.
-double degreesOfTangent(double tangent);
-double tangentOfDegrees(double degrees);
-
-/// The tangent of an angle that has been raised or lowered by `step` degrees, held within 0 and 89.9.
-double steppedTangent(double tangent, double step);
-
 /// The total fit of the opening pass over `failedStages` stages: stores frictionAngle, cohesionTenths and cohesionText.
 void fitTotalEnvelope(TriaxialSampleRecord& record, int failedStages, NumberFormat cohesionFormat);
 

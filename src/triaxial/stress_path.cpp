@@ -7,19 +7,15 @@ namespace {
 
 /// Least squares through the effective failure points; 0 and 0 when they are fewer than two or lie above each other.
 PathLine fit(const TriaxialSampleRecord& record) {
-  double n = 0, sumX = 0, sumY = 0, sumXX = 0, sumXY = 0;
+  LineSums<double> sums;
+  int count = 0;
   for (std::size_t stage = 0; stage < kStages; ++stage) {
-    const double x = record.failureCentreEff[stage].number(), y = record.failureRadiusEff[stage].number();
-    if (y == 0) continue;
-    n += 1;
-    sumX += x;
-    sumY += y;
-    sumXX += x * x;
-    sumXY += x * y;
+    const double radius = record.failureRadiusEff[stage].number();
+    if (radius == 0) continue;
+    sums.add(record.failureCentreEff[stage].number(), radius);
+    ++count;
   }
-  const auto slope = quotient(sumY * sumX - sumXY * n, sumX * sumX - n * sumXX);
-  if (!slope) return {};
-  return {*slope, sumY / n - *slope * sumX / n};
+  return fittedLine(sums, count).value_or(PathLine{});
 }
 
 void store(TriaxialSampleRecord& record, const PathLine& line) {

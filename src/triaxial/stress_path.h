@@ -1,15 +1,13 @@
 #pragma once
 
+#include "common/straight_line.h"
 #include "triaxial/record.h"
 
 namespace triaxlab {
 
-/// The line through the effective failure points (centre, radius) of a CU sample. The angle shown is that of the line.
-struct PathLine {
-  double slope = 0;
-  double intercept = 0;  // kPa
-  bool operator==(const PathLine&) const = default;
-};
+/// The line through the effective failure points (centre, radius) of a CU sample, kPa. The angle shown is that of the
+/// line.
+using PathLine = StraightLine;
 
 /// Fitted and stored, or, once adjusted by hand, read back from the record. Other methods have none; their records stay
 /// as they are.

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "common/angles.h"
 #include "triaxial/samples.h"
 
 namespace triaxlab {
@@ -42,13 +43,6 @@ void setEffective(TriaxialSampleRecord& record, std::size_t stage, std::string_v
 // Radii 110 and 160: sum q = 270, sum pq = 70000, a = (140000 - 135000) / 10000 = 0.5, so sin phi = 0.5, phi = 30
 // degrees, tan phi = 0.57735, C = (160 - 300 x 0.5) / cos phi = 10 / 0.8660254 = 11.547.
 const std::vector<Circle> kThirtyDegrees{{"200", "110"}, {"300", "160"}};
-
-TEST(Degrees, TheTwoWaysUseDifferentValuesOfPi) {
-  EXPECT_DOUBLE_EQ(degreesOfTangent(1), 0.785398163397448310 * 180 / 3.1415926535);
-  EXPECT_DOUBLE_EQ(tangentOfDegrees(45), std::tan(45 * 3.1415926 / 180));
-  EXPECT_GT(degreesOfTangent(1), 45.000000001);
-  EXPECT_LT(tangentOfDegrees(45), 0.99999999);
-}
 
 TEST(TotalEnvelope, OfTwoCircles) {
   TriaxialSampleRecord record = withCircles(kThirtyDegrees);
@@ -252,22 +246,6 @@ TEST(OpeningFit, EveryFormatOfTheCohesion) {
 }
 
 // ---- set by hand
-
-TEST(SteppedTangent, GoesByTenthsOfADegreeFrom0To89_9) {
-  // The way up uses 3.1415926 alone, since the angle of 0 is 0 by any pi.
-  EXPECT_DOUBLE_EQ(steppedTangent(0, 0.1), std::tan(0.1 * 3.1415926 / 180));
-  EXPECT_EQ(steppedTangent(0, -0.1), 0);
-  EXPECT_EQ(steppedTangent(-0.5, 0.1), 0);
-  const double steepest = std::tan(89.9 * 3.1415926 / 180);
-  EXPECT_DOUBLE_EQ(steppedTangent(std::tan(89.85 * 3.1415926 / 180), 0.1), steepest);
-  EXPECT_DOUBLE_EQ(steppedTangent(steepest, 0.1), steepest);
-}
-
-TEST(SteppedTangent, EachStepUsesTwoValuesOfPi) {
-  // 45 degrees of the tangent 1 are 45.0000000013; less 0.1 and through 3.1415926.
-  const double degrees = 45 * (3.14159265358979312 / 3.1415926535) - 0.1;
-  EXPECT_DOUBLE_EQ(steppedTangent(1, -0.1), std::tan(degrees * 3.1415926 / 180));
-}
 
 TEST(AdjustedEnvelopes, AreKeptAndReadBack) {
   TriaxialSampleRecord record = tests::sampleOf(kCU);

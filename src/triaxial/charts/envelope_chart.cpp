@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "common/angles.h"
 #include "triaxial/charts/curve_points.h"
 #include "triaxial/measures.h"
 
