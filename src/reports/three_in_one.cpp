@@ -18,9 +18,6 @@
 namespace triaxlab {
 namespace {
 
-constexpr std::array kAllCurves{
-    CurvePage::StressStrain, CurvePage::StressRatioEnvelope, CurvePage::StressDifferenceEnvelope,
-    CurvePage::StressPath,   CurvePage::PorePressure,        CurvePage::StressRatio};
 constexpr int kBlocksPerPage = 2;
 constexpr double kFirstBlockTop = 1850, kBlockGap = 250;
 constexpr double kChartX = 600;
@@ -41,16 +38,11 @@ bool isWanted(const CurveOptions& options, CurvePage curve) {
   return std::find(options.pages.begin(), options.pages.end(), curve) != options.pages.end();
 }
 
-/// Effective stresses, which most curves show, are those of CU alone.
-bool hasCurve(const TriaxialSampleRecord& record, CurvePage curve) {
-  return record.testMethod == kCU || curve == CurvePage::StressStrain || curve == CurvePage::StressDifferenceEnvelope;
-}
-
 std::vector<Block> blocksOf(const PrintJob& job, const Workspace& workspace) {
   std::vector<Block> blocks;
   for (const std::size_t row : chosenRows(job, workspace))
-    for (const CurvePage curve : kAllCurves)
-      if (isWanted(job.curves, curve) && hasCurve(workspace.TriaxialSampleTable[row], curve))
+    for (const CurvePage curve : kCurvePages)
+      if (isWanted(job.curves, curve) && hasPage(workspace.TriaxialSampleTable[row], curve))
         blocks.push_back({row, curve});
   return blocks;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "triaxial/envelope.h"
@@ -21,6 +22,16 @@ enum class CurvePage : std::uint8_t {
 
 inline bool isEnvelopePage(CurvePage page) {
   return page == CurvePage::StressRatioEnvelope || page == CurvePage::StressDifferenceEnvelope;
+}
+
+/// All six, in their order.
+inline constexpr std::array kCurvePages{
+    CurvePage::StressStrain, CurvePage::StressRatioEnvelope, CurvePage::StressDifferenceEnvelope,
+    CurvePage::StressPath,   CurvePage::PorePressure,        CurvePage::StressRatio};
+
+/// Whether a method has a page: most show effective stresses, which are those of CU alone.
+inline bool hasPage(const TriaxialSampleRecord& record, CurvePage page) {
+  return record.testMethod == kCU || page == CurvePage::StressStrain || page == CurvePage::StressDifferenceEnvelope;
 }
 
 /// What showing a page works out before anything is drawn.

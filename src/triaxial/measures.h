@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include "common/text_number.h"
@@ -31,7 +32,10 @@ inline bool withinLimit(const TriaxialSampleRecord& record, std::size_t stage, s
 /// A coefficient B or Af of a smaller magnitude counts as not yet computed.
 inline constexpr double kSmallestCoefficient = 0.0001;
 
-/// Limits of 35 to 220 tenths of a percent stand, any other becomes 150 in the record. Returns them in percent.
+/// A limit of 35 to 220 tenths of a percent stands, any other becomes the usual 150.
+std::uint8_t failureLimitOf(double tenths);
+
+/// Mends the limits of a record in the same way. Returns them in percent.
 PerStage<double> ClampFailureLimit(TriaxialSampleRecord& record);
 
 /// True for a test of several stages on one specimen, as captions and strain tables see it.

@@ -1,9 +1,23 @@
 #include "triaxial/result_values.h"
 
+#include <type_traits>
+
+#include "common/conversions.h"
 #include "common/text_number.h"
+#include "triaxial/record_fields.h"
 
 namespace triaxlab {
 namespace {
+
+using Record = TriaxialSampleRecord;
+
+constexpr std::size_t kNumberWidth = 10;  // bytes that a box takes over a coefficient
+
+template <std::size_t N>
+constexpr std::size_t widthOf(const FixedText<N>& /*field*/) {
+  return N;
+}
+constexpr std::size_t widthOf(const Little<float>& /*field*/) { return kNumberWidth; }
 
 template <std::size_t N>
 std::string textOf(const FixedText<N>& field) {
@@ -13,39 +27,62 @@ std::string textOf(const Little<float>& coefficient) {
   return FormatNumber(static_cast<float>(coefficient), NumberFormat::Hundredths);
 }
 
+template <std::size_t N>
+void storeIn(FixedText<N>& field, std::string_view gbk) {
+  SetText(field, gbk);
+}
+void storeIn(Little<float>& coefficient, std::string_view gbk) { assignIf(coefficient, toSingle(ParseNumber(gbk))); }
+
 template <auto Member>
-std::string text(const TriaxialSampleRecord& record, std::size_t stage) {
+std::string text(const Record& record, std::size_t stage) {
   return textOf((record.*Member).at(stage));
 }
 template <auto Member>
-constexpr ResultValue total(const char* label) {
-  return {label, false, text<Member>};
-}
-template <auto Member>
-constexpr ResultValue effective(const char* label) {
-  return {label, true, text<Member>};
+void store(Record& record, std::size_t stage, std::string_view gbk) {
+  storeIn((record.*Member).at(stage), gbk);
 }
 
-using Record = TriaxialSampleRecord;
+template <auto Member>
+constexpr std::string_view unitOf() {
+  std::string_view unit;
+  visitFields<Record>([&unit](const auto& field) {
+    if constexpr (std::is_same_v<std::decay_t<decltype(field.member)>, std::decay_t<decltype(Member)>>)
+      if (field.member == Member) unit = field.unit;
+  });
+  return unit;
+}
+
+enum class Kind : std::uint8_t { Total, Effective };
+
+template <auto Member>
+constexpr ResultValue typed(const char* label, Kind kind = Kind::Total) {
+  using Stages = std::decay_t<decltype(std::declval<Record>().*Member)>;
+  const std::size_t width = widthOf(typename Stages::value_type{});
+  return {label, unitOf<Member>(), kind == Kind::Effective, width, text<Member>, store<Member>};
+}
+template <auto Member>
+constexpr ResultValue found(const char* label, Kind kind = Kind::Total) {
+  return {label, unitOf<Member>(), kind == Kind::Effective, 0, text<Member>, store<Member>};
+}
 
 }  // namespace
 
 const std::array<ResultValue, 15> kResultValues{{
-    total<&Record::cellPressure>("σ3"),
-    total<&Record::sigma1Failure>("σ1f"),
-    effective<&Record::sigma3FailureEff>("σ3f′"),
-    effective<&Record::sigma1FailureEff>("σ1f′"),
-    total<&Record::failureCentre>("⊙"),
-    total<&Record::failureRadius>("R"),
-    effective<&Record::failureCentreEff>("⊙′"),
-    effective<&Record::failureRadiusEff>("R′"),
-    total<&Record::initialHeight>("h0"),
-    total<&Record::consolidatedHeight>("h1"),
-    total<&Record::initialArea>("A0"),
-    total<&Record::consolidatedArea>("Ac"),
-    total<&Record::consolidationDrainage>("ΔV"),
-    total<&Record::coefficientB>("B"),
-    total<&Record::coefficientAf>("Af"),
+    typed<&Record::cellPressure>("σ3"),
+    typed<&Record::sigma1Failure>("σ1f"),
+    typed<&Record::sigma3FailureEff>("σ3f′", Kind::Effective),
+    typed<&Record::sigma1FailureEff>("σ1f′", Kind::Effective),
+    found<&Record::failureCentre>("⊙"),
+    found<&Record::failureRadius>("R"),
+    found<&Record::failureCentreEff>("⊙′", Kind::Effective),
+    found<&Record::failureRadiusEff>("R′", Kind::Effective),
+    typed<&Record::initialHeight>("h0"),
+    typed<&Record::consolidatedHeight>("h1"),
+    typed<&Record::initialArea>("A0"),
+    typed<&Record::consolidatedArea>("Ac"),
+    typed<&Record::consolidationDrainage>("ΔV"),
+    typed<&Record::coefficientB>("B"),
+    typed<&Record::coefficientAf>("Af"),
 }};
 
 }  // namespace triaxlab

@@ -1,11 +1,9 @@
 #include "sessions/triaxial/curve_session.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <utility>
 
-#include "common/conversions.h"
 #include "common/gbk.h"
 #include "sessions/typed_text.h"
 #include "store/summary/physical_data.h"
@@ -16,15 +14,7 @@
 namespace triaxlab {
 namespace {
 
-constexpr std::size_t kLimitWidth = 6;                                         // bytes that Text8 takes
-constexpr double kSmallestLimit = 35, kLargestLimit = 220, kUsualLimit = 150;  // 0.1 %
-
-/// The strain limit of a typed percentage, in tenths; one out of range becomes the usual 15 %.
-std::uint8_t limitOf(std::string_view percent) {
-  double tenths = ParseNumber(percent) * 10;
-  if (!(tenths >= kSmallestLimit && tenths <= kLargestLimit)) tenths = kUsualLimit;
-  return static_cast<std::uint8_t>(toInt16(tenths).value_or(0));
-}
+constexpr std::size_t kLimitWidth = 6;  // bytes that Text8 takes
 
 }  // namespace
 
@@ -228,7 +218,7 @@ void CurveSession::applyStrainLimits() {
   if (m_intervention.running()) return;
   finishTyping();
   for (std::size_t stage = 0; stage < kStages; ++stage)
-    record().failureStrainLimit[stage] = limitOf(m_strainLimitTexts[stage]);
+    record().failureStrainLimit[stage] = failureLimitOf(ParseNumber(m_strainLimitTexts[stage]) * 10);
   m_changed = true;
   drawPage();
   m_table.refresh(record());

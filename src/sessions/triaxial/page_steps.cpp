@@ -6,7 +6,6 @@
 namespace triaxlab {
 namespace {
 
-constexpr int kCurvePages = 6;
 constexpr int kTablePages = 6, kTotalTablePages = 3;  // the first three hold total stresses
 
 /// One step round the pages 1 to `count`.
@@ -18,7 +17,7 @@ bool isPassedOver(CurvePage page, FailureMode checked) {
 }
 
 CurvePage stepCu(CurvePage page, int step, FailureMode checked) {
-  do page = static_cast<CurvePage>(stepRound(static_cast<int>(page), step, kCurvePages));
+  do page = static_cast<CurvePage>(stepRound(static_cast<int>(page), step, static_cast<int>(kCurvePages.size())));
   while (isPassedOver(page, checked));
   return page;
 }
@@ -41,9 +40,9 @@ CurvePage pageBehind(CurvePage page, const TriaxialSampleRecord& record, Failure
 }
 
 TablePage tablePageOf(CurvePage page) {
-  constexpr std::array<TablePage, kCurvePages> kOpensWith{TablePage::Stresses,     TablePage::Results,
-                                                          TablePage::Results,      TablePage::EffectivePath,
-                                                          TablePage::PorePressure, TablePage::PorePressure};
+  constexpr std::array<TablePage, kCurvePages.size()> kOpensWith{TablePage::Stresses,     TablePage::Results,
+                                                                 TablePage::Results,      TablePage::EffectivePath,
+                                                                 TablePage::PorePressure, TablePage::PorePressure};
   return kOpensWith.at(static_cast<std::size_t>(page) - 1);
 }
 

@@ -39,7 +39,8 @@ constexpr std::size_t resultColumnOf(std::size_t stage) { return firstColumnOf(s
 constexpr std::size_t cellIndex(std::size_t line, std::size_t column) { return line * kTableColumns + column; }
 
 // The values of the results page counted from left to right, line by line.
-constexpr int kStageCount = static_cast<int>(kStages), kResultCount = static_cast<int>(kResultRows) * kStageCount;
+constexpr int kStageCount = static_cast<int>(kStages),
+              kResultCount = static_cast<int>(kResultValues.size()) * kStageCount;
 constexpr ResultCell resultCell(int number) {
   return {static_cast<std::size_t>(number / kStageCount), static_cast<std::size_t>(number % kStageCount)};
 }
@@ -48,12 +49,12 @@ constexpr ResultCell resultCell(int number) {
 
 int ResultTable::scrollMax() const { return static_cast<int>(rowCount()) - kTableLines; }
 
-std::size_t ResultTable::rowCount() const { return m_page == TablePage::Results ? kResultRows : kShearRows; }
+std::size_t ResultTable::rowCount() const { return m_page == TablePage::Results ? kResultValues.size() : kShearRows; }
 
 int ResultTable::textLabel() const {
   if (m_page != TablePage::Results) return -1;
   ResultCell cell = m_openCell.value_or(ResultCell{static_cast<std::size_t>(m_top), 0});
-  while (!isTyped(cell.row)) ++cell.row;
+  while (!kResultValues.at(cell.row).isTyped()) ++cell.row;
   return static_cast<int>(cellIndex(cell.row - static_cast<std::size_t>(m_top), resultColumnOf(cell.stage)));
 }
 
@@ -76,14 +77,14 @@ void ResultTable::select(int labelIndex) {
   const auto column = static_cast<std::size_t>(labelIndex % kTableColumns);
   for (std::size_t stage = 0; stage < kStages; ++stage) {
     const ResultCell cell{line + static_cast<std::size_t>(m_top), stage};
-    if (column == resultColumnOf(stage) && isTyped(cell.row)) m_openCell = cell;
+    if (column == resultColumnOf(stage) && kResultValues.at(cell.row).isTyped()) m_openCell = cell;
   }
 }
 
 bool ResultTable::moveCell(int step) {
   int number = static_cast<int>(m_openCell->row) * kStageCount + static_cast<int>(m_openCell->stage);
   do number += step;
-  while (number >= 0 && number < kResultCount && !isTyped(resultCell(number).row));
+  while (number >= 0 && number < kResultCount && !kResultValues.at(resultCell(number).row).isTyped());
   if (number < 0 || number >= kResultCount) return false;
   m_openCell = resultCell(number);
   const auto row = static_cast<int>(m_openCell->row);
@@ -136,9 +137,9 @@ ResultTable::TableRow ResultTable::heads() const {
 ResultTable::TableRow ResultTable::rowTexts(const TriaxialSampleRecord& record, std::size_t row) const {
   TableRow texts;
   if (m_page == TablePage::Results) {
-    texts[0] = resultLabel(row);
+    texts[0] = kResultValues.at(row).label;
     for (std::size_t stage = 0; stage < kStages; ++stage)
-      texts[resultColumnOf(stage)] = gbkToUtf8(resultText(record, {row, stage}));
+      texts[resultColumnOf(stage)] = gbkToUtf8(kResultValues.at(row).text(record, stage));
     return texts;
   }
   const auto& [first, second] = quantitiesOf(m_page);
