@@ -33,7 +33,9 @@ class File {
     Create,  // read and write; made, or emptied if it exists
     Shared,  // read and write; made if it doesn't exist, its content kept
   };
-  File(std::filesystem::path path, Mode mode);
+  File(const std::filesystem::path& path, Mode mode);
+  /// Errors name the file that the person knows instead.
+  File(const std::filesystem::path& path, Mode mode, std::filesystem::path knownAs);
   File(File&& other) noexcept;
   File& operator=(File&& other) noexcept;
   ~File();

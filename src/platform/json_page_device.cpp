@@ -5,31 +5,23 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <system_error>
+#include <utility>
 
-#include "common/user_error.h"
 #include "platform/files.h"
 #include "platform/recording_surface.h"
+#include "platform/replaced_file.h"
 
 namespace triaxlab {
 namespace {
 
 class JsonDevice : public PageDevice {
  public:
-  explicit JsonDevice(const std::filesystem::path& file) : m_place(behindLinks(file)), m_beside(m_place) {
-    m_beside += ".new";
-  }
-
-  ~JsonDevice() override {
-    if (!m_file) return;
-    m_file.reset();
-    std::error_code keptForNothing;
-    std::filesystem::remove(m_beside, keptForNothing);
-  }
+  explicit JsonDevice(std::filesystem::path file) : m_place(std::move(file)) {}
 
   DrawingSurface& beginPage(PageSize size) override {
     if (!m_file) {
-      m_file.emplace(m_beside, File::Mode::Create);
+      // A link is left standing: the file that it names is replaced.
+      m_file.emplace(behindLinks(m_place));
       write(fmt::format(R"({{"width": {}, "height": {}, "pages": [)", size.width, size.height));
     } else {
       write(",\n  ");
@@ -48,21 +40,15 @@ class JsonDevice : public PageDevice {
   void finish() override {
     if (!m_file) return;
     write("]}\n");
-    m_file->sync();
-    renameFile(m_beside, m_place);
+    m_file->finish();
     m_file.reset();
-    syncFolder(m_place.parent_path());
   }
 
  private:
-  void write(std::string_view text) {
-    m_file->writeAt(m_written, std::as_bytes(std::span(text)));
-    m_written += text.size();
-  }
+  void write(std::string_view text) { m_file->write(std::as_bytes(std::span(text))); }
 
-  std::filesystem::path m_place, m_beside;
-  std::optional<File> m_file;  // from the first page to the end
-  std::uint64_t m_written = 0;
+  std::filesystem::path m_place;
+  std::optional<ReplacedFile> m_file;  // from the first page to the end
   RecordingSurface m_page;
 };
 

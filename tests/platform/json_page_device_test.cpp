@@ -78,7 +78,7 @@ TEST_F(JsonDeviceTest, AFolderThatIsMissingIsToldByName) {
     device->beginPage(kA4);
     FAIL() << "a file in a folder that isn't there";
   } catch (const UserError& error) {
-    EXPECT_NE(std::string(error.what()).find("pages.json"), std::string::npos) << error.what();
+    EXPECT_NE(std::string(error.what()).find("missing/pages.json”"), std::string::npos) << error.what();
   }
 }
 

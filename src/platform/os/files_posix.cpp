@@ -15,6 +15,7 @@
 #include "common/user_error.h"
 #include "platform/files.h"
 #include "platform/os/posix_calls.h"
+#include "platform/replaced_file.h"
 
 namespace triaxlab {
 namespace {
@@ -22,32 +23,10 @@ namespace {
 /// The system ends a name at a zero byte, and would reach for another file than the one meant.
 bool holdsZeroByte(const std::filesystem::path& path) { return path.native().find('\0') != std::string::npos; }
 
-/// Permissions of a file that takes the place of another; a file without forerunner keeps its own.
-void takePermissions(const std::filesystem::path& file, const std::filesystem::path& from) {
-  if (const auto old = statusOf(from)) chmod(file.c_str(), old->st_mode & 07777);
-}
-
 /// Errors of copy_file_range after which reading and writing do the same work.
 bool canBeCopiedOtherwise(int error) {
   constexpr std::array kErrors{EXDEV, EINVAL, ENOSYS, EOPNOTSUPP, EBADF, EPERM, ETXTBSY, EOVERFLOW};
   return std::find(kErrors.begin(), kErrors.end(), error) != kErrors.end();
-}
-
-/// Fills a file beside `target`, syncs it and renames it over the target.
-template <class Fill>
-void replaceThroughCopy(const std::filesystem::path& target, Fill fill) {
-  std::filesystem::path beside = target;
-  beside += ".new";
-  try {
-    File file(beside, File::Mode::Create);
-    fill(file);
-    file.sync();
-    takePermissions(beside, target);
-    renameFile(beside, target);
-  } catch (...) {
-    unlink(beside.c_str());
-    throw;
-  }
 }
 
 int openFlags(File::Mode mode) {
@@ -66,11 +45,12 @@ int openFlags(File::Mode mode) {
 
 }  // namespace
 
-File::File(std::filesystem::path path, Mode mode) : m_path(std::move(path)) {
-  if (holdsZeroByte(m_path)) failCall("打开文件", m_path, ENOENT);
+File::File(const std::filesystem::path& path, Mode mode) : File(path, mode, path) {}
+
+File::File(const std::filesystem::path& path, Mode mode, std::filesystem::path knownAs) : m_path(std::move(knownAs)) {
+  if (holdsZeroByte(path)) failCall("打开文件", m_path, ENOENT);
   // A pipe that has a file's name must not keep the program waiting for somebody at its other end.
-  m_descriptor =
-      repeatInterrupted([&] { return open(m_path.c_str(), openFlags(mode) | O_CLOEXEC | O_NONBLOCK, 0666); });
+  m_descriptor = repeatInterrupted([&] { return open(path.c_str(), openFlags(mode) | O_CLOEXEC | O_NONBLOCK, 0666); });
   if (m_descriptor < 0) failCall("打开文件", m_path, errno);
   struct stat status {};
   int error = 0;
@@ -193,9 +173,9 @@ std::filesystem::path behindLinks(const std::filesystem::path& path) {
 }
 
 void writeWholeFile(const std::filesystem::path& path, std::span<const std::byte> content) {
-  const std::filesystem::path target = behindLinks(path);
-  replaceThroughCopy(target, [content](File& beside) { beside.writeAt(0, content); });
-  syncFolder(target.parent_path());
+  ReplacedFile file(behindLinks(path));
+  file.write(content);
+  file.finish();
 }
 
 void renameFile(const std::filesystem::path& from, const std::filesystem::path& to) {
@@ -207,7 +187,9 @@ void moveFile(const std::filesystem::path& from, const std::filesystem::path& to
   if (rename(from.c_str(), to.c_str()) == 0) return;
   if (errno != EXDEV) failCall("写入文件", to, errno);
   const File source(from, File::Mode::Read);
-  replaceThroughCopy(to, [&source](File& beside) { beside.copyContentOf(source); });
+  ReplacedFile copy(to);
+  copy.copyContentOf(source);
+  copy.finish();
   unlink(from.c_str());
 }
 

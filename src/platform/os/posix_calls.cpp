@@ -62,6 +62,10 @@ void failCall(std::string_view deed, const std::filesystem::path& path, int erro
   throw UserError(fmt::format("{}“{}”失败：{}。", deed, textOfPath(path), causeOf(error)));
 }
 
+void takePermissions(const std::filesystem::path& file, const std::filesystem::path& from) {
+  if (const auto old = statusOf(from)) chmod(file.c_str(), old->st_mode & 07777);
+}
+
 FileStamp stampOfStatus(const struct stat& status) {
   const auto inNs = [](const timespec& time) { return time.tv_sec * std::int64_t{1'000'000'000} + time.tv_nsec; };
   return {static_cast<std::uint64_t>(status.st_size), inNs(status.st_mtim), inNs(status.st_ctim), status.st_ino};

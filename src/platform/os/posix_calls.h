@@ -27,6 +27,9 @@ enum class Links { Follow, LookAt };
 /// What stands under a name; nothing when nothing does. UserError when the system doesn't say.
 std::optional<struct stat> statusOf(const std::filesystem::path& path, Links links = Links::Follow);
 
+/// Permissions of a file that takes the place of another; a file without forerunner keeps its own.
+void takePermissions(const std::filesystem::path& file, const std::filesystem::path& from);
+
 FileStamp stampOfStatus(const struct stat& status);
 
 /// The call again for as long as a signal interrupts it.

@@ -1,0 +1,30 @@
+#include "platform/replaced_file.h"
+
+#include <unistd.h>
+
+#include "platform/os/posix_calls.h"
+
+namespace triaxlab {
+ReplacedFile::ReplacedFile(const std::filesystem::path& place)
+    : m_place(place), m_beside(place.string() + ".new"), m_file(File(m_beside, File::Mode::Create, place)) {}
+
+ReplacedFile::~ReplacedFile() {
+  if (m_file) unlink(m_beside.c_str());
+}
+
+void ReplacedFile::write(std::span<const std::byte> bytes) {
+  m_file->writeAt(m_written, bytes);
+  m_written += bytes.size();
+}
+
+void ReplacedFile::copyContentOf(const File& from) { m_file->copyContentOf(from); }
+
+void ReplacedFile::finish() {
+  m_file->sync();
+  takePermissions(m_beside, m_place);
+  renameFile(m_beside, m_place);
+  m_file.reset();
+  syncFolder(m_place.parent_path());
+}
+
+}  // namespace triaxlab

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <span>
+
+#include "platform/files.h"
+
+namespace triaxlab {
+
+/// A file that is written anew, piece by piece, beside its place as "NAME.new". In its place stands the old one until
+/// the new one is complete; one that is dropped before leaves nothing behind. Errors name the place, for nobody knows
+/// the other name.
+class ReplacedFile {
+ public:
+  explicit ReplacedFile(const std::filesystem::path& place);
+  ReplacedFile(const ReplacedFile&) = delete;
+  ReplacedFile& operator=(const ReplacedFile&) = delete;
+  ~ReplacedFile();
+
+  /// Behind what was written so far.
+  void write(std::span<const std::byte> bytes);
+  void copyContentOf(const File& from);
+  /// Syncs the file and puts it into its place, with the permissions of the old one.
+  void finish();
+
+ private:
+  std::filesystem::path m_place, m_beside;
+  std::optional<File> m_file;  // until it is finished
+  std::uint64_t m_written = 0;
+};
+
+}  // namespace triaxlab
