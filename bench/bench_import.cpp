@@ -186,8 +186,7 @@ class Database {
 };
 
 std::size_t liveRows(const Workspace& workspace) {
-  const auto& table = workspace.TriaxialSampleTable;
-  return static_cast<std::size_t>(std::count_if(table.begin(), table.end(), isLive));
+  return static_cast<std::size_t>(std::ranges::count_if(workspace.TriaxialSampleTable.used(), isLive));
 }
 
 void import(const Source& from, const std::filesystem::path& path, Workspace& workspace) {
@@ -195,7 +194,7 @@ void import(const Source& from, const std::filesystem::path& path, Workspace& wo
   std::vector<std::size_t> rows(source->rows().size());
   std::iota(rows.begin(), rows.end(), std::size_t{0});
   source->read(rows, workspace, {});
-  runOpeningPass(workspace.TriaxialSampleTable, NumberFormat::Whole);
+  runOpeningPass(workspace.TriaxialSampleTable.used(), NumberFormat::Whole);
 }
 
 template <class Work>
@@ -217,7 +216,7 @@ void ImportAgainstReadingAndPass(benchmark::State& state) {
     const double seconds = secondsOf([&] { import(source, database.path(), workspace); });
     least += secondsOf([&] {
       benchmark::DoNotOptimize(readWholeFile(database.path(), 100'000'000));
-      runOpeningPass(workspace.TriaxialSampleTable, NumberFormat::Whole);
+      runOpeningPass(workspace.TriaxialSampleTable.used(), NumberFormat::Whole);
     });
     whole += seconds;
     state.SetIterationTime(seconds);

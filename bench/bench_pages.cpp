@@ -25,7 +25,7 @@ struct Job {
 
   Job() {
     for (std::size_t row = 0; row < kPages; ++row) workspace.TriaxialSampleTable[row] = fullSample(row);
-    runOpeningPass(workspace.TriaxialSampleTable, NumberFormat::Whole);
+    runOpeningPass(workspace.TriaxialSampleTable.used(), NumberFormat::Whole);
     job.curves.pages = {CurvePage::StressStrain, CurvePage::StressDifferenceEnvelope};
   }
   void print(PageDevice& device) const {

@@ -31,7 +31,8 @@ void open(Workspace& workspace, const ProjectKindInfo& info, const std::string& 
   } catch (const UserError&) {
     if (!workspace.rawImportPending) std::abort();
   }
-  if (workspace.TriaxialSampleTable.size() != kTableRows || workspace.K0SampleTable.size() != kTableRows) std::abort();
+  if (workspace.TriaxialSampleTable.used().size() > kTableRows || workspace.K0SampleTable.used().size() > kTableRows)
+    std::abort();
 }
 
 }  // namespace

@@ -34,7 +34,7 @@ void checkUpgraded(const ProjectKindInfo& info, std::string_view before, std::st
   const auto count = static_cast<std::size_t>(claimedCount(before.substr(0, 4)).value());
   check(after.size() == kHead + count * info.recordSize + (info.hasEndText ? kEndTextWidth : 0));
   check(after.substr(0, kVersionTag) == before.substr(0, kVersionTag) && after.substr(kVersionTag, 4) == "V2.0");
-  const std::size_t oldSize = oldFormatOf(info.kind)->recordSize, shared = 15 + info.sampleNoWidth;
+  const std::size_t oldSize = info.oldFormat->recordSize, shared = 15 + info.identity.sampleNoWidth;
   for (std::size_t k = 0; k < count && kHead + k * oldSize + shared <= before.size(); ++k)
     check(after.substr(kHead + k * info.recordSize, shared) == before.substr(kHead + k * oldSize, shared));
 }
@@ -59,7 +59,7 @@ void upgrade(Workspace& workspace, const fuzz::Folders& folders, const ProjectKi
 void open(Workspace& workspace, const ProjectKindInfo& info, const std::string& name) {
   try {
     openProject(workspace, info.kind, name, nullptr);
-    check(workspace.TriaxialSampleTable.size() == kTableRows);
+    check(workspace.TriaxialSampleTable.used().size() <= kTableRows);
   } catch (const UserError&) {
     // Damaged, and said so.
   }

@@ -18,13 +18,13 @@
 #include "reports/send_report.h"
 #include "sessions/dialogs/browser_session.h"
 #include "sessions/dialogs/sample_list_session.h"
+#include "shell/document_kinds.h"
 #include "shell/document_operations.h"
 #include "shell/ini_settings.h"
 #include "store/project/project_list.h"
 #include "store/project/rewrite_list.h"
 #include "store/project/sample_rows.h"
 #include "store/project/save_project.h"
-#include "triaxial/method_names.h"
 
 namespace triaxlab::cli {
 namespace {
@@ -33,12 +33,14 @@ namespace {
   throw UserError(fmt::format("本版本还没有{}的功能。", what));
 }
 
-bool isTriaxial(ProjectKind kind) { return infoOf(kind).documentKind == ProjectKind::Triaxial; }
-
-/// Curve pages, results and printed pages are those of triaxial samples so far.
-void requireTriaxial(ProjectKind kind, std::string_view what) {
-  if (!isTriaxial(kind)) refuseForThisVersion(fmt::format("{} {} 类试样", what, infoOf(kind).id));
+/// A column of the document's row, which may be empty in this version. `what` is done with it.
+template <class Column>
+Column require(Column column, ProjectKind kind, std::string_view what) {
+  if (column == nullptr) refuseForThisVersion(fmt::format("{} {} 类试样", what, infoOf(kind).id));
+  return column;
 }
+
+constexpr std::string_view kShowing = "显示曲线：";
 
 class Program {
  public:
@@ -55,17 +57,18 @@ class Program {
     markRows(selection, import);
     if (!selection.state().canRead) return kDone;  // a database without entries: nothing to import
     printRemarks(selection.read().remarks);
-    printRemarks(importedTriaxialDocument(m_workspace));
-    if (import.page) showPageOfEverySample(m_workspace, *import.page);
-    return import.save ? save(ProjectKind::Triaxial, import.keepExisting) : kDone;
+    const DocumentKind& document = documentKindOf(importer->document);
+    printRemarks(importedDocument(m_workspace, document));
+    if (import.page) showPage(document.tests, *import.page);
+    return import.save ? save(document.tests, import.keepExisting) : kDone;
   }
 
   int operator()(const Open& open) {
-    if (open.page) requireTriaxial(open.kind, "显示曲线：");
+    if (open.page) require(documentOfTests(open.kind).showPage, open.kind, kShowing);
     openFile(open.kind, open.name, [&open](int sampleCount) {
       return SampleRange{open.first.value_or(1), open.last.value_or(sampleCount)};
     });
-    if (open.page) showPageOfEverySample(m_workspace, *open.page);
+    if (open.page) showPage(open.kind, *open.page);
     return open.save ? save(open.kind, false) : kDone;
   }
 
@@ -128,18 +131,16 @@ class Program {
   }
 
   int operator()(const Results& results) {
-    requireTriaxial(results.kind, "列出成果：");
+    const auto linesOf = require(documentOfTests(results.kind).results, results.kind, "列出成果：");
     openFile(results.kind, results.name, {});
-    printLine({m_workspace.settings.habits.sampleNoLabel, "方法", "围压 kPa", "C kPa", "φ °", "C′ kPa", "φ′ °"});
-    for (const TriaxialSampleRecord& record : m_workspace.TriaxialSampleTable)
-      if (isLive(record)) printLine(resultLine(record));
+    for (const GridLine& line : linesOf(m_workspace)) printLine(line);
     return kDone;
   }
 
   int operator()(const Print& print) {
     const Layout* const layout = layoutOfId(print.layout);
     if (layout == nullptr) refuseForThisVersion(fmt::format("打印 {} 版式", print.layout));
-    if (layout->kind != infoOf(print.kind).documentKind)
+    if (layout->kind != infoOf(print.kind).savedAs)
       throw UserError(fmt::format("{} 类试样不能用 {} 版式打印。", infoOf(print.kind).id, print.layout));
     openFile(print.kind, print.name, {});
     printRemarks(ReadIniSettings(m_workspace));
@@ -164,6 +165,10 @@ class Program {
     }
   }
 
+  void showPage(ProjectKind kind, CurvePage page) {
+    require(documentOfTests(kind).showPage, kind, kShowing)(m_workspace, page);
+  }
+
   void openFile(ProjectKind kind, std::string_view name, const RangeChooser& chooseRange) {
     printRemarks(openDocument(m_workspace, kind, name, chooseRange));
   }
@@ -173,7 +178,7 @@ class Program {
         saveProject(m_workspace, kind, [=](Workspace& workspace, const std::vector<KnownSample>& known) {
           for (const KnownSample& sample : known) workspace.keepExisting[sample.row] = keepExisting;
         });
-    m_dialogs.message(report.title, report.message, MessageIcon::None);
+    m_dialogs.message(kSaveTitle, documentOfTests(kind).savedMessage, MessageIcon::None);
     printRemarks(report.remarks);
     printRemarks(report.errors);
     return report.errors.empty() ? kDone : kFailed;
@@ -202,24 +207,6 @@ class Program {
     if (number < 1) return false;
     const std::size_t row = static_cast<std::size_t>(number) - 1 - firstRow;
     return row < table.size() && table.isLive(row);
-  }
-
-  static GridLine resultLine(const TriaxialSampleRecord& record) {
-    std::string pressures;
-    for (const FixedText<6>& pressure : record.cellPressure) {
-      if (pressure.number() == 0) continue;
-      if (!pressures.empty()) pressures += ", ";
-      pressures += pressure.trimmed();
-    }
-    GridLine line{gbkToUtf8(record.sampleNo.trimmed()), std::string(methodNames(record).abbreviation), pressures};
-    const auto addPair = [&line](const FixedText<9>& cohesion, float angle, bool exists) {
-      line.push_back(exists ? std::string(cohesion.trimmed()) : "");
-      line.push_back(exists ? FormatNumber(angle, NumberFormat::Tenths) : "");
-    };
-    addPair(record.cohesionText, record.frictionAngle, record.frictionAngle != 0 || record.cohesionTenths != 0);
-    addPair(record.cohesionEffText, record.frictionAngleEff,
-            record.testMethod == kCU && (record.frictionAngleEff != 0 || record.cohesionEffTenths != 0));
-    return line;
   }
 
   PrintJob printJob(const Print& print) const {

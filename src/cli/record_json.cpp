@@ -4,78 +4,55 @@
 #include <charconv>
 #include <cmath>
 #include <nlohmann/json.hpp>
-#include <type_traits>
+#include <utility>
+#include <vector>
 
+#include "common/field_sink.h"
 #include "common/gbk.h"
-#include "common/record_fields.h"
-#include "k0/record_fields.h"
 #include "store/project/header_fields.h"
-#include "triaxial/record_fields.h"
-#include "unconfined/record_fields.h"
 
 namespace triaxlab::cli {
 namespace {
 
 using Json = nlohmann::ordered_json;
 
-template <std::size_t N>
-Json valueOf(const FixedText<N>& text) {
-  return jsonText(text.view());
-}
-Json valueOf(std::uint8_t number) { return number; }
-Json valueOf(const Little<std::int16_t>& number) { return std::int16_t{number}; }
-Json valueOf(const Little<std::int32_t>& number) { return std::int32_t{number}; }
-
 /// The double that the float's shortest digits read as, since JSON knows doubles alone: 0.2 and not 0.20000000298.
-Json valueOf(const Little<float>& number) {
-  const float value = number;
-  if (!std::isfinite(value)) return nullptr;
+double shortest(float value) {
   std::array<char, 32> digits{};
   const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-  double shortest = 0;
-  std::from_chars(digits.data(), written.ptr, shortest);
-  return shortest;
+  double read = 0;
+  std::from_chars(digits.data(), written.ptr, read);
+  return read;
 }
 
-Json valueOf(const Little<double>& number) {
-  const double value = number;
-  return std::isfinite(value) ? Json(value) : Json(nullptr);
-}
+/// Puts the fields of records into an object.
+class JsonFields final : public FieldSink {
+ public:
+  explicit JsonFields(Json& object) : m_object(object) {}
 
-Json valueOf(const std::array<char, 2>& bytes) { return jsonText({bytes.data(), bytes.size()}); }
+  void name(std::string_view member) override { m_name = member; }
+  void text(std::string_view gbk) override { put(jsonText(gbk)); }
+  void number(std::int64_t value) override { put(value); }
+  void number(float value) override { put(std::isfinite(value) ? Json(shortest(value)) : Json(nullptr)); }
+  void number(double value) override { put(std::isfinite(value) ? Json(value) : Json(nullptr)); }
+  void beginArray() override { m_open.push_back(Json::array()); }
+  void endArray() override {
+    Json array = std::move(m_open.back());
+    m_open.pop_back();
+    put(std::move(array));
+  }
 
-template <class T, std::size_t N>
-Json valueOf(const std::array<T, N>& elements) {
-  Json all = Json::array();
-  for (const T& element : elements) all.push_back(valueOf(element));
-  return all;
-}
-
-/// The members of a record in the order of the file; those of a record in it stand among them.
-template <class Record>
-void add(Json& object, const Record& record) {
-  visitFields<Record>([&](const auto& field) {
-    if constexpr (DescribedRecord<typename std::decay_t<decltype(field)>::Value>)
-      add(object, record.*field.member);
+ private:
+  void put(Json value) {
+    if (m_open.empty())
+      m_object[m_name] = std::move(value);
     else
-      object[field.name] = valueOf(record.*field.member);
-  });
-}
+      m_open.back().push_back(std::move(value));
+  }
 
-template <auto Table>
-void addRow(Json& object, const Workspace& workspace, std::size_t row) {
-  add(object, (workspace.*Table)[row]);
-}
-
-struct FieldsOfKind {
-  ProjectKind kind;
-  void (*add)(Json&, const Workspace&, std::size_t row);
-};
-constexpr std::array kFieldsOfKinds{
-    FieldsOfKind{ProjectKind::Triaxial, addRow<&Workspace::TriaxialSampleTable>},
-    FieldsOfKind{ProjectKind::Unconfined, addRow<&Workspace::UnconfinedSampleTable>},
-    FieldsOfKind{ProjectKind::K0, addRow<&Workspace::K0SampleTable>},
-    FieldsOfKind{ProjectKind::TK0, addRow<&Workspace::TK0SampleTable>},
+  Json& m_object;
+  std::string m_name;
+  std::vector<Json> m_open;  // arrays, the innermost last
 };
 
 }  // namespace
@@ -87,20 +64,22 @@ std::string jsonText(std::string_view gbk) {
 
 Json jsonOf(const ProjectHeader& header) {
   Json object;
-  add(object, header);
+  JsonFields fields(object);
+  tellFields(header, fields);
   return object;
 }
 
 Json jsonOf(std::size_t fileRow, const Workspace& workspace, ProjectKind kind, std::size_t row) {
   Json object;
   object["row"] = fileRow;
-  for (const FieldsOfKind& fields : kFieldsOfKinds)
-    if (fields.kind == infoOf(kind).documentKind) fields.add(object, workspace, row);
+  JsonFields fields(object);
+  const ProjectKindInfo& info = infoOf(kind);
+  info.tellFields(info.table.record(workspace, row), fields);
   const SampleLocation& location = workspace.SampleDisplayTable[row];
   // A K0 record has a depth of its own, which stands already.
-  object.emplace("boreholeNo", valueOf(location.boreholeNo));
-  object.emplace("samplingDepth", valueOf(location.samplingDepth));
-  object.emplace("samplingSpot", valueOf(location.samplingSpot));
+  object.emplace("boreholeNo", jsonText(location.boreholeNo.view()));
+  object.emplace("samplingDepth", jsonText(location.samplingDepth.view()));
+  object.emplace("samplingSpot", jsonText(location.samplingSpot.view()));
   return object;
 }
 

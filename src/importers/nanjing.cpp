@@ -189,12 +189,11 @@ class NanjingSource : public RawSource {
       throw UserError(fmt::format("文件“{}”中的试样超过{}个，数据没有读入。", textOfPath(m_path), kMostSamples));
     ImportReport report{content.samples.size() + 1, remarksOn(content)};
 
-    static const TriaxialSampleRecord kBlank;
     auto& table = workspace.TriaxialSampleTable;
     workspace.clearLocations();
     workspace.clearProjectDates();
     workspace.ProjectDateTable[0] = content.projectDate;
-    std::fill(table.begin(), table.end(), kBlank);
+    table.clear();
     for (std::size_t i = 0; i < content.samples.size(); ++i) {
       fillRow(content.samples[i], table[i + 1]);
       tell(progress, i + 1, content.samples.size());

@@ -118,15 +118,15 @@ TriaxialImportPlan::Place TriaxialImportPlan::placeOf(const SampleIdentity& iden
 
 ImportReport TriaxialImportPlan::carryOut(Workspace& workspace, const Fill& fill, Remarks remarks,
                                           const Progress& progress) const {
-  static const Record kBlank;
   auto& table = workspace.TriaxialSampleTable;
+  table.clear();
   workspace.clearLocations();
   workspace.clearProjectDates();
   std::copy(m_projectDates.begin(), m_projectDates.end(), workspace.ProjectDateTable.begin());
   workspace.importedProjectNames = m_projectNames;
 
   Record specimens;
-  // A row is blanked in the moment when it is filled, while it is at hand: the table is far larger than the caches.
+  // A row is made in the moment when it is filled, while it is at hand: the table is far larger than the caches.
   for (std::size_t group = 0; group < m_places.size(); ++group) {
     const Place& place = m_places[group];
     if (place.joins && place.gathering == Gathering::BySample) {
@@ -134,14 +134,11 @@ ImportReport TriaxialImportPlan::carryOut(Workspace& workspace, const Fill& fill
       fill(group, specimens);
       mergeSpecimens(specimens, table[place.row]);
     } else {
-      if (!place.joins) table[place.row] = kBlank;
       fill(group, table[place.row]);
     }
     tell(progress, group + 1, m_places.size());
   }
-  const auto firstUnused = table.begin() + static_cast<std::ptrdiff_t>(m_rowCount);
-  if (m_axes == TimeAxes::Even) std::for_each(table.begin(), firstUnused, FillSampleTimeAxes);
-  std::fill(firstUnused, table.end(), kBlank);
+  if (m_axes == TimeAxes::Even) std::ranges::for_each(table.used(), FillSampleTimeAxes);
   workspace.rawImportPending = true;
   return {m_rowCount, std::move(remarks)};
 }

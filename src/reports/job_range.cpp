@@ -11,7 +11,7 @@ NumberRange rangeAmong(int from, int to, int count) {
 }
 
 std::vector<std::size_t> chosenRows(const PrintJob& job, const Workspace& workspace) {
-  const auto& table = workspace.TriaxialSampleTable;
+  const auto table = workspace.TriaxialSampleTable.used();
   std::vector<std::size_t> rows;
   for (std::size_t row = 0; row < table.size(); ++row)
     if (isLive(table[row])) rows.push_back(row);

@@ -4,18 +4,11 @@
 #include <array>
 #include <span>
 
+#include "shell/document_kinds.h"
 #include "shell/toggles.h"
 
 namespace triaxlab {
 namespace {
-
-using Names = std::initializer_list<std::string_view>;
-
-/// What commands become when a window is activated or has closed; those in neither list stay as they are.
-struct Switching {
-  ActiveDocument document;
-  Names on, off;
-};
 
 constexpr std::string_view kRatioEnvelope = "QUXIAN2";
 constexpr std::string_view kLeaveIntervention = "退出干预";
@@ -32,40 +25,8 @@ bool isOffInIntervention(const Command& command) {
 constexpr std::string_view kShownOrHidden = "PTK0";
 
 // RZMPRINT1 needs Form1 as the others do, which turns it on.
-const Names kOffAtStart{"PEXCEL",    "RZMSAVE", "RZMPRINT",    "QUXIAN",    "RQUXIAN",
-                        "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1", "PTK0"};
-
-// RZMGANYU stands in no list: it follows what the document on which it acts has on display.
-
-// RZMOPEN is off while a document is open, so that a second raw import can't start over it.
-// NOLINTNEXTLINE(modernize-avoid-c-arrays): only here the lists live as long as the array that they stand in
-const Switching kActivation[] = {
-    {kForm1,
-     {"RZMSAVE", "RZMPRINT", "PEXCEL", "QUXIAN", "RQUXIAN", "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1"},
-     {"PTK0", "RZMOPEN"}},
-    {kForm4, {"PEXCEL", "RZMSAVE", "RZMPRINT", "ZMPRINT"}, {"PTK0", "RZMOPEN"}},
-    {kForm6, {"RZMSAVE", "RZMPRINT", "ZMPRINT"}, {"PTK0", "RZMOPEN"}},
-    {kForm9, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "PTK0"}, {"RZMOPEN"}},
-    {kForm2, {}, {"PTK0"}},
-    {kForm7, {}, {"PTK0"}},
-};
-
-// Form2 and Form7 reset nothing.
-// NOLINTNEXTLINE(modernize-avoid-c-arrays)
-const Switching kClosing[] = {
-    {kForm1,
-     {"RZMOPEN"},
-     {"RZMSAVE", "PEXCEL", "RZMPRINT", "QUXIAN", "RQUXIAN", "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1"}},
-    {kForm4, {"RZMOPEN"}, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "PEXCEL"}},
-    {kForm6, {"RZMOPEN"}, {"RZMSAVE", "RZMPRINT", "ZMPRINT"}},
-    {kForm9, {"RZMOPEN"}, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "PTK0"}},
-};
-
-/// The row of a document; empty lists when it has none.
-Switching rowFor(ActiveDocument document, std::span<const Switching> table) {
-  const auto row = std::find_if(table.begin(), table.end(), [&](const Switching& s) { return s.document == document; });
-  return row == table.end() ? Switching{document, {}, {}} : *row;
-}
+constexpr std::array<std::string_view, 10> kOffAtStart{"PEXCEL",    "RZMSAVE", "RZMPRINT",    "QUXIAN",    "RQUXIAN",
+                                                       "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1", "PTK0"};
 
 std::size_t rowOf(const Command& command) { return static_cast<std::size_t>(&command - commandTable().data()); }
 
@@ -90,21 +51,18 @@ void CommandStates::turn(std::string_view name, bool on) {
   (name == kShownOrHidden ? switches.visible : switches.enabled) = on;
 }
 
-void CommandStates::turn(Names names, bool on) {
+void CommandStates::turn(std::span<const std::string_view> names, bool on) {
   for (const std::string_view name : names) turn(name, on);
 }
 
-void CommandStates::documentActivated(ActiveDocument document) {
-  const Switching row = rowFor(document, kActivation);
-  turn(row.on, true);
-  turn(row.off, false);
+void CommandStates::turn(const CommandSwitches& switches) {
+  turn(switches.on, true);
+  turn(switches.off, false);
 }
 
-void CommandStates::documentClosed(ActiveDocument document) {
-  const Switching row = rowFor(document, kClosing);
-  turn(row.on, true);
-  turn(row.off, false);
-}
+void CommandStates::documentActivated(ActiveDocument document) { turn(documentKindOf(document).activation); }
+
+void CommandStates::documentClosed(ActiveDocument document) { turn(documentKindOf(document).close); }
 
 CommandState CommandStates::of(const Command& command, const CommandContext& context) const {
   const Switches& own = m_switches[rowOf(command)];

@@ -1,11 +1,12 @@
 #pragma once
 
-#include <initializer_list>
+#include <span>
 #include <string_view>
 #include <vector>
 
 #include "common/settings.h"
 #include "shell/command_table.h"
+#include "shell/document_kinds.h"
 #include "shell/shell_windows.h"
 #include "store/workspace.h"
 
@@ -42,7 +43,8 @@ class CommandStates {
     bool visible = true, enabled = true;
   };
   void turn(std::string_view name, bool on);
-  void turn(std::initializer_list<std::string_view> names, bool on);
+  void turn(std::span<const std::string_view> names, bool on);
+  void turn(const CommandSwitches& switches);
 
   std::vector<Switches> m_switches;  // by row of the command table
 };

@@ -7,10 +7,7 @@
 
 namespace triaxlab {
 
-/// True when this version prints something of the document on which the commands act.
-bool canPrint(const Workspace& workspace);
-
-/// Shows the print dialog of that document, whose window is loaded. What the status bar is to say of it. Pre: canPrint.
-Remarks showPrintDialog(Workspace& workspace, Dialogs& dialogs, ShellWindows& windows);
+/// SETPRINTFORM for the curve window, which is loaded. What the status bar is to say of it.
+Remarks printCurves(Workspace& workspace, Dialogs& dialogs, ShellWindows& windows);
 
 }  // namespace triaxlab

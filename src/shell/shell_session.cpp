@@ -25,11 +25,6 @@ namespace {
 
 constexpr std::string_view kReady = "就绪";
 
-/// Form1, Form2 and Form7 leave activeDocument as it is when they unload.
-constexpr bool isNoDocumentAfter(ActiveDocument closed) {
-  return closed == kForm4 || closed == kForm6 || closed == kForm9;
-}
-
 }  // namespace
 
 struct ShellSession::Work {
@@ -43,7 +38,7 @@ ShellSession::ShellSession(Workspace& workspace, Dialogs& dialogs, ShellWindows&
 CommandState ShellSession::commandState(const Command& command) const {
   const CurveDocument* const curves = m_windows.curveDocument();
   return m_commands.of(command, {m_workspace.settings.toggles, curves ? curves->envelopeEntries() : EnvelopeEntries{},
-                                 interventionEntry(), canPrint(m_workspace)});
+                                 interventionEntry(), documentKindOf(m_workspace.activeDocument).print != nullptr});
 }
 
 bool ShellSession::trigger(std::string_view name) {
@@ -111,12 +106,14 @@ bool ShellSession::mayClose(ActiveDocument document) {
   DocumentWindow* const window = m_windows.document(document);
   if (window == nullptr) return true;
   if (window->interventionEntry().running) window->leaveIntervention(m_dialogs);
-  return !window->asksToSave(m_dialogs) || save();
+  const ClosingQuestion& question = documentKindOf(document).closing;
+  const bool saves = window->isChanged() && m_dialogs.ask(question.title, question.text, question.icon);
+  return !saves || save(documentKindOf(document));
 }
 
 void ShellSession::documentClosed(ActiveDocument document) {
   m_commands.documentClosed(document);
-  if (isNoDocumentAfter(document)) m_workspace.activeDocument = kNoDocument;
+  if (documentKindOf(document).leavesNoDocument) m_workspace.activeDocument = kNoDocument;
   m_windows.refresh();
 }
 
@@ -127,11 +124,13 @@ void ShellSession::endProgram() {
   m_windows.endProgram();
 }
 
-bool ShellSession::save() {
+bool ShellSession::save() { return save(documentKindOf(documentKindOf(m_workspace.activeDocument).master)); }
+
+bool ShellSession::save(const DocumentKind& document) {
   bool complete = false;
   run([&] {
-    const SaveReport report = saveTriaxial(
-        m_workspace,
+    const SaveReport report = saveProject(
+        m_workspace, document.tests,
         [&](Workspace& workspace, const std::vector<KnownSample>& known) {
           OverwriteSession session(workspace, known);
           m_windows.showOverwriteDialog(session);
@@ -139,13 +138,14 @@ bool ShellSession::save() {
         [&](std::string_view title, std::string_view question) {
           return m_dialogs.ask(title, question, MessageIcon::Exclamation);
         });
-    m_dialogs.message(report.title, report.message, MessageIcon::None);
+    m_dialogs.message(kSaveTitle, document.savedMessage, MessageIcon::None);
     showRemarks(report.remarks);
     complete = report.errors.empty();
     if (!complete) throw UserError(fmt::format("{}", fmt::join(report.errors, "\n")));
   });
   // What could not be written counts as unsaved, so that nobody closes it away without being asked again.
-  if (DocumentWindow* const window = m_windows.document(kForm1); complete && window != nullptr) window->markSaved();
+  if (DocumentWindow* const window = m_windows.document(document.document); complete && window != nullptr)
+    window->markSaved();
   m_windows.refresh();
   return complete;
 }
@@ -160,26 +160,26 @@ void ShellSession::show(ActiveDocument document, const Remarks& remarks) {
 
 void ShellSession::newDocument(const Command& command) {
   const auto document = static_cast<ActiveDocument>(command.argument);
-  if (mayClose(document)) show(document, newTriaxialDocument(m_workspace));
+  if (mayClose(document)) show(document, triaxlab::newDocument(m_workspace, documentKindOf(document)));
 }
 
 void ShellSession::openProject(const Command& command) {
   m_workspace.openDialogKind = command.argument;
-  const std::optional<ActiveDocument> document = documentOf(static_cast<ProjectKind>(command.argument));
-  if (document && !mayClose(*document)) return;
+  const DocumentKind* const document = documentShowing(static_cast<ProjectKind>(command.argument));
+  if (document != nullptr && !mayClose(document->document)) return;
   const auto chooseRange = [&](int sampleCount) {
     RangeDialog range(sampleCount);
     m_windows.showRangeDialog(range);
     return range.range();
   };
   ProjectOpener open;
-  if (document)
+  if (document != nullptr)
     open = [&](ProjectKind kind, std::string_view name) { return openDocument(m_workspace, kind, name, chooseRange); };
   BrowserSession browser(m_workspace, m_dialogs, open,
                          [&](SampleListSession& list) { m_windows.showSampleList(list); });
   m_windows.showBrowser(browser);
-  if (document && browser.opened())
-    show(*document, *browser.opened());
+  if (document != nullptr && browser.opened())
+    show(document->document, *browser.opened());
   else if (!browser.remarks().empty())
     showRemarks(browser.remarks());
 }
@@ -189,26 +189,28 @@ void ShellSession::import(const Command& command) {
   ImportSelection selection(importer, m_workspace);
   if (importer.fileFromCommand && !selection.choose(m_dialogs)) return;
   const std::optional<Remarks> remarks = m_windows.showImporter(selection);
-  if (remarks) showImport(*remarks);
+  if (remarks) showImport(importer.document, *remarks);
 }
 
 // The file is read as soon as it is chosen, for there is nothing to select in it.
 void ShellSession::openNanjingFile(const Command& command) {
-  ImportSelection file(*importerOfMenuCommand(command.name), m_workspace);
+  const Importer& importer = *importerOfMenuCommand(command.name);
+  ImportSelection file(importer, m_workspace);
   if (!file.choose(m_dialogs)) return;
   file.markAll();
-  showImport(file.read([this](std::size_t done, std::size_t total) { m_windows.showProgress(done, total); }).remarks);
+  showImport(importer.document,
+             file.read([this](std::size_t done, std::size_t total) { m_windows.showProgress(done, total); }).remarks);
 }
 
-void ShellSession::showImport(Remarks remarks) {
-  const Remarks more = importedTriaxialDocument(m_workspace);
+void ShellSession::showImport(ActiveDocument document, Remarks remarks) {
+  const Remarks more = importedDocument(m_workspace, documentKindOf(document));
   remarks.insert(remarks.end(), more.begin(), more.end());
-  show(kForm1, remarks);
+  show(document, remarks);
 }
 
 void ShellSession::print(const Command& /*command*/) {
   Remarks remarks = ReadIniSettings(m_workspace);
-  const Remarks more = showPrintDialog(m_workspace, m_dialogs, m_windows);
+  const Remarks more = documentKindOf(m_workspace.activeDocument).print(m_workspace, m_dialogs, m_windows);
   remarks.insert(remarks.end(), more.begin(), more.end());
   showRemarks(remarks);
 }
@@ -251,8 +253,7 @@ ActiveDocument ShellSession::interventionDocument() const {
     if (const DocumentWindow* const window = m_windows.document(document);
         window != nullptr && window->interventionEntry().running)
       return document;
-  if (m_workspace.activeDocument == kForm6) return kForm6;
-  return m_workspace.activeDocument == kForm9 ? kNoDocument : kForm1;
+  return documentKindOf(m_workspace.activeDocument).intervention.value_or(kNoDocument);
 }
 
 InterventionEntry ShellSession::interventionEntry() const {
@@ -261,7 +262,7 @@ InterventionEntry ShellSession::interventionEntry() const {
 }
 
 bool ShellSession::interventionKey() {
-  if (!interventionEntry().running && m_workspace.activeDocument != kForm1) return false;
+  if (!interventionEntry().running && interventionDocument() != m_workspace.activeDocument) return false;
   return trigger("RZMGANYU");
 }
 

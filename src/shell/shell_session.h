@@ -10,6 +10,7 @@
 #include "platform/dialogs.h"
 #include "sessions/dialogs/error_display.h"
 #include "shell/command_states.h"
+#include "shell/document_kinds.h"
 #include "shell/shell_windows.h"
 #include "store/project/project_file.h"
 #include "store/workspace.h"
@@ -87,8 +88,9 @@ class ShellSession {
   void startTool(const Command& command);
   void flipToggle(const Command& command);
 
-  /// An importer has filled the triaxial table: prepares it and shows it.
-  void showImport(Remarks remarks);
+  bool save(const DocumentKind& document);
+  /// An importer has filled the table of a document: prepares it and shows it.
+  void showImport(ActiveDocument document, Remarks remarks);
   void show(ActiveDocument document, const Remarks& remarks);
   void finishTyping();
   /// The document on which 干预 acts: the one where it runs, else that of the window in front.

@@ -33,8 +33,8 @@ struct InterventionEntry {
 class DocumentWindow {
  public:
   virtual ~DocumentWindow() = default;
-  /// The question of closing or replacing: true when there are unsaved changes and the person wants them saved.
-  virtual bool asksToSave(Dialogs& dialogs) const = 0;
+  /// There is something to save.
+  virtual bool isChanged() const = 0;
   virtual void markSaved() = 0;
   /// What is still being typed is stored: a command is about to act on the tables.
   virtual void finishTyping() {}

@@ -4,12 +4,7 @@
 
 namespace triaxlab {
 
-Workspace::Workspace()
-    : TriaxialSampleTable(kTableRows),
-      UnconfinedSampleTable(kTableRows),
-      K0SampleTable(kTableRows),
-      TK0SampleTable(kTableRows),
-      SampleDisplayTable(kTableRows) {}
+Workspace::Workspace() : SampleDisplayTable(kTableRows) {}
 
 std::optional<std::string_view> Workspace::projectTestDate(std::string_view projectNo) const {
   const auto row = std::find_if(ProjectDateTable.begin(), ProjectDateTable.end(),

@@ -19,13 +19,12 @@
 #include "store/project/project_header.h"
 #include "store/safety/data_lock.h"
 #include "store/safety/file_memory.h"
+#include "store/sample_table.h"
 #include "triaxial/record.h"
 #include "unconfined/record.h"
 
 namespace triaxlab {
 
-/// Rows of every sample table: the largest number of samples that can be open.
-inline constexpr std::size_t kTableRows = 1001;
 /// Rows of the project date table.
 inline constexpr std::size_t kProjectDateRows = 101;
 /// The largest number of samples in a file; its four-place count ends one below.
@@ -74,9 +73,6 @@ struct TitleText {
   bool typed = false;     // since it was read
   std::string projectNo;  // whose summary file it was read from, or would be if that existed
 };
-
-template <class Record>
-using SampleTable = std::vector<Record>;  // always kTableRows rows
 
 /// The tables and variables that all share, alive from start to end. Built by main and handed down by reference;
 /// windows and operations work on the rows in place, and a table outlives the closing of its window.

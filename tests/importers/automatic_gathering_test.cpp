@@ -158,7 +158,6 @@ TEST_F(Gathering, AnImportReplacesTheTablesAndMarksThemAsRaw) {
   EXPECT_TRUE(workspace.rawImportPending);
   EXPECT_EQ(row(0).sampleNo.trimmed(), "S-1");
   EXPECT_TRUE(sameBytes(row(1000), TriaxialSampleRecord{}));
-  EXPECT_EQ(workspace.TriaxialSampleTable.size(), kTableRows);
   EXPECT_EQ(workspace.SampleDisplayTable[1000], SampleLocation{});
   EXPECT_EQ(workspace.ProjectDateTable[0].projectNo.trimmed(), "P1");
   EXPECT_EQ(workspace.ProjectDateTable[0].testDate.view(), "2024/04/12");

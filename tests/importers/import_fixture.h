@@ -79,8 +79,8 @@ struct ImportedState {
 
  private:
   static std::string bytesOfTable(const Workspace& workspace) {
-    const auto& table = workspace.TriaxialSampleTable;
-    return {reinterpret_cast<const char*>(table.data()), table.size() * sizeof(TriaxialSampleRecord)};
+    const auto rows = std::as_bytes(workspace.TriaxialSampleTable.used());
+    return {reinterpret_cast<const char*>(rows.data()), rows.size()};
   }
 };
 

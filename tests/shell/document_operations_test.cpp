@@ -62,7 +62,7 @@ TEST(DocumentOperations, AnImportIsReducedAndDropsTheDocumentNumber) {
   lab.workspace.TriaxialSampleTable[0] = sample("P1", "A-1");
   lab.workspace.rawImportPending = true;
   SetText(lab.workspace.controlledDocNo, "QR-07");
-  EXPECT_EQ(importedTriaxialDocument(lab.workspace), Remarks{});
+  EXPECT_EQ(importedDocument(lab.workspace, documentKindOf(kForm1)), Remarks{});
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].failureRadius[0].trimmed(), "30");
   EXPECT_TRUE(lab.workspace.controlledDocNo.isBlank());
   EXPECT_TRUE(lab.workspace.rawImportPending);
@@ -73,13 +73,13 @@ TEST(DocumentOperations, ShowingAPageFindsTheEffectiveEnvelopeOfEverySample) {
   lab.workspace.settings.habits.cohesionDecimals = 1;
   lab.workspace.TriaxialSampleTable[0] = twoStages("A-1");
   lab.workspace.TriaxialSampleTable[1000] = twoStages("A-2");
-  importedTriaxialDocument(lab.workspace);
+  importedDocument(lab.workspace, documentKindOf(kForm1));
   // Centres 130 and 250, radii 30 and 50: slope a = 20 / 120, C = (50 - 250 sin) / cos with sin = a, so
   // (50 - 41.6667) / 0.986013 = 8.4515.
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].cohesionText.trimmed(), "8.5")
       << "the opening fits the total stresses";
   EXPECT_TRUE(lab.workspace.TriaxialSampleTable[0].cohesionEffText.isBlank());
-  showPageOfEverySample(lab.workspace, CurvePage::StressDifferenceEnvelope);
+  documentKindOf(kForm1).showPage(lab.workspace, CurvePage::StressDifferenceEnvelope);
   // Without pore pressure the effective stresses are the total ones.
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].cohesionEffText.trimmed(), "8.5");
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[1000].cohesionEffText.trimmed(), "8.5");
@@ -89,7 +89,7 @@ TEST(DocumentOperations, ShowingAPagePassesOverEmptySlots) {
   Lab lab;
   lab.workspace.TriaxialSampleTable[3] = twoStages("");
   const TriaxialSampleRecord before = lab.workspace.TriaxialSampleTable[3];
-  showPageOfEverySample(lab.workspace, CurvePage::StressDifferenceEnvelope);
+  documentKindOf(kForm1).showPage(lab.workspace, CurvePage::StressDifferenceEnvelope);
   EXPECT_TRUE(std::ranges::equal(bytesOf(lab.workspace.TriaxialSampleTable[3]), bytesOf(before)));
 }
 

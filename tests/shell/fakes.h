@@ -35,9 +35,7 @@ class FakeDocument : public CurveDocument {
   int reprocessed = 0;
   std::size_t row = 0;
 
-  bool asksToSave(Dialogs& dialogs) const override {
-    return changed && dialogs.ask("保存三轴数据", "   数据已修改\n保存修改后数据吗？", MessageIcon::None);
-  }
+  bool isChanged() const override { return changed; }
   void markSaved() override { changed = false; }
   void finishTyping() override { changed = std::exchange(typing, false) || changed; }
   std::array<std::string, 2> statusPanels() const override { return {"工程编号:P1", "试验日期:2024/05/06"}; }

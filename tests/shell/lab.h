@@ -56,7 +56,7 @@ inline std::string sampleFileBytes(ProjectKind kind, std::string_view projectNo,
       record.replace(at, width, text);
     };
     put(0, 15, std::string(projectNo));
-    put(15, info.sampleNoWidth, sampleNumbers[i]);
+    put(15, info.identity.sampleNoWidth, sampleNumbers[i]);
     record.back() = static_cast<char>('a' + i % 26);
     bytes += record;
   }

@@ -143,7 +143,7 @@ class StoreTest : public ::testing::Test {
 
   TriaxialSampleRecord& row(std::size_t index) { return workspace.TriaxialSampleTable[index]; }
   void setRow(std::size_t index, const std::string& record) { row(index) = recordOf<TriaxialSampleRecord>(record); }
-  void clearRows() { workspace.TriaxialSampleTable.assign(kTableRows, TriaxialSampleRecord{}); }
+  void clearRows() { workspace.TriaxialSampleTable.clear(); }
 
  private:
   TemporaryFolder m_folder;

@@ -143,7 +143,7 @@ TEST(BrowserOfKind, WhatHasNoWindowSaysSoAndStays) {
     // Nothing is asked about the changes in Form1, since its table isn't replaced.
     script += std::string("menu ") + kind.command +
               "\nreply OK\ndblcell OPENFORM.MSFlexGrid1 1 1\nget OPENFORM.MSFlexGrid1 1 1\nmessages\nkey Esc\n";
-    expected += "OPENFORM.MSFlexGrid1=P1\n[" + std::string(infoOf(kind.kind).openTitle) +
+    expected += "OPENFORM.MSFlexGrid1=P1\n[" + std::string(listKindOf(kind.kind).messageTitle) +
                 "] 本版本还不能显示这类试验的数据，文件没有打开；可以用“土样列表”整理其中土样的顺序。\n";
   }
   const PlayResult result = program.play(script + "get Form1.Label1(2)\n");

@@ -37,11 +37,11 @@ BrowserSession::BrowserSession(Workspace& workspace, Dialogs& dialogs, ProjectOp
       m_dialogs(dialogs),
       m_openProject(std::move(openProject)),
       m_showSampleList(std::move(showSampleList)),
-      m_kind(infoOf(static_cast<ProjectKind>(workspace.openDialogKind))),
+      m_kind(listKindOf(static_cast<ProjectKind>(workspace.openDialogKind))),
       m_rows(listProjects(workspace, m_kind.kind)) {}
 
-std::string_view BrowserSession::caption() const { return m_kind.listCaption; }
-std::string_view BrowserSession::listName() const { return m_kind.listHeading; }
+std::string_view BrowserSession::caption() const { return m_kind.caption; }
+std::string_view BrowserSession::listName() const { return m_kind.heading; }
 
 std::vector<GridColumn> BrowserSession::columns() const {
   std::vector<GridColumn> columns;
@@ -68,7 +68,7 @@ void BrowserSession::setCurrentCell(int row, int column) {
 
 const ProjectListRow* BrowserSession::chosenProject() {
   if (cell(m_currentRow, kProjectNoColumn).empty()) {
-    m_dialogs.message(m_kind.openTitle, "对不起,你没有选中工程!!", MessageIcon::None);
+    m_dialogs.message(m_kind.messageTitle, "对不起,你没有选中工程!!", MessageIcon::None);
     return nullptr;
   }
   return &m_rows[static_cast<std::size_t>(m_currentRow - 1)];
@@ -86,7 +86,7 @@ bool BrowserSession::open() {
       m_opened->insert(m_opened->begin(), m_remarks.begin(), m_remarks.end());
     });
   } else {
-    m_dialogs.message(m_kind.openTitle, kNotShownYet, MessageIcon::None);
+    m_dialogs.message(m_kind.messageTitle, kNotShownYet, MessageIcon::None);
   }
   if (!opened) m_workspace.processingDate = before;
   return opened;
@@ -118,7 +118,7 @@ void BrowserSession::sort() {
 
 // ---- sample lists
 
-bool BrowserSession::hasSampleLists() const { return !m_kind.listTitle.empty(); }
+bool BrowserSession::hasSampleLists() const { return infoOf(m_kind.kind).makeSave != nullptr; }
 
 void BrowserSession::showSampleList(const std::function<void()>& listed) {
   if (!hasSampleLists()) return;

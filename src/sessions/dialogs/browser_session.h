@@ -10,6 +10,7 @@
 
 #include "common/user_error.h"
 #include "platform/dialogs.h"
+#include "sessions/dialogs/list_kinds.h"
 #include "store/project/project_kinds.h"
 #include "store/project/project_list.h"
 #include "store/workspace.h"
@@ -92,7 +93,7 @@ class BrowserSession {
   Dialogs& m_dialogs;
   ProjectOpener m_openProject;
   SampleListShower m_showSampleList;
-  const ProjectKindInfo& m_kind;
+  const ListKind& m_kind;
   std::vector<ProjectListRow> m_rows;
   Key m_sortKey = &ProjectListRow::fileName;
   int m_currentRow = 1, m_currentColumn = 1;

@@ -3,7 +3,6 @@
 #include <fmt/core.h>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "sessions/dialogs/error_display.h"
@@ -17,48 +16,11 @@ constexpr std::string_view kMark = "×";
 constexpr std::string_view kSorted = "排序完毕！";
 constexpr int kNumberWidth = 700, kTextWidth = 1800;
 
-constexpr SampleListKey kBySample = &SampleListRow::sampleNo;
-constexpr SampleListKey kByBorehole = &SampleListRow::boreholeNo;
-constexpr SampleListKey kByDepth = &SampleListRow::samplingDepth;
-
-using A = ListAction;
-constexpr auto kUp = SortDirection::Ascending, kDown = SortDirection::Descending;
-
-constexpr ListButton kDelete{"Command1", "删 除", A::Delete}, kSave{"Command2", "保 存", A::Save},
-    kReturn{"Command3", "返 回", A::Return};
-
-constexpr std::array kTriaxialButtons{
-    ListButton{"Command4", "土号升排序", A::Sort, kBySample, kUp},
-    ListButton{"Command5", "土号降排序", A::Sort, kBySample, kDown},
-    ListButton{"Command6", "钻号升排序", A::Sort, kByBorehole, kUp},
-    ListButton{"Command7", "钻号降排序", A::Sort, kByBorehole, kDown},
-    ListButton{"Command9", "取土深度排序", A::Sort, kByDepth, kUp},
-    ListButton{"Command8", "人工排序", A::Move},
-    kDelete,
-    kSave,
-    kReturn,
-};
-constexpr std::array kOtherButtons{
-    ListButton{"Command4", "升序排序", A::Sort, kBySample, kUp},
-    ListButton{"Command5", "降序排序", A::Sort, kBySample, kDown},
-    ListButton{"Command6", "人工排序", A::Move},
-    kDelete,
-    kSave,
-    kReturn,
-};
-
 /// What a button is called in titles: its caption without blanks.
 std::string nameOf(const ListButton& button) {
   std::string name(button.caption);
   std::erase(name, ' ');
   return name;
-}
-
-bool isTriaxial(ProjectKind kind) { return infoOf(kind).documentKind == ProjectKind::Triaxial; }
-
-std::string boreholeHeading(const LaboratoryHabits& habits) {
-  if (habits.trialPitNumber) return "探井号";
-  return habits.boreholeLabel.empty() ? "钻孔编号" : habits.boreholeLabel;
 }
 
 std::vector<std::string> sampleNumbers(const SampleListTable& rows) {
@@ -71,11 +33,9 @@ std::vector<std::string> sampleNumbers(const SampleListTable& rows) {
 }  // namespace
 
 std::vector<SampleListColumn> sampleListColumns(ProjectKind kind, const LaboratoryHabits& habits) {
-  std::vector<SampleListColumn> columns{{"序号", kNumberWidth, nullptr}, {habits.sampleNoLabel, kTextWidth, kBySample}};
-  if (isTriaxial(kind)) {
-    columns.push_back({boreholeHeading(habits), kTextWidth, kByBorehole});
-    columns.push_back({"取土深度", kTextWidth, kByDepth});
-  }
+  std::vector<SampleListColumn> columns{{"序号", kNumberWidth, nullptr}};
+  for (const ListedText& column : listKindOf(kind).sampleListForm.columns)
+    columns.push_back({column.heading(habits), kTextWidth, column.text});
   return columns;
 }
 
@@ -83,7 +43,7 @@ SampleListSession::SampleListSession(Workspace& workspace, Dialogs& dialogs, Pro
                                      std::string projectNo, std::function<void()> saved)
     : m_workspace(workspace),
       m_dialogs(dialogs),
-      m_kind(kind),
+      m_kind(listKindOf(kind)),
       m_fileName(std::move(fileName)),
       m_projectNo(std::move(projectNo)),
       m_saved(std::move(saved)),
@@ -91,17 +51,8 @@ SampleListSession::SampleListSession(Workspace& workspace, Dialogs& dialogs, Pro
       m_rows(listSamples(workspace, kind, m_fileName, &m_remarks)),
       m_numbersInFile(sampleNumbers(m_rows)) {}
 
-std::string_view SampleListSession::form() const { return isTriaxial(m_kind) ? "Form14" : "Form13"; }
-
-std::string_view SampleListSession::caption() const { return infoOf(m_kind).sampleListCaption; }
-
 std::string SampleListSession::projectLine() const {
   return fmt::format("{}:{}", m_workspace.settings.habits.projectNoLabel, m_projectNo);
-}
-
-std::span<const ListButton> SampleListSession::buttons() const {
-  if (isTriaxial(m_kind)) return kTriaxialButtons;
-  return kOtherButtons;
 }
 
 // ---- the page
@@ -194,7 +145,7 @@ void SampleListSession::save(SampleListView& view) {
 
 // In a file with other samples the positions of the list are worth nothing: it would be scrambled.
 void SampleListSession::requireListedSamples() const {
-  if (!holdsSamples(m_workspace, m_kind, m_fileName, m_numbersInFile))
+  if (!holdsSamples(m_workspace, m_kind.kind, m_fileName, m_numbersInFile))
     throw UserError(
         fmt::format("文件“{}”中的试样与列表打开时不同，这次没有保存。请返回后重新打开土样列表。", m_fileName));
 }
@@ -204,11 +155,11 @@ void SampleListSession::rewrite() {
   std::vector<std::uint32_t> order;
   order.reserve(m_rows.size());
   for (const SampleListRow& row : m_rows) order.push_back(static_cast<std::uint32_t>(row.recordIndex));
-  m_report =
-      rewriteProject(m_workspace, m_kind, m_fileName, order, [this](std::string_view title, std::string_view question) {
-        requireListedSamples();
-        return m_dialogs.ask(title, question, MessageIcon::Exclamation);
-      });
+  m_report = rewriteProject(m_workspace, m_kind.kind, m_fileName, order,
+                            [this](std::string_view title, std::string_view question) {
+                              requireListedSamples();
+                              return m_dialogs.ask(title, question, MessageIcon::Exclamation);
+                            });
   // From here on the list speaks of the new file.
   for (std::size_t i = 0; i < m_rows.size(); ++i) m_rows[i].recordIndex = i;
   m_numbersInFile = sampleNumbers(m_rows);

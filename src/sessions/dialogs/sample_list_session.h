@@ -11,6 +11,7 @@
 #include "common/settings.h"
 #include "common/user_error.h"
 #include "platform/dialogs.h"
+#include "sessions/dialogs/list_kinds.h"
 #include "store/project/project_kinds.h"
 #include "store/project/project_list.h"
 #include "store/project/rewrite_list.h"
@@ -31,17 +32,6 @@ struct SampleListColumn {
 /// The columns that the lists of a kind have, under the laboratory's labels: number and sample, of triaxial tests also
 /// borehole and depth.
 std::vector<SampleListColumn> sampleListColumns(ProjectKind kind, const LaboratoryHabits& habits);
-
-enum class ListAction : std::uint8_t { Sort, Move, Delete, Save, Return };
-
-/// A button of a sample list; the rows of the tables stand as a person sees them from top to bottom.
-struct ListButton {
-  std::string_view control;  // Command1 ...
-  std::string_view caption;
-  ListAction action;
-  SampleListKey key = nullptr;  // of a sort
-  SortDirection direction = SortDirection::Ascending;
-};
 
 /// What the window of a sample list does for its session.
 class SampleListView {
@@ -64,11 +54,11 @@ class SampleListSession {
   SampleListSession(Workspace& workspace, Dialogs& dialogs, ProjectKind kind, std::string fileName,
                     std::string projectNo, std::function<void()> saved);
 
-  std::string_view form() const;     // name of the window
-  std::string_view caption() const;  // of the window
-  std::string projectLine() const;   // which project it is
+  std::string_view form() const { return m_kind.sampleListForm.name; }   // name of the window
+  std::string_view caption() const { return m_kind.sampleListCaption; }  // of the window
+  std::string projectLine() const;                                       // which project it is
   const std::vector<SampleListColumn>& columns() const { return m_columns; }
-  std::span<const ListButton> buttons() const;
+  std::span<const ListButton> buttons() const { return m_kind.sampleListForm.buttons; }
 
   int rowCount() const { return static_cast<int>(m_rows.size()); }
   int scroll() const { return m_scroll; }
@@ -103,7 +93,7 @@ class SampleListSession {
 
   Workspace& m_workspace;
   Dialogs& m_dialogs;
-  ProjectKind m_kind;
+  const ListKind& m_kind;
   std::string m_fileName, m_projectNo;  // listedFileName, listedProject
   std::function<void()> m_saved;
   std::vector<SampleListColumn> m_columns;

@@ -23,8 +23,7 @@ constexpr std::array kCurveTicks{
 CurvePage curveOf(PrintTick tick) { return static_cast<CurvePage>(static_cast<int>(tick) + 1); }
 
 int liveSamples(const Workspace& workspace) {
-  return static_cast<int>(
-      std::count_if(workspace.TriaxialSampleTable.begin(), workspace.TriaxialSampleTable.end(), isLive));
+  return static_cast<int>(std::ranges::count_if(workspace.TriaxialSampleTable.used(), isLive));
 }
 
 /// The number typed in a range box without its sign, at most `largest`.

@@ -23,9 +23,8 @@ CurveSession::CurveSession(Workspace& workspace) : m_workspace(workspace) { load
 TriaxialSampleRecord& CurveSession::record() const { return m_workspace.TriaxialSampleTable.at(sampleRow()); }
 
 void CurveSession::load() {
-  const auto& table = m_workspace.TriaxialSampleTable;
   m_list.reset();
-  m_text1Visible = std::none_of(table.begin(), table.end(), isLive);
+  m_text1Visible = std::ranges::none_of(m_workspace.TriaxialSampleTable.used(), isLive);
   m_page = CurvePage::StressStrain;
   m_table.reset();
   m_intervention.reset();
@@ -272,10 +271,6 @@ void CurveSession::markSaved() {
   m_intervention.rearrange(record());
   m_drawn = record();
   m_table.refresh(record());
-}
-
-bool CurveSession::asksToSave(Dialogs& dialogs) const {
-  return m_changed && dialogs.ask("保存三轴数据", "   数据已修改\n保存修改后数据吗？", MessageIcon::None);
 }
 
 }  // namespace triaxlab

@@ -195,8 +195,6 @@ class CurveSession {
   /// A save went well. It may have put the specimens of a sample in another order, so the sample is shown anew; a phase
   /// that runs goes on.
   void markSaved();
-  /// The question of closing: true when there are unsaved changes and the person wants them saved.
-  bool asksToSave(Dialogs& dialogs) const;
 
  private:
   /// The box that is being typed in, with what it took.

@@ -1,4 +1,5 @@
 #include <array>
+#include <utility>
 
 #include "common/gbk.h"
 #include "sessions/triaxial/curve_session.h"
@@ -21,7 +22,7 @@ void CurveSession::fillList(CurveState& state) const {
   state.list[0] = {"序号", habits.projectNoLabel, habits.sampleNoLabel};
   for (int line = 1; line <= kListLines; ++line) {
     const std::size_t row = m_list.rowOfLine(line);
-    const TriaxialSampleRecord& sample = m_workspace.TriaxialSampleTable.at(row);
+    const TriaxialSampleRecord& sample = std::as_const(m_workspace).TriaxialSampleTable.at(row);
     state.list[static_cast<std::size_t>(line)] = {std::to_string(row + 1), gbkToUtf8(sample.projectNo.trimmed()),
                                                   gbkToUtf8(sample.sampleNo.trimmed())};
   }

@@ -1,6 +1,5 @@
 #include "store/project/old_formats.h"
 
-#include <algorithm>
 #include <array>
 
 #include "triaxial/record.h"
@@ -50,17 +49,9 @@ constexpr bool takeAll(const std::array<FieldCopy, N>& copies, std::size_t oldSi
 static_assert(takeAll(kTriaxialCopies, kOldTriaxialSize) && takeAll(kUnconfinedCopies, kOldUnconfinedSize));
 static_assert(kColumnsStart + 6 * sizeof(UnconfinedColumn) == kScalarsStart);
 
-constexpr std::array kOldFormats{
-    OldFormat{ProjectKind::Triaxial, kOldTriaxialSize, kTriaxialCopies, "b.bak"},
-    OldFormat{ProjectKind::Unconfined, kOldUnconfinedSize, kUnconfinedCopies, "WCX.BAK"},
-};
-
 }  // namespace
 
-const OldFormat* oldFormatOf(ProjectKind kind) {
-  const auto* const format =
-      std::find_if(kOldFormats.begin(), kOldFormats.end(), [kind](const OldFormat& row) { return row.kind == kind; });
-  return format != kOldFormats.end() ? format : nullptr;
-}
+constinit const OldFormat kOldTriaxialFormat{kOldTriaxialSize, kTriaxialCopies, "b.bak"};
+constinit const OldFormat kOldUnconfinedFormat{kOldUnconfinedSize, kUnconfinedCopies, "WCX.BAK"};
 
 }  // namespace triaxlab

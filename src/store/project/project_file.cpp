@@ -3,14 +3,14 @@
 #include <fmt/core.h>
 
 #include <algorithm>
-#include <array>
+#include <memory>
 #include <utility>
 
 #include "platform/files.h"
+#include "store/project/new_sample_table.h"
 #include "store/project/project_frame.h"
 #include "store/project/upgrade.h"
 #include "store/safety/file_update.h"
-#include "triaxial/old_record.h"
 
 namespace triaxlab {
 namespace {
@@ -38,29 +38,8 @@ Span askedSpan(int sampleCount, const RangeChooser& chooseRange) {
 }
 
 /// A record that a write beyond the end of its file left behind holds zero bytes and no sample.
-template <class Record>
-bool isHole(const Record& record) {
-  const std::span<const std::byte> bytes = bytesOf(record);
-  return bytes[0] == std::byte{0} && bytes[sizeof ProjectHeader{}.projectNo] == std::byte{0};
-}
-
-/// Values that older programs kept in other fields of the record.
-void adjustOldValues(TriaxialSampleRecord& record, const ProjectHeader& header, NumberFormat cohesionFormat) {
-  if (record.cohesionText.isBlank() && record.cohesionTenths != 0)
-    SetNumber(record.cohesionText, record.cohesionTenths / 10.0, cohesionFormat);
-  if (record.cohesionEffText.isBlank() && record.cohesionEffTenths != 0)
-    SetNumber(record.cohesionEffText, record.cohesionEffTenths / 10.0, cohesionFormat);
-  // A text that begins with a year is a date; blanks and the short numbers of old files are none.
-  if (record.testDate.number() < 100 && header.testDate.number() > 100) record.testDate = header.testDate;
-}
-
-template <class Record>
-void adjustOldValues(Record& /*record*/, const ProjectHeader& /*header*/, NumberFormat /*cohesionFormat*/) {}
-
-/// A record of today is read as it stands.
-template <class Record>
-const Record& currentRecord(const Record& record) {
-  return record;
+bool isHole(RecordBytes record) {
+  return record[0] == std::byte{0} && record[sizeof ProjectHeader{}.projectNo] == std::byte{0};
 }
 
 /// A project file between its reading and the moment when it becomes the workspace's.
@@ -74,60 +53,33 @@ struct OpenedFile {
 };
 
 /// Reads the records of the span into a table of their own; what the file lacks is blank. A read fills many records at
-/// once, and only rows that nothing was read into are made blank.
-template <class FileRecord, class Record>
-SampleTable<Record> readRecords(OpenedFile& opened, NumberFormat cohesionFormat) {
-  const HeldRecords held = heldRecords(opened.file.size(), sizeof(FileRecord), opened.head.sampleCount);
+/// once.
+std::unique_ptr<NewSampleTable> readRecords(OpenedFile& opened, NumberFormat cohesionFormat) {
+  const std::uint32_t recordSize = opened.info.recordSize;
+  const HeldRecords held = heldRecords(opened.file.size(), recordSize, opened.head.sampleCount);
   const std::size_t first = opened.span.first;
   const std::size_t wanted = std::min(opened.span.count, held.whole - std::min(held.whole, first));
-  SampleTable<Record> table;
-  table.reserve(kTableRows);
-  const std::size_t mostInBlock = std::max<std::size_t>(1, kReadBlock / sizeof(FileRecord));
-  std::vector<FileRecord> block(std::clamp<std::size_t>(wanted, 1, mostInBlock));
-  while (table.size() < wanted) {
-    const std::size_t count = std::min(block.size(), wanted - table.size());
-    const std::uint32_t position =
-        recordPosition(sizeof(FileRecord), opened.span.first + static_cast<std::uint32_t>(table.size()));
-    const std::size_t got =
-        opened.file.readAt(position, std::as_writable_bytes(std::span(block).first(count))) / sizeof(FileRecord);
-    for (const FileRecord& record : std::span(block).first(got)) {
-      if (isHole(record))
-        table.emplace_back();
-      else
-        table.push_back(currentRecord(record));
-      adjustOldValues(table.back(), opened.head.header, cohesionFormat);
+  const OpenedHeader header{opened.head.header, cohesionFormat};
+  std::unique_ptr<NewSampleTable> table = opened.info.table.makeNew();
+  const std::size_t mostInBlock = std::max<std::size_t>(1, kReadBlock / recordSize);
+  Bytes block(std::clamp<std::size_t>(wanted, 1, mostInBlock) * recordSize);
+  while (table->rowCount() < wanted) {
+    const auto at = static_cast<std::uint32_t>(table->rowCount());
+    const std::span<std::byte> part = std::span(block).first(std::min(block.size(), (wanted - at) * recordSize));
+    const std::size_t got = opened.file.readAt(recordPosition(recordSize, opened.span.first + at), part) / recordSize;
+    for (std::size_t i = 0; i < got; ++i) {
+      const RecordBytes record = part.subspan(i * recordSize, recordSize);
+      table->add(isHole(record) ? RecordBytes{} : record, header);
     }
-    if (got < count) break;
+    if (got * recordSize < part.size()) break;
   }
-  if (const std::size_t missing = opened.span.count - table.size(); missing > 0) {
+  if (const std::size_t missing = opened.span.count - table->rowCount(); missing > 0) {
     const bool cutIsWanted = held.nextIsCut && held.whole >= first;
     opened.remarks.push_back(
         missingSamplesRemark(opened.file.path(), missing, cutIsWanted ? std::optional(held.whole) : std::nullopt));
   }
-  table.resize(kTableRows, Record{});
   return table;
 }
-
-/// Reads the records and returns the step that puts them into the workspace, which can't fail.
-using Installer = std::function<void(Workspace&)>;
-template <auto Table, class FileRecord, class Record = FileRecord>
-Installer readInto(OpenedFile& opened, NumberFormat cohesionFormat) {
-  auto table = std::make_shared<SampleTable<Record>>(readRecords<FileRecord, Record>(opened, cohesionFormat));
-  return [table](Workspace& workspace) { (workspace.*Table).swap(*table); };
-}
-
-struct TableOfKind {
-  ProjectKind kind;
-  Installer (*read)(OpenedFile&, NumberFormat);
-};
-constexpr std::array kTables{
-    TableOfKind{ProjectKind::Triaxial, readInto<&Workspace::TriaxialSampleTable, TriaxialSampleRecord>},
-    TableOfKind{ProjectKind::Unconfined, readInto<&Workspace::UnconfinedSampleTable, UnconfinedSampleRecord>},
-    TableOfKind{ProjectKind::K0, readInto<&Workspace::K0SampleTable, K0SampleRecord>},
-    TableOfKind{ProjectKind::TK0, readInto<&Workspace::TK0SampleTable, TK0SampleRecord>},
-    TableOfKind{ProjectKind::OldTriaxial,
-                readInto<&Workspace::TriaxialSampleTable, OldTriaxialRecord, TriaxialSampleRecord>},
-};
 
 void readEndText(OpenedFile& opened) {
   if (!opened.info.hasEndText) return;
@@ -166,9 +118,7 @@ Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fil
   const FileStamp stamp = file.stamp();
   OpenedFile opened{file, info, readProjectHead(readerOf(file), info, path), {}, {}, std::move(remarks)};
   opened.span = askedSpan(opened.head.sampleCount, chooseRange);
-  const auto* const table =
-      std::find_if(kTables.begin(), kTables.end(), [kind](const TableOfKind& row) { return row.kind == kind; });
-  const Installer install = table->read(opened, workspace.settings.habits.cohesionFormat());
+  const std::unique_ptr<NewSampleTable> table = readRecords(opened, workspace.settings.habits.cohesionFormat());
   readEndText(opened);
 
   if (file.stamp() != stamp)
@@ -176,7 +126,7 @@ Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fil
 
   // Everything is read: from here on nothing fails.
   workspace.fileMemory.remember(FileUse::Document, path, stamp);
-  install(workspace);
+  table->install(workspace);
   installDates(workspace, opened.head.header);
   workspace.clearLocations();
   workspace.projectHeader = opened.head.header;

@@ -15,7 +15,6 @@ namespace triaxlab {
 namespace {
 
 constexpr std::size_t kSampleNoOffset = 15;
-constexpr std::size_t kTestMethodOffset = offsetof(TriaxialSampleRecord, testMethod);
 
 }  // namespace
 
@@ -86,14 +85,15 @@ std::vector<SampleIndexEntry> loadSampleIndex(const ReadAt& readAt, std::uint64_
                                               int sampleCount) {
   std::vector<SampleIndexEntry> index(static_cast<std::size_t>(sampleCount));
   const std::size_t whole = heldRecords(fileSize, info.recordSize, sampleCount).whole;
-  std::array<char, kTestMethodOffset + 1> identity{};
+  const auto [sampleNoWidth, testMethodOffset] = info.identity;
+  std::string identity(testMethodOffset ? *testMethodOffset + 1 : kSampleNoOffset + sampleNoWidth, '\0');
   for (std::size_t i = 0; i < whole; ++i) {
     const std::uint32_t position = recordPosition(info.recordSize, static_cast<std::uint32_t>(i));
     if (readAt(position, std::as_writable_bytes(std::span(identity))) < identity.size()) break;
-    const std::string_view sampleNo(identity.data() + kSampleNoOffset, info.sampleNoWidth);
+    const std::string_view sampleNo(identity.data() + kSampleNoOffset, sampleNoWidth);
     if (sampleNo.front() == '\0') continue;  // a hole that a write beyond the end left
     SetText(index[i].sampleNo, Trim(sampleNo));
-    if (info.kind == ProjectKind::Triaxial) index[i].testMethod = static_cast<std::uint8_t>(identity.back());
+    if (testMethodOffset) index[i].testMethod = static_cast<std::uint8_t>(identity.back());
   }
   return index;
 }
@@ -102,7 +102,7 @@ std::filesystem::path findProjectFile(const std::filesystem::path& folder, const
                                       std::string_view fileName) {
   const std::string name = caseless(fileName);
   if (!name.starts_with(caseless(info.filePrefix)) || !name.ends_with(".txt"))
-    throw UserError(fmt::format("“{}”不是“{}”中的文件（{}*.TXT）。", fileName, info.listCaption, info.filePrefix));
+    throw UserError(fmt::format("“{}”不是这类试验的数据文件（{}*.TXT）。", fileName, info.filePrefix));
   const std::optional<std::filesystem::path> path = findFile(folder, fileName);
   if (!path) throw UserError(fmt::format("没有文件“{}”。", textOfPath(folder / pathFromText(fileName))));
   return *path;

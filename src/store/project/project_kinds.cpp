@@ -1,127 +1,177 @@
 #include "store/project/project_kinds.h"
 
 #include <algorithm>
+#include <stdexcept>
 
-#include "k0/record.h"
+#include "common/field_sink.h"
+#include "k0/record_fields.h"
 #include "platform/files.h"
+#include "store/project/new_sample_table.h"
+#include "store/project/old_formats.h"
+#include "store/project/project_save.h"
+#include "store/project/triaxial_save.h"
+#include "store/summary/test_results.h"
 #include "triaxial/old_record.h"
-#include "triaxial/record.h"
-#include "unconfined/record.h"
+#include "triaxial/record_fields.h"
+#include "unconfined/record_fields.h"
 
 namespace triaxlab {
 namespace {
 
 template <class Record>
-std::span<const std::byte> blank() {
-  static const Record record{};
-  return bytesOf(record);
+RecordBytes blank() {
+  return bytesOf(SampleTable<Record>::blank());
 }
+
+template <class Record>
+const Record& as(RecordBytes bytes) {
+  static_assert(alignof(Record) == 1);
+  return *reinterpret_cast<const Record*>(bytes.data());
+}
+
+template <class Record, auto put>
+void putAs(SummaryRecord& summary, RecordBytes record, std::string_view testDate) {
+  put(summary, as<Record>(record), testDate);
+}
+
+template <class Record>
+void tellFieldsAs(RecordBytes record, FieldSink& sink) {
+  tellFields(as<Record>(record), sink);
+}
+
+/// A save that knows nothing of its kind's records.
+template <ProjectKind kind>
+std::unique_ptr<ProjectSave> plainSave(Workspace& workspace) {
+  return std::make_unique<ProjectSave>(workspace, kind);
+}
+
+// ---- Triaxial: what files of today and the oldest ones share
+
+/// Values that older programs kept in other fields of the record.
+void takeOldValues(TriaxialSampleRecord& record, const OpenedHeader& opened) {
+  if (record.cohesionText.isBlank() && record.cohesionTenths != 0)
+    SetNumber(record.cohesionText, record.cohesionTenths / 10.0, opened.cohesionFormat);
+  if (record.cohesionEffText.isBlank() && record.cohesionEffTenths != 0)
+    SetNumber(record.cohesionEffText, record.cohesionEffTenths / 10.0, opened.cohesionFormat);
+  // A text that begins with a year is a date; blanks and the short numbers of old files are none.
+  const FixedText<10>& dateOfProject = opened.header.testDate;
+  if (record.testDate.number() < 100 && dateOfProject.number() > 100) record.testDate = dateOfProject;
+}
+
+constexpr IdentityFields kTriaxialIdentity{14, offsetof(TriaxialSampleRecord, testMethod)};
+
+constexpr SampleResults kTriaxialResults{
+    .testDate = [](RecordBytes record) { return as<TriaxialSampleRecord>(record).testDate.trimmed(); },
+    .put = putAs<TriaxialSampleRecord, putTriaxial>,
+    .blank = blankTriaxial,
+};
 
 }  // namespace
 
 // File names and some titles have the letter O where the menus speak of K0 with the digit.
-const std::array<ProjectKindInfo, 5> kProjectKinds{{
+constinit const std::array<ProjectKindInfo, 5> kProjectKinds{{
     {
         .kind = ProjectKind::Triaxial,
-        .documentKind = ProjectKind::Triaxial,
+        .savedAs = ProjectKind::Triaxial,
         .id = "triaxial",
         .filePrefix = "WKSZ",
         .recordSize = sizeof(TriaxialSampleRecord),
         .blankRecord = blank<TriaxialSampleRecord>,
-        .sampleNoWidth = 14,
+        .identity = kTriaxialIdentity,
         .hasEndText = true,
         .boxesHoldDate = true,
         .versionTag = "V2.0",
-        .listCaption = "三轴试验数据文件列表",
-        .listHeading = "三轴试验数据表WKSZ(X).TXT ",
-        .openTitle = "打开三轴数据文件",
-        .saveMessage = "三轴试验数据保存完毕",
-        .sampleListCaption = "三轴土样列表",
-        .listTitle = "保存三轴文件",
+        .oldFormat = &kOldTriaxialFormat,
+        .table = doorTo<&Workspace::TriaxialSampleTable, TriaxialSampleRecord, takeOldValues>(),
+        .results = kTriaxialResults,
+        .tellFields = tellFieldsAs<TriaxialSampleRecord>,
+        .makeSave = [](Workspace& workspace) -> std::unique_ptr<ProjectSave> {
+          return std::make_unique<TriaxialSave>(workspace);
+        },
+        .rewriteTitle = "保存三轴文件",
     },
     {
         .kind = ProjectKind::Unconfined,
-        .documentKind = ProjectKind::Unconfined,
+        .savedAs = ProjectKind::Unconfined,
         .id = "unconfined",
         .filePrefix = "KWCX",
         .recordSize = sizeof(UnconfinedSampleRecord),
         .blankRecord = blank<UnconfinedSampleRecord>,
-        .sampleNoWidth = 15,
+        .identity = {15},
         .hasEndText = false,
         .boxesHoldDate = false,
         .versionTag = "V2.0",
-        .listCaption = "无侧限试验数据文件列表",
-        .listHeading = "无侧限试验数据表KWCX(X).TXT ",
-        .openTitle = "打开无侧限数据文件",
-        .saveMessage = "无侧限试验数据保存完毕",
-        .sampleListCaption = "无侧限土样列表",
-        .listTitle = "保存无侧限文件",
+        .oldFormat = &kOldUnconfinedFormat,
+        .table = doorTo<&Workspace::UnconfinedSampleTable, UnconfinedSampleRecord>(),
+        .results = {nullptr, putAs<UnconfinedSampleRecord, putUnconfined>, blankUnconfined},
+        .tellFields = tellFieldsAs<UnconfinedSampleRecord>,
+        .makeSave = plainSave<ProjectKind::Unconfined>,
+        .rewriteTitle = "保存无侧限文件",
     },
     {
         .kind = ProjectKind::K0,
-        .documentKind = ProjectKind::K0,
+        .savedAs = ProjectKind::K0,
         .id = "k0",
         .filePrefix = "KO",
         .recordSize = sizeof(K0SampleRecord),
         .blankRecord = blank<K0SampleRecord>,
-        .sampleNoWidth = 15,
+        .identity = {15},
         .hasEndText = false,
         .boxesHoldDate = false,
         .versionTag = "",
-        .listCaption = "K0试验数据文件列表",
-        .listHeading = "K0试验数据表KO(X).TXT ",
-        .openTitle = "打开KO数据文件",
-        .saveMessage = "K0试验数据保存完毕",
-        .sampleListCaption = "K0土样列表",
-        .listTitle = "保存K0文件",
+        .oldFormat = nullptr,
+        .table = doorTo<&Workspace::K0SampleTable, K0SampleRecord>(),
+        .results = {nullptr, putAs<K0SampleRecord, putK0>, blankK0},
+        .tellFields = tellFieldsAs<K0SampleRecord>,
+        .makeSave = plainSave<ProjectKind::K0>,
+        .rewriteTitle = "保存K0文件",
     },
     {
         .kind = ProjectKind::TK0,
-        .documentKind = ProjectKind::TK0,
+        .savedAs = ProjectKind::TK0,
         .id = "tk0",
         .filePrefix = "TKO",
         .recordSize = sizeof(TK0SampleRecord),
         .blankRecord = blank<TK0SampleRecord>,
-        .sampleNoWidth = 15,
+        .identity = {15},
         .hasEndText = false,
         .boxesHoldDate = false,
         .versionTag = "",
-        .listCaption = "TK0试验数据文件列表",
-        .listHeading = "TK0试验数据表TKO(X).TXT ",
-        .openTitle = "打开TKO数据文件",
-        .saveMessage = "TK0试验数据保存完毕",
-        .sampleListCaption = "TK0土样列表",
-        .listTitle = "保存TK0文件",
+        .oldFormat = nullptr,
+        .table = doorTo<&Workspace::TK0SampleTable, TK0SampleRecord>(),
+        .results = {nullptr, putAs<TK0SampleRecord, putTK0>, blankK0},
+        .tellFields = tellFieldsAs<TK0SampleRecord>,
+        .makeSave = plainSave<ProjectKind::TK0>,
+        .rewriteTitle = "保存TK0文件",
     },
     {
-        .kind = ProjectKind::OldTriaxial,  // never written: what is read from it is saved as a triaxial project
-        .documentKind = ProjectKind::Triaxial,
+        .kind = ProjectKind::OldTriaxial,
+        .savedAs = ProjectKind::Triaxial,
         .id = "old-triaxial",
         .filePrefix = "KSZ",
         .recordSize = sizeof(OldTriaxialRecord),
         .blankRecord = blank<OldTriaxialRecord>,
-        .sampleNoWidth = 14,
+        .identity = kTriaxialIdentity,
         .hasEndText = false,
         .boxesHoldDate = true,
         .versionTag = "",
-        .listCaption = "三轴试验数据文件列表",
-        .listHeading = "三轴试验数据表KSZ(X).TXT ",
-        .openTitle = "打开三轴数据文件",
-        .saveMessage = "三轴试验数据保存完毕",
-        .sampleListCaption = "三轴土样列表",
-        .listTitle = "",
+        .oldFormat = nullptr,
+        .table = doorTo<&Workspace::TriaxialSampleTable, OldTriaxialRecord, takeOldValues>(),
+        .results = kTriaxialResults,
+        .tellFields = tellFieldsAs<TriaxialSampleRecord>,
+        .makeSave = nullptr,
+        .rewriteTitle = "",
     },
 }};
 
 const ProjectKindInfo& infoOf(ProjectKind kind) {
-  const auto row = std::find_if(kProjectKinds.begin(), kProjectKinds.end(),
-                                [kind](const ProjectKindInfo& info) { return info.kind == kind; });
-  return row != kProjectKinds.end() ? *row : kProjectKinds.front();
+  const auto row = std::ranges::find(kProjectKinds, kind, &ProjectKindInfo::kind);
+  if (row == kProjectKinds.end()) throw std::out_of_range("no such kind of project file");
+  return *row;
 }
 
 std::optional<ProjectKind> projectKindOfId(std::string_view id) {
-  const auto row = std::find_if(kProjectKinds.begin(), kProjectKinds.end(),
-                                [id](const ProjectKindInfo& info) { return info.id == id; });
+  const auto row = std::ranges::find(kProjectKinds, id, &ProjectKindInfo::id);
   if (row == kProjectKinds.end()) return std::nullopt;
   return row->kind;
 }

@@ -86,7 +86,7 @@ void ProjectUpdate::finish(const FixedText<kEndTextWidth>& endText) {
 
 std::string ProjectUpdate::keyOf(std::string_view sampleNo, std::uint8_t testMethod) const {
   std::string key(sampleNo);
-  if (m_info.kind == ProjectKind::Triaxial) key += static_cast<char>(testMethod);
+  if (m_info.identity.testMethodOffset) key += static_cast<char>(testMethod);
   return key;
 }
 

@@ -133,8 +133,9 @@ void rewriteLocked(Workspace& workspace, FileUpdate& update, const ProjectKindIn
 RewriteReport rewriteProject(Workspace& workspace, ProjectKind kind, std::string_view fileName,
                              std::span<const std::uint32_t> order, const ChangeQuestion& mayOverwriteChanges) {
   const ProjectKindInfo& info = infoOf(kind);
-  if (info.listTitle.empty()) throw UserError(fmt::format("文件“{}”是旧三轴数据文件，只能读取，不能重排。", fileName));
-  RewriteReport report{std::string(info.listTitle), "数据保存完毕!", {}};
+  if (info.makeSave == nullptr)
+    throw UserError(fmt::format("文件“{}”是旧三轴数据文件，只能读取，不能重排。", fileName));
+  RewriteReport report{std::string(info.rewriteTitle), "数据保存完毕!", {}};
   ChangedFiles changed(workspace.fileMemory, FileUse::List, report.title);
   for (;;) {
     {

@@ -16,12 +16,15 @@ class SampleRows {
  public:
   SampleRows(const Workspace& workspace, ProjectKind kind);
 
-  std::size_t size() const { return m_bytes.size() / m_recordSize; }
-  std::span<const std::byte> record(std::size_t row) const { return m_bytes.subspan(row * m_recordSize, m_recordSize); }
+  /// The rows that may be live: those behind them are blank.
+  std::size_t size() const { return m_info.table.usedRows(m_workspace); }
+  RecordBytes record(std::size_t row) const { return m_info.table.record(m_workspace, row); }
 
   // Texts are GBK, trimmed.
   std::string_view projectNo(std::size_t row) const { return textAt(row, 0, kProjectNoWidth); }
-  std::string_view sampleNo(std::size_t row) const { return textAt(row, kProjectNoWidth, m_sampleNoWidth); }
+  std::string_view sampleNo(std::size_t row) const {
+    return textAt(row, kProjectNoWidth, m_info.identity.sampleNoWidth);
+  }
   /// In triaxial files it is a part of the sample's identity; 0 for the other kinds.
   std::uint8_t testMethod(std::size_t row) const;
   /// A row without project or sample number is an empty slot, which all work passes over.
@@ -31,10 +34,8 @@ class SampleRows {
   static constexpr std::size_t kProjectNoWidth = 15;
   std::string_view textAt(std::size_t row, std::size_t offset, std::size_t width) const;
 
-  std::span<const std::byte> m_bytes;
-  std::size_t m_recordSize;
-  std::size_t m_sampleNoWidth;
-  bool m_hasTestMethod;
+  const Workspace& m_workspace;
+  const ProjectKindInfo& m_info;
 };
 
 }  // namespace triaxlab

@@ -6,7 +6,6 @@
 #include <memory>
 
 #include "store/project/project_save.h"
-#include "store/project/triaxial_save.h"
 #include "store/settings/settings_file.h"
 
 namespace triaxlab {
@@ -40,23 +39,18 @@ bool hasLiveRow(const SampleRows& rows) {
   return false;
 }
 
-std::unique_ptr<ProjectSave> saveOf(Workspace& workspace, ProjectKind kind) {
-  if (kind == ProjectKind::Triaxial) return std::make_unique<TriaxialSave>(workspace);
-  return std::make_unique<ProjectSave>(workspace, kind);
-}
-
 }  // namespace
 
 SaveReport saveProject(Workspace& workspace, ProjectKind kind, const OverwriteChooser& chooseOverwrites,
                        const ChangeQuestion& mayOverwriteChanges) {
-  const ProjectKindInfo& info = infoOf(infoOf(kind).documentKind);
-  SaveReport report{"保存数据", std::string(info.saveMessage), {}, {}};
-  const std::unique_ptr<ProjectSave> save = saveOf(workspace, info.kind);
+  const ProjectKindInfo& info = infoOf(infoOf(kind).savedAs);
+  const std::unique_ptr<ProjectSave> save = info.makeSave(workspace);
   if (!hasLiveRow(SampleRows(workspace, info.kind))) {
     save->askOfEmptyTable(chooseOverwrites);
-    return report;
+    return {};
   }
-  save->begin(chooseOverwrites, {report.title, mayOverwriteChanges});
+  save->begin(chooseOverwrites, {std::string(kSaveTitle), mayOverwriteChanges});
+  SaveReport report;
   save->finish();
   report.errors = save->errors();
   report.remarks = save->remarks();

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "common/user_error.h"
@@ -20,10 +21,11 @@ struct KnownSample {
 /// before.
 using OverwriteChooser = std::function<void(Workspace& workspace, const std::vector<KnownSample>& known)>;
 
-/// What a save has to say when it is done.
+/// Title of what a save asks and says.
+inline constexpr std::string_view kSaveTitle = "保存数据";
+
+/// What a save has to say when it is done, beside that it is.
 struct SaveReport {
-  std::string title;    // "保存数据"
-  std::string message;  // "三轴试验数据保存完毕"
   /// What could not be written: a project number that can't be a file name, a damaged file, a full file, each with the
   /// rows that it concerns. Everything else was written.
   std::vector<std::string> errors;

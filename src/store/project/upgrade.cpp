@@ -114,7 +114,7 @@ void makeDurable(const std::filesystem::path& folder) {
 
 Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindInfo& info,
                        const std::filesystem::path& file) {
-  const OldFormat* const format = oldFormatOf(info.kind);
+  const OldFormat* const format = info.oldFormat;
   if (format == nullptr || !fileExists(file)) return {};
   const File old(file, File::Mode::Read);
   const std::optional<ProjectHead> head = oldHead(old, info);
@@ -139,7 +139,7 @@ Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindIn
 }
 
 Remarks upgradeProject(Workspace& workspace, const ProjectKindInfo& info, const std::filesystem::path& file) {
-  if (oldFormatOf(info.kind) == nullptr || !fileExists(file)) return {};
+  if (info.oldFormat == nullptr || !fileExists(file)) return {};
   if (!oldHead(File(file, File::Mode::Read), info)) return {};
   DataLock lock(workspace.dataFolder, workspace.lockPatience);
   lock.take(file);  // and whoever held it may have upgraded the file

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -36,11 +37,11 @@ inline constexpr std::array kSourceFolders{
         13, "请输入WIN版无侧限DATX格式文件所在目录:", "WCXDATX.sys", {1, 170}, &Workspace::winUnconfinedDatxFolder},
 };
 
-/// The row of a kind. Pre: there is one.
+/// The row of a kind. std::out_of_range when there is none.
 constexpr const SourceFolder& sourceFolderOf(std::int16_t kind) {
-  const SourceFolder* row = kSourceFolders.data();
-  while (row->kind != kind) ++row;
-  return *row;
+  for (const SourceFolder& row : kSourceFolders)
+    if (row.kind == kind) return row;
+  throw std::out_of_range("no such kind of source folder");
 }
 /// What an importer reads its folder from; a kind that doesn't exist is refused by the compiler.
 consteval SettingsField sourceFolderField(std::int16_t kind) { return sourceFolderOf(kind).field; }

@@ -23,7 +23,7 @@ class Form2 : public QWidget, public DocumentWindow {
   void refresh(FailureMode mode);
 
   // DocumentWindow
-  bool asksToSave(Dialogs& /*dialogs*/) const override { return false; }
+  bool isChanged() const override { return false; }
   void markSaved() override {}
   std::array<std::string, 2> statusPanels() const override { return m_session.statusPanels(); }
 

@@ -29,7 +29,7 @@ class Form1 : public QWidget, public CurveDocument {
   void markChanged() { m_session.markChanged(); }
 
   // CurveDocument
-  bool asksToSave(Dialogs& dialogs) const override { return m_session.asksToSave(dialogs); }
+  bool isChanged() const override { return m_session.isChanged(); }
   void markSaved() override;
   std::array<std::string, 2> statusPanels() const override;
   InterventionEntry interventionEntry() const override;

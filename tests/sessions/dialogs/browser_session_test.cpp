@@ -31,7 +31,7 @@ class Browser : public ::testing::Test {
   BrowserSession browser() { return {lab.workspace, dialogs, opener()}; }
   /// As the shell opens files: nothing for a kind that no window shows.
   ProjectOpener opener() {
-    if (!documentOf(static_cast<ProjectKind>(lab.workspace.openDialogKind))) return {};
+    if (documentShowing(static_cast<ProjectKind>(lab.workspace.openDialogKind)) == nullptr) return {};
     return [this](ProjectKind kind, std::string_view name) { return openDocument(lab.workspace, kind, name, {}); };
   }
   Lab lab;
@@ -233,7 +233,7 @@ TEST_F(BrowserOfAnyKind, AnOldestTriaxialFileOpensIntoTheTriaxialTable) {
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[1].sampleNo.trimmed(), "A-2");
   EXPECT_FALSE(isLive(lab.workspace.TriaxialSampleTable[2]));
   EXPECT_FALSE(lab.workspace.rawImportPending);
-  EXPECT_EQ(documentOf(ProjectKind::OldTriaxial), kForm1);
+  EXPECT_EQ(documentShowing(ProjectKind::OldTriaxial)->document, kForm1);
 }
 
 TEST_F(BrowserOfAnyKind, AKindWithoutAWindowIsNotReadAndSaysWhy) {
@@ -244,12 +244,12 @@ TEST_F(BrowserOfAnyKind, AKindWithoutAWindowIsNotReadAndSaysWhy) {
     BrowserSession session = browserOf(kind);
     EXPECT_FALSE(session.open());
     EXPECT_THAT(dialogs.take(),
-                ElementsAre("[" + std::string(infoOf(kind).openTitle) +
+                ElementsAre("[" + std::string(listKindOf(kind).messageTitle) +
                             "] 本版本还不能显示这类试验的数据，文件没有打开；可以用“土样列表”整理其中土样的顺序。"));
     EXPECT_FALSE(session.opened().has_value());
     EXPECT_EQ(lab.workspace.processingDate.year.view(), "2012");
     EXPECT_TRUE(lab.workspace.rawImportPending);
-    EXPECT_EQ(documentOf(kind), std::nullopt);
+    EXPECT_EQ(documentShowing(kind), nullptr);
   }
   EXPECT_TRUE(lab.workspace.UnconfinedSampleTable[0].sampleNo.isBlank());
   EXPECT_TRUE(lab.workspace.K0SampleTable[0].sampleNo.isBlank());

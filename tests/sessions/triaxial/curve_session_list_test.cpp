@@ -163,7 +163,7 @@ TEST_F(CurveSessionList, LoadStartsOverOnTheNewTable) {
   session.edit({BoxName::Text3}, "x");
   ASSERT_TRUE(session.isChanged());
 
-  workspace.TriaxialSampleTable.assign(kTableRows, {});
+  workspace.TriaxialSampleTable.clear();
   workspace.TriaxialSampleTable[0] = namedSample("GC2", "N1", kCU);
   session.load();
   const CurveState now = session.state();

@@ -324,33 +324,12 @@ TEST_F(CurveSessionTyping, ASampleIsTypedInFromNothing) {
   EXPECT_TRUE(typing.isChanged());
 }
 
-struct Answering : Dialogs {
-  explicit Answering(bool yes) : m_yes(yes) {}
-  void message(std::string_view, std::string_view, MessageIcon) override { ADD_FAILURE() << "no message is due"; }
-  bool ask(std::string_view title, std::string_view text, MessageIcon) override {
-    asked += "[" + std::string(title) + "] " + std::string(text);
-    return m_yes;
-  }
-  std::optional<std::filesystem::path> chooseFile(const FileQuestion&) override { return {}; }
-  std::optional<std::filesystem::path> chooseFileToSave(const FileQuestion&) override { return {}; }
-  std::optional<std::string> input(std::string_view, std::string_view, std::string_view) override { return {}; }
-
-  std::string asked;
-
- private:
-  bool m_yes;
-};
-
-TEST_F(CurveSessionTyping, ClosingAsksWhenThereAreUnsavedChanges) {
-  Answering yes(true), no(false);
-  EXPECT_FALSE(session.asksToSave(yes));
-  EXPECT_EQ(yes.asked, "");
+TEST_F(CurveSessionTyping, ASaveEndsTheUnsavedChanges) {
+  EXPECT_FALSE(session.isChanged());
   session.edit({BoxName::Text3}, "x");
-  EXPECT_TRUE(session.asksToSave(yes));
-  EXPECT_EQ(yes.asked, "[保存三轴数据]    数据已修改\n保存修改后数据吗？");
-  EXPECT_FALSE(session.asksToSave(no));
+  EXPECT_TRUE(session.isChanged());
   session.markSaved();
-  EXPECT_FALSE(session.asksToSave(yes));
+  EXPECT_FALSE(session.isChanged());
   session.markChanged();
   EXPECT_TRUE(session.isChanged());
 }

@@ -24,7 +24,6 @@ struct KindOfTest {
   ProjectKind kind;
   std::string prefix;
   std::size_t recordSize;
-  std::string message;
   std::string newTag;  // of a file that is made
 };
 
@@ -67,18 +66,15 @@ class OtherKinds : public StoreTest, public ::testing::WithParamInterface<KindOf
 };
 
 INSTANTIATE_TEST_SUITE_P(Kinds, OtherKinds,
-                         ::testing::Values(KindOfTest{ProjectKind::Unconfined, "KWCX", kUnconfinedSize,
-                                                      "无侧限试验数据保存完毕", "V2.0"},
-                                           KindOfTest{ProjectKind::K0, "KO", kK0Size, "K0试验数据保存完毕", ""},
-                                           KindOfTest{ProjectKind::TK0, "TKO", kTK0Size, "TK0试验数据保存完毕", ""}),
+                         ::testing::Values(KindOfTest{ProjectKind::Unconfined, "KWCX", kUnconfinedSize, "V2.0"},
+                                           KindOfTest{ProjectKind::K0, "KO", kK0Size, ""},
+                                           KindOfTest{ProjectKind::TK0, "TKO", kTK0Size, ""}),
                          [](const auto& test) { return test.param.prefix; });
 
 TEST_P(OtherKinds, AFirstSaveMakesTheFile) {
   setSample(0, sample("S1"));
   setSample(1000, sample("S2"));
   const SaveReport report = save();
-  EXPECT_EQ(report.title, "保存数据");
-  EXPECT_EQ(report.message, GetParam().message);
   EXPECT_THAT(report.errors, IsEmpty());
   EXPECT_SAME_BYTES(read(fileName()), newHeader("0002") + sample("S1") + sample("S2"));
 }
@@ -145,7 +141,7 @@ TEST_P(OtherKinds, AnImportAndTheTogglesChangeNothing) {
 TEST_P(OtherKinds, SlotsWithoutAProjectOrANumberAreEmpty) {
   setSample(0, sample(""));
   setSample(1, sample("S1", ""));
-  EXPECT_EQ(save().message, GetParam().message);
+  save();
   EXPECT_TRUE(listFiles(data("HSZS"), "", "").empty());
   EXPECT_TRUE(listFiles(data("ZMSJ"), "", "").empty());
 }

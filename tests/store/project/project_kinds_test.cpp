@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "store/project/project_frame.h"
 #include "store/store_fixture.h"
 #include "store/workspace.h"
@@ -20,7 +22,6 @@ TEST(ProjectKinds, HaveTheRecordWidthsOfTheFiles) {
 TEST(ProjectKinds, FileNamesHaveTheLetterO) {
   EXPECT_EQ(infoOf(ProjectKind::K0).filePrefix, "KO");
   EXPECT_EQ(infoOf(ProjectKind::TK0).filePrefix, "TKO");
-  EXPECT_EQ(infoOf(ProjectKind::K0).saveMessage, "K0试验数据保存完毕");
 }
 
 TEST(ProjectKinds, AreFoundByTheNumberOfTheBrowserAndByTheirId) {
@@ -30,6 +31,16 @@ TEST(ProjectKinds, AreFoundByTheNumberOfTheBrowserAndByTheirId) {
   }
   EXPECT_EQ(static_cast<int>(ProjectKind::OldTriaxial), 101);
   EXPECT_EQ(projectKindOfId("ko"), std::nullopt);
+}
+
+TEST(ProjectKinds, ANumberThatIsNoneIsRefused) {
+  for (const int number : {0, 3, 30, 102}) EXPECT_THROW(infoOf(static_cast<ProjectKind>(number)), std::out_of_range);
+}
+
+TEST(ProjectKinds, TheOldestFilesAreSavedAsTodays) {
+  for (const ProjectKindInfo& info : kProjectKinds)
+    EXPECT_EQ(info.savedAs, info.kind == ProjectKind::OldTriaxial ? ProjectKind::Triaxial : info.kind) << info.id;
+  EXPECT_EQ(infoOf(ProjectKind::OldTriaxial).makeSave, nullptr);
 }
 
 TEST(RecordPosition, TheLargestFileFitsThirtyTwoBits) {

@@ -56,7 +56,7 @@ TEST_F(SaveImport, AsksAlsoWhenNoSampleIsKnown) {
 
 TEST_F(SaveImport, AsksOverAnEmptyTableToo) {
   workspace.keepExisting.set();
-  EXPECT_EQ(save().message, "三轴试验数据保存完毕");
+  save();
   EXPECT_EQ(timesAsked, 1);
   EXPECT_TRUE(known.empty());
   EXPECT_TRUE(workspace.keepExisting.none());
