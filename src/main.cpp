@@ -24,9 +24,6 @@ using namespace triaxlab;
 
 namespace {
 
-constexpr int kFailed = 1;
-constexpr int kWrongUse = 2;  // a command line or a script that can't be read
-
 /// Nothing ends without a word: as long as it lives, what nobody expected comes to the barrier.
 class Guard {
  public:
@@ -85,7 +82,7 @@ int runForScript(const Program& program, const Remarks& remarks, std::vector<Scr
   return player.finish();
 }
 
-int run(GuardedApplication& application, const StartOptions& options, std::vector<ScriptLine> script) {
+int run(GuardedApplication& application, const WindowOptions& options, std::vector<ScriptLine> script) {
   Workspace workspace;
   workspace.fixedToday = options.today;
   workspace.applicationFolder =
@@ -118,15 +115,12 @@ int orStatus(int status, Work&& work) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::string problem;
-  const auto options = readCommandLine(std::span(argv + 1, static_cast<std::size_t>(argc - 1)), problem);
-  if (!options) {
-    fmt::print(stderr, "{}\n{}", problem, kUsage);
-    return kWrongUse;
-  }
+  const ParsedWindowOptions parsed = readCommandLine(argc, argv);
+  if (!parsed.options) return parsed.status;
+  const WindowOptions& options = *parsed.options;
   std::vector<ScriptLine> script;
-  const int unreadable = orStatus(kWrongUse, [&] {
-    if (options->script) script = readScript(*options->script);
+  const int unreadable = orStatus(kWrongCommandLine, [&] {
+    if (options.script) script = readScript(*options.script);
     return 0;
   });
   if (unreadable != 0) return unreadable;
@@ -135,5 +129,5 @@ int main(int argc, char** argv) {
   GuardedApplication application(argc, argv);
   restoreNumberLocale();
   setAppearance(application);
-  return orStatus(kFailed, [&] { return run(application, *options, std::move(script)); });
+  return orStatus(kFailed, [&] { return run(application, options, std::move(script)); });
 }

@@ -39,20 +39,6 @@ bool parseSpan(std::string_view text, Span& span) {
   return parseNumber(text.substr(0, dash), span.from) && parseNumber(text.substr(dash + 1), span.to);
 }
 
-/// An option whose text goes through `parse`; a text that it refuses is a wrong command line. `target` outlives the
-/// parse.
-template <class Parse>
-CLI::Option* addParsed(CLI::App& app, const char* name, const char* form, const char* help, Parse parse) {
-  return app
-      .add_option_function<std::string>(
-          name,
-          [=](const std::string& text) {
-            if (!parse(text)) throw CLI::ValidationError(name, text + " is not " + form);
-          },
-          help)
-      ->type_name(form);
-}
-
 std::vector<std::string> kindNames() {
   std::vector<std::string> names;
   for (const ProjectKindInfo& info : kProjectKinds) names.emplace_back(info.id);
@@ -75,6 +61,10 @@ void addName(CLI::App& app, std::string& name) {
   app.add_option("NAME", name, "project file, without folder")->required();
 }
 
+void addNames(CLI::App& app, std::vector<std::string>& names) {
+  app.add_option("NAME", names, "project files, without folder")->required();
+}
+
 void addPage(CLI::App& app, std::optional<CurvePage>& page) {
   const auto parse = [&page](const std::string& text) {
     int number = 0;
@@ -82,7 +72,7 @@ void addPage(CLI::App& app, std::optional<CurvePage>& page) {
     page = static_cast<CurvePage>(number);
     return true;
   };
-  addParsed(app, "--show", "PAGE of 1 to 6", "shows this curve page of every sample", parse);
+  addParsedOption(app, "--show", "PAGE of 1 to 6", "shows this curve page of every sample", parse);
 }
 
 void addSpan(CLI::App& app, const char* name, const char* form, const char* help, std::optional<Span>& target) {
@@ -93,7 +83,7 @@ void addSpan(CLI::App& app, const char* name, const char* form, const char* help
     target = span;
     return true;
   };
-  addParsed(app, name, form, help, parse);
+  addParsedOption(app, name, form, help, parse);
 }
 
 // One function for each command that has arguments: its subcommand and where they go.
@@ -107,7 +97,7 @@ void describe(CLI::App& app, Import& import) {
     import.allRows = text == kAll;
     return import.allRows || parseList(text, import.rows);
   };
-  addParsed(app, "--rows", "all|1,3", "rows of the grid to read", parseRows);
+  addParsedOption(app, "--rows", "all|1,3", "rows of the grid to read", parseRows);
   app.add_flag("--keep-existing", import.keepExisting, "leaves known samples as they are stored");
   app.add_flag_callback(
       "--no-save", [&import] { import.save = false; }, "leaves the files alone");
@@ -116,7 +106,7 @@ void describe(CLI::App& app, Import& import) {
 
 void describe(CLI::App& app, Open& open) {
   addKind(app, open.kind);
-  addName(app, open.name);
+  addNames(app, open.names);
   app.add_option("--first", open.first, "first sample of a file of more than 100");
   app.add_option("--last", open.last, "last sample");
   addPage(app, open.page);
@@ -136,7 +126,7 @@ void describe(CLI::App& app, Rewrite& rewrite) {
   const auto parseOrder = [&rewrite](const std::string& text) {
     return text == kNone || parseList(text, rewrite.order);
   };
-  addParsed(app, "--order", "3,1,2|none", "samples to keep, in their new order", parseOrder)->required();
+  addParsedOption(app, "--order", "3,1,2|none", "samples to keep, in their new order", parseOrder)->required();
 }
 
 void describe(CLI::App& app, Show& show) {
@@ -147,7 +137,7 @@ void describe(CLI::App& app, Show& show) {
 
 void describe(CLI::App& app, Results& results) {
   addKind(app, results.kind);
-  addName(app, results.name);
+  addNames(app, results.names);
 }
 
 void describe(CLI::App& app, Print& print) {
@@ -164,7 +154,7 @@ void describe(CLI::App& app, Print& print) {
     for (const int number : numbers) print.curves.push_back(static_cast<CurvePage>(number));
     return true;
   };
-  addParsed(app, "--curves", "1,3 of 1 to 6", "curve pages to print", parseCurves);
+  addParsedOption(app, "--curves", "1,3 of 1 to 6", "curve pages to print", parseCurves);
   app.add_option("--rows", print.rows, "curves below each other on a chart page");
   app.add_option("--columns", print.columns, "curves beside each other");
   app.add_flag("--data-sheet", print.dataSheet, "prints the table of readings");
@@ -202,33 +192,22 @@ class Subcommands {
 ParsedCommandLine parseCommandLine(int argc, const char* const* argv) {
   CLI::App app("The laboratory's triaxial tests without windows.", "triaxlab-cli");
   CommandLine line;
-  app.add_option("--app", line.applicationFolder, "folder of the settings; by default that of the program")
-      ->type_name("DIR");
-  addParsed(app, "--today", "YYYY-MM-DD", "the day taken as today", [&line](const std::string& text) {
-    line.today = parseIsoDate(text);
-    return line.today.has_value();
-  });
+  addStartOptions(app, line.start);
   app.require_subcommand(1);
 
   Subcommands commands(app);
   commands.add<Init>("init", "makes the settings file and the data folders when they are missing");
   commands.add<Import>("import", "reads a raw database and saves its samples");
-  commands.add<Open>("open", "opens a project file, and saves it again if asked");
+  commands.add<Open>("open", "opens project files, and saves them again if asked");
   commands.add<List>("list", "lists the project files of a kind");
   commands.add<Samples>("samples", "lists the samples of a project file");
   commands.add<Rewrite>("rewrite", "puts the samples of a project file in another order, without those left out");
   commands.add<Show>("show", "prints the samples of a project file as JSON");
-  commands.add<Results>("results", "prints C and φ of the samples of a project file");
+  commands.add<Results>("results", "prints what the tests of project files were made for, a line a sample");
   commands.add<Print>("print", "prints the samples of a project file");
   commands.add<Workbook>("workbook", "writes the samples of a project file as a workbook");
 
-  try {
-    app.parse(argc, argv);
-  } catch (const CLI::ParseError& error) {
-    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) return {std::nullopt, app.exit(error)};
-    std::cerr << error.what() << '\n' << app.help();
-    return {std::nullopt, kWrongCommandLine};
-  }
+  if (const std::optional<int> status = statusOfParse(app, argc, argv)) return {std::nullopt, *status};
   line.command = *commands.chosen();
   return {std::move(line), kDone};
 }

@@ -6,8 +6,6 @@
 
 namespace triaxlab::cli {
 
-inline constexpr int kDone = 0, kFailed = 1, kWrongCommandLine = 2;
-
 /// What the program was asked to do, or the exit status when nothing is left to do: the usage was asked for and
 /// printed, or the command line is wrong, which was said on standard error together with the usage.
 struct ParsedCommandLine {

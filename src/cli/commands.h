@@ -9,7 +9,7 @@
 #include <variant>
 #include <vector>
 
-#include "common/date.h"
+#include "shell/start_options.h"
 #include "store/project/project_kinds.h"
 #include "triaxial/curve_page.h"
 
@@ -45,7 +45,7 @@ struct Import {
 
 struct Open {
   ProjectKind kind;
-  std::string name;
+  std::vector<std::string> names;
   std::optional<int> first, last;
   std::optional<CurvePage> page;
   bool save = false;
@@ -74,7 +74,7 @@ struct Show {
 
 struct Results {
   ProjectKind kind;
-  std::string name;
+  std::vector<std::string> names;
 };
 
 struct Print {
@@ -97,8 +97,7 @@ struct Workbook {
 using Command = std::variant<Init, Import, Open, List, Samples, Rewrite, Show, Results, Print, Workbook>;
 
 struct CommandLine {
-  std::optional<std::filesystem::path> applicationFolder;
-  std::optional<Date> today;
+  StartOptions start;
   Command command;
 };
 

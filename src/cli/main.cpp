@@ -16,11 +16,11 @@ namespace triaxlab::cli {
 namespace {
 
 int runCommandLine(const CommandLine& line) {
-  if (line.applicationFolder && !folderExists(*line.applicationFolder))
-    throw UserError(fmt::format("没有文件夹“{}”。", textOfPath(*line.applicationFolder)));
+  const std::optional<std::filesystem::path>& folder = line.start.applicationFolder;
+  if (folder && !folderExists(*folder)) throw UserError(fmt::format("没有文件夹“{}”。", textOfPath(*folder)));
   Workspace workspace;
-  workspace.fixedToday = line.today;
-  workspace.applicationFolder = chooseApplicationFolder(line.applicationFolder, executableFolder(), userDataFolder());
+  workspace.fixedToday = line.start.today;
+  workspace.applicationFolder = chooseApplicationFolder(folder, executableFolder(), userDataFolder());
   printRemarks(startUp(workspace));
   const int status = run(workspace, line.command);
   // A full disk or a closed pipe shows at the latest here.
@@ -39,6 +39,6 @@ int main(int argc, char** argv) {
   } catch (const std::exception& error) {
     // A UserError has its sentence; anything else (no memory left) at least a line and the status.
     cli::printError(error.what());
-    return cli::kFailed;
+    return kFailed;
   }
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "cli/command_line.h"
 #include "cli/console_dialogs.h"
@@ -65,11 +66,13 @@ class Program {
 
   int operator()(const Open& open) {
     if (open.page) require(documentOfTests(open.kind).showPage, open.kind, kShowing);
-    openFile(open.kind, open.name, [&open](int sampleCount) {
-      return SampleRange{open.first.value_or(1), open.last.value_or(sampleCount)};
+    return eachFile(open.names, [&](const std::string& name) {
+      openFile(open.kind, name, [&open](int sampleCount) {
+        return SampleRange{open.first.value_or(1), open.last.value_or(sampleCount)};
+      });
+      if (open.page) showPage(open.kind, *open.page);
+      return open.save ? save(open.kind, false) : kDone;
     });
-    if (open.page) showPage(open.kind, *open.page);
-    return open.save ? save(open.kind, false) : kDone;
   }
 
   int operator()(const List& list) {
@@ -132,9 +135,13 @@ class Program {
 
   int operator()(const Results& results) {
     const auto linesOf = require(documentOfTests(results.kind).results, results.kind, "列出成果：");
-    openFile(results.kind, results.name, {});
-    for (const GridLine& line : linesOf(m_workspace)) printLine(line);
-    return kDone;
+    bool isHeaded = false;
+    return eachFile(results.names, [&](const std::string& name) {
+      openFile(results.kind, name, {});
+      const ResultLines lines = linesOf(m_workspace);
+      for (std::size_t i = std::exchange(isHeaded, true) ? 1 : 0; i < lines.size(); ++i) printLine(lines[i]);
+      return kDone;
+    });
   }
 
   int operator()(const Print& print) {
@@ -154,6 +161,21 @@ class Program {
   int operator()(const Workbook& /*workbook*/) { refuseForThisVersion("输出工作簿"); }
 
  private:
+  /// Does the work for each file; one that fails is told, and the others go on. The worst of the exit statuses.
+  template <class Work>
+  static int eachFile(const std::vector<std::string>& names, Work work) {
+    int status = kDone;
+    for (const std::string& name : names) {
+      try {
+        status = std::max(status, work(name));
+      } catch (const UserError& error) {
+        printError(error.what());
+        status = kFailed;
+      }
+    }
+    return status;
+  }
+
   void markRows(ImportSelection& selection, const Import& import) {
     std::vector<std::size_t> rows = import.rows;
     if (import.allRows)

@@ -1,30 +1,16 @@
 #include "windows/command_line.h"
 
-#include <string_view>
+#include <CLI/CLI.hpp>
 
 namespace triaxlab {
 
-std::optional<StartOptions> readCommandLine(std::span<char*> arguments, std::string& problem) {
-  StartOptions options;
-  for (std::size_t i = 0; i < arguments.size(); i += 2) {
-    const std::string_view name = arguments[i];
-    if (name != "--app" && name != "--today" && name != "--play") {
-      problem = "unknown argument: " + std::string(name);
-      return std::nullopt;
-    }
-    if (i + 1 == arguments.size()) {
-      problem = "nothing behind " + std::string(name);
-      return std::nullopt;
-    }
-    const char* const value = arguments[i + 1];
-    if (name == "--app") options.applicationFolder = value;
-    if (name == "--play") options.script = value;
-    if (name == "--today" && !(options.today = parseIsoDate(value))) {
-      problem = "no date: " + std::string(value);
-      return std::nullopt;
-    }
-  }
-  return options;
+ParsedWindowOptions readCommandLine(int argc, const char* const* argv) {
+  CLI::App app("The laboratory's triaxial tests.", "triaxlab");
+  WindowOptions options;
+  addStartOptions(app, options);
+  app.add_option("--play", options.script, "plays a script against the windows")->type_name("SCRIPT");
+  if (const std::optional<int> status = statusOfParse(app, argc, argv)) return {std::nullopt, *status};
+  return {options, kDone};
 }
 
 }  // namespace triaxlab

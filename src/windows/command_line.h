@@ -2,23 +2,22 @@
 
 #include <filesystem>
 #include <optional>
-#include <span>
-#include <string>
 
-#include "common/date.h"
+#include "shell/start_options.h"
 
 namespace triaxlab {
 
 /// What the program was started with.
-struct StartOptions {
-  std::optional<std::filesystem::path> applicationFolder;  // --app
-  std::optional<Date> today;                               // --today
-  std::optional<std::filesystem::path> script;             // --play
+struct WindowOptions : StartOptions {
+  std::optional<std::filesystem::path> script;  // --play
 };
 
-/// `arguments` without the program's name. Nothing when they are wrong; `problem` then says how.
-std::optional<StartOptions> readCommandLine(std::span<char*> arguments, std::string& problem);
-
-inline constexpr const char* kUsage = "usage: triaxlab [--app DIR] [--today YYYY-MM-DD] [--play SCRIPT]\n";
+/// What the program was asked for, or the exit status when nothing is left to do: the usage was asked for and printed,
+/// or the command line is wrong, which was said on standard error together with the usage.
+struct ParsedWindowOptions {
+  std::optional<WindowOptions> options;
+  int status = kDone;
+};
+ParsedWindowOptions readCommandLine(int argc, const char* const* argv);
 
 }  // namespace triaxlab

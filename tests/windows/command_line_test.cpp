@@ -2,18 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
 
 namespace triaxlab {
 namespace {
 
-std::optional<StartOptions> read(std::vector<std::string> arguments) {
-  std::vector<char*> pointers;
-  for (std::string& argument : arguments) pointers.push_back(argument.data());
-  std::string problem;
-  auto options = readCommandLine(pointers, problem);
-  EXPECT_EQ(problem.empty(), options.has_value());
-  return options;
+std::optional<WindowOptions> read(const std::vector<std::string>& arguments) {
+  std::vector<const char*> pointers{"triaxlab"};
+  for (const std::string& argument : arguments) pointers.push_back(argument.c_str());
+  const ParsedWindowOptions parsed = readCommandLine(static_cast<int>(pointers.size()), pointers.data());
+  EXPECT_EQ(parsed.status, parsed.options ? 0 : 2);
+  return parsed.options;
 }
 
 TEST(CommandLine, AllThreeInAnyOrder) {

@@ -93,7 +93,7 @@ TEST(Play, AScriptThatIsMissingGivesTwo) {
 TEST(Play, AWrongCommandLineGivesTwoAndTheUsage) {
   const PlayResult result = PlayedProgram().start("--dance");
   EXPECT_EQ(result.status, 2);
-  EXPECT_NE(result.errors.find("usage:"), std::string::npos) << result.errors;
+  EXPECT_NE(result.errors.find("Usage:"), std::string::npos) << result.errors;
 }
 
 TEST(Play, TheEndOfTheProgramStillTellsItsMessages) {
