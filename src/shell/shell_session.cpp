@@ -14,7 +14,6 @@
 #include "sessions/dialogs/source_folder_session.h"
 #include "shell/document_operations.h"
 #include "shell/ini_settings.h"
-#include "shell/printing.h"
 #include "shell/start_up.h"
 #include "shell/toggles.h"
 #include "shell/tools.h"

@@ -61,6 +61,8 @@ struct EnvelopeEntries {
 /// Form1.
 class CurveDocument : public DocumentWindow {
  public:
+  /// Another window has changed the sample on display.
+  virtual void markChanged() = 0;
   virtual void showPage(CurvePage page) = 0;
   virtual EnvelopeEntries envelopeEntries() const = 0;
   /// What was set by hand for the sample on display is forgotten and fitted anew.

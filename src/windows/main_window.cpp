@@ -14,6 +14,7 @@
 #include <QStatusBar>
 
 #include "importers/import_selection.h"
+#include "shell/document_kinds.h"
 #include "windows/controls/click_label.h"
 #include "windows/controls/layout.h"
 #include "windows/controls/words.h"
@@ -26,9 +27,6 @@
 #include "windows/dialogs/triaxial_print_window.h"
 #include "windows/first_place.h"
 #include "windows/menu_bar.h"
-#include "windows/triaxial/consolidation_table_window.h"
-#include "windows/triaxial/data_table_window.h"
-#include "windows/triaxial/triaxial_curve_window.h"
 
 namespace triaxlab {
 namespace {
@@ -126,53 +124,39 @@ std::optional<Remarks> MDIForm1::showImporter(ImportSelection& selection) {
 
 // ---- documents
 
-template <class Window>
-void MDIForm1::addDocument(QPointer<Window>& holder, Window* window, ActiveDocument document) {
-  holder = window;
-  QMdiSubWindow* const frame = m_area->addSubWindow(window);
+void MDIForm1::addDocument(ActiveDocument document) {
+  const DocumentHost host{m_workspace,
+                          m_dialogs,
+                          m_shell,
+                          *this,
+                          [this](const QString& help) { showHelp(help); },
+                          [this](ActiveDocument closed) { documentHasClosed(closed); }};
+  const LoadedDocument loaded = makeDocumentWindow(document, host);
+  m_documents.emplace(document, loaded);
+  QMdiSubWindow* const frame = m_area->addSubWindow(loaded.widget);
   frame->setProperty(kDocumentProperty, static_cast<int>(document));
   frame->setAttribute(Qt::WA_DeleteOnClose);
-  connect(window, &Window::closed, this, [this, frame, document, &holder] {
-    // The frame is deleted only when the event loop gets to it; nobody may find it meanwhile.
-    frame->setProperty(kDocumentProperty, static_cast<int>(kNoDocument));
-    holder = nullptr;
-    m_shell.documentClosed(document);
-  });
   frame->adjustSize();
   frame->move(0, 0);
 }
 
-void MDIForm1::loadForm1() {
-  if (m_form1) {
-    m_form1->load();
-  } else {
-    addDocument(m_form1, new Form1(m_workspace, m_dialogs, m_shell), kForm1);
-    connect(m_form1, &Form1::sampleShown, this, &MDIForm1::refresh);
-    connect(m_form1, &Form1::readoutChanged, this, &MDIForm1::showHelp);
-  }
-  // The tables stay with their row, which may hold another sample now.
-  if (m_form2) m_form2->load(m_form2->sampleRow());
-  if (m_form7) m_form7->load(m_form7->sampleRow());
-}
-
-void MDIForm1::showDataTable() {
-  if (m_form2) return m_form2->load(m_form1->sampleRow());
-  addDocument(m_form2, new Form2(m_workspace, m_shell, m_form1->sampleRow()), kForm2);
-}
-
-void MDIForm1::showConsolidationTable() {
-  if (m_form7) return m_form7->load(m_form1->sampleRow());
-  addDocument(m_form7, new Form7(m_workspace, m_shell, m_form1->sampleRow()), kForm7);
-  connect(m_form7, &Form7::sampleChanged, this, [this] {
-    if (m_form1) m_form1->markChanged();
-    refresh();
-  });
+void MDIForm1::documentHasClosed(ActiveDocument document) {
+  // The frame is deleted only when the event loop gets to it; nobody may find it meanwhile.
+  if (QMdiSubWindow* const frame = frameOf(document))
+    frame->setProperty(kDocumentProperty, static_cast<int>(kNoDocument));
+  m_documents.erase(document);
+  m_shell.documentClosed(document);
 }
 
 void MDIForm1::showDocument(ActiveDocument document) {
-  if (document == kForm1) loadForm1();
-  if (document == kForm2 && m_form1) showDataTable();
-  if (document == kForm7 && m_form1) showConsolidationTable();
+  const ActiveDocument master = documentKindOf(document).master;
+  if (master != document && !m_documents.contains(master)) return raiseDocument(document);
+  if (const auto known = m_documents.find(document); known != m_documents.end())
+    known->second.load();
+  else
+    addDocument(document);
+  for (const auto& [other, loaded] : m_documents)
+    if (other != document && documentKindOf(other).master == document) loaded.reload();
   raiseDocument(document);
 }
 
@@ -205,31 +189,18 @@ std::vector<ActiveDocument> MDIForm1::loadedDocuments() const {
 }
 
 DocumentWindow* MDIForm1::document(ActiveDocument document) {
-  if (document == kForm1) return m_form1;
-  if (document == kForm2) return m_form2;
-  return document == kForm7 ? m_form7.data() : nullptr;
+  const auto loaded = m_documents.find(document);
+  return loaded != m_documents.end() ? loaded->second.window : nullptr;
 }
 
-CurveDocument* MDIForm1::curveDocument() { return m_form1; }
+CurveDocument* MDIForm1::curveDocument() { return dynamic_cast<CurveDocument*>(document(kForm1)); }
 
 // ---- menu and status bar
 
 void MDIForm1::refresh() {
   m_menu->refresh();
   refreshStatusBar();
-  refreshTables();
-}
-
-FailureMode MDIForm1::checkedFailureMode() const {
-  return m_form1 ? m_form1->envelopeEntries().checkedMode() : FailureMode::PeakStress;
-}
-
-void MDIForm1::refreshTables() {
-  if (!m_form2 && !m_form7) return;
-  const FailureMode mode = checkedFailureMode();
-  if (m_form2) m_form2->refresh(mode);
-  // Without the curve window nobody would ask about the changes.
-  if (m_form7) m_form7->refresh(mode, m_form1 != nullptr);
+  for (const auto& [document, loaded] : m_documents) loaded.refresh();
 }
 
 void MDIForm1::showHelp(const QString& help) {

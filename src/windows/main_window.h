@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QMainWindow>
-#include <QPointer>
 #include <array>
+#include <map>
 
 #include "platform/dialogs.h"
 #include "platform/qt/qt_page_devices.h"
@@ -10,6 +10,7 @@
 #include "shell/shell_windows.h"
 #include "store/workspace.h"
 #include "triaxial/failure.h"
+#include "windows/document_windows.h"
 #include "windows/tool_raiser.h"
 
 class QLabel;
@@ -20,9 +21,6 @@ class QProgressBar;
 namespace triaxlab {
 
 class CommandMenuBar;
-class Form1;
-class Form2;
-class Form7;
 
 /// The main window: menu, status bar, and the document windows as its children.
 class MDIForm1 : public QMainWindow, private ShellWindows {
@@ -65,15 +63,8 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   void showHelp(const QString& help);
   void refreshStatusBar();
   void listOpenWindows();
-  void loadForm1();
-  void showDataTable();
-  void showConsolidationTable();
-  void refreshTables();
-  /// How failure rows are looked for besides on the envelope pages: the entry that is checked, 应力差 without a curve
-  /// window.
-  FailureMode checkedFailureMode() const;
-  template <class Window>
-  void addDocument(QPointer<Window>& holder, Window* window, ActiveDocument document);
+  void addDocument(ActiveDocument document);
+  void documentHasClosed(ActiveDocument document);
   void documentCameToFront(QMdiSubWindow* frame);
   QMdiSubWindow* frameOf(ActiveDocument document) const;
 
@@ -84,9 +75,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   QMdiArea* m_area;
   std::array<QLabel*, 3> m_panels{};
   QProgressBar* m_progress = nullptr;
-  QPointer<Form1> m_form1;
-  QPointer<Form2> m_form2;
-  QPointer<Form7> m_form7;
+  std::map<ActiveDocument, LoadedDocument> m_documents;
   QtPageDevices m_pageDevices;
   ToolRaiser m_toolRaiser;
 };

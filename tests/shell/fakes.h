@@ -37,6 +37,7 @@ class FakeDocument : public CurveDocument {
 
   bool isChanged() const override { return changed; }
   void markSaved() override { changed = false; }
+  void markChanged() override { changed = true; }
   void finishTyping() override { changed = std::exchange(typing, false) || changed; }
   std::array<std::string, 2> statusPanels() const override { return {"工程编号:P1", "试验日期:2024/05/06"}; }
   std::size_t sampleRow() const override { return row; }

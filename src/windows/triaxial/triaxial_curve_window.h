@@ -26,7 +26,7 @@ class Form1 : public QWidget, public CurveDocument {
   void load();
   std::size_t sampleRow() const override { return m_session.sampleRow(); }
   /// Another window has changed the sample.
-  void markChanged() { m_session.markChanged(); }
+  void markChanged() override { m_session.markChanged(); }
 
   // CurveDocument
   bool isChanged() const override { return m_session.isChanged(); }
