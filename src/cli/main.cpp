@@ -7,6 +7,7 @@
 
 #include "cli/command_line.h"
 #include "cli/console_dialogs.h"
+#include "cli/page_devices.h"
 #include "cli/program.h"
 #include "platform/files.h"
 #include "platform/process.h"
@@ -28,6 +29,16 @@ int runCommandLine(const CommandLine& line) {
   return status;
 }
 
+#ifdef TRIAXLAB_PAGES_PROGRAM
+/// Hands a command that draws PDF or pictures to the program that has the toolkit for it.
+void handOver(const CommandLine& line, char** argv) {
+  const auto* const print = std::get_if<Print>(&line.command);
+  if (print != nullptr && needsToolkit(print->out)) becomeProgram(executableFolder() / TRIAXLAB_PAGES_PROGRAM, argv);
+}
+#else
+void handOver(const CommandLine& /*line*/, char** /*argv*/) {}
+#endif
+
 }  // namespace
 }  // namespace triaxlab::cli
 
@@ -35,7 +46,9 @@ int main(int argc, char** argv) {
   using namespace triaxlab;
   try {
     const cli::ParsedCommandLine parsed = cli::parseCommandLine(argc, argv);
-    return parsed.commandLine ? cli::runCommandLine(*parsed.commandLine) : parsed.status;
+    if (!parsed.commandLine) return parsed.status;
+    cli::handOver(*parsed.commandLine, argv);
+    return cli::runCommandLine(*parsed.commandLine);
   } catch (const std::exception& error) {
     // A UserError has its sentence; anything else (no memory left) at least a line and the status.
     cli::printError(error.what());

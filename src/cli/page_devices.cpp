@@ -35,8 +35,9 @@ std::unique_ptr<PageDevice> makePictures(const std::filesystem::path& folder, st
 struct Format {
   std::string_view extension;
   MakeDevice make;
+  bool needsToolkit;
 };
-constexpr std::array kFormats{Format{".pdf", makePdf}, Format{".json", makeJsonDevice}};
+constexpr std::array kFormats{Format{".pdf", makePdf, true}, Format{".json", makeJsonDevice, false}};
 
 const Format* formatOf(const std::filesystem::path& out) {
   std::string extension = out.extension().string();
@@ -50,6 +51,11 @@ const Format* formatOf(const std::filesystem::path& out) {
 }  // namespace
 
 bool isPictureFolder(const std::filesystem::path& out) { return formatOf(out) == nullptr; }
+
+bool needsToolkit(const std::filesystem::path& out) {
+  const Format* const format = formatOf(out);
+  return format == nullptr || format->needsToolkit;
+}
 
 std::unique_ptr<PageDevice> makePageDevice(const std::filesystem::path& out, std::string_view picturePrefix) {
   const Format* const format = formatOf(out);

@@ -12,6 +12,10 @@ std::filesystem::path executableFolder();
 /// Starts a program without waiting for it. A program that isn't there, or that can't be started, is silent.
 void startProgram(const std::filesystem::path& program);
 
+/// Goes on as another program with these arguments, the first of which is a name and the last null; what this one has
+/// written is flushed first. Returns only by a UserError, when the program can't be started.
+[[noreturn]] void becomeProgram(const std::filesystem::path& program, char* const* arguments);
+
 enum class Raising : std::uint8_t {
   Done,          // the desktop was asked to bring the window to the front
   NoSuchWindow,  // not yet, perhaps

@@ -36,7 +36,7 @@ enum class Action : std::uint8_t {
   FillTemplates,     //
   FlipToggle,        //
   StartTool,         // target: program; windowTitle
-  StartThisProgram,  // which runs already: nothing happens
+  StartThisProgram,  // which runs already: nothing happens but that this is said
 };
 
 /// One menu command; the rows stand in the order of the menu.

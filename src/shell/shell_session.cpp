@@ -53,6 +53,7 @@ bool ShellSession::trigger(std::string_view name) {
       Work{Action::ShowCurves, &ShellSession::showCurves},
       Work{Action::FlipToggle, &ShellSession::flipToggle},
       Work{Action::StartTool, &ShellSession::startTool},
+      Work{Action::StartThisProgram, &ShellSession::startThisProgram},
       Work{Action::ShowCurvePage, &ShellSession::showCurvePage},
       Work{Action::ShowDataTable, &ShellSession::showDataTable},
       Work{Action::Intervene, &ShellSession::intervene},
@@ -67,7 +68,7 @@ bool ShellSession::trigger(std::string_view name) {
   finishTyping();
   const auto* const work =
       std::find_if(kWork.begin(), kWork.end(), [&](const Work& w) { return w.action == command->action; });
-  // Headings do nothing, and this program runs already.
+  // Headings do nothing.
   if (work != kWork.end()) run([&] { (this->*work->run)(*command); });
   if (!m_ending) m_windows.refresh();
   return true;
@@ -280,6 +281,8 @@ void ShellSession::reprocessCurves(const Command& command) {
   if (CurveDocument* const curves = m_windows.curveDocument()) curves->reprocess();
   showCurves(command);
 }
+
+void ShellSession::startThisProgram(const Command& command) { showRemarks({commandHelp(command)}); }
 
 // A tool that is missing is passed over in silence; one that runs already is started a second time, and one of its
 // windows comes to the front.

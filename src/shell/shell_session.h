@@ -86,6 +86,7 @@ class ShellSession {
   void reprocessCurves(const Command& command);
   void setSourceFolder(const Command& command);
   void startTool(const Command& command);
+  void startThisProgram(const Command& command);
   void flipToggle(const Command& command);
 
   bool save(const DocumentKind& document);

@@ -60,7 +60,7 @@ constexpr std::array<std::string_view, 4> kKnowQt{"main.cpp", "windows/", "platf
 constexpr std::array<std::string_view, 2> kKnowTheSystem{"platform/os/", "platform/jet/"};
 constexpr std::array<std::string_view, 1> kKnowJet{"platform/jet/"};
 constexpr std::array<std::string_view, 1> kKnowWorkbooks{"platform/xls/"};
-constexpr std::array<std::string_view, 1> kReadsArguments{"cli/"};
+constexpr std::array<std::string_view, 3> kReadsArguments{"cli/", "shell/start_options.", "windows/command_line."};
 
 /// Headers from outside the house that only some rooms know, each by how its name begins.
 struct Door {

@@ -61,6 +61,7 @@ TEST_F(Shell, AnUnknownCommandOrOneThatIsOffDoesNothing) {
 TEST_F(Shell, HeadingsAndThisProgramAreThereAndDoNothing) {
   for (const char* name : {"RZMFILE", "DAKAI", "RZMSZ"}) EXPECT_TRUE(shell.trigger(name)) << name;
   EXPECT_THAT(windows.shown, IsEmpty());
+  EXPECT_EQ(shell.statusTexts()[0], "本程序正在运行") << "why";
 }
 
 TEST_F(Shell, EveryCommandThatIsBuiltAndOnDoesItsWork) {

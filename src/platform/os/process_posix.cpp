@@ -1,12 +1,16 @@
+#include <fmt/core.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
+#include <cstdio>
 #include <string>
 #include <system_error>
 #include <thread>
 
+#include "common/user_error.h"
 #include "platform/files.h"
 #include "platform/process.h"
 
@@ -30,6 +34,13 @@ void startProgram(const std::filesystem::path& program) {
   if (posix_spawn(&child, name.c_str(), nullptr, nullptr, arguments.data(), environ) != 0) return;
   // Nobody waits for the tool itself, but its ended process must be collected.
   std::thread([child] { waitpid(child, nullptr, 0); }).detach();
+}
+
+void becomeProgram(const std::filesystem::path& program, char* const* arguments) {
+  std::fflush(nullptr);
+  execv(program.c_str(), arguments);
+  const int error = errno;
+  throw UserError(fmt::format("不能启动“{}”：{}。", textOfPath(program), std::generic_category().message(error)));
 }
 
 }  // namespace triaxlab
