@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "common/small_letters.h"
 #include "common/user_error.h"
 #include "platform/files.h"
 #include "platform/json_page_device.h"
@@ -40,9 +41,7 @@ struct Format {
 constexpr std::array kFormats{Format{".pdf", makePdf, true}, Format{".json", makeJsonDevice, false}};
 
 const Format* formatOf(const std::filesystem::path& out) {
-  std::string extension = out.extension().string();
-  std::transform(extension.begin(), extension.end(), extension.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+  const std::string extension = caseless(out.extension().string());
   const auto* const found = std::find_if(kFormats.begin(), kFormats.end(),
                                          [&](const Format& format) { return format.extension == extension; });
   return found == kFormats.end() ? nullptr : found;

@@ -2,19 +2,12 @@
 #include <stdexcept>
 #include <utility>
 
+#include "common/small_letters.h"
 #include "common/text_number.h"
 #include "platform/jet_database.h"
 
 namespace triaxlab {
-namespace {
-
-char smallLetter(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool sameName(std::string_view a, std::string_view b) {
-  return std::ranges::equal(a, b, [](char x, char y) { return smallLetter(x) == smallLetter(y); });
-}
-
-}  // namespace
+namespace {}  // namespace
 
 std::optional<double> JetValue::number() const {
   if (m_kind == Kind::Null) return std::nullopt;
@@ -36,7 +29,8 @@ JetRows::JetRows(std::vector<std::string> columns, std::vector<JetValue> values)
       m_count(m_columns.empty() ? 0 : m_values.size() / m_columns.size()) {}
 
 std::size_t JetRows::column(std::string_view name) const {
-  const auto found = std::ranges::find_if(m_columns, [=](const std::string& column) { return sameName(column, name); });
+  const auto found =
+      std::ranges::find_if(m_columns, [=](const std::string& column) { return isSameName(column, name); });
   if (found == m_columns.end()) throw std::logic_error("no column " + std::string(name) + " in the query");
   return static_cast<std::size_t>(found - m_columns.begin());
 }

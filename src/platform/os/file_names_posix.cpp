@@ -10,6 +10,7 @@
 #include <memory>
 #include <utility>
 
+#include "common/small_letters.h"
 #include "platform/files.h"
 #include "platform/folders.h"
 #include "platform/os/posix_calls.h"
@@ -17,16 +18,8 @@
 namespace triaxlab {
 namespace {
 
-char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-std::string lowered(std::string_view text) {
-  std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(), [](char c) { return lowered(c); });
-  return result;
-}
-
 bool comesBefore(const std::string& a, const std::string& b) {
-  const std::string lowA = lowered(a), lowB = lowered(b);
+  const std::string lowA = caseless(a), lowB = caseless(b);
   return lowA != lowB ? lowA < lowB : a < b;
 }
 
@@ -103,10 +96,10 @@ std::optional<std::filesystem::path> findFile(const std::filesystem::path& folde
     return std::nullopt;
   std::filesystem::path asSpelled = folder / std::string(name);
   if (statusOf(asSpelled, Links::LookAt)) return asSpelled;
-  const std::string wanted = lowered(name);
+  const std::string wanted = caseless(name);
   std::optional<std::string> first;
   for (Entry& candidate : entriesOf(folder))
-    if (lowered(candidate.name) == wanted && (!first || candidate.name < *first)) first = std::move(candidate.name);
+    if (caseless(candidate.name) == wanted && (!first || candidate.name < *first)) first = std::move(candidate.name);
   if (!first) return std::nullopt;
   return folder / *first;
 }
@@ -117,10 +110,10 @@ std::filesystem::path fileOrNew(const std::filesystem::path& folder, std::string
 
 std::vector<std::string> listFiles(const std::filesystem::path& folder, std::string_view prefix,
                                    std::string_view suffix) {
-  const std::string begin = lowered(prefix), end = lowered(suffix);
+  const std::string begin = caseless(prefix), end = caseless(suffix);
   std::vector<std::string> names;
   for (Entry& entry : entriesOf(folder)) {
-    const std::string low = lowered(entry.name);
+    const std::string low = caseless(entry.name);
     if (low.size() >= begin.size() + end.size() && low.starts_with(begin) && low.ends_with(end) &&
         leadsToFolder(folder, entry) == false)
       names.push_back(std::move(entry.name));

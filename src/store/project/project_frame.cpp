@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 
+#include "common/small_letters.h"
 #include "common/user_error.h"
 #include "store/project/project_number.h"
 #include "store/workspace.h"

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "common/gbk.h"
+#include "common/small_letters.h"
 
 namespace triaxlab {
 namespace {
@@ -50,13 +51,6 @@ std::string printableText(std::string_view gbk) {
   std::string text = gbkToUtf8(gbk);
   std::replace_if(text.begin(), text.end(), isControl, '?');
   return text;
-}
-
-std::string caseless(std::string_view name) {
-  std::string result(name);
-  for (char& c : result)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  return result;
 }
 
 }  // namespace triaxlab

@@ -18,7 +18,4 @@ std::string projectFileName(std::string_view prefix, std::string_view projectNo,
 /// GBK text of a record as a sentence can show it: UTF-8, control characters as "?".
 std::string printableText(std::string_view gbk);
 
-/// A file name with A to Z as a to z: names that are equal so are names of one file.
-std::string caseless(std::string_view name);
-
 }  // namespace triaxlab

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "common/small_letters.h"
 #include "store/project/project_number.h"
 #include "store/project/upgrade.h"
 #include "store/safety/backup.h"

@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "common/small_letters.h"
 #include "platform/files.h"
 #include "store/project/project_number.h"
 

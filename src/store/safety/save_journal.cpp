@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "common/little.h"
+#include "common/small_letters.h"
 #include "common/user_error.h"
 #include "store/project/project_number.h"
 #include "store/safety/save_journal_format.h"

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "common/gbk.h"
+#include "common/small_letters.h"
 
 namespace triaxlab {
 namespace {
