@@ -25,21 +25,39 @@ struct CodePage {
     const iconv_t converter = iconv_open("UTF-16LE", "GBK");
     if (converter == iconv_t(-1))  // NOLINT(performance-no-int-to-ptr): as POSIX has it
       throw std::runtime_error("the C library has no GBK converter");
-    for (unsigned lead = 0; lead < kLeads; ++lead)
-      for (unsigned trail = 0; trail < kTrails; ++trail) {
-        std::array<char, 2> in{static_cast<char>(kFirstLead + lead), static_cast<char>(kFirstTrail + trail)};
-        std::array<unsigned char, 4> out{};
-        char* from = in.data();
-        auto* to = reinterpret_cast<char*>(out.data());
-        std::size_t left = in.size(), room = out.size();
-        iconv(converter, nullptr, nullptr, nullptr, nullptr);
-        if (iconv(converter, &from, &left, &to, &room) != 0 || left != 0 || room != 2) continue;
-        const auto character = static_cast<char16_t>(out[0] | out[1] << 8);
+    for (unsigned lead = 0; lead < kLeads; ++lead) fillRow(converter, lead);
+    iconv_close(converter);
+    fromUnicode[kEuro] = 0x80;
+  }
+
+  /// The characters of one lead byte. The converter takes them at once; at a pair that is no character it stops, and is
+  /// called again behind it. No pair stands for more than one place of UTF-16.
+  void fillRow(iconv_t converter, unsigned lead) {
+    std::array<char, 2 * kTrails> pairs{};
+    for (unsigned trail = 0; trail < kTrails; ++trail) {
+      pairs[2 * trail] = static_cast<char>(kFirstLead + lead);
+      pairs[2 * trail + 1] = static_cast<char>(kFirstTrail + trail);
+    }
+    char* from = pairs.data();
+    std::size_t left = pairs.size();
+    while (left > 0) {
+      const auto first = static_cast<unsigned>(from - pairs.data()) / 2;
+      std::array<unsigned char, 2 * kTrails> characters{};
+      auto* to = reinterpret_cast<char*>(characters.data());
+      std::size_t room = characters.size();
+      iconv(converter, &from, &left, &to, &room);
+      const auto behind = static_cast<unsigned>(from - pairs.data()) / 2;
+      for (unsigned trail = first; trail < behind; ++trail) {
+        const std::size_t at = 2 * std::size_t{trail - first};
+        const auto character = static_cast<char16_t>(characters[at] | characters[at + 1] << 8);
         toUnicode[lead * kTrails + trail] = character;
         fromUnicode[character] = static_cast<std::uint16_t>((kFirstLead + lead) << 8 | (kFirstTrail + trail));
       }
-    iconv_close(converter);
-    fromUnicode[kEuro] = 0x80;
+      if (left == 0) break;
+      from += 2;
+      left -= 2;
+      iconv(converter, nullptr, nullptr, nullptr, nullptr);
+    }
   }
 
   char16_t twoBytes(char lead, char trail) const {
