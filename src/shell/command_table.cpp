@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "store/project/project_kinds.h"
 #include "store/settings/source_folders.h"
 #include "store/workspace.h"
 
@@ -77,6 +78,8 @@ constexpr Command later(Command command) {
   return command;
 }
 
+constexpr std::int16_t dialogKind(ProjectKind kind) { return static_cast<std::int16_t>(kind); }
+
 using A = Action;
 using K = CommandKind;
 
@@ -88,11 +91,11 @@ constexpr std::array kCommands{
     later(entry("NEW1", "新建KWCX（X）.TXT", "NEW0", A::NewDocument, kForm4)),
     later(entry("NK0", "新建K0工程", "NEW0", A::NewDocument, kForm6)),
     submenu("DAKAI", "打开", "RZMFILE"),
-    withKey(entry("ZMOPEN", "打开WKSZ（X）.TXT", "DAKAI", A::OpenProject, 1), "Ctrl+O"),
-    entry("ZMOPENOLD", "打开KSZ（X）.TXT", "DAKAI", A::OpenProject, 101),
-    entry("ZMOPEN0", "打开KWCX（X）.TXT", "DAKAI", A::OpenProject, 2),
-    entry("OK0", "打开K0（X）.TXT", "DAKAI", A::OpenProject, 10),
-    entry("TK0", "打开TK0（X）.TXT", "DAKAI", A::OpenProject, 20),
+    withKey(entry("ZMOPEN", "打开WKSZ（X）.TXT", "DAKAI", A::OpenProject, dialogKind(ProjectKind::Triaxial)), "Ctrl+O"),
+    entry("ZMOPENOLD", "打开KSZ（X）.TXT", "DAKAI", A::OpenProject, dialogKind(ProjectKind::OldTriaxial)),
+    entry("ZMOPEN0", "打开KWCX（X）.TXT", "DAKAI", A::OpenProject, dialogKind(ProjectKind::Unconfined)),
+    entry("OK0", "打开K0（X）.TXT", "DAKAI", A::OpenProject, dialogKind(ProjectKind::K0)),
+    entry("TK0", "打开TK0（X）.TXT", "DAKAI", A::OpenProject, dialogKind(ProjectKind::TK0)),
     belowLine(entry("OPENNJ", "打开南京数据文件*.SZD", "DAKAI", A::OpenNanjingFile)),
     belowLine(withKey(entry("ZMPRINT", "打印", "RZMFILE", A::Print), "Ctrl+P")),
     later(entry("SAVEASEXCEL", "另存为Excel文件", "RZMFILE", A::SaveAsWorkbook)),
