@@ -41,8 +41,7 @@ void checkUpgraded(const ProjectKindInfo& info, std::string_view before, std::st
 
 void upgrade(Workspace& workspace, const fuzz::Folders& folders, const ProjectKindInfo& info, const std::string& name) {
   const std::string before = folders.get("HSZS/" + name);
-  const bool isOld =
-      before.size() >= kHead && oldFormatOf(info.kind) != nullptr && before.substr(kVersionTag, 4) != "V2.0";
+  const bool isOld = before.size() >= kHead && info.oldFormat != nullptr && before.substr(kVersionTag, 4) != "V2.0";
   try {
     upgradeProject(workspace, info, folders.data() / "HSZS" / name);
     if (isOld)
@@ -78,7 +77,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   folders.clear();
   folders.put("HSZS/" + name, data, size);
   upgrade(workspace, folders, info, name);
-  if (oldFormatOf(info.kind) == nullptr) open(workspace, info, name);
+  if (info.oldFormat == nullptr) open(workspace, info, name);
   folders.checkNothingStrayed();
   return 0;
 }

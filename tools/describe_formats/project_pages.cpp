@@ -166,8 +166,8 @@ Triaxial and unconfined files once had shorter records. The first four places of
 in which they aren't `V2.0` is an old one, whatever its size. Before such a file is opened, saved to or rewritten it is
 brought into today's format in place. A file with today's records and without the tag would be misread.
 )");
-  const OldFormat& triaxial = *oldFormatOf(ProjectKind::Triaxial);
-  const OldFormat& unconfined = *oldFormatOf(ProjectKind::Unconfined);
+  const OldFormat& triaxial = kOldTriaxialFormat;
+  const OldFormat& unconfined = kOldUnconfinedFormat;
   page.heading("Triaxial, WKSZ");
   page.text(fmt::format(R"(
 A record has {} bytes: the fields of [today's](triaxial-record.md) up to `coefficientAf`, at the same offsets. The last

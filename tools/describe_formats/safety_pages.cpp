@@ -65,9 +65,9 @@ together; the oldest go first. `copy.new` is a copy that didn't get finished.
        "[the journal](save-journal.md) of a save that is under way or was interrupted"},
       {quoted(kNewContentName), "data", "the new content of a file that such a save replaces"},
       {quoted("a.bak"), "application", "a project file with its samples in a new order"},
-      {quoted(oldFormatOf(ProjectKind::Triaxial)->temporaryName), "application",
+      {quoted(kOldTriaxialFormat.temporaryName), "application",
        "a triaxial project file of a former version in today's format"},
-      {quoted(oldFormatOf(ProjectKind::Unconfined)->temporaryName), "application",
+      {quoted(kOldUnconfinedFormat.temporaryName), "application",
        "an unconfined project file of a former version in today's format"},
       {"`NAME.new`", "any", "the new content of a file that is written as a whole, before it is renamed over `NAME`"},
   };
