@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "played_program.h"
+#include "sessions/dialogs/list_kinds.h"
 #include "shell/lab.h"
 
 namespace triaxlab::testing {
