@@ -12,10 +12,10 @@
 #include "common/fixed_text.h"
 #include "common/user_error.h"
 #include "fuzz_folders.h"
-#include "shell/toggles.h"
 #include "store/settings/page_setup.h"
 #include "store/settings/settings_file.h"
 #include "store/settings/source_folders.h"
+#include "store/settings/toggles.h"
 
 namespace {
 

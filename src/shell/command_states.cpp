@@ -5,7 +5,7 @@
 #include <span>
 
 #include "shell/document_kinds.h"
-#include "shell/toggles.h"
+#include "store/settings/toggles.h"
 
 namespace triaxlab {
 namespace {

@@ -15,9 +15,9 @@
 #include "shell/document_operations.h"
 #include "shell/ini_settings.h"
 #include "shell/start_up.h"
-#include "shell/toggles.h"
 #include "shell/tools.h"
 #include "store/project/save_project.h"
+#include "store/settings/toggles.h"
 
 namespace triaxlab {
 namespace {

@@ -13,10 +13,10 @@
 #include "common/text_number.h"
 #include "platform/files.h"
 #include "shell/ini_settings.h"
-#include "shell/toggles.h"
 #include "store/safety/file_update.h"
 #include "store/settings/settings_file.h"
 #include "store/settings/source_folders.h"
+#include "store/settings/toggles.h"
 
 namespace triaxlab {
 namespace {

@@ -11,7 +11,7 @@
 #include "shell/fakes.h"
 #include "shell/lab.h"
 #include "shell/shell_session.h"
-#include "shell/toggles.h"
+#include "store/settings/toggles.h"
 
 namespace triaxlab::testing {
 namespace {

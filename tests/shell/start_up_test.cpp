@@ -9,8 +9,8 @@
 
 #include "common/gbk.h"
 #include "platform/process.h"
-#include "shell/toggles.h"
 #include "store/settings/settings_file.h"
+#include "store/settings/toggles.h"
 #include "support/temporary_folder.h"
 
 namespace triaxlab {

@@ -1,4 +1,4 @@
-#include "shell/toggles.h"
+#include "store/settings/toggles.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

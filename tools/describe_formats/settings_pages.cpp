@@ -9,10 +9,10 @@
 #include "shell/command_table.h"
 #include "shell/ini_keys.h"
 #include "shell/ini_settings.h"
-#include "shell/toggles.h"
 #include "store/settings/page_setup_fields.h"
 #include "store/settings/settings_file.h"
 #include "store/settings/source_folders.h"
+#include "store/settings/toggles.h"
 
 namespace triaxlab::formats {
 namespace {

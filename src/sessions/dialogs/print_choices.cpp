@@ -6,24 +6,20 @@
 #include "common/user_error.h"
 #include "sessions/dialogs/error_display.h"
 #include "store/settings/settings_file.h"
+#include "store/settings/toggles.h"
 
 namespace triaxlab {
 namespace {
 
-/// A choice that is stored as a byte. Only `chosenByte` reads as chosen; the circles are inverted, so that a new file
-/// prints both kinds.
+/// A choice and the toggle that keeps it.
 struct StoredChoice {
   bool PrintChoices::*choice;
-  std::uint32_t position;
-  std::uint8_t chosenByte;
   bool Toggles::*toggle;
-
-  std::uint8_t byteFor(bool chosen) const { return chosen ? chosenByte : static_cast<std::uint8_t>(1 - chosenByte); }
 };
 constexpr std::array kStoredChoices{
-    StoredChoice{&PrintChoices::dotMatrix, kDotMatrixByte.position, 1, &Toggles::dotMatrixPrinter},
-    StoredChoice{&PrintChoices::effectiveCircles, kEffectiveCirclesByte.position, 0, &Toggles::printEffectiveCircles},
-    StoredChoice{&PrintChoices::totalCircles, kTotalCirclesByte.position, 0, &Toggles::printTotalCircles},
+    StoredChoice{&PrintChoices::dotMatrix, &Toggles::dotMatrixPrinter},
+    StoredChoice{&PrintChoices::effectiveCircles, &Toggles::printEffectiveCircles},
+    StoredChoice{&PrintChoices::totalCircles, &Toggles::printTotalCircles},
 };
 
 }  // namespace
@@ -31,8 +27,10 @@ constexpr std::array kStoredChoices{
 PrintChoices readPrintChoices(const Workspace& workspace) {
   PrintChoices choices;
   const SettingsFile settings = sharedSettings(workspace);
-  for (const StoredChoice& stored : kStoredChoices)
-    choices.*stored.choice = settings.readByte(stored.position) == stored.chosenByte;
+  for (const StoredChoice& stored : kStoredChoices) {
+    const ToggleByte& byte = byteOfToggle(stored.toggle);
+    choices.*stored.choice = settings.readByte(byte.position) == byte.on;
+  }
   return choices;
 }
 
@@ -41,8 +39,9 @@ void storePrintChoices(Workspace& workspace, const PrintChoices& choices, Dialog
   runShowingErrors(dialogs, [&] {
     SettingsFile settings = sharedSettings(workspace);
     for (const StoredChoice& stored : kStoredChoices) {
-      const std::uint8_t byte = stored.byteFor(choices.*stored.choice);
-      if (settings.readByte(stored.position) != byte) settings.writeByte(stored.position, byte);
+      const ToggleByte& byte = byteOfToggle(stored.toggle);
+      const std::uint8_t value = byte.valueFor(choices.*stored.choice);
+      if (settings.readByte(byte.position) != value) settings.writeByte(byte.position, value);
     }
   });
 }

@@ -21,8 +21,6 @@ struct SettingsField {
 
 inline constexpr SettingsField kDataFolderField{6999, 170};
 inline constexpr SettingsField kYearField{910, 60}, kMonthField{970, 60}, kDayField{1030, 60};
-inline constexpr SettingsField kDotMatrixByte{198, 1};
-inline constexpr SettingsField kEffectiveCirclesByte{1800, 1}, kTotalCirclesByte{1801, 1};  // inverted: 0 is on
 
 /// A binary settings file of fixed positions (qvb.sys, zmsz.sys, SZDATX.sys, WCXDATX.sys). Bytes beyond its end read as
 /// 0; a write beyond the end fills the gap with zero bytes. A missing file reads as empty.

@@ -1,7 +1,8 @@
-#include "shell/toggles.h"
+#include "store/settings/toggles.h"
 
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 
 #include "store/settings/settings_file.h"
 
@@ -11,11 +12,10 @@ namespace {
 using T = Toggles;
 // The two circle bytes are inverted, so that a new file prints both.
 constexpr std::array kToggleBytes{
-    ToggleByte{kDotMatrixByte.position, &T::dotMatrixPrinter, 1, 0, "", "dot-matrix printer, thinner lines"},
+    ToggleByte{198, &T::dotMatrixPrinter, 1, 0, "", "dot-matrix printer, thinner lines"},
     ToggleByte{1765, &T::showPhysicalIndices, 1, 0, "WXCS"},
-    ToggleByte{kEffectiveCirclesByte.position, &T::printEffectiveCircles, 0, 1, "",
-               "effective-stress circles on paper"},
-    ToggleByte{kTotalCirclesByte.position, &T::printTotalCircles, 0, 1, "", "total-stress circles on paper"},
+    ToggleByte{1800, &T::printEffectiveCircles, 0, 1, "", "effective-stress circles on paper"},
+    ToggleByte{1801, &T::printTotalCircles, 0, 1, "", "total-stress circles on paper"},
     ToggleByte{3010, &T::printDensity, 1, 0, "MIDU"},
     ToggleByte{3011, &T::printSamplingSpot, 1, 0, "DYQYDD"},
     ToggleByte{27000, &T::sixteenUnconfined, 1, 0, "WCX16"},
@@ -35,6 +35,12 @@ const ToggleByte* toggleOfCommand(std::string_view command) {
   return found == kToggleBytes.end() ? nullptr : found;
 }
 
+const ToggleByte& byteOfToggle(bool Toggles::*toggle) {
+  const auto* const row = std::ranges::find(kToggleBytes, toggle, &ToggleByte::toggle);
+  if (row == kToggleBytes.end()) throw std::out_of_range("no byte for this toggle");
+  return *row;
+}
+
 void readToggles(Workspace& workspace) {
   const SettingsFile settings = sharedSettings(workspace);
   for (const ToggleByte& byte : kToggleBytes)
@@ -43,9 +49,8 @@ void readToggles(Workspace& workspace) {
 
 void setToggle(Workspace& workspace, bool Toggles::*toggle, bool on) {
   workspace.settings.toggles.*toggle = on;
-  const auto* const byte = std::find_if(kToggleBytes.begin(), kToggleBytes.end(),
-                                        [&](const ToggleByte& candidate) { return candidate.toggle == toggle; });
-  sharedSettings(workspace).writeByte(byte->position, on ? byte->on : byte->off);
+  const ToggleByte& byte = byteOfToggle(toggle);
+  sharedSettings(workspace).writeByte(byte.position, byte.valueFor(on));
 }
 
 }  // namespace triaxlab

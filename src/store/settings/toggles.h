@@ -16,11 +16,16 @@ struct ToggleByte {
   std::uint8_t on, off;           // what is written; every other value reads as off
   std::string_view command;       // its checked menu entry; empty: a choice of the print dialogs
   std::string_view meaning = {};  // English, of what has no menu entry, for the page about the file
+
+  std::uint8_t valueFor(bool isOn) const { return isOn ? on : off; }
 };
 
 std::span<const ToggleByte> toggleBytes();
 /// The toggle behind a menu entry; null when the command is none.
 const ToggleByte* toggleOfCommand(std::string_view command);
+
+/// std::out_of_range for a member that is stored nowhere.
+const ToggleByte& byteOfToggle(bool Toggles::*toggle);
 
 /// All of them from qvb.sys.
 void readToggles(Workspace& workspace);
