@@ -100,7 +100,7 @@ void sortSpecimens(TriaxialSampleRecord& record) {
       if (belongsBefore(record, t, s)) exchangeStages(record, s, t);
 }
 
-void mergeSpecimens(TriaxialSampleRecord& stored, const TriaxialSampleRecord& row) {
+void mergeIntoStored(TriaxialSampleRecord& stored, const TriaxialSampleRecord& row) {
   copySampleFields(stored, row);
   for (std::size_t stage = 0; stage < kStages; ++stage) {
     const double pressure = row.cellPressure[stage].number();

@@ -15,6 +15,6 @@ void sortSpecimens(TriaxialSampleRecord& record);
 /// new one takes the first unused slot, and one that finds no slot is lost. The fields of the sample itself come from
 /// `row`. What neither names keeps what `stored` holds: consolidation times, B and Af, the test date, and the volume
 /// change of the rows from 151 on.
-void mergeSpecimens(TriaxialSampleRecord& stored, const TriaxialSampleRecord& row);
+void mergeIntoStored(TriaxialSampleRecord& stored, const TriaxialSampleRecord& row);
 
 }  // namespace triaxlab

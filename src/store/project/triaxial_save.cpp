@@ -48,7 +48,7 @@ void TriaxialSave::mergeRow(const SaveableRow& saved, std::uint32_t position) {
   TriaxialSampleRecord& record = change(saved.row);
   const auto stored = std::make_unique<TriaxialSampleRecord>();
   saved.project->read(position, writableBytesOf(*stored));
-  mergeSpecimens(*stored, record);
+  mergeIntoStored(*stored, record);
   saved.project->overwriteWithCopy(position, bytesOf(*stored));
   record = *stored;
   sortSpecimens(record);
