@@ -100,7 +100,10 @@ void TriaxialImportPlan::setOnlyProjectDate(const SourceRow& source) {
 }
 
 void TriaxialImportPlan::setProjectName(std::string_view projectNo, std::string_view name) {
-  m_projectNames.insert_or_assign(std::string(Trim(projectNo)), std::string(Trim(name)));
+  // It is looked up by the number that the records hold, which is cut at the field's width.
+  FixedText<sizeof(Record::projectNo)> inRecords;
+  SetText(inRecords, Trim(projectNo));
+  m_projectNames.insert_or_assign(std::string(inRecords.trimmed()), std::string(Trim(name)));
 }
 
 void TriaxialImportPlan::addGroup(const SampleIdentity& identity, Gathering gathering) {

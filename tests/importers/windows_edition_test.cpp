@@ -194,6 +194,15 @@ TEST_F(WindowsEdition, IdentityOfASample) {
   EXPECT_EQ(workspace.importedProjectName("P'1"), utf8ToGbk("滨江路"));
 }
 
+TEST_F(WindowsEdition, ALongProjectNumberKeepsItsName) {
+  database.projects = {{"2020-工程-0123456789", "滨江路"}};
+  database.sample(1, "2020-工程-0123456789", "S-1");
+  import();
+  const std::string_view projectNo = row(0).projectNo.trimmed();
+  EXPECT_EQ(projectNo, utf8ToGbk("2020-工程-01234")) << "fifteen places";
+  EXPECT_EQ(workspace.importedProjectName(projectNo), utf8ToGbk("滨江路"));
+}
+
 TEST_F(WindowsEdition, RatesAreThousandthsCutOff) {
   const auto rateOf = [&](JetKind kind, const JetCell& rate) {
     database.projects.clear();
