@@ -120,8 +120,10 @@ void ShellSession::documentClosed(ActiveDocument document) {
 void ShellSession::endProgram() {
   if (m_ending) return;
   m_ending = true;
-  for (const ActiveDocument document : m_windows.loadedDocuments()) mayClose(document);
-  m_windows.endProgram();
+  // A document that could not be saved would be lost: it stays, and the program with it.
+  const std::vector<ActiveDocument> documents = m_windows.loadedDocuments();
+  m_ending = std::ranges::all_of(documents, [this](ActiveDocument document) { return mayClose(document); });
+  if (m_ending) m_windows.endProgram();
 }
 
 bool ShellSession::save() { return save(documentKindOf(documentKindOf(m_workspace.activeDocument).master)); }
@@ -195,6 +197,7 @@ void ShellSession::import(const Command& command) {
 // The file is read as soon as it is chosen, for there is nothing to select in it.
 void ShellSession::openNanjingFile(const Command& command) {
   const Importer& importer = *importerOfMenuCommand(command.name);
+  if (!mayClose(importer.document)) return;
   ImportSelection file(importer, m_workspace);
   if (!file.choose(m_dialogs)) return;
   file.markAll();

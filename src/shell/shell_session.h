@@ -53,13 +53,13 @@ class ShellSession {
   bool mayClose(ActiveDocument document);
   /// A document window is gone. The activation of the window that comes to the front is to follow.
   void documentClosed(ActiveDocument document);
-  /// The main window closes: every document window gets its close step, front window first, then the program ends.
-  /// Nothing calls it off.
+  /// The main window closes: every document window gets its close step, front window first, then the program ends,
+  /// unless a document could not be saved.
   void endProgram();
 
   // For the windows' own buttons and keys
-  /// Saves the document on which the commands act and shows what the save has to say. False when not all could be
-  /// written.
+  /// Saves the document on which the commands act and shows what the save has to say. False when not all samples could
+  /// be written.
   bool save();
   /// Opens the table of readings, Form2 or Form7, of the sample on display.
   void showTable(ActiveDocument table);

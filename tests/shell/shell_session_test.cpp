@@ -333,13 +333,27 @@ TEST_F(Shell, ANanjingFileIsReadAsSoonAsItIsChosen) {
   EXPECT_THAT(windows.progress, ElementsAre(std::pair(1U, 2U), std::pair(2U, 2U)));
 }
 
-TEST_F(Shell, ANanjingFileReplacesAChangedDocumentWithoutAQuestion) {
+TEST_F(Shell, ANanjingFileOverAChangedDocumentAsksFirst) {
+  for (const bool answer : {false, true}) {
+    openChangedDocument();
+    windows.take();
+    dialogs.file = lab.folder.write("raw/A1.SZD", twoNanjingSamples());
+    dialogs.answers = {answer};
+    shell.trigger("OPENNJ");
+    EXPECT_EQ(dialogs.take().front(), kQuestion);
+    EXPECT_EQ(lab.hasProject("P1"), answer);
+    EXPECT_THAT(windows.take(), ElementsAre("load 1")) << "after either answer";
+  }
+}
+
+TEST_F(Shell, ANanjingFileDoesNotReplaceADocumentThatCouldNotBeSaved) {
   openChangedDocument();
   windows.take();
-  dialogs.file = lab.folder.write("raw/A1.SZD", twoNanjingSamples());
+  loseDataFolder();
+  dialogs.answers = {true};
   shell.trigger("OPENNJ");
-  EXPECT_THAT(dialogs.take(), IsEmpty());
-  EXPECT_THAT(windows.take(), ElementsAre("load 1"));
+  EXPECT_THAT(dialogs.fileQuestions, IsEmpty());
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].projectNo.trimmed(), "P1");
 }
 
 TEST_F(Shell, ACancelledNanjingFileChangesNothing) {
@@ -426,6 +440,17 @@ TEST_F(Shell, ASaveThatFailsIsShownAndKeepsTheMark) {
   EXPECT_TRUE(windows.form1->changed);
 }
 
+TEST_F(Shell, ADamagedSummaryFileIsNamedAndTheSamplesCountAsSaved) {
+  openChangedDocument();
+  lab.folder.write("ZMSJ/KHZP1.txt", "0001");
+  dialogs.answers = {true};
+  EXPECT_TRUE(shell.mayClose(kForm1)) << "nothing would be lost";
+  EXPECT_THAT(dialogs.take(),
+              ElementsAre(kQuestion, kSaved, ::testing::AllOf(HasSubstr("stop ["), HasSubstr("KHZP1.txt"))));
+  EXPECT_TRUE(lab.hasProject("P1"));
+  EXPECT_FALSE(windows.form1->changed);
+}
+
 // ---- Tables of readings
 
 TEST_F(Shell, TheDataTableIsOpenedForTheCurveWindow) {
@@ -497,12 +522,18 @@ TEST_F(Shell, ExitGivesTheDocumentItsCloseStepAndEnds) {
   EXPECT_THAT(windows.take(), ElementsAre("end"));
 }
 
-TEST_F(Shell, NothingCallsTheEndOff) {
+TEST_F(Shell, ADocumentThatCouldNotBeSavedKeepsTheProgramOpen) {
   openChangedDocument();
   loseDataFolder();
   dialogs.answers = {true};
-  shell.endProgram();
+  shell.trigger("ZMEXIT");
   EXPECT_EQ(dialogs.take().size(), 2U) << "the question, and why it could not be saved";
+  EXPECT_THAT(windows.take(), IsEmpty());
+  EXPECT_TRUE(windows.form1->changed);
+
+  dialogs.answers = {false};
+  shell.endProgram();
+  EXPECT_THAT(dialogs.take(), ElementsAre(kQuestion)) << "the next try asks again";
   EXPECT_THAT(windows.take(), ElementsAre("end"));
 }
 
