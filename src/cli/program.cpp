@@ -118,7 +118,8 @@ class Program {
     const RewriteReport report = rewriteProject(m_workspace, rewrite.kind, rewrite.name, order);
     m_dialogs.message(report.title, report.message, MessageIcon::None);
     printRemarks(report.remarks);
-    return kDone;
+    printRemarks(report.errors);
+    return report.errors.empty() ? kDone : kFailed;
   }
 
   int operator()(const Show& show) {
@@ -202,8 +203,9 @@ class Program {
         });
     m_dialogs.message(kSaveTitle, documentOfTests(kind).savedMessage, MessageIcon::None);
     printRemarks(report.remarks);
-    printRemarks(report.errors);
-    return report.errors.empty() ? kDone : kFailed;
+    const std::vector<std::string> failures = report.failures();
+    printRemarks(failures);
+    return failures.empty() ? kDone : kFailed;
   }
 
   /// Written sample by sample: a full table as one tree would take gigabytes.

@@ -143,9 +143,10 @@ bool ShellSession::save(const DocumentKind& document) {
     m_dialogs.message(kSaveTitle, document.savedMessage, MessageIcon::None);
     showRemarks(report.remarks);
     complete = report.errors.empty();
-    if (!complete) throw UserError(fmt::format("{}", fmt::join(report.errors, "\n")));
+    if (const auto failures = report.failures(); !failures.empty())
+      throw UserError(fmt::format("{}", fmt::join(failures, "\n")));
   });
-  // What could not be written counts as unsaved, so that nobody closes it away without being asked again.
+  // A sample that could not be written counts as unsaved, so that nobody closes it away without being asked again.
   if (DocumentWindow* const window = m_windows.document(document.document); complete && window != nullptr)
     window->markSaved();
   m_windows.refresh();

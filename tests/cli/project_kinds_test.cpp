@@ -52,6 +52,23 @@ TEST_F(ProjectKinds, ARewriteWithoutSamplesDeletesTheFile) {
   EXPECT_FALSE(std::filesystem::exists(projectFile("TKOP1.txt")));
 }
 
+TEST_F(ProjectKinds, ADamagedSummaryFileIsNamedAndTheProjectWrittenAllTheSame) {
+  const std::string blanks(213, ' ');
+  write("KOP1.txt", header("0002", "") + names("S1") + blanks + names("S2") + blanks);
+  folder.write("app/ZMSJ/KHZP1.txt", "damaged");
+  const ProgramRun rewritten = run({"rewrite", "k0", "KOP1.txt", "--order", "2"});
+  EXPECT_EQ(rewritten.status, 1);
+  EXPECT_THAT(rewritten.err, HasSubstr("KHZP1.txt"));
+  EXPECT_EQ(lineCount(rewritten.err), 2U) << "beside the message";
+  EXPECT_EQ(read("KOP1.txt"), header("0001", "") + names("S2") + blanks);
+  std::filesystem::remove(folder.path() / "app/HSZS/KOP1.txt");
+  const ProgramRun imported = run({"import", "auto", database({sampleEntry("P1", "S-1")})});
+  EXPECT_EQ(imported.status, 1);
+  EXPECT_THAT(imported.err, HasSubstr("KHZP1.txt"));
+  EXPECT_TRUE(std::filesystem::exists(projectFile("WKSZP1.txt")));
+  EXPECT_EQ(folder.read("app/ZMSJ/KHZP1.txt"), "damaged");
+}
+
 TEST_F(ProjectKinds, AnOrderThatTheFileCanNotHaveIsRefused) {
   const std::string file =
       header("0002", "") + names("S1") + std::string(213, ' ') + names("S2") + std::string(213, ' ');

@@ -139,6 +139,7 @@ void SampleListSession::save(SampleListView& view) {
     if (!m_isFileRemoved) rewrite();
     view.refresh();
     m_dialogs.message(m_report.title, m_report.message, MessageIcon::None);
+    for (const std::string& error : m_report.errors) showError(m_dialogs, UserError(error));
     m_saved();
   });
 }

@@ -63,15 +63,13 @@ void ProjectSave::askOfEmptyTable(const OverwriteChooser& chooseOverwrites) {
 void ProjectSave::finish() {
   if (m_rows.empty()) throw UserError(fmt::format("{}", fmt::join(m_errors, "")));
   for (const SaveableRow& row : m_rows) saveRow(row);
-  nameLeftOut(m_leftOut, "项目文件");
-  for (const SaveableRow& row : m_rows)
-    if (!row.summary->put(m_table, row.row)) m_leftOutOfSummary.push_back(row.row);
-  nameLeftOut(m_leftOutOfSummary, "汇总文件");
+  for (const std::string& error : leftOut(m_leftOut, "项目文件")) m_errors.push_back(error);
+  putIntoSummaries();
   std::vector<std::filesystem::path> written;
   for (const auto& [name, saved] : m_projects) {
     if (!saved.project) continue;
     saved.project->finish(m_workspace.controlledDocNo);
-    saved.summary->finish();
+    if (saved.summary) saved.summary->finish();
     if (saved.project->isWritten()) written.push_back(saved.path);
     for (const std::string& remark : saved.project->remarks()) m_remarks.push_back(remark);
   }
@@ -90,6 +88,7 @@ void ProjectSave::release() {
   m_rows.clear();
   m_projects.clear();
   m_errors.clear();
+  m_summaryErrors.clear();
   m_update.reset();
 }
 
@@ -137,10 +136,20 @@ void ProjectSave::load(SavedProject& saved) {
       m_remarks.push_back(remark);
     m_update->lock().take(saved.path);  // an upgrade has put another file there
     auto project = std::make_unique<ProjectUpdate>(*m_update, m_info, saved.path);
-    saved.summary = std::make_unique<SummaryUpdate>(*m_update, m_workspace, m_info.kind, saved.projectNo);
+    saved.summary = loadSummary(saved.projectNo);
     saved.project = std::move(project);
   } catch (const UserError& error) {
     saved.refusal = error.what();
+  }
+}
+
+/// A damaged summary file, which belongs to sibling tools as well, doesn't keep the project from being saved.
+std::unique_ptr<SummaryUpdate> ProjectSave::loadSummary(const std::string& projectNo) {
+  try {
+    return std::make_unique<SummaryUpdate>(*m_update, m_workspace, m_info.kind, projectNo);
+  } catch (const DamagedSummary& damage) {
+    m_summaryErrors.push_back(std::string(damage.what()) + "它没有改动，试样已存入项目文件。");
+    return nullptr;
   }
 }
 
@@ -204,11 +213,18 @@ ProjectHeader ProjectSave::newHeader(std::string_view projectNo) const {
   return header;
 }
 
-void ProjectSave::nameLeftOut(const std::vector<std::size_t>& rows, std::string_view where) {
-  if (rows.empty()) return;
+void ProjectSave::putIntoSummaries() {
+  std::vector<std::size_t> withoutPlace;
+  for (const SaveableRow& row : m_rows)
+    if (row.summary != nullptr && !row.summary->put(m_table, row.row)) withoutPlace.push_back(row.row);
+  for (const std::string& error : leftOut(withoutPlace, "汇总文件")) m_summaryErrors.push_back(error);
+}
+
+std::vector<std::string> ProjectSave::leftOut(const std::vector<std::size_t>& rows, std::string_view where) const {
+  if (rows.empty()) return {};
   std::string samples;
   for (const std::size_t row : rows) samples += (samples.empty() ? "" : "、") + printableText(m_table.sampleNo(row));
-  m_errors.push_back(fmt::format("{}已满（9999 个试样），下列试样没有写入：{}", where, samples));
+  return {fmt::format("{}已满（9999 个试样），下列试样没有写入：{}", where, samples)};
 }
 
 }  // namespace triaxlab

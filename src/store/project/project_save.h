@@ -43,6 +43,8 @@ class ProjectSave {
   void finish();
   /// What was left out, and why; one sentence each.
   const std::vector<std::string>& errors() const { return m_errors; }
+  /// The same of summary files, whose project files were written.
+  const std::vector<std::string>& summaryErrors() const { return m_summaryErrors; }
   const Remarks& remarks() const { return m_remarks; }
 
  protected:
@@ -50,7 +52,7 @@ class ProjectSave {
   struct SaveableRow {
     std::size_t row;
     ProjectUpdate* project;
-    SummaryUpdate* summary;
+    SummaryUpdate* summary;  // null: the summary file is damaged and stays as it is
   };
 
   // What a kind does in its own way.
@@ -86,12 +88,15 @@ class ProjectSave {
   void findFiles(ChangedFiles& changed);
   void loadFiles();
   void load(SavedProject& project);
+  std::unique_ptr<SummaryUpdate> loadSummary(const std::string& projectNo);
   std::vector<std::optional<FileStamp>> stamps() const;
   void keepCopies(const std::vector<std::filesystem::path>& files);
   void saveRow(const SaveableRow& row);
   const ProjectHeader& lastHeader() const;
   ProjectHeader newHeader(std::string_view projectNo) const;
-  void nameLeftOut(const std::vector<std::size_t>& rows, std::string_view where);
+  void putIntoSummaries();
+  /// What is to be said of samples for which the files have no place; nothing of none.
+  std::vector<std::string> leftOut(const std::vector<std::size_t>& rows, std::string_view where) const;
 
   Workspace& m_workspace;
   const ProjectKindInfo& m_info;
@@ -100,8 +105,8 @@ class ProjectSave {
   std::map<std::string, SavedProject> m_projects;  // by number without regard to case, as files are named
   std::vector<SaveableRow> m_rows;
   ProjectUpdate* m_last = nullptr;
-  std::vector<std::size_t> m_leftOut, m_leftOutOfSummary;
-  std::vector<std::string> m_errors;
+  std::vector<std::size_t> m_leftOut;
+  std::vector<std::string> m_errors, m_summaryErrors;
   Remarks m_remarks;
 };
 

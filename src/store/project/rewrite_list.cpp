@@ -103,19 +103,29 @@ std::unordered_set<std::string> numbersOf(const File& file, const ProjectKindInf
   return numbers;
 }
 
+/// A damaged summary file, which belongs to sibling tools as well, doesn't keep the project from being saved.
+void blankInSummary(FileUpdate& update, const Workspace& workspace, const ProjectKindInfo& info, const File& file,
+                    const ProjectHead& head, std::span<const std::uint32_t> order, RewriteReport& report) {
+  try {
+    blankDeletedSamples(update, workspace, info.kind, head.header.projectNo.trimmed(),
+                        numbersOf(file, info, head.sampleCount, order));
+  } catch (const DamagedSummary& damage) {
+    report.errors.push_back(std::string(damage.what()) + "它没有改动，土样列表已保存。");
+  }
+}
+
 /// The rewrite of one file with the right to do it.
 void rewriteLocked(Workspace& workspace, FileUpdate& update, const ProjectKindInfo& info,
-                   const std::filesystem::path& path, std::span<const std::uint32_t> order, Remarks& remarks) {
+                   const std::filesystem::path& path, std::span<const std::uint32_t> order, RewriteReport& report) {
   const File file(path, File::Mode::Read);
   const ProjectHead head = readProjectHead(readerOf(file), info, path);
   checkOrder(order, head.sampleCount, path);
   if (const auto shortage = shortageOf(path, file.size(), info.recordSize, head.sampleCount))
-    remarks.push_back(*shortage);
-  blankDeletedSamples(update, workspace, info.kind, head.header.projectNo.trimmed(),
-                      numbersOf(file, info, head.sampleCount, order));
+    report.remarks.push_back(*shortage);
+  blankInSummary(update, workspace, info, file, head, order, report);
   // Beside the new file there may be one more on the way from the application folder.
   const std::uint64_t room = 2 * (file.size() + update.pendingBytes());
-  for (const std::string& remark : keepCopy(workspace, path, room)) remarks.push_back(remark);
+  for (const std::string& remark : keepCopy(workspace, path, room)) report.remarks.push_back(remark);
   if (order.empty()) {
     update.remove(path);
   } else {
@@ -135,7 +145,8 @@ RewriteReport rewriteProject(Workspace& workspace, ProjectKind kind, std::string
   const ProjectKindInfo& info = infoOf(kind);
   if (info.makeSave == nullptr)
     throw UserError(fmt::format("文件“{}”是旧三轴数据文件，只能读取，不能重排。", fileName));
-  RewriteReport report{std::string(info.rewriteTitle), "数据保存完毕!", {}};
+  RewriteReport report{
+      .title = std::string(info.rewriteTitle), .message = "数据保存完毕!", .errors = {}, .remarks = {}};
   ChangedFiles changed(workspace.fileMemory, FileUse::List, report.title);
   for (;;) {
     {
@@ -146,7 +157,7 @@ RewriteReport rewriteProject(Workspace& workspace, ProjectKind kind, std::string
       if (!changed.hasQuestion()) {
         for (const std::string& remark : upgradeProject(workspace, update.lock(), info, path))
           report.remarks.push_back(remark);
-        rewriteLocked(workspace, update, info, path, order, report.remarks);
+        rewriteLocked(workspace, update, info, path, order, report);
         return report;
       }
     }

@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "common/user_error.h"
 #include "store/project/project_kinds.h"
@@ -16,8 +17,10 @@ namespace triaxlab {
 struct RewriteReport {
   std::string title;    // "保存三轴文件"
   std::string message;  // "数据保存完毕!"
-  Remarks remarks;  // of an upgrade; a short file; no backup; another program's changes written over with nobody there
-                    // to ask
+  /// The samples are in their new order, but the summary file is damaged and stays as it is; one sentence.
+  std::vector<std::string> errors;
+  /// An upgrade; a short file; no backup; another program's changes written over with nobody there to ask.
+  Remarks remarks;
 };
 
 /// Writes a project file (name without folder) anew with the samples at these positions (from 0), in this order; those

@@ -41,6 +41,12 @@ bool hasLiveRow(const SampleRows& rows) {
 
 }  // namespace
 
+std::vector<std::string> SaveReport::failures() const {
+  std::vector<std::string> all = errors;
+  all.insert(all.end(), summaryErrors.begin(), summaryErrors.end());
+  return all;
+}
+
 SaveReport saveProject(Workspace& workspace, ProjectKind kind, const OverwriteChooser& chooseOverwrites,
                        const ChangeQuestion& mayOverwriteChanges) {
   const ProjectKindInfo& info = infoOf(infoOf(kind).savedAs);
@@ -53,6 +59,7 @@ SaveReport saveProject(Workspace& workspace, ProjectKind kind, const OverwriteCh
   SaveReport report;
   save->finish();
   report.errors = save->errors();
+  report.summaryErrors = save->summaryErrors();
   report.remarks = save->remarks();
   for (const std::string& remark : storeBoxTexts(workspace, info)) report.remarks.push_back(remark);
   return report;

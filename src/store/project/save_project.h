@@ -29,9 +29,14 @@ struct SaveReport {
   /// What could not be written: a project number that can't be a file name, a damaged file, a full file, each with the
   /// rows that it concerns. Everything else was written.
   std::vector<std::string> errors;
+  /// The samples are in their project files, but not their results in these summary files, which are damaged or full.
+  std::vector<std::string> summaryErrors;
   /// The samples are saved, but: the texts of the date boxes are not in qvb.sys, a file was too short, there
   /// is no backup, another program's changes were written over with nobody there to ask.
   Remarks remarks;
+
+  /// All that could not be written.
+  std::vector<std::string> failures() const;
 };
 
 /// Saves the table of a kind into its project files and the summary files, all or nothing on disk. Of the triaxial
@@ -40,7 +45,7 @@ struct SaveReport {
 /// first. The records are saved as they stand: whoever shows them has reduced them. A file of an old format is upgraded
 /// first. A table without a live row writes nothing, and the report says the same. UserError when nothing was written
 /// (disk full, no right to write, data folder gone, no row that could be saved, another program at its save); the
-/// workspace is then as it was.
+/// workspace is then as it was. A damaged summary file is left as it is and keeps no project from being saved.
 ///
 /// A file that another program changed since it was opened is written over when `mayOverwriteChanges` says so. Before
 /// the first change a copy of each existing file is kept (store/safety/backup.h).

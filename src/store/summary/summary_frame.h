@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "common/date.h"
+#include "common/user_error.h"
 #include "store/project/project_frame.h"
 #include "store/summary/summary_record.h"
 
@@ -42,7 +43,13 @@ struct SummaryHead {
   SummaryHeader header;
   int sampleCount = 0;
 };
-/// UserError when the file is shorter than a header or sampleCount holds no number.
+/// What the head of a damaged file makes of it, in a sentence that names it.
+class DamagedSummary : public UserError {
+ public:
+  using UserError::UserError;
+};
+/// DamagedSummary when the file is shorter than a header or sampleCount holds no number; another UserError when it
+/// can't be read.
 SummaryHead readSummaryHead(const ReadAt& readAt, const std::filesystem::path& file);
 
 /// Calls `visit` with position and content of the first `count` records, as far as the file holds them whole. Many are

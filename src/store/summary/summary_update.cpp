@@ -50,10 +50,13 @@ SummaryUpdate::SummaryUpdate(FileUpdate& update, const Workspace& workspace, Pro
       m_kind(kind),
       m_projectNo(projectNo),
       m_path(summaryPath(workspace, projectNo)) {
-  if (!m_update.exists(m_path)) {
+  if (m_update.exists(m_path))
+    loadFile();
+  else
     m_head.header = newSummaryHeader(m_projectNo, m_workspace.today());
-    return;
-  }
+}
+
+void SummaryUpdate::loadFile() {
   const ReadAt readAt = readerOf(m_update, m_path);
   m_head = readSummaryHead(readAt, m_path);
   FixedText<15> sampleNo;
@@ -62,6 +65,25 @@ SummaryUpdate::SummaryUpdate(FileUpdate& update, const Workspace& workspace, Pro
     if (readAt(place, writableBytesOf(sampleNo)) < sizeof sampleNo) break;
     m_positions.emplace(sampleNo.trimmed(), k);
   }
+  const std::uint64_t size = m_update.size(m_path);
+  const std::size_t whole = (size - sizeof(SummaryHeader)) / sizeof(SummaryRecord);
+  if (std::cmp_greater_equal(whole, m_head.sampleCount) || size == summaryPosition(whole)) return;
+  m_cut.emplace(whole, newSummaryRecord(m_workspace.today()));
+  readAt(summaryPosition(whole), writableBytesOf(m_cut->second));
+}
+
+SummaryRecord SummaryUpdate::stored(std::size_t k) {
+  if (m_cut && m_cut->first == k) return std::exchange(m_cut, std::nullopt)->second;
+  SummaryRecord record;
+  m_update.readAt(m_path, summaryPosition(k), writableBytesOf(record));
+  return record;
+}
+
+void SummaryUpdate::completeShortFile() {
+  if (m_written || !m_update.exists(m_path)) return;
+  const std::uint64_t size = m_update.size(m_path);
+  const std::uint64_t claimed = summaryPosition(static_cast<std::size_t>(m_head.sampleCount));
+  if (size < claimed) m_update.writeAt(m_path, size, Bytes(static_cast<std::size_t>(claimed - size), std::byte{' '}));
 }
 
 bool SummaryUpdate::put(const SampleRows& rows, std::size_t row) {
@@ -69,11 +91,11 @@ bool SummaryUpdate::put(const SampleRows& rows, std::size_t row) {
   const auto known = m_positions.find(sampleNo);
   if (known == m_positions.end() && m_head.sampleCount >= kLargestCountOnFile) return false;
 
-  const std::size_t k = known != m_positions.end() ? known->second : static_cast<std::size_t>(m_head.sampleCount);
-  SummaryRecord summary = newSummaryRecord(m_workspace.today());
-  if (known != m_positions.end()) {
-    m_update.readAt(m_path, summaryPosition(k), writableBytesOf(summary));
-  } else {
+  completeShortFile();
+  const bool isKnown = known != m_positions.end();
+  const std::size_t k = isKnown ? known->second : static_cast<std::size_t>(m_head.sampleCount);
+  SummaryRecord summary = isKnown ? stored(k) : newSummaryRecord(m_workspace.today());
+  if (!isKnown) {
     m_positions.emplace(sampleNo, k);
     SetText(m_head.header.sampleCount, FormatPadded(++m_head.sampleCount, 4));
   }

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 #include "store/project/project_kinds.h"
 #include "store/project/sample_rows.h"
@@ -18,7 +21,7 @@ namespace triaxlab {
 /// are the sibling tools'.
 class SummaryUpdate {
  public:
-  /// Loads head and sample numbers when the file exists. UserError as readSummaryHead.
+  /// Loads head and sample numbers when the file exists. DamagedSummary and UserError as readSummaryHead.
   SummaryUpdate(FileUpdate& update, const Workspace& workspace, ProjectKind kind, std::string_view projectNo);
 
   /// Writes the "NO." section, the sampling spot and the results of the sample in a live row of the kind's table; a
@@ -29,19 +32,27 @@ class SummaryUpdate {
   void finish();
 
  private:
+  void loadFile();
+  /// A stored record: what the file's end cuts of it is that of a new one.
+  SummaryRecord stored(std::size_t k);
+  /// Before the first record is written: blanks in the place of what the file lacks of the records that its header
+  /// claims, and not a gap of zero bytes.
+  void completeShortFile();
+
   FileUpdate& m_update;
   const Workspace& m_workspace;
   ProjectKind m_kind;
   std::string m_projectNo;
   std::filesystem::path m_path;
   SummaryHead m_head;
-  std::unordered_map<std::string, std::size_t> m_positions;  // of the first record of each number
+  std::unordered_map<std::string, std::size_t> m_positions;    // of the first record of each number
+  std::optional<std::pair<std::size_t, SummaryRecord>> m_cut;  // the record that the file's end cuts, until it is put
   bool m_written = false;
 };
 
 /// Blanks the results of this kind for all samples of a project's summary file but those in `sampleNumbers` (GBK,
-/// trimmed); the records stay, since other tools have data in them. A missing file has nothing to blank. UserError as
-/// readSummaryHead.
+/// trimmed); the records stay, since other tools have data in them. A missing file has nothing to blank.
+/// DamagedSummary and UserError as readSummaryHead.
 void blankDeletedSamples(FileUpdate& update, const Workspace& workspace, ProjectKind kind, std::string_view projectNo,
                          const std::unordered_set<std::string>& sampleNumbers);
 

@@ -446,6 +446,19 @@ TEST_F(SampleList, ASaveThatFailsIsShownAndKeepsTheList) {
   EXPECT_EQ(fileContent(ProjectKind::Triaxial), "0002 Ab Ba +0");
 }
 
+TEST_F(SampleList, ADamagedSummaryFileIsNamedBehindTheSave) {
+  SampleListSession session = triaxialList({"B", "A"});
+  lab.folder.write("ZMSJ/KHZP1.txt", "damaged");
+  sort(session, "土号升排序", SortMethod::ByText);
+  dialogs.take();
+  EXPECT_FALSE(press(session, "保 存"));
+  EXPECT_THAT(dialogs.take(),
+              ElementsAre("[保存三轴文件] 数据保存完毕!", AllOf(HasSubstr("stop ["), HasSubstr("KHZP1.txt"))));
+  EXPECT_EQ(fileContent(ProjectKind::Triaxial), "0002 Ab Ba +0");
+  EXPECT_EQ(lab.folder.read("ZMSJ/KHZP1.txt"), "damaged");
+  EXPECT_EQ(saves, 1);
+}
+
 TEST_F(SampleList, AFileThatWasRewrittenMeanwhileIsLeftAlone) {
   SampleListSession session = triaxialList({"C", "B", "A"});
   sort(session, "土号升排序", SortMethod::ByText);

@@ -211,13 +211,22 @@ TEST_F(Rewrite, ASummaryFileThatIsTooShortIsLookedAtAsFarAsItGoes) {
   EXPECT_SAME_BYTES(read("ZMSJ/KHZP1.txt"), header + deleted + cut);
 }
 
-TEST_F(Rewrite, ADamagedSummaryFileStopsIt) {
+TEST_F(Rewrite, ADamagedSummaryFileIsNamedAndStaysAsItIs) {
   writeTriaxial({"A-1", "A-2"});
   write("ZMSJ/KHZP1.txt", "short");
+  const RewriteReport report = rewrite(ProjectKind::Triaxial, "WKSZP1.txt", {1});
+  EXPECT_THAT(report.errors, ElementsAre(HasSubstr("KHZP1.txt")));
+  EXPECT_SAME_BYTES(read("HSZS/WKSZP1.txt"), headerBytes({"0001", "P1"}) + triaxialBytes("P1", "A-2"));
+  EXPECT_EQ(read("ZMSJ/KHZP1.txt"), "short");
+}
+
+TEST_F(Rewrite, ASummaryFileThatCanNotBeReadStopsIt) {
+  writeTriaxial({"A-1", "A-2"});
+  std::filesystem::create_directory(data("ZMSJ/KHZP1.txt"));
   const std::string file = read("HSZS/WKSZP1.txt");
   EXPECT_THAT(sentenceOf([&] { rewrite(ProjectKind::Triaxial, "WKSZP1.txt", {1}); }), HasSubstr("KHZP1.txt"));
   EXPECT_SAME_BYTES(read("HSZS/WKSZP1.txt"), file);
-  EXPECT_THAT(everyFile(), ElementsAre("data/HSZS/WKSZP1.txt", "data/ZMSJ/KHZP1.txt"));
+  EXPECT_THAT(everyFile(), ElementsAre("data/HSZS/WKSZP1.txt"));
 }
 
 // ---- Failures

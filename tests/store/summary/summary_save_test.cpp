@@ -261,21 +261,57 @@ TEST_F(SummarySave, AnExistingFileIsFoundWithoutRegardToCase) {
 TEST_F(SummarySave, AFullFileTakesNoNewSampleButTheProjectDoes) {
   write("ZMSJ/KHZP1.txt", newSummaryHeaderBytes("9999", "P1"));
   setRow(0, sampleBytes("S1"));
-  EXPECT_THAT(save().errors, ::testing::ElementsAre(HasSubstr("S1")));
+  const SaveReport report = save();
+  EXPECT_THAT(report.errors, ::testing::IsEmpty());
+  EXPECT_THAT(report.summaryErrors, ::testing::ElementsAre(HasSubstr("S1")));
   EXPECT_EQ(summary(), newSummaryHeaderBytes("9999", "P1"));
   EXPECT_TRUE(has("HSZS/WKSZP1.txt"));
 }
 
-TEST_F(SummarySave, ADamagedFileRefusesItsProjectAndNoOther) {
-  const std::string halfHeader = newSummaryHeaderBytes("0001", "P1").substr(0, 300);
-  write("ZMSJ/KHZP1.txt", halfHeader);
+TEST_F(SummarySave, ADamagedFileStaysAsItIsAndKeepsNoProjectFromBeingSaved) {
   setRow(0, sampleBytes("S1"));
   setRow(1, triaxialBytes("P2", "S1"));
-  EXPECT_THAT(save().errors, ::testing::ElementsAre(HasSubstr("KHZP1.txt")));
-  EXPECT_EQ(summary(), halfHeader);
-  EXPECT_FALSE(has("HSZS/WKSZP1.txt"));
-  EXPECT_TRUE(has("HSZS/WKSZP2.txt"));
-  EXPECT_TRUE(has("ZMSJ/KHZP2.txt"));
+  const std::string whole = newSummaryHeaderBytes("0001", "P1") + siblingRecordBytes("S1");
+  std::string withoutCount = whole;
+  put(withoutCount, 0, "    ");
+  for (const std::string& damaged : {whole.substr(0, 300), withoutCount, std::string()}) {
+    std::filesystem::remove_all(data("HSZS"));
+    std::filesystem::create_directory(data("HSZS"));
+    workspace.fileMemory = {};
+    write("ZMSJ/KHZP1.txt", damaged);
+    const SaveReport report = save();
+    EXPECT_THAT(report.errors, ::testing::IsEmpty());
+    EXPECT_THAT(report.summaryErrors, ::testing::ElementsAre(HasSubstr("KHZP1.txt")));
+    EXPECT_EQ(report.failures(), report.summaryErrors);
+    EXPECT_EQ(summary(), damaged);
+    EXPECT_EQ(readStart("HSZS/WKSZP1.txt", 4), "0001");
+    EXPECT_TRUE(has("HSZS/WKSZP2.txt"));
+    EXPECT_TRUE(has("ZMSJ/KHZP2.txt"));
+  }
+}
+
+TEST_F(SummarySave, AGapBehindAShortFileIsFilledWithBlanks) {
+  // One whole record and the first 1000 bytes of a second, of four.
+  const std::string first = siblingRecordBytes("S8"), second = siblingRecordBytes("S9").substr(0, 1000);
+  write("ZMSJ/KHZP1.txt", newSummaryHeaderBytes("0004", "P1") + first + second);
+  setRow(0, sampleBytes("S1"));
+  save();
+  EXPECT_EQ(summary().substr(0, 4), "0005");
+  ASSERT_EQ(summary().size(), kSummaryHeaderSize + 5 * kSummaryRecordSize);
+  EXPECT_SAME_BYTES(record(0), first);
+  EXPECT_SAME_BYTES(record(1), field(second, kSummaryRecordSize));
+  EXPECT_SAME_BYTES(record(2) + record(3), std::string(2 * kSummaryRecordSize, ' '));
+  EXPECT_EQ(record(4).substr(3, 6), "0005S1");
+}
+
+TEST_F(SummarySave, ACutRecordIsMendedAlsoBehindANewOne) {
+  write("ZMSJ/KHZP1.txt", newSummaryHeaderBytes("0001", "P1") + siblingRecordBytes("S9").substr(0, 1000));
+  setRow(0, sampleBytes("S1"));
+  setRow(1, sampleBytes("S9"));
+  save();
+  ASSERT_EQ(summary().size(), kSummaryHeaderSize + 2 * kSummaryRecordSize);
+  EXPECT_EQ(record(0).substr(59, 941), siblingRecordBytes("S9").substr(59, 941));
+  EXPECT_EQ(record(0).substr(1563, 5), "\r\nPC:") << "what was cut is that of a new record";
 }
 
 }  // namespace
