@@ -115,6 +115,7 @@ int orStatus(int status, Work&& work) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  takeFailuresAsErrors();
   const ParsedWindowOptions parsed = readCommandLine(argc, argv);
   if (!parsed.options) return parsed.status;
   const WindowOptions& options = *parsed.options;

@@ -4,13 +4,26 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iostream>
 
 namespace triaxlab::cli {
 
 void printError(std::string_view sentence) {
-  std::string line(sentence);
-  std::replace(line.begin(), line.end(), '\n', ' ');
-  fmt::print(stderr, "{}\n", line);
+  // No copy, for the sentence may tell that there is no memory left.
+  while (!sentence.empty()) {
+    const std::string_view line = sentence.substr(0, sentence.find('\n'));
+    sentence.remove_prefix(std::min(line.size() + 1, sentence.size()));
+    std::fwrite(line.data(), 1, line.size(), stderr);
+    if (!sentence.empty()) std::fputc(' ', stderr);
+  }
+  std::fputc('\n', stderr);
+}
+
+void print(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stdout); }
+
+bool outputIsWhole() {
+  const bool isFlushed = std::cout.flush() && std::fflush(stdout) == 0;
+  return isFlushed && std::ferror(stdout) == 0 && std::ferror(stderr) == 0;
 }
 
 void printRemarks(const Remarks& remarks) {

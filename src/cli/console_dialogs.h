@@ -5,8 +5,13 @@
 
 namespace triaxlab::cli {
 
-/// One line on standard error; line breaks become blanks.
+/// One line on standard error; line breaks become blanks. Where it can't be written the work goes on all the same.
 void printError(std::string_view sentence);
+/// Writes on standard output.
+void print(std::string_view text);
+/// Writes out what waits, and returns false when anything was lost on either stream: a disk is full, a pipe has no
+/// reader, the stream was never open.
+bool outputIsWhole();
 void printRemarks(const Remarks& remarks);
 
 /// The boxes of a program without a screen: a message goes to standard error as "[title] text". Nobody is there to

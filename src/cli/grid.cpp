@@ -1,8 +1,8 @@
 #include "cli/grid.h"
 
-#include <fmt/core.h>
-
 #include <algorithm>
+
+#include "cli/console_dialogs.h"
 
 namespace triaxlab::cli {
 
@@ -14,7 +14,7 @@ void printLine(const GridLine& cells) {
     line += cell + '\t';
   }
   if (!line.empty()) line.back() = '\n';
-  fmt::print("{}", line);
+  print(line);
 }
 
 }  // namespace triaxlab::cli

@@ -1,9 +1,8 @@
 // triaxlab-cli: the laboratory's engine without windows, for batch work.
 #include <fmt/core.h>
 
-#include <cstdio>
 #include <exception>
-#include <iostream>
+#include <new>
 
 #include "cli/command_line.h"
 #include "cli/console_dialogs.h"
@@ -23,10 +22,9 @@ int runCommandLine(const CommandLine& line) {
   workspace.fixedToday = line.start.today;
   workspace.applicationFolder = chooseApplicationFolder(folder, executableFolder(), userDataFolder());
   printRemarks(startUp(workspace));
-  const int status = run(workspace, line.command);
-  // A full disk or a closed pipe shows at the latest here.
-  if (!std::cout.flush() || std::fflush(stdout) != 0) throw UserError("结果不能写到标准输出。");
-  return status;
+  // The remarks have told why; what is asked for can't be looked for anywhere else.
+  if (!workspace.dataFolderProblem.empty()) return kFailed;
+  return run(workspace, line.command);
 }
 
 #ifdef TRIAXLAB_PAGES_PROGRAM
@@ -39,19 +37,32 @@ void handOver(const CommandLine& line, char** argv) {
 void handOver(const CommandLine& /*line*/, char** /*argv*/) {}
 #endif
 
+int runProgram(int argc, char** argv) {
+  try {
+    const ParsedCommandLine parsed = parseCommandLine(argc, argv);
+    if (!parsed.commandLine) return parsed.status;
+    handOver(*parsed.commandLine, argv);
+    return runCommandLine(*parsed.commandLine);
+  } catch (const UserError& error) {
+    printError(error.what());
+  } catch (const std::bad_alloc&) {
+    printError("内存不足，没有做完。请关闭别的程序再试。");
+  } catch (const std::exception& error) {
+    printError(fmt::format("程序出错，没有做完：{}", error.what()));
+  } catch (...) {
+    printError("程序出错，没有做完。");
+  }
+  return kFailed;
+}
+
 }  // namespace
 }  // namespace triaxlab::cli
 
 int main(int argc, char** argv) {
   using namespace triaxlab;
-  try {
-    const cli::ParsedCommandLine parsed = cli::parseCommandLine(argc, argv);
-    if (!parsed.commandLine) return parsed.status;
-    cli::handOver(*parsed.commandLine, argv);
-    return cli::runCommandLine(*parsed.commandLine);
-  } catch (const std::exception& error) {
-    // A UserError has its sentence; anything else (no memory left) at least a line and the status.
-    cli::printError(error.what());
-    return kFailed;
-  }
+  takeFailuresAsErrors();
+  const int status = cli::runProgram(argc, argv);
+  if (cli::outputIsWhole()) return status;
+  cli::printError("结果没有全部写出：标准输出或标准错误不能写。");
+  return status == kDone ? kFailed : status;
 }

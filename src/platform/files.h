@@ -30,12 +30,15 @@ class File {
   enum class Mode : std::uint8_t {
     Read,    // must exist
     Update,  // read and write; must exist
-    Create,  // read and write; made, or emptied if it exists
+    Create,  // read and write; made, or emptied if it exists; not through a link
     Shared,  // read and write; made if it doesn't exist, its content kept
   };
   File(const std::filesystem::path& path, Mode mode);
   /// Errors name the file that the person knows instead.
   File(const std::filesystem::path& path, Mode mode, std::filesystem::path knownAs);
+  /// A file below a folder that a person chose. The folder may be reached through links, but no link leads on from it:
+  /// a file that is one, or lies behind one, is refused by UserError.
+  static File below(const std::filesystem::path& root, std::filesystem::path path, Mode mode);
   File(File&& other) noexcept;
   File& operator=(File&& other) noexcept;
   ~File();
@@ -57,6 +60,8 @@ class File {
   void sync();
 
  private:
+  File(std::filesystem::path path, int descriptor);
+
   std::filesystem::path m_path;
   int m_descriptor = -1;
 };
@@ -71,6 +76,8 @@ bool folderExists(const std::filesystem::path& path);
 std::optional<FileStamp> stampOf(const std::filesystem::path& path);
 /// The file that a link stands for, through all links on the way; the path itself where no file is yet.
 std::filesystem::path behindLinks(const std::filesystem::path& path);
+/// UserError when `path`, or a part of it behind `root`, is a link.
+void refuseLinks(const std::filesystem::path& root, const std::filesystem::path& path);
 /// Bytes that this program can still write in the folder; nothing when the system doesn't say.
 std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder);
 /// True when files can be made in the folder. UserError when the system doesn't say.

@@ -9,6 +9,11 @@ namespace triaxlab {
 /// The folder of the running executable.
 std::filesystem::path executableFolder();
 
+/// Called once before anything else: a limit on the size of files and a pipe that nobody reads end no program any more,
+/// but are failures of the call that meets them; and no file that is opened later gets the place of a standard stream
+/// that the caller left closed.
+void takeFailuresAsErrors();
+
 /// Starts a program without waiting for it. A program that isn't there, or that can't be started, is silent.
 void startProgram(const std::filesystem::path& program);
 

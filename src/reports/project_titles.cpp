@@ -19,7 +19,7 @@ bool speaksFor(const TitleText& title, std::string_view projectNo) {
 SummaryHeader headerOf(const Workspace& workspace, std::string_view projectNo) {
   SummaryHeader header;
   const std::filesystem::path path = summaryPath(workspace, projectNo);
-  if (fileExists(path)) File(path, File::Mode::Read).readAt(0, writableBytesOf(header));
+  if (fileExists(path)) File::below(workspace.dataFolder, path, File::Mode::Read).readAt(0, writableBytesOf(header));
   return header;
 }
 

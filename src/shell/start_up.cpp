@@ -2,6 +2,7 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <string>
@@ -71,12 +72,35 @@ fs::path storedFolder(const Workspace& workspace, std::string_view text) {
   return beginsWithDrive(text) ? folder : workspace.applicationFolder / folder;
 }
 
-/// Completes or drops the save during which the program was killed.
-void recoverSave(const Workspace& workspace, Remarks& remarks) {
+/// Finds out the data folder. A settings file that can't be read is no new one: it may name another folder than this,
+/// and what was saved here would be gone from sight with the next start.
+void findDataFolder(Workspace& workspace, Remarks& remarks) {
+  workspace.dataFolder.clear();
+  workspace.dataFolderProblem.clear();
   try {
-    FileUpdate::recover(workspace.dataFolder);
+    SettingsFile settings = sharedSettings(workspace);
+    const bool isNew = ParseNumber(settings.readText(kDataFolderField)) == 0;
+    const std::string stored = isNew ? std::string() : readUtf8(settings, kDataFolderBehindMarker);
+    if (isNew) storeDataFolder(workspace, settings, remarks);
+    workspace.dataFolder = storedFolder(workspace, stored);
   } catch (const UserError& error) {
-    remarks.push_back(error.what());
+    workspace.dataFolderProblem = fmt::format(
+        "{}不知道数据放在哪个文件夹：本次运行不能打开和保存项目，设置文件没有改动。请排除故障后重新启动程序。",
+        error.what());
+    remarks.push_back(workspace.dataFolderProblem);
+  }
+}
+
+/// Takes a step of the start. What fails in it is told, unless a remark tells of it already, and the start goes on.
+template <class Step>
+void attempt(Remarks& remarks, Step step) {
+  try {
+    step();
+  } catch (const UserError& error) {
+    const std::string_view sentence = error.what();
+    if (std::none_of(remarks.begin(), remarks.end(),
+                     [&](const std::string& told) { return told.starts_with(sentence); }))
+      remarks.emplace_back(sentence);
   }
 }
 
@@ -107,25 +131,26 @@ fs::path chooseApplicationFolder(const std::optional<fs::path>& named, const fs:
 
 std::optional<Remarks> startUp(Workspace& workspace, const InstanceCheck& isOnlyInstance) {
   Remarks remarks;
-  SettingsFile settings = sharedSettings(workspace);
-  const bool isNew = ParseNumber(settings.readText(kDataFolderField)) == 0;
-  if (isNew) storeDataFolder(workspace, settings, remarks);
+  findDataFolder(workspace, remarks);
   append(remarks, ReadIniSettings(workspace));
-  workspace.dataFolder =
-      isNew ? workspace.applicationFolder : storedFolder(workspace, readUtf8(settings, kDataFolderBehindMarker));
   workspace.processingDate = {};
   // Folders that can't be made are passed over: the saves will tell.
-  makeFolder(workspace.summaryFolder());
-  makeFolder(workspace.pictureFolder());
-  readToggles(workspace);
+  attempt(remarks, [&] { makeFolder(workspace.summaryFolder()); });
+  attempt(remarks, [&] { makeFolder(workspace.pictureFolder()); });
+  attempt(remarks, [&] { readToggles(workspace); });
   if (!isOnlyInstance()) return std::nullopt;
 
-  workspace.sourceFolder = storedSourceFolder(workspace, kFirstSourceFolder);
+  workspace.sourceFolder.clear();
+  attempt(remarks, [&] { workspace.sourceFolder = storedSourceFolder(workspace, kFirstSourceFolder); });
   if (workspace.sourceFolder.empty()) workspace.sourceFolder = kUsualSourceFolder;
-  makeFolder(workspace.projectFolder());
-  recoverSave(workspace, remarks);
-  for (const SourceFolder& folder : kSourceFolders)
-    if (folder.inUse != nullptr) takeSourceFolderIntoUse(workspace, folder);
+  attempt(remarks, [&] { makeFolder(workspace.projectFolder()); });
+  // Completes or drops the save during which the program was killed.
+  attempt(remarks, [&] { FileUpdate::recover(workspace.knownDataFolder()); });
+  for (const SourceFolder& folder : kSourceFolders) {
+    if (folder.inUse == nullptr) continue;
+    workspace.*folder.inUse = textOfPath(workspace.applicationFolder);
+    attempt(remarks, [&] { takeSourceFolderIntoUse(workspace, folder); });
+  }
   return remarks;
 }
 

@@ -26,7 +26,8 @@ using InstanceCheck = std::function<bool()>;
 /// is completed or dropped, the source folders are read. `workspace.applicationFolder` is set by the caller.
 ///
 /// Nothing here ends the program. Folders that can't be made are passed over in silence: the saves will tell. Settings
-/// that can't be read or written leave the defaults, and are told once, in the remarks.
+/// that can't be read or written leave the defaults, and are told once, in the remarks. When qvb.sys can't be read, the
+/// data folder stays unknown for this run and `dataFolderProblem` says so: it is then neither read nor written.
 /// Nothing is returned when `isOnlyInstance` says no.
 std::optional<Remarks> startUp(Workspace& workspace, const InstanceCheck& isOnlyInstance);
 

@@ -2,9 +2,16 @@
 
 #include <algorithm>
 
+#include "common/user_error.h"
+
 namespace triaxlab {
 
 Workspace::Workspace() : SampleDisplayTable(kTableRows) {}
+
+const std::filesystem::path& Workspace::knownDataFolder() const {
+  if (!dataFolderProblem.empty()) throw UserError(dataFolderProblem);
+  return dataFolder;
+}
 
 std::optional<std::string_view> Workspace::projectTestDate(std::string_view projectNo) const {
   const auto row = std::find_if(ProjectDateTable.begin(), ProjectDateTable.end(),

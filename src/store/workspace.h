@@ -81,6 +81,7 @@ struct Workspace {
 
   std::filesystem::path applicationFolder;  // settings files and sibling tools
   std::filesystem::path dataFolder;         // HSZS, ZMSJ and PTU
+  std::string dataFolderProblem;            // why nobody knows the data folder; empty as a rule
   std::string sourceFolder = "c:\\qvb";     // UTF-8; folder of the current raw source
   std::string winTriaxialDatxFolder;
   std::string winUnconfinedDatxFolder;
@@ -120,10 +121,12 @@ struct Workspace {
   std::string dateText(std::size_t box) const;
 
   Date today() const { return fixedToday.value_or(systemToday()); }
+  /// UserError as long as nobody knows which folder it is: nothing is then read from or saved to another.
+  const std::filesystem::path& knownDataFolder() const;
   // A data folder that comes from elsewhere may spell them in small letters.
-  std::filesystem::path projectFolder() const { return fileOrNew(dataFolder, "HSZS"); }
-  std::filesystem::path summaryFolder() const { return fileOrNew(dataFolder, "ZMSJ"); }
-  std::filesystem::path pictureFolder() const { return fileOrNew(dataFolder, "PTU"); }
+  std::filesystem::path projectFolder() const { return fileOrNew(knownDataFolder(), "HSZS"); }
+  std::filesystem::path summaryFolder() const { return fileOrNew(knownDataFolder(), "ZMSJ"); }
+  std::filesystem::path pictureFolder() const { return fileOrNew(knownDataFolder(), "PTU"); }
 
   /// The first row of ProjectDateTable with this project (trimmed); nothing when there is none.
   std::optional<std::string_view> projectTestDate(std::string_view projectNo) const;

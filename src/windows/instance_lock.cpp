@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QStandardPaths>
 
+#include "common/user_error.h"
 #include "platform/files.h"
 
 namespace triaxlab {
@@ -11,20 +12,28 @@ namespace {
 
 /// The application folder may be write-protected or shared between users, so the lock lies in the user's own runtime
 /// folder, named for the application folder.
-QString lockFile(const std::filesystem::path& applicationFolder) {
+std::filesystem::path lockFile(const std::filesystem::path& applicationFolder) {
   std::error_code failed;
   const std::filesystem::path canonical = std::filesystem::weakly_canonical(applicationFolder, failed);
   const std::string folder = textOfPath(failed ? applicationFolder : canonical);
   const QByteArray name = QCryptographicHash::hash(QByteArray::fromStdString(folder), QCryptographicHash::Sha1).toHex();
-  return QDir(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation))
-      .filePath("triaxlab-" + QString::fromLatin1(name) + ".lock");
+  return pathFromText(QDir(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation))
+                          .filePath("triaxlab-" + QString::fromLatin1(name) + ".lock")
+                          .toStdString());
 }
 
 }  // namespace
 
-InstanceLock::InstanceLock(const std::filesystem::path& applicationFolder) : m_lock(lockFile(applicationFolder)) {
-  // However long the program has been running, it is not stale.
-  m_lock.setStaleLockTime(0);
+InstanceLock::InstanceLock(const std::filesystem::path& applicationFolder) : m_file(lockFile(applicationFolder)) {}
+
+bool InstanceLock::take() {
+  try {
+    File(m_file, File::Mode::Shared);  // made when it is missing
+    m_lock = FileLock::take(m_file, FileLock::Clock::now());
+    return m_lock.has_value();
+  } catch (const UserError&) {
+    return true;
+  }
 }
 
 }  // namespace triaxlab

@@ -37,7 +37,7 @@ class CliTest : public ::testing::Test {
     const std::string err = (folder.path() / "err").string();
     std::string command = quoted(TRIAXLAB_CLI);
     for (const std::string& word : words) command += ' ' + quoted(word);
-    const int ended = std::system((command + " >" + quoted(out) + " 2>" + quoted(err)).c_str());
+    const int ended = std::system((m_before + command + " >" + quoted(out) + " 2>" + quoted(err) + m_behind).c_str());
     return {WIFEXITED(ended) ? WEXITSTATUS(ended) : -1, output.empty() ? folder.read("out") : "", folder.read("err")};
   }
 
@@ -47,7 +47,15 @@ class CliTest : public ::testing::Test {
 
   TemporaryFolder folder;
 
+  /// What the shell is told before the program runs ("ulimit -f 8; "), and redirections behind it (" 2>/dev/full").
+  void setShell(const std::string& before, const std::string& behind) {
+    m_before = before;
+    m_behind = behind;
+  }
+
  private:
+  std::string m_before, m_behind;
+
   static std::string quoted(std::string_view word) {
     std::string text = "'";
     for (const char c : word) text += c == '\'' ? std::string("'\\''") : std::string(1, c);

@@ -231,6 +231,52 @@ TEST_F(Output, AFullDiskBehindTheOutputIsAnError) {
   EXPECT_EQ(lineCount(ran.err), 1U);
 }
 
+TEST_F(Output, MessagesThatNobodyGetsStopNoWork) {
+  const std::string file = database({sampleEntry("P1", "S-1")});
+  // A full disk, a stream that is closed, all of them closed: then the data files must not get their numbers.
+  for (const char* const streams : {" 2>/dev/full", " 2>&-", " <&- >&- 2>&-"}) {
+    std::filesystem::remove_all(app() / "HSZS");
+    setShell("", streams);
+    EXPECT_EQ(run({"import", "auto", file}).status, 1) << streams;
+    EXPECT_EQ(std::filesystem::file_size(projectFile("WKSZP1.txt")), kHeaderSize + kSampleSize + kEndTextSize);
+    EXPECT_EQ(folder.read("app/HSZS/WKSZP1.txt").substr(0, 6), "0001P1") << streams;
+  }
+  setShell("", "");
+  EXPECT_EQ(run({"import", "auto", file}).status, 0);
+}
+
+TEST_F(Output, AReaderThatGoesAwayStopsNoWork) {
+  const std::string file = database({sampleEntry("P1", "S-1")});
+  setShell("( sleep 0.3; ", " 2>&3; echo $? >'" + (folder.path() / "status").string() + "') 3>&1 | true");
+  run({"import", "auto", file});
+  EXPECT_EQ(folder.read("status"), "1\n");
+  EXPECT_TRUE(std::filesystem::exists(projectFile("WKSZP1.txt")));
+}
+
+TEST_F(Output, AFileBeyondTheLimitIsNamed) {
+  const std::string file = database({sampleEntry("P1", "S-1")});
+  ASSERT_EQ(run({"init"}).status, 0);
+  setShell("ulimit -f 8; ", "");  // blocks: less than a sample takes
+  const ProgramRun ran = run({"import", "auto", file});
+  EXPECT_EQ(ran.status, 1);
+  EXPECT_NE(ran.err.find("文件超过系统允许的大小"), std::string::npos) << ran.err;
+  EXPECT_NE(ran.err.find(app().string()), std::string::npos) << ran.err;
+  EXPECT_FALSE(std::filesystem::exists(projectFile("WKSZP1.txt")));
+}
+
+TEST_F(Output, SettingsThatCanNotBeReadAreSaidAndNothingIsMade) {
+  const std::string file = database({sampleEntry("P1", "S-1")});
+  std::filesystem::create_symlink("qvb.sys", app() / "qvb.sys");
+  const std::vector<std::vector<std::string>> commands{{"init"}, {"import", "auto", file}, {"list", "triaxial"}};
+  for (const std::vector<std::string>& words : commands) {
+    const ProgramRun ran = run(words);
+    EXPECT_EQ(ran.status, 1) << words[0];
+    EXPECT_EQ(lineCount(ran.err), 1U) << ran.err;
+    EXPECT_NE(ran.err.find("qvb.sys"), std::string::npos) << ran.err;
+  }
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(app()), {}), 1) << "the settings file alone";
+}
+
 TEST_F(Output, EveryKindIsShown) {
   // A project of no samples: the head alone, for each kind.
   run({"init"});

@@ -30,7 +30,8 @@ void save(Workspace& workspace, const Projects& projects) {
     crash::fill(workspace, projects[i], static_cast<int>(i) * each, each, kNewReading);
   SetText(workspace.processingDate.year, "2024");
   SetText(workspace.controlledDocNo, "NEW");
-  saveTriaxial(workspace, nullptr);
+  // A project that can't be read is named and the others are saved.
+  for (const std::string& error : saveTriaxial(workspace, nullptr).errors) throw UserError(error);
 }
 
 void rewrite(Workspace& workspace, const Projects& projects) {

@@ -1,12 +1,16 @@
 // A save of thirty samples, the rewrite of a sample list and the upgrade of an old file are stopped at each of the
 // system calls by which they write, sync, rename or remove: by SIGKILL before the call, in the middle of a write, and
-// by a disk that is full or broken for that one call. However it ends, after the next start project files and summary
-// files are all as they were or all as they were to become, byte for byte, and nothing else lies about.
+// by a disk that is full or broken for that one call. Every call by which they look at the disk fails in turn, too: a
+// file that can't be looked at must not pass for one that isn't there. However it ends, after the next start project
+// files and summary files are all as they were or all as they were to become, byte for byte, and nothing else lies
+// about.
 
 #include <gtest/gtest.h>
 #include <spawn.h>
 #include <sys/wait.h>
 
+#include <algorithm>
+#include <array>
 #include <csignal>
 #include <filesystem>
 #include <map>
@@ -106,6 +110,46 @@ class Crash : public ::testing::TestWithParam<Scene> {
     EXPECT_EQ(m_backups > 0, !GetParam().existing.empty());
   }
 
+  /// Lets each look at the disk fail in turn, with one error after the other.
+  void failAtEachLook() {
+    const long looks = countCalls({GetParam().deed}, kLooks);
+    ASSERT_GT(looks, 15);
+    for (long look = 1; look <= looks; ++look) {
+      restore(m_old);
+      const std::string way = errorOfLook(look);
+      const Outcome outcome = stop({GetParam().deed}, way, look, kLooks);
+      const std::string then =
+          way + " at look " + std::to_string(look) + ", exit " + std::to_string(outcome.exitStatus);
+      ASSERT_FALSE(outcome.killed) << then;
+      if (contents().contains("journal")) {
+        ASSERT_EQ(run({"recover"}).exitStatus, kDone) << then;
+      }
+      const bool isSaved = outcome.exitStatus == kDone || outcome.exitStatus == kFinishedLater;
+      const bool areApart = GetParam().projects.size() > 1;
+      ASSERT_TRUE(areApart && !isSaved ? isOldOrNewFileByFile() : contents() == (isSaved ? m_new : m_old)) << then;
+      if (isSaved) continue;
+      ASSERT_EQ(run({GetParam().deed}).exitStatus, kDone) << then << ": it works the next time";
+      ASSERT_TRUE(contents() == m_new) << then;
+    }
+  }
+
+  /// Leaves a complete journal that nothing of was applied, then lets each look of its application fail.
+  void failAtEachLookOfTheRecovery() {
+    const Contents journalled = contentsWithJournal();
+    restore(journalled);
+    const long looks = countCalls({"recover"}, kLooks);
+    for (long look = 1; look <= looks; ++look) {
+      restore(journalled);
+      const std::string then = errorOfLook(look) + " at look " + std::to_string(look);
+      const Outcome outcome = stop({"recover"}, errorOfLook(look), look, kLooks);
+      if (outcome.exitStatus == kDone) {
+        ASSERT_TRUE(contents() == m_new) << then;
+      }
+      ASSERT_EQ(run({"recover"}).exitStatus, kDone) << then;
+      ASSERT_TRUE(contents() == m_new) << then;
+    }
+  }
+
   /// Leaves a complete journal that nothing of was applied, then stops each attempt to finish it.
   void stopTheRecovery(const std::string& way) {
     const Contents journalled = contentsWithJournal();
@@ -168,12 +212,20 @@ class Crash : public ::testing::TestWithParam<Scene> {
     deed.insert(deed.end(), GetParam().projects.begin(), GetParam().projects.end());
     return runProgram(std::move(deed), std::move(environment));
   }
-  Outcome stop(std::vector<std::string> deed, const std::string& way, long call) {
-    return run(std::move(deed), {preload(), "FAILING_WAY=" + way, "FAILING_CALL=" + std::to_string(call)});
+  /// Settings of the library: which calls count.
+  static constexpr const char* kChanges = "UNUSED=";
+  static constexpr const char* kLooks = "FAILING_SIDE=looks";
+
+  static std::string errorOfLook(long look) {
+    constexpr std::array kErrors{"EIO", "EMFILE", "EACCES", "ESTALE", "ENOMEM"};
+    return kErrors[static_cast<std::size_t>(look) % kErrors.size()];
   }
-  long countCalls(std::vector<std::string> deed) {
-    EXPECT_EQ(run(std::move(deed), {preload(), "CALL_COUNT=" + (m_folder.path() / "calls").string()}).exitStatus,
-              kDone);
+  Outcome stop(std::vector<std::string> deed, const std::string& way, long call, const char* side = kChanges) {
+    return run(std::move(deed), {preload(), side, "FAILING_WAY=" + way, "FAILING_CALL=" + std::to_string(call)});
+  }
+  long countCalls(std::vector<std::string> deed, const char* side = kChanges) {
+    const std::string count = "CALL_COUNT=" + (m_folder.path() / "calls").string();
+    EXPECT_EQ(run(std::move(deed), {preload(), side, count}).exitStatus, kDone);
     return std::stol(m_folder.read("calls"));
   }
   static std::string preload() {
@@ -182,6 +234,15 @@ class Crash : public ::testing::TestWithParam<Scene> {
 #else
     return {};
 #endif
+  }
+
+  /// Of several projects one may have been left out; each is whole.
+  bool isOldOrNewFileByFile() const {
+    const Contents now = contents();
+    return std::all_of(now.begin(), now.end(), [this](const auto& file) {
+      const auto old = m_old.find(file.first), made = m_new.find(file.first);
+      return (old != m_old.end() && old->second == file.second) || (made != m_new.end() && made->second == file.second);
+    });
   }
 
   Contents contents() const {
@@ -235,6 +296,8 @@ INSTANTIATE_TEST_SUITE_P(Saves, Crash,
                                            kDeletionOfAll, Scene{"Upgrade", {"P1"}, {"P1"}, "open", true}),
                          nameOf);
 
+TEST_P(Crash, ALookThatFailsOnce) { failAtEachLook(); }
+
 class CrashOfOneSave : public Crash {};
 TEST_P(CrashOfOneSave, KilledInTheMiddleOfAWrite) { stopAtEachCall("tear"); }
 TEST_P(CrashOfOneSave, ADiskThatBreaksOnce) { stopAtEachCall("EIO"); }
@@ -247,6 +310,7 @@ class CrashOfARecovery : public Crash {};
 TEST_P(CrashOfARecovery, IsKilledToo) { stopTheRecovery("kill"); }
 TEST_P(CrashOfARecovery, IsTornToo) { stopTheRecovery("tear"); }
 TEST_P(CrashOfARecovery, MeetsABrokenDiskToo) { stopTheRecovery("EIO"); }
+TEST_P(CrashOfARecovery, CanNotLookOnceToo) { failAtEachLookOfTheRecovery(); }
 INSTANTIATE_TEST_SUITE_P(Saves, CrashOfARecovery,
                          ::testing::Values(kOverAnExistingProject, kRewriteOfAList, kDeletionOfAll), nameOf);
 

@@ -1,19 +1,26 @@
-// Loaded in front of the C library: counts the calls by which a program changes what is on a disk, and lets one of them
-// go wrong. It is told what to do by the environment:
+// Loaded in front of the C library: counts the calls by which a program changes what is on a disk, or those by which it
+// looks at it, and lets one of them go wrong. It is told what to do by the environment:
 //
+//   FAILING_SIDE   looks     counts and stops the calls that open, read, list, ask for a state or a lock; without it
+//                            those that change something
 //   FAILING_CALL   number of the call, from 1
 //   FAILING_WAY    kill      the process dies before the call
 //                  tear      a write does half of its work, then the process dies; other calls as kill
 //                  ENOSPC    the call fails once, as on a full disk
-//                  EIO       the call fails once, as on a disk that breaks
+//                  EIO, EMFILE, EACCES, ESTALE, ENOMEM   the call fails once with this error
 //   CALL_COUNT     a file that gets the number of calls when the program ends
 //
 // What the calls themselves do stays with the C library.
 
+#include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <sys/syscall.h>
 #include <sys/uio.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -26,24 +33,38 @@
 namespace {
 
 enum class Way { None, Kill, Tear, Fail };
+enum class Side { Changes, Looks };
 
 struct Order {
   long call = 0;
   Way way = Way::None;
+  Side side = Side::Changes;
   int error = 0;
   const char* countFile = nullptr;
 };
 
+int errorOf(std::string_view name) {
+  struct Named {
+    std::string_view name;
+    int error;
+  };
+  for (const Named& known : {Named{"EIO", EIO}, Named{"EMFILE", EMFILE}, Named{"EACCES", EACCES},
+                             Named{"ESTALE", ESTALE}, Named{"ENOMEM", ENOMEM}})
+    if (known.name == name) return known.error;
+  return ENOSPC;
+}
+
 Order orderOfEnvironment() {
   Order order;
   order.countFile = std::getenv("CALL_COUNT");
+  if (std::getenv("FAILING_SIDE") != nullptr) order.side = Side::Looks;
   const char* const call = std::getenv("FAILING_CALL");
   const char* const wayText = std::getenv("FAILING_WAY");
   if (call == nullptr || wayText == nullptr) return order;
   order.call = std::atol(call);
   const std::string_view way = wayText;
   order.way = way == "kill" ? Way::Kill : way == "tear" ? Way::Tear : Way::Fail;
-  order.error = way == "EIO" ? EIO : ENOSPC;
+  order.error = errorOf(way);
   return order;
 }
 
@@ -59,15 +80,16 @@ void die() { syscall(SYS_kill, getpid(), SIGKILL); }
 /// Counts a call. True when it is to fail, with errno set; a call that is to kill doesn't return. `tear` does the half
 /// of a write.
 template <class Tear>
-bool goesWrong(Tear tear) {
+bool goesWrong(Tear tear, Side side = Side::Changes) {
+  if (side != order().side) return false;
   if (++g_calls != order().call) return false;
   if (order().way == Way::Tear) tear();
   if (order().way == Way::Tear || order().way == Way::Kill) die();
   errno = order().error;
   return order().way == Way::Fail;
 }
-bool goesWrong() {
-  return goesWrong([] {});
+bool goesWrong(Side side = Side::Changes) {
+  return goesWrong([] {}, side);
 }
 
 /// The C library's function of that name.
@@ -87,7 +109,7 @@ struct CountAtEnd {
   }
 } g_countAtEnd;
 
-constexpr int kMakesOrEmpties = O_CREAT | O_TRUNC;
+Side sideOfOpen(int flags) { return (flags & (O_CREAT | O_TRUNC)) != 0 ? Side::Changes : Side::Looks; }
 
 }  // namespace
 
@@ -142,7 +164,48 @@ extern "C" ssize_t pwritev(int file, const iovec* parts, int count, off_t offset
   return goesWrong([&] { next(file, parts, count / 2, offset); }) ? -1 : next(file, parts, count, offset);
 }
 
-// An open counts when it may make or empty a file.
+// The calls that look.
+#define WRAP_LOOK(name, parameters, arguments)           \
+  extern "C" int name parameters {                       \
+    using Function = int parameters;                     \
+    static auto* const next = original<Function>(#name); \
+    return goesWrong(Side::Looks) ? -1 : next arguments; \
+  }
+
+WRAP_LOOK(stat, (const char* path, struct stat* status), (path, status))
+WRAP_LOOK(lstat, (const char* path, struct stat* status), (path, status))
+WRAP_LOOK(fstat, (int file, struct stat* status), (file, status))
+WRAP_LOOK(fstatat, (int folder, const char* path, struct stat* status, int flags), (folder, path, status, flags))
+WRAP_LOOK(statvfs, (const char* path, struct statvfs* status), (path, status))
+WRAP_LOOK(fstatfs, (int file, struct statfs* status), (file, status))
+WRAP_LOOK(faccessat, (int folder, const char* path, int mode, int flags), (folder, path, mode, flags))
+WRAP_LOOK(flock, (int file, int operation), (file, operation))
+
+extern "C" int fcntl(int file, int command, ...) {
+  va_list more;
+  va_start(more, command);
+  void* const argument = va_arg(more, void*);
+  va_end(more);
+  static auto* const next = original<int(int, int, ...)>("fcntl");
+  return goesWrong(Side::Looks) ? -1 : next(file, command, argument);
+}
+
+extern "C" ssize_t pread(int file, void* bytes, size_t size, off_t offset) {
+  static auto* const next = original<ssize_t(int, void*, size_t, off_t)>("pread");
+  return goesWrong(Side::Looks) ? -1 : next(file, bytes, size, offset);
+}
+
+extern "C" DIR* opendir(const char* path) {
+  static auto* const next = original<DIR*(const char*)>("opendir");
+  return goesWrong(Side::Looks) ? nullptr : next(path);
+}
+
+extern "C" dirent* readdir(DIR* folder) {
+  static auto* const next = original<dirent*(DIR*)>("readdir");
+  return goesWrong(Side::Looks) ? nullptr : next(folder);
+}
+
+// An open changes something when it may make or empty a file.
 #define WRAP_OPEN(name)                                                    \
   extern "C" int name(const char* path, int flags, ...) {                  \
     mode_t mode = 0;                                                       \
@@ -153,9 +216,21 @@ extern "C" ssize_t pwritev(int file, const iovec* parts, int count, off_t offset
       va_end(more);                                                        \
     }                                                                      \
     static auto* const next = original<int(const char*, int, ...)>(#name); \
-    if ((flags & kMakesOrEmpties) != 0 && goesWrong()) return -1;          \
+    if (goesWrong(sideOfOpen(flags))) return -1;                           \
     return next(path, flags, mode);                                        \
   }
 
 WRAP_OPEN(open)
 WRAP_OPEN(open64)
+
+extern "C" int openat(int folder, const char* path, int flags, ...) {
+  mode_t mode = 0;
+  if ((flags & (O_CREAT | O_TMPFILE)) != 0) {
+    va_list more;
+    va_start(more, flags);
+    mode = va_arg(more, mode_t);
+    va_end(more);
+  }
+  static auto* const next = original<int(int, const char*, int, ...)>("openat");
+  return goesWrong(sideOfOpen(flags)) ? -1 : next(folder, path, flags, mode);
+}

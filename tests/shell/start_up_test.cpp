@@ -9,6 +9,9 @@
 
 #include "common/gbk.h"
 #include "platform/process.h"
+#include "store/project/project_file.h"
+#include "store/project/project_list.h"
+#include "store/project/save_project.h"
 #include "store/settings/settings_file.h"
 #include "store/settings/toggles.h"
 #include "support/temporary_folder.h"
@@ -159,6 +162,34 @@ TEST_F(Start, SettingsThatCannotBeWrittenAreToldOnceAndTheProgramRunsOnDefaults)
   EXPECT_EQ(workspace.sourceFolder, "c:\\qvb");
   EXPECT_TRUE(workspace.settings.toggles.printEffectiveCircles);
   EXPECT_TRUE(hasFolder("HSZS"));
+}
+
+TEST_F(Start, SettingsThatCannotBeReadAreNotNewAndNothingIsSavedToAnotherPlace) {
+  const TemporaryFolder data;
+  storeText("qvb.sys", 6999, "9" + data.path().string());
+  fs::rename(folder.path() / "qvb.sys", folder.path() / "kept");
+  fs::create_symlink("qvb.sys", folder.path() / "qvb.sys");  // leads to itself: every look at it fails
+  const Remarks remarks = startUp(workspace);
+  ASSERT_EQ(remarks.size(), 1U) << "told once";
+  EXPECT_THAT(remarks[0], HasSubstr("qvb.sys"));
+  EXPECT_THAT(remarks[0], HasSubstr("不能打开和保存"));
+  EXPECT_EQ(workspace.dataFolderProblem, remarks[0]);
+  EXPECT_EQ(workspace.sourceFolder, "c:\\qvb") << "all else has its defaults";
+  EXPECT_TRUE(workspace.settings.toggles.printEffectiveCircles);
+  for (const char* name : {"HSZS", "ZMSJ", "PTU"}) EXPECT_FALSE(hasFolder(name)) << name;
+
+  SetText(workspace.TriaxialSampleTable[0].projectNo, "P1");
+  SetText(workspace.TriaxialSampleTable[0].sampleNo, "S1");
+  EXPECT_THROW(saveProject(workspace, ProjectKind::Triaxial, nullptr), UserError);
+  EXPECT_THROW(listProjects(workspace, ProjectKind::Triaxial), UserError);
+  EXPECT_THROW(openProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", nullptr), UserError);
+  EXPECT_FALSE(hasFolder("HSZS"));
+
+  fs::rename(folder.path() / "kept", folder.path() / "qvb.sys");
+  Workspace again;
+  again.applicationFolder = folder.path();
+  EXPECT_EQ(startUp(again), Remarks{});
+  EXPECT_EQ(again.dataFolder, data.path());
 }
 
 TEST_F(Start, AFolderInWhichNothingCanBeMadeStartsAllTheSame) {

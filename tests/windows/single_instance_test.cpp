@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 
 #include "played_program.h"
 #include "windows/instance_lock.h"
@@ -33,6 +35,19 @@ TEST_F(SingleInstance, AnotherApplicationFolderIsAnotherInstance) {
   InstanceLock running(other.path());
   ASSERT_TRUE(running.take());
   EXPECT_EQ(m_program.play("get MDIForm1.StatusBar1(1)\n").out, "MDIForm1.StatusBar1(1)=就绪\n");
+}
+
+TEST_F(SingleInstance, WhatADeadProgramLeftInTheLockFileKeepsNobodyOut) {
+  EXPECT_EQ(m_program.play("").status, 0);
+  std::filesystem::path file;
+  for (const auto& entry : std::filesystem::directory_iterator(m_program.folder().path()))
+    if (entry.path().extension() == ".lock") file = entry.path();
+  ASSERT_FALSE(file.empty());
+  // Nothing, half of a process number, a process that may live, of a machine that has another name by now.
+  for (const char* const content : {"", "1", "1\ntriaxlab\nold-name\n"}) {
+    std::ofstream(file, std::ios::binary) << content;
+    EXPECT_EQ(m_program.play("get MDIForm1.StatusBar1(1)\n").out, "MDIForm1.StatusBar1(1)=就绪\n") << content;
+  }
 }
 
 TEST_F(SingleInstance, ALockIsFreeAgainWhenItsProgramHasEnded) {

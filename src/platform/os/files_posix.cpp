@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <iterator>
 #include <utility>
 
 #include "common/user_error.h"
@@ -29,6 +30,59 @@ bool canBeCopiedOtherwise(int error) {
   return std::find(kErrors.begin(), kErrors.end(), error) != kErrors.end();
 }
 
+/// An open descriptor, or -1.
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : m_number(number) {}
+  Descriptor(Descriptor&& other) noexcept : m_number(std::exchange(other.m_number, -1)) {}
+  Descriptor& operator=(Descriptor&& other) noexcept {
+    std::swap(m_number, other.m_number);
+    return *this;
+  }
+  ~Descriptor() {
+    if (m_number >= 0) close(m_number);
+  }
+  int number() const { return m_number; }
+
+ private:
+  int m_number;
+};
+
+bool isLink(int folder, const std::filesystem::path& name) {
+  struct stat status {};
+  return fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(status.st_mode);
+}
+
+/// -1 and errno when it fails; of a link that isn't followed errno is kLinkInTheWay.
+int openAt(int folder, const std::filesystem::path& path, int flags) {
+  errno = ENOENT;
+  if (holdsZeroByte(path)) return -1;
+  // A pipe that has a file's name must not keep the program waiting for somebody at its other end.
+  const int descriptor =
+      repeatInterrupted([&] { return openat(folder, path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0666); });
+  const int error = errno;
+  if (descriptor < 0 && (flags & O_NOFOLLOW) != 0 && (error == ELOOP || error == ENOTDIR) && isLink(folder, path))
+    errno = kLinkInTheWay;
+  else
+    errno = error;
+  return descriptor;
+}
+
+/// The folder in which the last part of `way` lies, reached from `root` without a link.
+Descriptor folderOnTheWay(const std::filesystem::path& root, const std::filesystem::path& way,
+                          const std::filesystem::path& file) {
+  constexpr int kFolder = O_PATH | O_DIRECTORY;
+  Descriptor folder(openAt(AT_FDCWD, root, kFolder));
+  for (auto part = way.begin(); folder.number() >= 0 && std::next(part) != way.end(); ++part) {
+    Descriptor next(openAt(folder.number(), *part, kFolder | O_NOFOLLOW));
+    const int error = errno;
+    folder = std::move(next);
+    errno = error;
+  }
+  if (folder.number() < 0) failCall("打开文件", file, errno);
+  return folder;
+}
+
 int openFlags(File::Mode mode) {
   switch (mode) {
     case File::Mode::Read:
@@ -36,7 +90,7 @@ int openFlags(File::Mode mode) {
     case File::Mode::Update:
       return O_RDWR;
     case File::Mode::Create:
-      return O_RDWR | O_CREAT | O_TRUNC;
+      return O_RDWR | O_CREAT | O_TRUNC | O_NOFOLLOW;
     case File::Mode::Shared:
       return O_RDWR | O_CREAT;
   }
@@ -47,21 +101,30 @@ int openFlags(File::Mode mode) {
 
 File::File(const std::filesystem::path& path, Mode mode) : File(path, mode, path) {}
 
-File::File(const std::filesystem::path& path, Mode mode, std::filesystem::path knownAs) : m_path(std::move(knownAs)) {
-  if (holdsZeroByte(path)) failCall("打开文件", m_path, ENOENT);
-  // A pipe that has a file's name must not keep the program waiting for somebody at its other end.
-  m_descriptor = repeatInterrupted([&] { return open(path.c_str(), openFlags(mode) | O_CLOEXEC | O_NONBLOCK, 0666); });
-  if (m_descriptor < 0) failCall("打开文件", m_path, errno);
+File::File(const std::filesystem::path& path, Mode mode, std::filesystem::path knownAs)
+    : File(std::move(knownAs), openAt(AT_FDCWD, path, openFlags(mode))) {}
+
+File File::below(const std::filesystem::path& root, std::filesystem::path path, Mode mode) {
+  const std::filesystem::path way = path.lexically_relative(root);
+  if (way.empty() || *way.begin() == ".." || way == ".") failCall("打开文件", path, EXDEV);
+  const Descriptor folder = folderOnTheWay(root, way, path);
+  const int descriptor = openAt(folder.number(), way.filename(), openFlags(mode) | O_NOFOLLOW);
+  return {std::move(path), descriptor};
+}
+
+File::File(std::filesystem::path path, int descriptor) : m_path(std::move(path)), m_descriptor(descriptor) {
   struct stat status {};
   int error = 0;
-  if (fstat(m_descriptor, &status) != 0)
+  if (m_descriptor < 0)
+    error = errno;
+  else if (fstat(m_descriptor, &status) != 0)
     error = errno;
   else if (S_ISDIR(status.st_mode))
     error = EISDIR;
   else if (S_ISFIFO(status.st_mode))
     error = ESPIPE;
   if (error == 0) return;
-  close(m_descriptor);
+  if (m_descriptor >= 0) close(m_descriptor);
   failCall("打开文件", m_path, error);
 }
 
@@ -162,6 +225,16 @@ Bytes readWholeFile(const std::filesystem::path& path, std::uint64_t limit) {
   Bytes content(size);
   content.resize(file.readAt(0, content));
   return content;
+}
+
+void refuseLinks(const std::filesystem::path& root, const std::filesystem::path& path) {
+  std::filesystem::path place = root;
+  for (const std::filesystem::path& part : path.lexically_relative(root)) {
+    place /= part;
+    const auto status = statusOf(place, Links::LookAt);
+    if (!status) return;
+    if (S_ISLNK(status->st_mode)) failCall("查看文件", path, kLinkInTheWay);
+  }
 }
 
 std::filesystem::path behindLinks(const std::filesystem::path& path) {

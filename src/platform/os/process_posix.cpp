@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <fmt/core.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -5,6 +6,7 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <string>
 #include <system_error>
@@ -21,6 +23,14 @@ namespace triaxlab {
 std::filesystem::path executableFolder() {
   std::error_code ignored;
   return std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path();
+}
+
+void takeFailuresAsErrors() {
+  for (const int signal : {SIGXFSZ, SIGPIPE}) std::signal(signal, SIG_IGN);
+  // Opened for the wrong direction, so that what is read or written there fails as it would have.
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+    if (fcntl(stream, F_GETFD) == -1 && open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) != stream)
+      return;
 }
 
 void startProgram(const std::filesystem::path& program) {

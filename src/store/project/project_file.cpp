@@ -110,11 +110,11 @@ SampleRange limitedRange(SampleRange wanted) {
 
 Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fileName,
                     const RangeChooser& chooseRange) {
-  FileUpdate::recover(workspace.dataFolder, workspace.lockPatience);
+  FileUpdate::recover(workspace.knownDataFolder(), workspace.lockPatience);
   const ProjectKindInfo& info = infoOf(kind);
   const std::filesystem::path path = findProjectFile(workspace.projectFolder(), info, fileName);
   Remarks remarks = upgradeProject(workspace, info, path);
-  const File file(path, File::Mode::Read);
+  const File file = File::below(workspace.dataFolder, path, File::Mode::Read);
   const FileStamp stamp = file.stamp();
   OpenedFile opened{file, info, readProjectHead(readerOf(file), info, path), {}, {}, std::move(remarks)};
   opened.span = askedSpan(opened.head.sampleCount, chooseRange);

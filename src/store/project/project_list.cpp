@@ -19,13 +19,15 @@ std::string shown(const FixedText<N>& field) {
   return gbkToUtf8(field.trimmed());
 }
 
-ProjectListRow rowOf(const std::filesystem::path& path, const std::string& fileName) {
+ProjectListRow rowOf(const Workspace& workspace, const std::string& fileName) {
   ProjectListRow row;
   row.fileName = fileName;
   row.projectNo = fileName;
   ProjectHeader header;
   try {
-    if (File(path, File::Mode::Read).readAt(0, writableBytesOf(header)) < sizeof header) return row;
+    const std::filesystem::path path = workspace.projectFolder() / pathFromText(fileName);
+    const File file = File::below(workspace.dataFolder, path, File::Mode::Read);
+    if (file.readAt(0, writableBytesOf(header)) < sizeof header) return row;
   } catch (const UserError&) {
     return row;  // listed by its name alone; opening it says what is wrong
   }
@@ -50,21 +52,21 @@ std::vector<std::string> readSampleNumbers(const File& file, const ProjectKindIn
 }  // namespace
 
 std::vector<ProjectListRow> listProjects(const Workspace& workspace, ProjectKind kind) {
-  FileUpdate::recover(workspace.dataFolder, workspace.lockPatience);
+  FileUpdate::recover(workspace.knownDataFolder(), workspace.lockPatience);
   std::vector<std::string> names = listFiles(workspace.projectFolder(), infoOf(kind).filePrefix, ".TXT");
   if (names.size() > kLargestList) names.resize(kLargestList);
   std::vector<ProjectListRow> rows;
   rows.reserve(names.size());
-  for (const std::string& name : names) rows.push_back(rowOf(workspace.projectFolder() / pathFromText(name), name));
+  for (const std::string& name : names) rows.push_back(rowOf(workspace, name));
   return rows;
 }
 
 SampleListTable listSamples(Workspace& workspace, ProjectKind kind, std::string_view fileName, Remarks* remarks) {
-  FileUpdate::recover(workspace.dataFolder, workspace.lockPatience);
+  FileUpdate::recover(workspace.knownDataFolder(), workspace.lockPatience);
   const ProjectKindInfo& info = infoOf(kind);
   const std::filesystem::path path = findProjectFile(workspace.projectFolder(), info, fileName);
   Remarks found = upgradeProject(workspace, info, path);
-  const File file(path, File::Mode::Read);
+  const File file = File::below(workspace.dataFolder, path, File::Mode::Read);
   workspace.fileMemory.remember(FileUse::List, path, file.stamp());
   const ProjectHead head = readProjectHead(readerOf(file), info, path);
   if (const auto shortage = shortageOf(path, file.size(), info.recordSize, head.sampleCount))
@@ -93,7 +95,7 @@ bool holdsSamples(const Workspace& workspace, ProjectKind kind, std::string_view
                   std::span<const std::string> sampleNumbers) {
   const ProjectKindInfo& info = infoOf(kind);
   const std::filesystem::path path = findProjectFile(workspace.projectFolder(), info, fileName);
-  const File file(path, File::Mode::Read);
+  const File file = File::below(workspace.dataFolder, path, File::Mode::Read);
   const int sampleCount = readProjectHead(readerOf(file), info, path).sampleCount;
   return std::ranges::equal(readSampleNumbers(file, info, sampleCount), sampleNumbers, {}, gbkToUtf8);
 }

@@ -41,7 +41,7 @@ void ProjectSave::begin(const OverwriteChooser& chooseOverwrites, const ChangesO
   std::optional<std::vector<std::optional<FileStamp>>> askedFor;
   for (;;) {
     release();
-    m_update.emplace(m_workspace.dataFolder, m_workspace.lockPatience);
+    m_update.emplace(m_workspace.knownDataFolder(), m_workspace.lockPatience);
     findFiles(changed);
     if (changed.hasQuestion()) {
       release();

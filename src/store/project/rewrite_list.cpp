@@ -117,7 +117,7 @@ void blankInSummary(FileUpdate& update, const Workspace& workspace, const Projec
 /// The rewrite of one file with the right to do it.
 void rewriteLocked(Workspace& workspace, FileUpdate& update, const ProjectKindInfo& info,
                    const std::filesystem::path& path, std::span<const std::uint32_t> order, RewriteReport& report) {
-  const File file(path, File::Mode::Read);
+  const File file = File::below(workspace.dataFolder, path, File::Mode::Read);
   const ProjectHead head = readProjectHead(readerOf(file), info, path);
   checkOrder(order, head.sampleCount, path);
   if (const auto shortage = shortageOf(path, file.size(), info.recordSize, head.sampleCount))
@@ -150,7 +150,7 @@ RewriteReport rewriteProject(Workspace& workspace, ProjectKind kind, std::string
   ChangedFiles changed(workspace.fileMemory, FileUse::List, report.title);
   for (;;) {
     {
-      FileUpdate update(workspace.dataFolder, workspace.lockPatience);
+      FileUpdate update(workspace.knownDataFolder(), workspace.lockPatience);
       const std::filesystem::path path = findProjectFile(workspace.projectFolder(), info, fileName);
       update.lock().take(path);
       changed.look(path);

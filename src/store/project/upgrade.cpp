@@ -116,7 +116,7 @@ Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindIn
                        const std::filesystem::path& file) {
   const OldFormat* const format = info.oldFormat;
   if (format == nullptr || !fileExists(file)) return {};
-  const File old(file, File::Mode::Read);
+  const File old = File::below(workspace.dataFolder, file, File::Mode::Read);
   const std::optional<ProjectHead> head = oldHead(old, info);
   if (!head) return {};
   lock.take(file);
@@ -140,8 +140,8 @@ Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindIn
 
 Remarks upgradeProject(Workspace& workspace, const ProjectKindInfo& info, const std::filesystem::path& file) {
   if (info.oldFormat == nullptr || !fileExists(file)) return {};
-  if (!oldHead(File(file, File::Mode::Read), info)) return {};
-  DataLock lock(workspace.dataFolder, workspace.lockPatience);
+  if (!oldHead(File::below(workspace.dataFolder, file, File::Mode::Read), info)) return {};
+  DataLock lock(workspace.knownDataFolder(), workspace.lockPatience);
   lock.take(file);  // and whoever held it may have upgraded the file
   return upgradeProject(workspace, lock, info, file);
 }

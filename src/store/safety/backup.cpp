@@ -65,8 +65,9 @@ std::string newName(const fs::path& folder, const std::string& project) {
   return name;
 }
 
-fs::path backupFolderBeside(const fs::path& file) {
+fs::path backupFolderBeside(const fs::path& dataFolder, const fs::path& file) {
   fs::path folder = fileOrNew(file.parent_path(), kBackupFolder);
+  refuseLinks(dataFolder, folder);
   if (folderExists(folder)) return folder;
   if (!makeFolder(folder)) throw UserError(fmt::format("不能建立文件夹“{}”。", textOfPath(folder)));
   syncFolder(file.parent_path());
@@ -148,7 +149,7 @@ Remarks keepCopy(Workspace& workspace, const fs::path& file, std::uint64_t room)
   const std::optional<FileStamp> stamp = stampOf(file);
   if (!stamp || workspace.fileMemory.hasCopy(file, *stamp)) return {};
   try {
-    const fs::path folder = backupFolderBeside(file);
+    const fs::path folder = backupFolderBeside(workspace.dataFolder, file);
     dropOldCopies(folder, makeCopy(folder, file, room));
     workspace.fileMemory.noteCopy(file, *stamp);
   } catch (const UserError& cause) {

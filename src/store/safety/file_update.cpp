@@ -49,7 +49,7 @@ class SaveJournalApplication {
       if (m_files[i].deed != SaveJournalDeed::Write) continue;
       const std::filesystem::path path = pathOf(m_files[i]);
       if (m_before[i].existed) {
-        File file(path, File::Mode::Update);
+        File file = File::below(m_dataFolder, path, File::Mode::Update);
         file.resize(m_before[i].size);
         file.sync();
       } else {
@@ -73,6 +73,8 @@ class SaveJournalApplication {
 
   void exchangeFile(SaveJournalDeed deed, const std::filesystem::path& path) {
     const std::filesystem::path vanishing = deed == SaveJournalDeed::Replace ? m_dataFolder / kNewContentName : path;
+    refuseLinks(m_dataFolder, path);
+    refuseLinks(m_dataFolder, vanishing);
     if (fileExists(vanishing)) {
       if (deed == SaveJournalDeed::Replace)
         moveFile(vanishing, path);
@@ -93,7 +95,7 @@ class SaveJournalApplication {
   void lengthenFile(const SaveJournalFile& journalFile) {
     const std::filesystem::path path = pathOf(journalFile);
     const bool existed = fileExists(path);
-    File file(path, File::Mode::Shared);
+    File file = File::below(m_dataFolder, path, File::Mode::Shared);
     const std::uint64_t size = file.size();
     m_before.push_back({existed, size});
     if (!existed) m_foldersWithNewFiles.insert(path.parent_path());
@@ -108,7 +110,7 @@ class SaveJournalApplication {
   }
 
   void overwriteFile(const SaveJournalFile& journalFile, std::uint64_t oldSize) {
-    File file(pathOf(journalFile), File::Mode::Update);
+    File file = File::below(m_dataFolder, pathOf(journalFile), File::Mode::Update);
     for (const SaveJournalPiece& piece : journalFile.pieces)
       if (piece.offset < oldSize)
         write(file, {piece.offset, std::min(piece.size, oldSize - piece.offset), piece.dataPosition});
@@ -144,7 +146,7 @@ bool dropSaveJournal(const std::filesystem::path& journal) {
     // what the files hold already, or else the caller is told by the result.
     if (isVoid) return true;
     try {
-      File(journal, File::Mode::Update).resize(0);
+      File::below(journal.parent_path(), journal, File::Mode::Update).resize(0);
       isVoid = true;
     } catch (const UserError&) {
     }
@@ -300,7 +302,7 @@ struct FileUpdate::State {
   const File* onDisk(const std::string& key, const std::filesystem::path& path) {
     if (open && openKey == key) return &*open;
     if (!fileExists(path)) return nullptr;
-    open.emplace(path, File::Mode::Read);
+    open = File::below(dataFolder, path, File::Mode::Read);
     openKey = key;
     return &*open;
   }

@@ -24,6 +24,8 @@ constexpr std::size_t kBlock = std::size_t{1} << 20;
 /// No project or summary file comes near these; a journal that goes beyond them is not one of ours.
 constexpr std::uint64_t kLargestFile = std::numeric_limits<std::int32_t>::max();
 constexpr std::uint64_t kLargestIndex = std::uint64_t{16} << 20;
+/// All that a save writes is in memory before; this many bytes are read in a second or two.
+constexpr std::uint64_t kLargestData = kLargestFile;
 
 /// Tells a journal that was cut or torn by a crash from a whole one. Bytes are taken in groups of four words, each word
 /// into a lane of its own, which a processor works on side by side; in how many spans they come makes no difference.
@@ -154,6 +156,7 @@ std::optional<SaveJournalHead> plausibleHead(const File& file) {
   if (!readObject(file, 0, head) || head.mark != kSaveJournalBeginMark) return std::nullopt;
   const std::uint64_t size = file.size(), frame = sizeof(SaveJournalHead) + sizeof(SaveJournalFoot);
   if (size < frame || head.indexSize > kLargestIndex || head.indexSize > size - frame) return std::nullopt;
+  if (head.dataSize > kLargestData) return std::nullopt;
   if (head.dataSize != size - frame - head.indexSize) return std::nullopt;
   return head;
 }
@@ -213,6 +216,9 @@ void writeSaveJournal(const std::filesystem::path& journal, const std::vector<Sa
   SaveJournalHead head;
   head.indexSize = index.size();
   head.dataSize = data.size();
+  if (head.indexSize > kLargestIndex || head.dataSize > kLargestData)
+    throw UserError(
+        fmt::format("一次保存的数据太多：{} 字节，最多 {} 字节。请分几次保存。", head.dataSize, kLargestData));
   removeFile(journal);  // it may be a link to somewhere else
   File file(journal, File::Mode::Create);
   std::uint64_t end = 0;
@@ -236,7 +242,10 @@ void writeSaveJournal(const std::filesystem::path& journal, const std::vector<Sa
 }
 
 std::optional<FoundSaveJournal> FoundSaveJournal::open(const std::filesystem::path& journal) {
-  File file(journal, File::Mode::Read);
+  // A link in its place is none of ours, whatever it leads to. What can't be looked at is no link yet: the open tells.
+  std::error_code told;
+  if (std::filesystem::is_symlink(journal, told)) return std::nullopt;
+  File file = File::below(journal.parent_path(), journal, File::Mode::Read);
   const std::optional<SaveJournalHead> head = plausibleHead(file);
   if (!head) return std::nullopt;
   Bytes index(head->indexSize);

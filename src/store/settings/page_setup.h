@@ -60,8 +60,8 @@ struct PageSetup {
   }
 };
 
-/// From zmsz.sys; bytes that it doesn't have are 0, so without the file the pages are A4 landscape with one chart. A
-/// file that can't be read counts as missing.
+/// From zmsz.sys; bytes that it doesn't have are 0, so without the file the pages are A4 landscape with one chart.
+/// UserError when the file can't be read.
 PageSetup readPageSetup(const Workspace& workspace);
 
 /// Into zmsz.sys, which is made when it is missing. The limits of reading don't apply; a number of rows or columns that

@@ -14,16 +14,9 @@ SettingsFile::SettingsFile(const std::filesystem::path& applicationFolder, std::
 
 bool SettingsFile::exists() const { return fileExists(m_path); }
 
-// A file that is missing or can't be read counts as empty: the program then runs on its defaults, and the technician
-// hears of the file when a setting can't be written.
 void SettingsFile::read(std::uint32_t position, std::span<std::byte> into) const {
   std::ranges::fill(into, std::byte{0});
-  if (!exists()) return;
-  try {
-    File(m_path, File::Mode::Read).readAt(position - 1, into);
-  } catch (const UserError&) {
-    std::ranges::fill(into, std::byte{0});
-  }
+  if (exists()) File(m_path, File::Mode::Read).readAt(position - 1, into);
 }
 
 void SettingsFile::write(std::uint32_t position, std::span<const std::byte> from) {

@@ -43,8 +43,9 @@ const ToggleByte& byteOfToggle(bool Toggles::*toggle) {
 
 void readToggles(Workspace& workspace) {
   const SettingsFile settings = sharedSettings(workspace);
-  for (const ToggleByte& byte : kToggleBytes)
-    workspace.settings.toggles.*byte.toggle = settings.readByte(byte.position) == byte.on;
+  Toggles toggles = workspace.settings.toggles;
+  for (const ToggleByte& byte : kToggleBytes) toggles.*byte.toggle = settings.readByte(byte.position) == byte.on;
+  workspace.settings.toggles = toggles;
 }
 
 void setToggle(Workspace& workspace, bool Toggles::*toggle, bool on) {

@@ -27,7 +27,7 @@ const ToggleByte* toggleOfCommand(std::string_view command);
 /// std::out_of_range for a member that is stored nowhere.
 const ToggleByte& byteOfToggle(bool Toggles::*toggle);
 
-/// All of them from qvb.sys.
+/// All of them from qvb.sys. UserError when it can't be read; they are then as they were.
 void readToggles(Workspace& workspace);
 /// Sets one and writes its byte. It holds for this run even when it can't be written, which is a UserError.
 void setToggle(Workspace& workspace, bool Toggles::*toggle, bool on);

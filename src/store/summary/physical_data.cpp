@@ -54,7 +54,7 @@ PhysicalRecord recordOf(const Workspace& workspace, std::string_view projectNo, 
   if (whyNoFileName(projectNo) || sampleNo.empty()) return {};
   try {
     const auto path = findFile(workspace.summaryFolder(), projectFileName("", projectNo, ".dat"));
-    return path ? findRecord(File(*path, File::Mode::Read), sampleNo) : PhysicalRecord{};
+    return path ? findRecord(File::below(workspace.dataFolder, *path, File::Mode::Read), sampleNo) : PhysicalRecord{};
   } catch (const UserError&) {
     return {};  // a help that isn't there, and no reason to interrupt an adjustment
   }

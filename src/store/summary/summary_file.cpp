@@ -21,7 +21,7 @@ void readTitles(Workspace& workspace, const std::string& projectNo) {
   workspace.secondTitleLine.projectNo.clear();
   const std::filesystem::path path = summaryPath(workspace, projectNo);
   if (fileExists(path)) {
-    const File file(path, File::Mode::Read);
+    const File file = File::below(workspace.dataFolder, path, File::Mode::Read);
     const SummaryHead head = readSummaryHead(readerOf(file), path);
     workspace.projectName.text = head.header.projectName.trimmed();
     workspace.secondTitleLine.text = head.header.secondTitleLine.trimmed();
@@ -54,7 +54,7 @@ void visitLocations(const Workspace& workspace, std::string_view projectNo, std:
   std::unordered_multimap<std::string_view, std::size_t> places;
   for (std::size_t i = 0; i < sampleNumbers.size(); ++i)
     if (!sampleNumbers[i].empty()) places.emplace(sampleNumbers[i], i);
-  const File file(path, File::Mode::Read);
+  const File file = File::below(workspace.dataFolder, path, File::Mode::Read);
   const ReadAt readAt = readerOf(file);
   visitSummaryRecords(readAt, readSummaryHead(readAt, path).sampleCount, [&](std::size_t, const SummaryRecord& record) {
     const auto [begin, end] = places.equal_range(record.sampleNo.trimmed());

@@ -2,6 +2,8 @@
 
 #include "store/safety/save_journal.h"
 
+#include <chrono>
+
 #include "store/project/project_file.h"
 #include "store/project/project_list.h"
 #include "store/safety/file_update.h"
@@ -20,6 +22,11 @@ class SaveJournalTest : public StoreTest {
       files.push_back({path, {{offset, text.size(), spans.append(std::as_bytes(std::span(text)))}}});
     writeSaveJournal(data("journal"), files, spans);
     return read("journal");
+  }
+  static std::string eightBytes(std::uint64_t value) {
+    std::string bytes;
+    for (int i = 0; i < 8; ++i) bytes += static_cast<char>(value >> (8 * i) & 0xFF);
+    return bytes;
   }
   void recover() const { FileUpdate::recover(workspace.dataFolder); }
   /// Everything below the test's folder, as one text.
@@ -146,6 +153,25 @@ TEST_F(SaveJournalTest, ASaveDoesNotWriteThroughALink) {
   EXPECT_EQ(read("precious"), "precious");
   EXPECT_FALSE(has("nowhere"));
   EXPECT_EQ(read("HSZS/a"), "x");
+}
+
+TEST_F(SaveJournalTest, OneOfFortyGigabytesIsNotReadThrough) {
+  // Head, index and sizes agree; between them lies a hole that takes no space, of twenty pieces as large as a file can
+  // be. To read it would take minutes.
+  constexpr std::uint64_t kPiece = 0x7FFFFFFF, kPieces = 20;
+  std::string index = int16Bytes(6) + std::string(1, '\0') + std::string("\x14\0\0\0", 4) + "HSZS/a";
+  for (std::uint64_t i = 0; i < kPieces; ++i) index += std::string(8, '\0') + eightBytes(kPiece);
+  const std::string head = "TXJRNL1\n" + eightBytes(index.size()) + eightBytes(kPieces * kPiece);
+  write("journal", head + index);
+  const std::uint64_t end = head.size() + index.size() + kPieces * kPiece;
+  std::filesystem::resize_file(data("journal"), end);
+  const std::string foot = std::string(8, '\0') + "ENDTXJ1\n";
+  File(data("journal"), File::Mode::Update).writeAt(end, std::as_bytes(std::span(foot)));
+  const auto begin = std::chrono::steady_clock::now();
+  recover();
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+  EXPECT_FALSE(has("journal"));
+  EXPECT_FALSE(has("HSZS/a"));
 }
 
 TEST_F(SaveJournalTest, ADataFolderThatIsGoneHasNone) {

@@ -74,6 +74,15 @@ TEST_F(SettingsFileTest, AFolderInItsPlaceReadsAsEmptyAndCanNotBeWritten) {
   EXPECT_THAT(sentenceOf([&] { settings.writeByte(1, 1); }), ::testing::HasSubstr("qvb.sys"));
 }
 
+TEST_F(SettingsFileTest, WhatCanNotBeReadIsNotEmpty) {
+  std::filesystem::create_symlink("qvb.sys", path());  // a link that leads to itself
+  const SettingsFile settings = sharedSettings(workspace);
+  const auto named = ::testing::HasSubstr("qvb.sys");
+  EXPECT_THAT(sentenceOf([&] { settings.exists(); }), named);
+  EXPECT_THAT(sentenceOf([&] { settings.readText(kDataFolderField); }), named);
+  EXPECT_THAT(sentenceOf([&] { settings.readByte(198); }), named);
+}
+
 TEST_F(SettingsFileTest, IsFoundWithoutRegardToCase) {
   std::filesystem::rename(folder() / "app", folder() / "moved");
   std::filesystem::create_directory(folder() / "app");
