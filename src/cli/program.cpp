@@ -218,6 +218,7 @@ class Program {
     const SaveReport report =
         saveProject(m_workspace, kind, [=](Workspace& workspace, const std::vector<KnownSample>& known) {
           for (const KnownSample& sample : known) workspace.keepExisting[sample.row] = keepExisting;
+          return true;
         });
     m_dialogs.message(kSaveTitle, documentOfTests(kind).savedMessage, MessageIcon::None);
     printRemarks(report.remarks);

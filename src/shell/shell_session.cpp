@@ -136,10 +136,12 @@ bool ShellSession::save(const DocumentKind& document) {
         [&](Workspace& workspace, const std::vector<KnownSample>& known) {
           OverwriteSession session(workspace, known);
           m_windows.showOverwriteDialog(session);
+          return !session.isDropped();
         },
         [&](std::string_view title, std::string_view question) {
           return m_dialogs.ask(title, question, MessageIcon::Exclamation);
         });
+    if (report.isDropped) return;
     m_dialogs.message(kSaveTitle, document.savedMessage, MessageIcon::None);
     showRemarks(report.remarks);
     complete = report.errors.empty();

@@ -417,6 +417,18 @@ TEST_F(Shell, ASaveOfAnImportAsksAboutKnownSamplesEachTime) {
   EXPECT_THAT(windows.take(), ElementsAre("Form10"));
 }
 
+TEST_F(Shell, ADroppedSaveSaysNothingAndKeepsTheWindow) {
+  openChangedDocument();
+  lab.workspace.rawImportPending = true;
+  windows.inOverwriteDialog = [](OverwriteSession& session) { session.drop(); };
+  dialogs.answers = {true};
+  EXPECT_FALSE(shell.mayClose(kForm1));
+  EXPECT_THAT(dialogs.take(), ElementsAre(kQuestion));
+  EXPECT_FALSE(lab.hasProject("P1"));
+  EXPECT_TRUE(windows.form1->changed);
+  EXPECT_TRUE(lab.workspace.rawImportPending);
+}
+
 TEST_F(Shell, RowsThatCannotBeSavedAreNamedInOneBoxAndStayUnsaved) {
   openChangedDocument();
   lab.workspace.TriaxialSampleTable[1] = sample("A/B", "B-1");

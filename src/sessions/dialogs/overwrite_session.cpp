@@ -11,7 +11,8 @@ OverwriteSession::OverwriteSession(Workspace& workspace, std::vector<KnownSample
     : m_workspace(workspace), m_known(std::move(known)) {}
 
 std::vector<std::string> OverwriteSession::headings() const {
-  return {"序号", m_workspace.settings.habits.sampleNoLabel, ""};
+  return {"序号", m_workspace.settings.habits.sampleNoLabel, "已存围压", "已存土样名称", "导入围压", "导入土样名称",
+          ""};
 }
 
 int OverwriteSession::largestScroll() const { return std::max(0, rowCount() - kVisibleRows); }
@@ -26,9 +27,9 @@ const KnownSample* OverwriteSession::sampleAt(int index) const {
 
 OverwriteSession::Line OverwriteSession::line(int index) const {
   const KnownSample* const sample = sampleAt(index);
-  if (sample == nullptr) return {};
+  if (sample == nullptr) return {"", rowCount() == 0 && index == 0 ? std::string(kNothingKnown) : ""};
   return {std::to_string(m_scroll + index + 1),
-          gbkToUtf8(m_workspace.TriaxialSampleTable[sample->row].sampleNo.trimmed()),
+          gbkToUtf8(m_workspace.TriaxialSampleTable[sample->row].sampleNo.trimmed()), sample->stored, sample->coming,
           m_workspace.keepExisting[sample->row] ? "不覆盖" : "覆盖"};
 }
 

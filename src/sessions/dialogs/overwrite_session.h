@@ -18,11 +18,13 @@ class OverwriteSession {
   static constexpr std::string_view kOverwriteAll = "全覆盖";  // Command1
   static constexpr std::string_view kKeepAll = "全不覆盖";     // Command2
   static constexpr std::string_view kAccept = "确定";          // Command3
+  static constexpr std::string_view kCancel = "取消";          // Command4
+  static constexpr std::string_view kNothingKnown = "没有已保存的土样";
   static constexpr int kVisibleRows = 20;
 
   OverwriteSession(Workspace& workspace, std::vector<KnownSample> known);
 
-  /// Heads of the three columns; the last has none.
+  /// Heads of the columns in the order of a line; the last has none.
   std::vector<std::string> headings() const;
   int rowCount() const { return static_cast<int>(m_known.size()); }
 
@@ -31,15 +33,21 @@ class OverwriteSession {
   void setScroll(int value);  // held inside 0 .. largestScroll
 
   struct Line {
-    std::string number, sampleNo, answer;  // "覆盖" or "不覆盖"
+    std::string number, sampleNo;
+    SampleBrief stored{}, coming{};
+    std::string answer{};  // "覆盖" or "不覆盖"
     bool operator==(const Line&) const = default;
   };
-  /// A line of the page, 0 to 19; blank texts below the end of the list.
+  /// A line of the page, 0 to 19; blank texts below the end of the list, and a sentence on the first of an empty one.
   Line line(int index) const;
   /// A click on a line; outside the list nothing happens.
   void flip(int index);
   void overwriteAll();
   void keepAll();
+
+  /// 取消: the save is dropped.
+  void drop() { m_isDropped = true; }
+  bool isDropped() const { return m_isDropped; }
 
  private:
   /// Null outside the list and the page.
@@ -48,6 +56,7 @@ class OverwriteSession {
   Workspace& m_workspace;
   std::vector<KnownSample> m_known;
   int m_scroll = 0;
+  bool m_isDropped = false;
 };
 
 }  // namespace triaxlab

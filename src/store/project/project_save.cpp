@@ -34,7 +34,7 @@ std::string fileKey(std::string_view projectNo) {
 ProjectSave::ProjectSave(Workspace& workspace, ProjectKind kind)
     : m_workspace(workspace), m_info(infoOf(kind)), m_table(workspace, kind) {}
 
-void ProjectSave::begin(const OverwriteChooser& chooseOverwrites, const ChangesOfOthers& changes) {
+bool ProjectSave::begin(const OverwriteChooser& chooseOverwrites, const ChangesOfOthers& changes) {
   // A question is asked without the locks, so that no other program waits for a person; what was read before it is then
   // read again, and asked about again if it is no longer the same.
   ChangedFiles changed(m_workspace.fileMemory, FileUse::Document, changes.title);
@@ -49,15 +49,15 @@ void ProjectSave::begin(const OverwriteChooser& chooseOverwrites, const ChangesO
       continue;
     }
     loadFiles();
-    if (!m_workspace.rawImportPending || askedFor == stamps()) return;
+    if (!m_workspace.rawImportPending || askedFor == stamps()) return true;
     askedFor = stamps();
     m_update->unlock();
-    askOverwrites(chooseOverwrites);
+    if (!askOverwrites(chooseOverwrites)) return false;
   }
 }
 
-void ProjectSave::askOfEmptyTable(const OverwriteChooser& chooseOverwrites) {
-  if (m_workspace.rawImportPending) askOverwrites(chooseOverwrites);
+bool ProjectSave::askOfEmptyTable(const OverwriteChooser& chooseOverwrites) {
+  return !m_workspace.rawImportPending || askOverwrites(chooseOverwrites);
 }
 
 void ProjectSave::finish() {
@@ -73,7 +73,7 @@ void ProjectSave::finish() {
     if (saved.project->isWritten()) written.push_back(saved.path);
     for (const std::string& remark : saved.project->remarks()) m_remarks.push_back(remark);
   }
-  keepCopies(written);
+  keepCopies();
   commitOwnChanges(*m_update, m_workspace.fileMemory, written);
   for (const std::filesystem::path& file : written)
     if (const std::optional<FileStamp> stamp = stampAfterChange(file))
@@ -160,11 +160,17 @@ std::vector<std::optional<FileStamp>> ProjectSave::stamps() const {
   return stamps;
 }
 
-void ProjectSave::keepCopies(const std::vector<std::filesystem::path>& files) {
+/// An import that replaces known samples drops what was typed for them: then also what this run wrote is copied.
+void ProjectSave::keepCopies() {
   // The journal, and behind it the files.
   const std::uint64_t room = 2 * m_update->pendingBytes();
-  for (const std::filesystem::path& file : files)
-    for (const std::string& remark : keepCopy(m_workspace, file, room)) m_remarks.push_back(remark);
+  for (const auto& [name, saved] : m_projects) {
+    if (!saved.project || !saved.project->isWritten()) continue;
+    const bool replaces = m_workspace.rawImportPending && saved.project->replacesStored();
+    for (const std::string& remark :
+         keepCopy(m_workspace, saved.path, room, replaces ? CopyOf::OwnStates : CopyOf::OthersStates))
+      m_remarks.push_back(remark);
+  }
 }
 
 void ProjectSave::saveRow(const SaveableRow& saved) {

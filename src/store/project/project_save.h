@@ -36,9 +36,10 @@ class ProjectSave {
 
   /// Takes the locks, reads what is on disk and asks what there is to ask. UserError when an interrupted save can't be
   /// finished first, another program is at its save, or the person doesn't want it; nothing was written then.
-  void begin(const OverwriteChooser& chooseOverwrites, const ChangesOfOthers& changes);
-  /// All there is to a save without a live row.
-  void askOfEmptyTable(const OverwriteChooser& chooseOverwrites);
+  /// False when the person drops the save of an import; nothing was written then either.
+  bool begin(const OverwriteChooser& chooseOverwrites, const ChangesOfOthers& changes);
+  /// All there is to a save without a live row. False as above.
+  bool askOfEmptyTable(const OverwriteChooser& chooseOverwrites);
   /// Pre: `begin` has returned. All or nothing on disk. UserError when nothing was written.
   void finish();
   /// What was left out, and why; one sentence each.
@@ -57,8 +58,8 @@ class ProjectSave {
 
   // What a kind does in its own way.
 
-  /// Before the first row is saved, when the table holds an import.
-  virtual void askOverwrites(const OverwriteChooser&) {}
+  /// Before the first row is saved, when the table holds an import. False drops the save.
+  virtual bool askOverwrites(const OverwriteChooser&) { return true; }
   /// Writes a row in the place of a stored sample, or behind the last one. The record in the table stays as it is from
   /// here on to the end of the save.
   virtual void overwrite(const SaveableRow& saved, std::uint32_t position);
@@ -90,7 +91,7 @@ class ProjectSave {
   void load(SavedProject& project);
   std::unique_ptr<SummaryUpdate> loadSummary(const std::string& projectNo);
   std::vector<std::optional<FileStamp>> stamps() const;
-  void keepCopies(const std::vector<std::filesystem::path>& files);
+  void keepCopies();
   void saveRow(const SaveableRow& row);
   const ProjectHeader& lastHeader() const;
   ProjectHeader newHeader(std::string_view projectNo) const;

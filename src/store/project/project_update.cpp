@@ -17,6 +17,7 @@ ProjectUpdate::ProjectUpdate(FileUpdate& update, const ProjectKindInfo& info, st
     return m_update.readAt(m_path, offset, into);
   };
   m_head = readProjectHead(readAt, m_info, m_path);
+  m_storedCount = m_head.sampleCount;
   const std::uint64_t size = m_update.size(m_path);
   m_shortage = shortageOf(m_path, size, m_info.recordSize, m_head.sampleCount);
   std::uint32_t position = 0;
@@ -43,13 +44,18 @@ void ProjectUpdate::read(std::uint32_t position, std::span<std::byte> record) co
 void ProjectUpdate::overwrite(std::uint32_t position, std::span<const std::byte> record) {
   completeShortFile();
   m_update.writeInPlace(m_path, recordPosition(m_info.recordSize, position), record);
-  m_written = true;
+  noteWrite(position);
 }
 
 void ProjectUpdate::overwriteWithCopy(std::uint32_t position, std::span<const std::byte> record) {
   completeShortFile();
   m_update.writeAt(m_path, recordPosition(m_info.recordSize, position), record);
+  noteWrite(position);
+}
+
+void ProjectUpdate::noteWrite(std::uint32_t position) {
   m_written = true;
+  if (std::cmp_less(position, m_storedCount)) m_replacesStored = true;
 }
 
 void ProjectUpdate::completeShortFile() {

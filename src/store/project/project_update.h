@@ -26,6 +26,8 @@ class ProjectUpdate {
   bool exists() const { return m_exists; }
   /// A record was written.
   bool isWritten() const { return m_written; }
+  /// A record that stood in the file before was written over.
+  bool replacesStored() const { return m_replacesStored; }
   /// What the file lacked and the save has filled with blank records, if a record was written.
   Remarks remarks() const;
   /// Of a file that exists.
@@ -51,6 +53,7 @@ class ProjectUpdate {
   /// Before the first record is written: what the file doesn't hold whole of the records that its header claims becomes
   /// blank, as it reads, and not a gap of zero bytes.
   void completeShortFile();
+  void noteWrite(std::uint32_t position);
   std::string keyOf(std::string_view sampleNo, std::uint8_t testMethod) const;
 
   FileUpdate& m_update;
@@ -59,6 +62,8 @@ class ProjectUpdate {
   bool m_exists;
   std::optional<std::string> m_shortage;  // of a file that holds fewer samples than its header claims
   bool m_written = false;
+  bool m_replacesStored = false;
+  int m_storedCount = 0;  // of the file as it was found
   ProjectHead m_head;
   std::unordered_map<std::string, std::uint32_t> m_sampleIndex;  // number and method to the first such record
 };

@@ -51,12 +51,13 @@ SaveReport saveProject(Workspace& workspace, ProjectKind kind, const OverwriteCh
                        const ChangeQuestion& mayOverwriteChanges) {
   const ProjectKindInfo& info = infoOf(infoOf(kind).savedAs);
   const std::unique_ptr<ProjectSave> save = info.makeSave(workspace);
-  if (!hasLiveRow(SampleRows(workspace, info.kind))) {
-    save->askOfEmptyTable(chooseOverwrites);
-    return {};
-  }
-  save->begin(chooseOverwrites, {std::string(kSaveTitle), mayOverwriteChanges});
   SaveReport report;
+  if (!hasLiveRow(SampleRows(workspace, info.kind))) {
+    report.isDropped = !save->askOfEmptyTable(chooseOverwrites);
+    return report;
+  }
+  report.isDropped = !save->begin(chooseOverwrites, {std::string(kSaveTitle), mayOverwriteChanges});
+  if (report.isDropped) return report;
   save->finish();
   report.errors = save->errors();
   report.summaryErrors = save->summaryErrors();

@@ -12,20 +12,30 @@
 
 namespace triaxlab {
 
+/// By what a technician tells two states of a sample apart; UTF-8.
+struct SampleBrief {
+  std::string cellPressures;  // "100、200、300"
+  std::string soilName;
+  bool operator==(const SampleBrief&) const = default;
+};
+
 /// One sample of an import that its project file already knows, as Form10 lists it.
 struct KnownSample {
-  std::size_t row;  // of the table; keepExisting[row] is the answer
+  std::size_t row;                 // of the table; keepExisting[row] is the answer
+  SampleBrief stored{}, coming{};  // what the file holds, and what the import brings
 };
 
 /// Shown at a save of an import: lets the technician set keepExisting for the known samples. All flags are cleared
-/// before.
-using OverwriteChooser = std::function<void(Workspace& workspace, const std::vector<KnownSample>& known)>;
+/// before. False drops the save.
+using OverwriteChooser = std::function<bool(Workspace& workspace, const std::vector<KnownSample>& known)>;
 
 /// Title of what a save asks and says.
 inline constexpr std::string_view kSaveTitle = "保存数据";
 
 /// What a save has to say when it is done, beside that it is.
 struct SaveReport {
+  /// The technician has dropped the save of an import: nothing was written, and the import is still pending.
+  bool isDropped = false;
   /// What could not be written: a project number that can't be a file name, a damaged file, a full file, each with the
   /// rows that it concerns. Everything else was written.
   std::vector<std::string> errors;

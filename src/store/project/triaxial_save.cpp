@@ -1,19 +1,37 @@
 #include "store/project/triaxial_save.h"
 
+#include <memory>
+
+#include "common/gbk.h"
 #include "store/project/specimens.h"
 
 namespace triaxlab {
+namespace {
+
+SampleBrief briefOf(const TriaxialSampleRecord& record) {
+  SampleBrief brief{{}, gbkToUtf8(record.soilName.trimmed())};
+  for (const FixedText<6>& pressure : record.cellPressure)
+    if (pressure.number() != 0)
+      brief.cellPressures += (brief.cellPressures.empty() ? "" : "、") + gbkToUtf8(pressure.trimmed());
+  return brief;
+}
+
+}  // namespace
 
 TriaxialSave::~TriaxialSave() {
   for (const auto& [row, record] : m_before) workspace().TriaxialSampleTable[row] = record;
 }
 
-void TriaxialSave::askOverwrites(const OverwriteChooser& chooseOverwrites) {
+bool TriaxialSave::askOverwrites(const OverwriteChooser& chooseOverwrites) {
   workspace().keepExisting.reset();
   std::vector<KnownSample> known;
+  const auto stored = std::make_unique<TriaxialSampleRecord>();
   for (const SaveableRow& row : rows())
-    if (positionOf(row)) known.push_back({row.row});
-  if (chooseOverwrites) chooseOverwrites(workspace(), known);
+    if (const std::optional<std::uint32_t> position = positionOf(row)) {
+      row.project->read(*position, writableBytesOf(*stored));
+      known.push_back({row.row, briefOf(*stored), briefOf(workspace().TriaxialSampleTable[row.row])});
+    }
+  return !chooseOverwrites || chooseOverwrites(workspace(), known);
 }
 
 void TriaxialSave::overwrite(const SaveableRow& saved, std::uint32_t position) {

@@ -15,7 +15,7 @@ class TriaxialSave final : public ProjectSave {
   ~TriaxialSave() override;
 
  private:
-  void askOverwrites(const OverwriteChooser& chooseOverwrites) override;
+  bool askOverwrites(const OverwriteChooser& chooseOverwrites) override;
   void overwrite(const SaveableRow& saved, std::uint32_t position) override;
   void append(const SaveableRow& saved) override;
   void committed() override { m_before.clear(); }

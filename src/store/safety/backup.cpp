@@ -145,9 +145,10 @@ void dropOldCopies(const fs::path& folder, const std::string& newest) {
 
 }  // namespace
 
-Remarks keepCopy(Workspace& workspace, const fs::path& file, std::uint64_t room) {
+Remarks keepCopy(Workspace& workspace, const fs::path& file, std::uint64_t room, CopyOf states) {
   const std::optional<FileStamp> stamp = stampOf(file);
-  if (!stamp || workspace.fileMemory.hasCopy(file, *stamp)) return {};
+  if (!stamp) return {};
+  if (states == CopyOf::OthersStates && workspace.fileMemory.hasCopy(file, *stamp)) return {};
   try {
     const fs::path folder = backupFolderBeside(workspace.dataFolder, file);
     dropOldCopies(folder, makeCopy(folder, file, room));

@@ -21,6 +21,10 @@ inline constexpr std::uint64_t kLargestBackups = std::uint64_t{1} << 30;  // byt
 /// has one of this state, and drops copies beyond the limits, the oldest first. The disk keeps `room` bytes for the
 /// change itself; shared blocks are used where the file system can. A copy that can't be made is a remark and nothing
 /// more.
-Remarks keepCopy(Workspace& workspace, const std::filesystem::path& file, std::uint64_t room);
+///
+/// `OwnStates` copies also a state that this run itself has made: for an import that replaces what was worked on.
+enum class CopyOf : std::uint8_t { OthersStates, OwnStates };
+Remarks keepCopy(Workspace& workspace, const std::filesystem::path& file, std::uint64_t room,
+                 CopyOf states = CopyOf::OthersStates);
 
 }  // namespace triaxlab

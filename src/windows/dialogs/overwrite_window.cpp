@@ -12,12 +12,21 @@
 namespace triaxlab {
 namespace {
 
-constexpr Place kWindow{0, 0, 6200, 6750};
+constexpr Place kWindow{0, 0, 14200, 6750};
 constexpr int kTop = 150, kPitch = 300;
-constexpr int kNumberX = 200, kSampleX = 900, kAnswerX = 2900;
-constexpr int kNumberWidth = 700, kSampleWidth = 2000, kAnswerWidth = 1200;
-constexpr Place kScroll{4130, kTop + kPitch, 255, kPitch* OverwriteSession::kVisibleRows};
-constexpr int kButtonX = 4700, kButtonWidth = 1300, kButtonHeight = 400;
+/// Label5, Label1, Label6 to Label9, Label2: the parts of a line from the left.
+struct Column {
+  const char *head, *cells;
+  int x, width;
+};
+constexpr std::array kColumns{
+    Column{"Label3", "Label5", 200, 700},    Column{"Label4", "Label1", 900, 2000},
+    Column{"Label10", "Label6", 2900, 2300}, Column{"Label11", "Label7", 5200, 1700},
+    Column{"Label12", "Label8", 6900, 2300}, Column{"Label13", "Label9", 9200, 1700},
+    Column{nullptr, "Label2", 10900, 1200},
+};
+constexpr Place kScroll{12130, kTop + kPitch, 255, kPitch* OverwriteSession::kVisibleRows};
+constexpr int kButtonX = 12700, kButtonWidth = 1300, kButtonHeight = 400;
 
 constexpr Place linePlace(int line, int x, int width) { return {x, kTop + kPitch * line, width, kPitch}; }
 
@@ -41,23 +50,22 @@ Form10::Form10(QWidget* parent, OverwriteSession& session)
 
 void Form10::makeLines() {
   const std::vector<std::string> headings = m_session.headings();
-  put(new ClickLabel(this, words(headings.at(0)), ClickLabel::Look::Head), "Label3",
-      linePlace(0, kNumberX, kNumberWidth));
-  put(new ClickLabel(this, words(headings.at(1)), ClickLabel::Look::Head), "Label4",
-      linePlace(0, kSampleX, kSampleWidth));
+  for (std::size_t column = 0; column < kColumns.size(); ++column)
+    if (const Column& place = kColumns.at(column); place.head != nullptr)
+      put(new ClickLabel(this, words(headings.at(column)), ClickLabel::Look::Head), place.head,
+          linePlace(0, place.x, place.width));
   for (int i = 0; i < OverwriteSession::kVisibleRows; ++i) {
-    const auto label = [&](const char* name, int x, int width) {
-      auto* const made =
-          put(new ClickLabel(this, {}, ClickLabel::Look::Cell), arrayName(name, i), linePlace(i + 1, x, width));
+    const auto label = [&](std::size_t column) {
+      const Column& place = kColumns.at(column);
+      auto* const made = put(new ClickLabel(this, {}, ClickLabel::Look::Cell), arrayName(place.cells, i),
+                             linePlace(i + 1, place.x, place.width));
       connect(made, &ClickLabel::clicked, this, [this, i] {
         m_session.flip(i);
         refresh();
       });
       return made;
     };
-    m_lines.at(static_cast<std::size_t>(i)) = {label("Label5", kNumberX, kNumberWidth),
-                                               label("Label1", kSampleX, kSampleWidth),
-                                               label("Label2", kAnswerX, kAnswerWidth)};
+    m_lines.at(static_cast<std::size_t>(i)) = {label(0), label(1), label(2), label(3), label(4), label(5), label(6)};
   }
 }
 
@@ -68,10 +76,11 @@ void Form10::makeButtons() {
   QPushButton* const overwrite = button("Command1", OverwriteSession::kOverwriteAll, 450);
   QPushButton* const keep = button("Command2", OverwriteSession::kKeepAll, 1050);
   QPushButton* const accept = button("Command3", OverwriteSession::kAccept, 1950);
+  QPushButton* const cancel = button("Command4", OverwriteSession::kCancel, 2550);
   accept->setDefault(true);
   accept->setFocus();
   // Enter ends the dialog whichever button was pressed last.
-  for (QPushButton* const all : {overwrite, keep}) all->setAutoDefault(false);
+  for (QPushButton* const all : {overwrite, keep, cancel}) all->setAutoDefault(false);
   connect(overwrite, &QPushButton::clicked, this, [this] {
     m_session.overwriteAll();
     refresh();
@@ -81,6 +90,12 @@ void Form10::makeButtons() {
     refresh();
   });
   connect(accept, &QPushButton::clicked, this, &QDialog::accept);
+  connect(cancel, &QPushButton::clicked, this, &Form10::reject);
+}
+
+void Form10::reject() {
+  m_session.drop();
+  QDialog::reject();
 }
 
 void Form10::refresh() {
@@ -89,6 +104,10 @@ void Form10::refresh() {
     const Line& line = m_lines.at(static_cast<std::size_t>(i));
     line.number->setText(words(texts.number));
     line.sampleNo->setText(words(texts.sampleNo));
+    line.storedPressures->setText(words(texts.stored.cellPressures));
+    line.storedSoil->setText(words(texts.stored.soilName));
+    line.comingPressures->setText(words(texts.coming.cellPressures));
+    line.comingSoil->setText(words(texts.coming.soilName));
     line.answer->setText(words(texts.answer));
     line.answer->setFocusPolicy(texts.answer.empty() ? Qt::NoFocus : Qt::TabFocus);
   }

@@ -18,14 +18,16 @@ class Form10 : public QDialog {
  public:
   Form10(QWidget* parent, OverwriteSession& session);
 
-  void reject() override { accept(); }
+  /// 取消, Esc and the corner drop the save.
+  void reject() override;
 
  protected:
   void wheelEvent(QWheelEvent* event) override;
 
  private:
   struct Line {
-    ClickLabel *number = nullptr, *sampleNo = nullptr, *answer = nullptr;
+    ClickLabel *number = nullptr, *sampleNo = nullptr, *storedPressures = nullptr, *storedSoil = nullptr,
+               *comingPressures = nullptr, *comingSoil = nullptr, *answer = nullptr;
   };
 
   void makeLines();

@@ -96,14 +96,15 @@ using Line = OverwriteSession::Line;
 TEST_F(Overwrite, ListsTheKnownSamples) {
   const OverwriteSession form10 = session(3);
   EXPECT_EQ(form10.rowCount(), 3);
-  EXPECT_EQ(form10.line(0), (Line{"1", "1", "覆盖"}));
-  EXPECT_EQ(form10.line(2), (Line{"3", "5", "覆盖"}));
+  EXPECT_EQ(form10.line(0), (Line{"1", "1", {}, {}, "覆盖"}));
+  EXPECT_EQ(form10.line(2), (Line{"3", "5", {}, {}, "覆盖"}));
   EXPECT_EQ(form10.line(3), Line{});
   EXPECT_EQ(form10.line(-1), Line{});
 }
 
 TEST_F(Overwrite, HeadsTheSampleColumnWithTheLaboratorysLabel) {
-  EXPECT_THAT(session(1).headings(), ElementsAre("序号", "土样编号", ""));
+  EXPECT_THAT(session(1).headings(),
+              ElementsAre("序号", "土样编号", "已存围压", "已存土样名称", "导入围压", "导入土样名称", ""));
   workspace.settings.habits.sampleNoLabel = "室内编号";
   EXPECT_EQ(session(1).headings()[1], "室内编号");
 }
@@ -147,8 +148,8 @@ TEST_F(Overwrite, ScrollsAListOfMoreThanTwentyRows) {
   EXPECT_EQ(form10.largestScroll(), 5);
   form10.setScroll(9);
   EXPECT_EQ(form10.scroll(), 5);
-  EXPECT_EQ(form10.line(0), (Line{"6", "11", "覆盖"}));
-  EXPECT_EQ(form10.line(19), (Line{"25", "49", "覆盖"}));
+  EXPECT_EQ(form10.line(0), (Line{"6", "11", {}, {}, "覆盖"}));
+  EXPECT_EQ(form10.line(19), (Line{"25", "49", {}, {}, "覆盖"}));
   form10.flip(0);
   EXPECT_TRUE(workspace.keepExisting[10]);
   form10.setScroll(-3);
@@ -161,6 +162,9 @@ TEST_F(Overwrite, AShortOrEmptyListDoesNotScroll) {
   EXPECT_EQ(empty.rowCount(), 0);
   empty.setScroll(1);
   EXPECT_EQ(empty.scroll(), 0);
+  EXPECT_EQ(empty.line(0).sampleNo, "没有已保存的土样");
+  EXPECT_EQ(empty.line(1), Line{});
+  empty.flip(0);
   empty.keepAll();
   EXPECT_TRUE(workspace.keepExisting.none());
 }

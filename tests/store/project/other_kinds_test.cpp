@@ -52,6 +52,7 @@ class OtherKinds : public StoreTest, public ::testing::WithParamInterface<KindOf
   SaveReport save() {
     return saveProject(workspace, GetParam().kind, [](Workspace&, const std::vector<KnownSample>&) {
       ADD_FAILURE() << "only a triaxial import asks what to write over";
+      return true;
     });
   }
   void setDate(std::string_view year, std::string_view month, std::string_view day) {

@@ -25,12 +25,13 @@ class SaveImport : public StoreTest {
         if (keepAll) workspace.keepExisting.set(sample.row);
       }
       ++timesAsked;
+      return !drop;
     });
   }
 
   std::string stored;
   std::vector<std::size_t> known;
-  bool keepAll = false;
+  bool keepAll = false, drop = false;
   int timesAsked = 0;
 };
 
@@ -85,6 +86,31 @@ TEST_F(SaveImport, OtherSavesDoNotAsk) {
   save();
   EXPECT_EQ(timesAsked, 0);
   EXPECT_SAME_BYTES(read("HSZS/WKSZI1.txt").substr(kHeaderSize, kTriaxialSize), kNewS1);
+}
+
+TEST_F(SaveImport, ADroppedSaveWritesNothingAndLeavesTheImportPending) {
+  setRow(0, kNewS1);
+  setRow(1, kNewS3);
+  SetText(workspace.processingDate.year, "2024");
+  const auto before = snapshot();
+  drop = true;
+  EXPECT_TRUE(save().isDropped);
+  EXPECT_EQ(snapshot(), before);
+  EXPECT_TRUE(workspace.rawImportPending);
+  drop = false;
+  EXPECT_FALSE(save().isDropped);
+  EXPECT_NE(snapshot(), before);
+}
+
+TEST_F(SaveImport, WhatThisRunWroteIsCopiedBeforeAnImportReplacesIt) {
+  setRow(0, kNewS3);
+  save();
+  EXPECT_EQ(backups().size(), 1U);
+  const std::string worked = read("HSZS/WKSZI1.txt");
+  setRow(0, triaxialBytes("I1", "S3", 2, "300"));
+  save();
+  ASSERT_EQ(backups().size(), 2U);
+  EXPECT_SAME_BYTES(read("HSZS/backup/" + backups().at(1)), worked);
 }
 
 TEST_F(SaveImport, AKnownSampleIsWrittenOver) {

@@ -102,6 +102,7 @@ TEST_F(Backup, OnlyOfFilesThatAreWritten) {
   workspace.rawImportPending = true;
   saveTriaxial(workspace, [](Workspace& asked, const std::vector<KnownSample>& known) {
     for (const KnownSample& sample : known) asked.keepExisting[sample.row] = true;
+    return true;
   });
   EXPECT_FALSE(has("HSZS/backup"));
 }

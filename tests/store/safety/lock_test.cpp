@@ -103,7 +103,7 @@ TEST_F(Locks, EndWithTheSave) {
 TEST_F(Locks, NobodyWaitsForAPerson) {
   workspace.rawImportPending = true;
   bool wasFree = false;
-  saveTriaxial(workspace, [&](Workspace&, const std::vector<KnownSample>&) { wasFree = folderIsFree(); });
+  saveTriaxial(workspace, [&](Workspace&, const std::vector<KnownSample>&) { return wasFree = folderIsFree(); });
   EXPECT_TRUE(wasFree);
 }
 
@@ -113,10 +113,11 @@ TEST_F(Locks, AFileThatChangesWhileThePersonAnswersIsReadAgain) {
   std::vector<std::size_t> knownCounts;
   saveTriaxial(workspace, [&](Workspace&, const std::vector<KnownSample>& known) {
     knownCounts.push_back(known.size());
-    if (knownCounts.size() > 1) return;
+    if (knownCounts.size() > 1) return true;
     // Another program adds sample S9 in the meantime.
     write("HSZS/WKSZP1.txt", headerBytes({"0003", "P1"}) + triaxialBytes("P1", "S1") + triaxialBytes("P1", "S2") +
                                  triaxialBytes("P1", "S9") + field("", 100));
+    return true;
   });
   EXPECT_THAT(knownCounts, ::testing::ElementsAre(1U, 2U)) << "S1 at first, then S9 too";
   EXPECT_EQ(read("HSZS/WKSZP1.txt").substr(0, 4), "0003");
