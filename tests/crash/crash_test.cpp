@@ -112,6 +112,7 @@ class Crash : public ::testing::TestWithParam<Scene> {
 
   /// Lets each look at the disk fail in turn, with one error after the other.
   void failAtEachLook() {
+    restore(m_old);
     const long looks = countCalls({GetParam().deed}, kLooks);
     ASSERT_GT(looks, 15);
     for (long look = 1; look <= looks; ++look) {
@@ -125,7 +126,8 @@ class Crash : public ::testing::TestWithParam<Scene> {
         ASSERT_EQ(run({"recover"}).exitStatus, kDone) << then;
       }
       const bool isSaved = outcome.exitStatus == kDone || outcome.exitStatus == kFinishedLater;
-      const bool areApart = GetParam().projects.size() > 1;
+      // Projects are saved apart from each other, and an upgrade stands when the open behind it fails.
+      const bool areApart = GetParam().projects.size() > 1 || GetParam().oldFormat;
       ASSERT_TRUE(areApart && !isSaved ? isOldOrNewFileByFile() : contents() == (isSaved ? m_new : m_old)) << then;
       if (isSaved) continue;
       ASSERT_EQ(run({GetParam().deed}).exitStatus, kDone) << then << ": it works the next time";
@@ -141,10 +143,7 @@ class Crash : public ::testing::TestWithParam<Scene> {
     for (long look = 1; look <= looks; ++look) {
       restore(journalled);
       const std::string then = errorOfLook(look) + " at look " + std::to_string(look);
-      const Outcome outcome = stop({"recover"}, errorOfLook(look), look, kLooks);
-      if (outcome.exitStatus == kDone) {
-        ASSERT_TRUE(contents() == m_new) << then;
-      }
+      stop({"recover"}, errorOfLook(look), look, kLooks);
       ASSERT_EQ(run({"recover"}).exitStatus, kDone) << then;
       ASSERT_TRUE(contents() == m_new) << then;
     }
@@ -236,7 +235,7 @@ class Crash : public ::testing::TestWithParam<Scene> {
 #endif
   }
 
-  /// Of several projects one may have been left out; each is whole.
+  /// Each file is whole, whatever became of the others.
   bool isOldOrNewFileByFile() const {
     const Contents now = contents();
     return std::all_of(now.begin(), now.end(), [this](const auto& file) {

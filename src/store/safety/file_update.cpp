@@ -95,10 +95,14 @@ class SaveJournalApplication {
   void lengthenFile(const SaveJournalFile& journalFile) {
     const std::filesystem::path path = pathOf(journalFile);
     const bool existed = fileExists(path);
+    if (!existed) {
+      // Told before it is made: also one that can't be looked at afterwards must go again.
+      m_before.push_back({false, 0});
+      m_foldersWithNewFiles.insert(path.parent_path());
+    }
     File file = File::below(m_dataFolder, path, File::Mode::Shared);
     const std::uint64_t size = file.size();
-    m_before.push_back({existed, size});
-    if (!existed) m_foldersWithNewFiles.insert(path.parent_path());
+    if (existed) m_before.push_back({true, size});
     bool longer = !existed;
     for (const SaveJournalPiece& piece : journalFile.pieces) {
       const std::uint64_t inside = size > piece.offset ? std::min(size - piece.offset, piece.size) : 0;
