@@ -115,9 +115,7 @@ File File::below(const std::filesystem::path& root, std::filesystem::path path, 
 File::File(std::filesystem::path path, int descriptor) : m_path(std::move(path)), m_descriptor(descriptor) {
   struct stat status {};
   int error = 0;
-  if (m_descriptor < 0)
-    error = errno;
-  else if (fstat(m_descriptor, &status) != 0)
+  if (m_descriptor < 0 || fstat(m_descriptor, &status) != 0)
     error = errno;
   else if (S_ISDIR(status.st_mode))
     error = EISDIR;
