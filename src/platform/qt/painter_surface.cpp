@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <vector>
 
 namespace triaxlab {
 namespace {
@@ -16,6 +17,20 @@ constexpr double kTwipsPerLogicalPixel = 15;
 constexpr double kTwipsPerPaperWidth = 1440.0 / 600;
 /// Height of the baseline below the upper edge of a text, in its size: that of 宋体, whatever font takes its place.
 constexpr double kBaseline = 0.86;
+
+/// In the fonts of the laboratory the mark takes a whole place, in whose middle it would stand far from its symbol.
+constexpr std::string_view kPrime = "′";
+
+/// The pieces of a text that are set in one go: a prime stands by itself.
+std::vector<std::string_view> runsOf(std::string_view utf8) {
+  std::vector<std::string_view> runs;
+  while (!utf8.empty()) {
+    const std::string_view run = utf8.starts_with(kPrime) ? kPrime : utf8.substr(0, utf8.find(kPrime));
+    runs.push_back(run);
+    utf8.remove_prefix(run.size());
+  }
+  return runs;
+}
 
 QPointF rounded(Point point) { return {std::round(point.x), std::round(point.y)}; }
 
@@ -71,25 +86,37 @@ void PainterSurface::polyline(std::span<const Point> points, Stroke stroke) {
 
 void PainterSurface::text(Point upperLeft, std::string_view utf8, const Font& font, Colour colour, bool rotated) {
   if (utf8.empty()) return;
-  const QString words = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-  const QFont& face = fontFor(font);
-  // The face is made in the device's own pixels, where its weight and shape are best, and brought to size by `unit`.
-  const double unit = textHeight(font) / face.pixelSize();
-  const double natural = QFontMetricsF(face).horizontalAdvance(words) * unit;
-  const double ruled = textWidth(utf8, font);
-  // Advances differ in the last digits; only a font of other widths is stretched.
-  const bool stretched = natural > 0 && std::abs(ruled / natural - 1) > 0.002;
-  const QPointF place = triaxlab::rounded(upperLeft);
-  const double baseline = kBaseline * textHeight(font);
-  m_painter.setFont(face);
+  m_painter.setFont(fontFor(font));
   m_painter.setPen(colourOf(colour));
-  // A document writes each change of the transformation, and most texts need none.
-  if (!rotated && !stretched && unit == 1) return m_painter.drawText(place + QPointF(0, baseline), words);
+  const QPointF place = triaxlab::rounded(upperLeft);
   QTransform toText = QTransform::fromTranslate(place.x(), place.y());
   if (rotated) toText.rotate(-90);
-  toText.translate(0, baseline).scale(stretched ? unit * ruled / natural : unit, unit);
-  m_painter.setTransform(toText * m_base);
-  m_painter.drawText(QPointF(0, 0), words);
+  toText.translate(0, kBaseline * textHeight(font));
+  for (const std::string_view run : runsOf(utf8)) {
+    drawRun(run, font, toText);
+    toText.translate(textWidth(run, font), 0);
+  }
+}
+
+void PainterSurface::drawRun(std::string_view run, const Font& font, const QTransform& toText) {
+  const QString words = QString::fromUtf8(run.data(), static_cast<qsizetype>(run.size()));
+  const QFont& face = fontFor(font);
+  const QFontMetricsF metrics(face);
+  // The face is made in the device's own pixels, where its weight and shape are best, and brought to size by `unit`.
+  const double unit = textHeight(font) / face.pixelSize();
+  const double natural = metrics.horizontalAdvance(words) * unit;
+  const double ruled = textWidth(run, font);
+  const bool isPrime = run == kPrime;
+  // Advances differ in the last digits; only a font of other widths is stretched. A prime keeps its own width, and what
+  // is blank in front of it is left away.
+  const bool stretched = !isPrime && natural > 0 && std::abs(ruled / natural - 1) > 0.002;
+  const double start = isPrime ? -metrics.leftBearing(words.front()) : 0;
+  // A document writes each change of the transformation, and most texts need none.
+  const QTransform scaled = QTransform(toText).scale(stretched ? unit * ruled / natural : unit, unit);
+  if (scaled.type() <= QTransform::TxTranslate)
+    return m_painter.drawText(QPointF(scaled.dx() + start, scaled.dy()), words);
+  m_painter.setTransform(scaled * m_base);
+  m_painter.drawText(QPointF(start, 0), words);
   m_painter.setTransform(m_base);
 }
 

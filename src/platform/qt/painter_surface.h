@@ -33,6 +33,8 @@ class PainterSurface : public DrawingSurface {
   void text(Point upperLeft, std::string_view utf8, const Font& font, Colour colour, bool rotated) override;
 
  private:
+  /// A piece of a text whose place and direction are `toText`.
+  void drawRun(std::string_view run, const Font& font, const QTransform& toText);
   void usePen(Stroke stroke);
   void useFill(std::optional<Colour> fill);
   const QFont& fontFor(const Font& font);

@@ -110,6 +110,20 @@ TEST_F(PainterSurfaceTest, RotatedTextRunsUpwardWithItsHeightToTheRight) {
   EXPECT_NEAR(around.top(), 150 - 56, 3);
 }
 
+TEST_F(PainterSurfaceTest, APrimeStandsAtTheLeftOfItsPlace) {
+  // 60 point: the place of the mark is 80 pixels wide and begins at pixel 10.
+  surface().text({150, 150}, "′", {kSong, 60, false}, Colour::Black);
+  const QRect around = drawn();
+  EXPECT_NEAR(around.left(), 10, 2);
+  EXPECT_LT(around.right(), 10 + 40);
+}
+
+TEST_F(PainterSurfaceTest, WhatFollowsAPrimeStandsWhereTheRuleHasIt) {
+  // Two bytes of 20 point each are 400 twips, the prime's place from 550 to 950: the block from pixel 63 to 90.
+  surface().text({150, 150}, "σ′█", {kSong, 20, false}, Colour::Black);
+  EXPECT_NEAR(drawn().right(), 90, 2);
+}
+
 TEST_F(PainterSurfaceTest, TheBaselineIsAtEightySixHundredthsOfTheSize) {
   // 30 point are 600 twips, 40 pixels; 0.86 of them below y = 20 is 54.4. "H" stands on its baseline.
   surface().text({150, 300}, "H", {kArialNarrow, 30, false}, Colour::Black);
