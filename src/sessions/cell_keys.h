@@ -4,7 +4,7 @@
 
 namespace triaxlab {
 
-/// Keys of a box over a cell (`Text1` on the list, `Text2` on the table) that may leave the cell.
+/// Keys in the open cell of a list or table that may leave the cell.
 enum class CellKey : std::uint8_t { Up, Down, Left, Right, Enter, PageUp, PageDown };
 
 /// Where the cursor of a text box stands; both in an empty text.

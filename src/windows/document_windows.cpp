@@ -21,7 +21,7 @@ FailureMode checkedFailureMode(ShellWindows& windows) {
 LoadedDocument makeCurves(const DocumentHost& host) {
   auto* const form = new Form1(host.workspace, host.dialogs, host.shell);
   QObject::connect(form, &Form1::closed, form, [closed = host.closed] { closed(kForm1); });
-  QObject::connect(form, &Form1::sampleShown, form, [&windows = host.windows] { windows.refresh(); });
+  QObject::connect(form, &Form1::refreshed, form, [&windows = host.windows] { windows.refresh(); });
   QObject::connect(form, &Form1::readoutChanged, form, host.showHelp);
   return {form, form, [form] { form->load(); }, [] {}, [] {}};
 }
@@ -33,7 +33,7 @@ LoadedDocument makeDataTable(const DocumentHost& host) {
   auto* const form = new Form2(host.workspace, host.shell, windows.curveDocument()->sampleRow());
   QObject::connect(form, &Form2::closed, form, [closed = host.closed] { closed(kForm2); });
   return {form, form, [form, &windows] { form->load(windows.curveDocument()->sampleRow()); },
-          [form] { form->load(form->sampleRow()); }, [form, &windows] { form->refresh(checkedFailureMode(windows)); }};
+          [form] { form->load(form->sampleRow()); }, [form, &windows] { form->followRecord(checkedFailureMode(windows)); }};
 }
 
 LoadedDocument makeConsolidationTable(const DocumentHost& host) {
@@ -47,7 +47,7 @@ LoadedDocument makeConsolidationTable(const DocumentHost& host) {
   // Without the curve window nobody would ask about the changes.
   return {form, form, [form, &windows] { form->load(windows.curveDocument()->sampleRow()); },
           [form] { form->load(form->sampleRow()); },
-          [form, &windows] { form->refresh(checkedFailureMode(windows), windows.curveDocument() != nullptr); }};
+          [form, &windows] { form->followRecord(checkedFailureMode(windows), windows.curveDocument() != nullptr); }};
 }
 
 struct WindowOfDocument {

@@ -43,11 +43,10 @@ void ConsolidationTableSession::setEditable(bool editable) {
   m_editable = editable;
 }
 
-void ConsolidationTableSession::selectCell(int labelIndex) {
+void ConsolidationTableSession::selectCell(int cell) {
   finishTyping();
-  if (labelIndex < 0 || labelIndex >= kConsolidationCells) return;
-  open(top() + static_cast<std::size_t>(labelIndex / kColumns),
-       static_cast<ConsolidationColumn>(labelIndex % kColumns));
+  if (cell < 0 || cell >= kConsolidationCells) return;
+  open(top() + static_cast<std::size_t>(cell / kColumns), static_cast<ConsolidationColumn>(cell % kColumns));
 }
 
 void ConsolidationTableSession::open(std::size_t row, ConsolidationColumn column) {
@@ -110,10 +109,10 @@ ConsolidationTableState ConsolidationTableSession::state() const {
   for (std::size_t row = 0; row < kTableRowsShown; ++row)
     table.rows.push_back(consolidationRow(record(), *shown, top() + row));
   table.foot = foot(*shown);
-  state.text2 = m_typedStart ? m_typedStart->text : table.foot.startPorePressure;
+  state.startPorePressure = m_typedStart ? m_typedStart->text : table.foot.startPorePressure;
   if (m_open && m_open->stage == *shown) {
     state.openCell = labelOf(*m_open);
-    state.text1 = m_open->text;
+    state.cellText = m_open->text;
   }
   return state;
 }

@@ -19,9 +19,9 @@ inline constexpr int kConsolidationCells = static_cast<int>(kTableRowsShown * kC
 struct ConsolidationTableState {
   StageTableState stage;
   std::optional<ConsolidationTable> table;
-  std::optional<int> openCell;  // Label1(openCell) lies under Text1
-  std::string text1;
-  std::string text2;  // 起始孔压, kPa
+  std::optional<int> openCell;    // counted row by row
+  std::string cellText;           // what is typed there
+  std::string startPorePressure;  // 起始孔压, kPa
   bool editable = false;
   bool operator==(const ConsolidationTableState&) const = default;
 };
@@ -32,25 +32,25 @@ class ConsolidationTableSession : public StageTableSession {
  public:
   ConsolidationTableSession(Workspace& workspace, std::size_t sampleRow);
 
-  /// Opens for a row. What stands in Text1 is dropped: the sample for which it was typed may be gone.
+  /// Opens for a row. What is typed is dropped: the sample for which it was typed may be gone.
   void load(std::size_t sampleRow);
   void chooseStage(int entry);
   void scroll(int top);
   void setEditable(bool editable);
 
-  /// A click on Label1(labelIndex): Text1 is laid over it. What it held before is stored. 序号 closes it.
-  void selectCell(int labelIndex);
-  /// Up and Down in Text1: stores, and goes to the reading above or below, scrolling where the window ends.
+  /// A click on a cell: it is opened. What was typed in another is stored. 序号 opens nothing.
+  void selectCell(int cell);
+  /// Up and Down in the open cell: stores, and goes to the reading above or below, scrolling where the window ends.
   void moveCell(int rows);
-  /// Text1 now holds this text (UTF-8); it is stored when the cell is left.
+  /// The open cell now holds this text (UTF-8); it is stored when the cell is left.
   void typeCell(std::string_view utf8);
-  /// Text2 now holds this text (UTF-8), which is stored at once.
+  /// The start pore pressure now holds this text (UTF-8), which is stored at once.
   void typeStartPorePressure(std::string_view utf8);
-  /// Text2 has lost the focus or got Enter: it shows what is stored.
+  /// Its typing is at an end: it shows what is stored.
   void finishStartPorePressure() { m_typedStart.reset(); }
-  /// The same, and Text1 is stored and closed.
+  /// The same, and the open cell is stored and closed.
   void finishTyping();
-  /// Esc: closes Text1 as if nothing had been typed.
+  /// Closes the cell as if nothing had been typed.
   void dropTyping() { m_open.reset(); }
 
   ConsolidationTableState state() const;
@@ -64,7 +64,7 @@ class ConsolidationTableSession : public StageTableSession {
     std::string before, text;  // UTF-8; as it was opened, as it stands
   };
 
-  /// Text2 while it is typed in.
+  /// The start pore pressure while it is typed in.
   struct TypedStart {
     std::int16_t before;  // what the record held; it holds it again while the text is no number that it can
     std::string text;     // UTF-8

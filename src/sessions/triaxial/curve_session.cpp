@@ -14,7 +14,7 @@
 namespace triaxlab {
 namespace {
 
-constexpr std::size_t kLimitWidth = 6;  // bytes that Text8 takes
+constexpr std::size_t kLimitWidth = 6;  // bytes that a strain limit takes
 
 }  // namespace
 
@@ -24,7 +24,7 @@ TriaxialSampleRecord& CurveSession::record() const { return m_workspace.Triaxial
 
 void CurveSession::load() {
   m_list.reset();
-  m_text1Visible = std::ranges::none_of(m_workspace.TriaxialSampleTable.used(), isLive);
+  m_listCellOpen = std::ranges::none_of(m_workspace.TriaxialSampleTable.used(), isLive);
   m_page = CurvePage::StressStrain;
   m_table.reset();
   m_intervention.reset();
@@ -39,7 +39,7 @@ void CurveSession::showSample() {
   m_table.close();
   if (record().testMethod != kCU) m_checkedMode = FailureMode::PeakStress;
   if (const CurvePage page = pageOf(record(), m_page); page != m_page) enterPage(page);
-  drawPage();
+  takePicture();
   setTablePage(m_table.page());
 }
 
@@ -48,7 +48,7 @@ void CurveSession::enterPage(CurvePage page) {
   m_table.setPage(tablePageOf(page));
 }
 
-void CurveSession::drawPage() {
+void CurveSession::takePicture() {
   m_results = {};
   if (isLive(record()))
     m_results = computePage(record(), m_page, m_checkedMode, m_workspace.settings.habits.cohesionFormat());
@@ -88,9 +88,9 @@ void CurveSession::setTablePage(TablePage page) {
   m_table.refresh(record());
 }
 
-void CurveSession::selectLabel(int labelIndex) {
-  if (m_intervention.running() || !m_list.select(labelIndex)) return;
-  m_text1Visible = true;
+void CurveSession::selectListCell(int cell) {
+  if (m_intervention.running() || !m_list.select(cell)) return;
+  m_listCellOpen = true;
   showSample();
 }
 
@@ -147,9 +147,9 @@ void CurveSession::scrollTable(int top) {
   m_table.refresh(record());
 }
 
-void CurveSession::selectTableCell(int labelIndex) {
+void CurveSession::selectTableCell(int cell) {
   finishTyping();
-  m_table.select(labelIndex);
+  m_table.select(cell);
   m_table.refresh(record());
 }
 
@@ -160,48 +160,47 @@ bool CurveSession::keyInTable(CellKey key, CursorPlace cursor) {
   return true;
 }
 
-std::optional<EditableField> CurveSession::fieldOf(Box box) const {
-  switch (box.name) {
-    case BoxName::Text1:
+std::optional<EditableField> CurveSession::fieldOf(Input input) const {
+  switch (input.name) {
+    case InputName::ListCell:
       return listField(m_workspace, sampleRow(), m_list.onProject());
-    case BoxName::Text2:
+    case InputName::ResultCell:
       return m_table.openCell() ? resultField(record(), *m_table.openCell()) : std::nullopt;
     default:
-      return sampleField(m_workspace, sampleRow(), box);
+      return sampleField(m_workspace, sampleRow(), input);
   }
 }
 
-std::string CurveSession::boxText(Box box) const {
-  if (m_typed && m_typed->box == box) return m_typed->text;
-  const auto field = fieldOf(box);
+std::string CurveSession::inputText(Input input) const {
+  if (m_typed && m_typed->input == input) return m_typed->text;
+  const auto field = fieldOf(input);
   return field ? gbkToUtf8(field->text) : std::string();
 }
 
-void CurveSession::edit(Box box, std::string_view utf8) {
-  if (box.name == BoxName::Text10) return m_intervention.typeFactor(utf8);
-  if (box.name == BoxName::Text11) return m_intervention.typeSummand(utf8);
-  if (box.name == BoxName::Text8) {
-    m_strainLimitTexts.at(static_cast<std::size_t>(box.index)) = gbkToUtf8(takenText(utf8, kLimitWidth));
+void CurveSession::edit(Input input, std::string_view utf8) {
+  if (input.name == InputName::Factor) return m_intervention.typeFactor(utf8);
+  if (input.name == InputName::Summand) return m_intervention.typeSummand(utf8);
+  if (input.name == InputName::StrainLimit) {
+    m_strainLimitTexts.at(static_cast<std::size_t>(input.index)) = gbkToUtf8(takenText(utf8, kLimitWidth));
     return;
   }
-  const auto field = fieldOf(box);
+  const auto field = fieldOf(input);
   if (!field) return;
   const std::string taken = takenText(utf8, field->width);
   std::string text = gbkToUtf8(taken);
-  if (text == boxText(box)) return;  // nothing of it was taken: bytes that are no GBK stay as they came
+  if (text == inputText(input)) return;  // nothing of it was taken: bytes that are no GBK stay as they came
   field->store(taken);
-  m_typed = {box, std::move(text)};
+  m_typed = {input, std::move(text)};
   m_changed = true;
-  if (box.name == BoxName::Text2) m_table.refresh(record());
+  if (input.name == InputName::ResultCell) m_table.refresh(record());
 }
 
-bool CurveSession::keyOnMethodField(int box, MethodKey key) {
+bool CurveSession::keyOnMethod(MethodField field, MethodKey key) {
   if (m_intervention.running()) return false;
-  const bool onMethod = box == 1;
   TriaxialSampleRecord& sample = record();
   if (key == MethodKey::End) {
     sample.uuAdjustFlag = sample.uuAdjustFlag == 0 ? 1 : 0;
-  } else if (onMethod) {
+  } else if (field == MethodField::TestMethod) {
     sample.testMethod = static_cast<std::uint8_t>(key);
   } else if (key != MethodKey::Three) {
     sample.shearMode = static_cast<std::uint8_t>(key);
@@ -219,7 +218,7 @@ void CurveSession::applyStrainLimits() {
   for (std::size_t stage = 0; stage < kStages; ++stage)
     record().failureStrainLimit[stage] = failureLimitOf(ParseNumber(m_strainLimitTexts[stage]) * 10);
   m_changed = true;
-  drawPage();
+  takePicture();
   m_table.refresh(record());
 }
 

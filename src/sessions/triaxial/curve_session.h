@@ -10,11 +10,11 @@
 
 #include "platform/dialogs.h"
 #include "platform/drawing_surface.h"
+#include "sessions/sample_list.h"
 #include "sessions/triaxial/intervention.h"
 #include "sessions/triaxial/page_steps.h"
 #include "sessions/triaxial/result_table.h"
 #include "sessions/triaxial/sample_fields.h"
-#include "sessions/triaxial/sample_list.h"
 #include "store/workspace.h"
 #include "triaxial/curve_page.h"
 
@@ -23,22 +23,24 @@ namespace triaxlab {
 /// The fixed captions of the window; those that settings change are in the state.
 namespace curve_captions {
 inline constexpr const char* kTitle = "三轴试验曲线";
-inline constexpr const char* kSoilName = "土样名称";                                            // beside Text3
-inline constexpr const char* kDensity = "密度";                                                 // beside Text4
-inline constexpr const char* kStageNumber = "围压级号";                                         // head of the stages
-inline constexpr const char* kStagePressure = "围   压";                                        // over Text7(0 to 4)
-inline constexpr const char* kFailurePoint = "峰值点";                                          // Label8, over Text8
-inline constexpr std::array<const char*, kStages> kStageRows{"一", "二", "三", "四", "五"};     // one a stage
-inline constexpr const char* kApplyLimits = "确定";                                             // Command8
-inline constexpr const char* kConsolidationTable = "固结表";                                    // Command5
-inline constexpr const char* kControlledDocNo = "受控文件号：";                                 // beside Text9
-inline constexpr const char* kProjectName = "工程名称：";                                       // beside Text5
-inline constexpr const char* kArchiveNo = "档案号：";                                           // beside TextW(3)
-inline constexpr std::array<const char*, 3> kDateParts{"年", "月", "日"};                       // of TextW(0 to 2)
+inline constexpr const char* kSoilName = "土样名称";
+inline constexpr const char* kDensity = "密度";
+inline constexpr const char* kStageNumber = "围压级号";                                      // head of the stages
+inline constexpr const char* kStagePressure = "围   压";                                     // over the pressures
+inline constexpr const char* kFailurePoint = "峰值点";                                       // over the strain limits
+inline constexpr std::array<const char*, kStages> kStageRows{"一", "二", "三", "四", "五"};  // one a stage
+inline constexpr const char* kApplyLimits = "确定";                                          // applies them
+inline constexpr const char* kConsolidationTable = "固结表";                                 // opens the table
+inline constexpr const char* kControlledDocNo = "受控文件号：";
+inline constexpr const char* kProjectName = "工程名称：";
+inline constexpr const char* kArchiveNo = "档案号：";
+inline constexpr std::array<const char*, 3> kDateParts{"年", "月", "日"};                       // of processing
 inline constexpr std::array<const char*, kStages> kStageColumns{"P1", "P2", "P3", "P4", "P5"};  // table head
 }  // namespace curve_captions
 
-/// A key on the read-only boxes of shear mode and method: End turns `uuAdjustFlag` over, a digit is the new value.
+/// The two fields that are read only and take keys.
+enum class MethodField : std::uint8_t { ShearMode, TestMethod };
+/// A key on one of them: End turns `uuAdjustFlag` over, a digit is the new value.
 enum class MethodKey : std::uint8_t { End = 0, One = 1, Two = 2, Three = 3 };
 
 /// A menu entry as the window in front sets it.
@@ -47,20 +49,17 @@ struct MenuEntryState {
   bool checked = false;
 };
 
-/// An edit box that lies over a label while the person types there.
-struct OverlayState {
+/// A box that is laid over a cell of the list or of the table while the person types there.
+struct OpenCellState {
   bool visible = false;
-  /// Label1(labelIndex) under Text1, Label2(labelIndex) under Text2. While the box isn't there the cell that it would
-  /// open on; -1: none.
-  int labelIndex = 0;
+  /// The cell under it. While the box isn't there the cell that it would open on; -1: none.
+  int cell = 0;
   std::string text;
 };
 
-/// One line of the list: 序号, project and sample; line 0 has the heads.
+/// One line of the list; line 0 has the heads.
 struct ListLine {
-  std::string number;   // Label5(line)
-  std::string project;  // Label1(2 line)
-  std::string sample;   // Label1(2 line + 1)
+  std::string number, project, sample;
   bool operator==(const ListLine&) const = default;
 };
 
@@ -70,46 +69,51 @@ struct LabelledText {
 };
 
 /// Everything that the curve window shows besides the canvas, UTF-8. Returned whole, so the window has one place where
-/// it becomes widgets. A box that is being typed in holds what was taken of the typing, all others the record's text.
+/// it becomes widgets. What is being typed in holds what was taken of the typing, all else the record's text.
 struct CurveState {
+  // The list
   std::array<ListLine, kListLines + 1> list;
-  int listTop = 0;       // VScroll1, 0 to kListScrollMax
+  int listTop = 0;       // 0 to kListScrollMax
   int selectedLine = 1;  // 1 to kListLines
-  OverlayState text1;
+  OpenCellState listCell;
 
-  std::string text3, text4;
-  std::array<std::string, 2> text6;  // shear mode and method; read only, but keys act on them
-  std::array<std::string, 8> text7;  // 0 to 4 the cell pressures, 5 to 7 borehole, depth, place
+  // The sample on display
+  std::string soilName, density;
+  std::string shearMode, testMethod;  // read only, but keys act on them
+  std::string borehole, samplingDepth, samplingSpot;
   std::array<std::string, 3> locationLabels;
-  std::string label4;  // whether the envelope was set by hand
-  bool label4Visible = false;
-  bool strainLimitsVisible = false;  // Label8, Text8(0 to 4) and Command8 together
-  PerStage<std::string> text8;
-  bool command5Visible = true;
-  bool command8Enabled = true;
-  bool command5Enabled = true;
+  PerStage<std::string> cellPressure;
+  PerStage<std::string> strainLimit;
+  bool strainLimitsVisible = false;  // with what applies them
+  bool strainLimitsEnabled = true;
+  std::string envelopeNote;  // whether the envelope was set by hand
+  bool envelopeNoteVisible = false;
+  bool consolidationTableVisible = true, consolidationTableEnabled = true;
 
+  // The table
   std::array<std::string, kTableColumns> columnHeads;  // second line; the first has kStageColumns
-  std::array<std::string, kTableCells> label2;
-  int tableTop = 0;        // VScroll2
-  int tableScrollMax = 0;  // its range is 0 to this
-  OverlayState text2;
+  std::array<std::string, kTableCells> tableCells;
+  int tableTop = 0, tableScrollMax = 0;  // from 0
+  OpenCellState resultCell;
 
-  std::string text5;                 // project name
-  std::array<std::string, 4> textW;  // year, month, day of processing; second title line
-  std::string text9;                 // controlledDocNo
-  bool text9Visible = false;
+  // The document
+  std::string projectName, secondTitleLine;
+  std::array<std::string, 3> processingDate;  // year, month, day
+  std::string controlledDocNo;
+  bool controlledDocNoVisible = false;
+  std::string factor, summand;  // of the curve phase
 
-  std::string projectPanel;  // second and third panel of the status bar
-  std::string datePanel;
-
-  MenuEntryState QUXIAN2, QUXIAN3;
+  std::string projectPanel, datePanel;  // second and third panel of the status bar
+  MenuEntryState ratioEnvelope, differenceEnvelope;
   std::uint8_t currentCurvePage = 1;
   std::uint8_t currentTablePage = 3;
 
   /// While a phase runs its controls lie over the list, and neither page, sample nor method can be changed.
   InterventionState intervention;
   std::vector<LabelledText> physicalValues;  // 物理指标; empty unless a phase runs and the laboratory wants them shown
+
+  /// What stands in an input.
+  const std::string& text(Input input) const;
 };
 
 /// What stands behind the curve window: which sample, which pages, what a key does to the record. One method for each
@@ -122,7 +126,7 @@ class CurveSession {
 
   /// Shows the table of the workspace as a window just opened: first sample, first page, scroll bars at 0, no unsaved
   /// change. Locations are already read and the opening pass has run. A table without a sample is ready for typing:
-  /// `Text1` lies on the project cell of its first row.
+  /// the project cell of its first row is open.
   void load();
 
   CurveState state() const;
@@ -138,37 +142,35 @@ class CurveSession {
   std::size_t sampleRow() const { return m_list.row(); }
 
   // The list
-  /// A click on Label1(labelIndex): `Text1` is laid over it. The two heads do nothing.
-  void selectLabel(int labelIndex);
-  /// VScroll1: the chosen line stays, so another sample comes on display.
+  /// A click on a cell: it is opened. The two heads do nothing.
+  void selectListCell(int cell);
+  /// The chosen line stays, so another sample comes on display.
   void scrollList(int top);
-  /// A key in `Text1`. True when it was one that leaves the cell; otherwise it belongs to the text.
+  /// A key in the open cell. True when it was one that leaves the cell; otherwise it belongs to the text.
   bool keyInList(CellKey key, CursorPlace cursor);
 
   // Pages
-  /// QUXIAN1 to QUXIAN6. QUXIAN2 and QUXIAN3 take the check from each other.
+  /// 1 to 6. The two envelope pages take the menu's check from each other.
   void showPage(int page);
-  void previousPage();       // Command3
-  void nextPage();           // Command4
-  void previousTablePage();  // Command1
-  void nextTablePage();      // Command2
-  /// VScroll2.
+  void previousPage();
+  void nextPage();
+  void previousTablePage();
+  void nextTablePage();
   void scrollTable(int top);
-  /// A click on Label2(labelIndex): `Text2` is laid over a value of the results page that may be edited, and closed by
-  /// a click on any other cell.
-  void selectTableCell(int labelIndex);
-  /// A key in `Text2`. True when it was one that leaves the cell; otherwise it belongs to the text.
+  /// A click on a cell: a value of the results page that may be edited is opened, any other cell closes it.
+  void selectTableCell(int cell);
+  /// A key in the open value. True when it was one that leaves the cell; otherwise it belongs to the text.
   bool keyInTable(CellKey key, CursorPlace cursor);
 
   // Typing
-  /// The box now holds this text (UTF-8). What GBK doesn't have and control characters are not taken, nor what is
+  /// The input now holds this text (UTF-8). What GBK doesn't have and control characters are not taken, nor what is
   /// beyond the field's width; the state tells what was taken. Every change goes into the record at once.
-  void edit(Box box, std::string_view utf8);
-  /// The box that was typed in lost the focus: it shows the stored text again.
+  void edit(Input input, std::string_view utf8);
+  /// The typing is at an end: the input shows the stored text again.
   void finishTyping() { m_typed.reset(); }
-  /// A key on Text6(box), 0 or 1. False when the key means nothing there.
-  bool keyOnMethodField(int box, MethodKey key);
-  /// Command8: stores the five strain limits and draws the page anew.
+  /// False when the key means nothing there.
+  bool keyOnMethod(MethodField field, MethodKey key);
+  /// applies them: stores the five strain limits and draws the page anew.
   void applyStrainLimits();
 
   /// The page of the table as a spreadsheet takes it: two lines of heads, then all rows down to the last with a value,
@@ -185,7 +187,7 @@ class CurveSession {
   /// The phase that runs, for its own keys, buttons and mouse.
   Intervention& intervention() { return m_intervention; }
   const Intervention& intervention() const { return m_intervention; }
-  /// RQUXIAN: what was set by hand for the sample is forgotten and fitted anew.
+  /// What was set by hand for the sample is forgotten and fitted anew.
   void reprocess();
 
   // Unsaved changes
@@ -197,23 +199,23 @@ class CurveSession {
   void markSaved();
 
  private:
-  /// The box that is being typed in, with what it took.
-  struct TypedBox {
-    Box box;
+  /// What is being typed in, with what it took.
+  struct TypedInput {
+    Input input;
     std::string text;
   };
 
   TriaxialSampleRecord& record() const;
   ChartOptions chartOptions() const;
-  /// Nothing for Text2 while it is closed.
-  std::optional<EditableField> fieldOf(Box box) const;
+  /// Nothing for the result cell while it is closed.
+  std::optional<EditableField> fieldOf(Input input) const;
 
   void showSample();
   void enterPage(CurvePage page);
-  void drawPage();
+  void takePicture();
   void setTablePage(TablePage page);
 
-  std::string boxText(Box box) const;
+  std::string inputText(Input input) const;
   void fillList(CurveState& state) const;
   void fillFields(CurveState& state) const;
   void fillTable(CurveState& state) const;
@@ -221,12 +223,12 @@ class CurveSession {
 
   Workspace& m_workspace;
   SampleList m_list;
-  bool m_text1Visible = false;
+  bool m_listCellOpen = false;
   CurvePage m_page = CurvePage::StressStrain;
   FailureMode m_checkedMode = FailureMode::PeakStress;  // the menu entry that has the check
   ResultTable m_table;
   PerStage<std::string> m_strainLimitTexts;
-  std::optional<TypedBox> m_typed;
+  std::optional<TypedInput> m_typed;
   bool m_changed = false;
   Intervention m_intervention;
   std::vector<LabelledText> m_physicalValues;  // of the sample whose phase runs

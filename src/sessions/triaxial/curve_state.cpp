@@ -1,7 +1,9 @@
 #include <array>
+#include <stdexcept>
 #include <utility>
 
 #include "common/gbk.h"
+#include "sessions/document_fields.h"
 #include "sessions/triaxial/curve_session.h"
 #include "triaxial/method_names.h"
 
@@ -28,34 +30,39 @@ void CurveSession::fillList(CurveState& state) const {
   }
   state.listTop = m_list.top();
   state.selectedLine = m_list.line();
-  state.text1 = {m_text1Visible && !m_intervention.running(), m_list.labelIndex(), boxText({BoxName::Text1})};
+  state.listCell = {m_listCellOpen && !m_intervention.running(), m_list.cell(), inputText({InputName::ListCell})};
 }
 
 void CurveSession::fillFields(CurveState& state) const {
   const TriaxialSampleRecord& sample = record();
-  state.text3 = boxText({BoxName::Text3});
-  state.text4 = boxText({BoxName::Text4});
-  state.text6 = {std::string(shearModeName(sample)), std::string(methodNames(sample).caption)};
-  state.text7 = texts<8>([this](int i) { return boxText({BoxName::Text7, i}); });
-  state.text8 = m_strainLimitTexts;
+  state.soilName = inputText({InputName::SoilName});
+  state.density = inputText({InputName::Density});
+  state.shearMode = shearModeName(sample);
+  state.testMethod = methodNames(sample).caption;
+  state.cellPressure = texts<kStages>([this](int stage) { return inputText({InputName::CellPressure, stage}); });
+  state.borehole = inputText({InputName::Borehole});
+  state.samplingDepth = inputText({InputName::SamplingDepth});
+  state.samplingSpot = inputText({InputName::SamplingSpot});
+  state.strainLimit = m_strainLimitTexts;
   state.locationLabels = locationLabels(m_workspace.settings.habits);
-  state.label4 = sample.adjustedFlag != 0 ? "已经干预" : "原始数据";
-  state.label4Visible = state.strainLimitsVisible = isEnvelopePage(m_page);
-  state.command8Enabled = !m_intervention.running();
-  state.command5Visible = sample.testMethod != kUU;
-  state.command5Enabled = !m_intervention.running();
-  state.text5 = boxText({BoxName::Text5});
-  state.textW = texts<4>([this](int i) { return boxText({BoxName::TextW, i}); });
-  state.text9 = boxText({BoxName::Text9});
-  state.text9Visible = m_workspace.settings.habits.controlledDocNo;
+  state.envelopeNote = sample.adjustedFlag != 0 ? "已经干预" : "原始数据";
+  state.envelopeNoteVisible = state.strainLimitsVisible = isEnvelopePage(m_page);
+  state.strainLimitsEnabled = !m_intervention.running();
+  state.consolidationTableVisible = sample.testMethod != kUU;
+  state.consolidationTableEnabled = !m_intervention.running();
+  state.projectName = inputText({InputName::ProjectName});
+  state.processingDate = texts<3>([this](int part) { return inputText({InputName::DatePart, part}); });
+  state.secondTitleLine = inputText({InputName::SecondTitleLine});
+  state.controlledDocNo = inputText({InputName::ControlledDocNo});
+  state.controlledDocNoVisible = m_workspace.settings.habits.controlledDocNo;
 }
 
 void CurveSession::fillTable(CurveState& state) const {
   state.columnHeads = m_table.columnHeads();
-  state.label2 = m_table.cells();
+  state.tableCells = m_table.cells();
   state.tableTop = m_table.top();
   state.tableScrollMax = m_table.scrollMax();
-  state.text2 = {m_table.openCell().has_value(), m_table.textLabel(), boxText({BoxName::Text2})};
+  state.resultCell = {m_table.openCell().has_value(), m_table.textCell(), inputText({InputName::ResultCell})};
 }
 
 CurveState CurveSession::state() const {
@@ -66,13 +73,52 @@ CurveState CurveSession::state() const {
   state.projectPanel = projectPanel(m_workspace, sampleRow());
   state.datePanel = datePanel(m_workspace, sampleRow());
   const bool ratioPage = record().testMethod == kCU;
-  state.QUXIAN2 = {ratioPage, m_checkedMode == FailureMode::PeakRatio};
-  state.QUXIAN3 = {true, m_checkedMode == FailureMode::PeakStress};
+  state.ratioEnvelope = {ratioPage, m_checkedMode == FailureMode::PeakRatio};
+  state.differenceEnvelope = {true, m_checkedMode == FailureMode::PeakStress};
   state.currentCurvePage = static_cast<std::uint8_t>(m_page);
   state.currentTablePage = static_cast<std::uint8_t>(m_table.page());
   state.intervention = m_intervention.state(record(), m_workspace.settings.habits.sampleNoLabel);
+  state.factor = state.intervention.factor;
+  state.summand = state.intervention.summand;
   if (m_intervention.running()) state.physicalValues = m_physicalValues;
   return state;
+}
+
+const std::string& CurveState::text(Input input) const {
+  const auto at = static_cast<std::size_t>(input.index);
+  switch (input.name) {
+    case InputName::ListCell:
+      return listCell.text;
+    case InputName::ResultCell:
+      return resultCell.text;
+    case InputName::SoilName:
+      return soilName;
+    case InputName::Density:
+      return density;
+    case InputName::CellPressure:
+      return cellPressure.at(at);
+    case InputName::StrainLimit:
+      return strainLimit.at(at);
+    case InputName::Borehole:
+      return borehole;
+    case InputName::SamplingDepth:
+      return samplingDepth;
+    case InputName::SamplingSpot:
+      return samplingSpot;
+    case InputName::ProjectName:
+      return projectName;
+    case InputName::DatePart:
+      return processingDate.at(at);
+    case InputName::SecondTitleLine:
+      return secondTitleLine;
+    case InputName::ControlledDocNo:
+      return controlledDocNo;
+    case InputName::Factor:
+      return factor;
+    case InputName::Summand:
+      return summand;
+  }
+  throw std::out_of_range("no input of the curve window");
 }
 
 }  // namespace triaxlab

@@ -3,7 +3,7 @@
 namespace triaxlab {
 namespace {
 
-/// The last value of VScroll1: sources of 50 readings end there.
+/// The last reading that can stand on top: sources of 50 readings end there.
 int scrollMax(const LaboratoryHabits& habits) { return habits.take50Points ? 35 : 196; }
 static_assert(196 + kTableRowsShown == kShearRows);
 

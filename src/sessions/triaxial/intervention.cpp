@@ -13,7 +13,7 @@
 namespace triaxlab {
 namespace {
 
-constexpr std::size_t kNumberWidth = 10;  // bytes that Text10 and Text11 take
+constexpr std::size_t kNumberWidth = 10;  // bytes that factor and summand take
 
 std::string taken(std::string_view utf8) { return gbkToUtf8(takenText(utf8, kNumberWidth)); }
 
@@ -29,11 +29,11 @@ constexpr bool kIsNone = std::is_same_v<std::decay_t<OnePhase>, std::monostate>;
 void fill(InterventionState&, const std::monostate&) {}
 
 void fill(InterventionState& state, const CurvePhase& phase) {
-  state.label12 = phase.readout();
+  state.mousePlace = phase.readout();
   for (std::size_t stage = 0; stage < kStages; ++stage) state.stageEnabled[stage] = phase.isUsed(stage);
   state.selectedStage = phase.selectedStage();
-  state.text10 = phase.factor;
-  state.text11 = phase.summand;
+  state.factor = phase.factor;
+  state.summand = phase.summand;
   state.keyHelp = {"←、↑ 左移曲线    →、↓ 右移曲线", "鼠标左键 逐点绘制"};
 }
 
@@ -171,7 +171,7 @@ InterventionState Intervention::state(const TriaxialSampleRecord& sample, std::s
   if (state.phase == Phase::Curve)
     state.subject += "    σ3:" + gbkToUtf8(sample.cellPressure[state.selectedStage].trimmed()) + " kPa";
   state.keyHelp.back() = "Ctrl+Z 撤销    Ctrl+Y 重做    F4 退出干预";
-  state.label14 = "调整步长：" + FormatNumber(m_cohesionStep, NumberFormat::Hundredths);
+  state.cohesionStep = "调整步长：" + FormatNumber(m_cohesionStep, NumberFormat::Hundredths);
   return state;
 }
 

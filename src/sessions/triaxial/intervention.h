@@ -16,11 +16,11 @@ namespace triaxlab {
 
 /// The texts of the controls that a phase shows.
 namespace intervention_captions {
-inline constexpr const char* kMousePlace = "鼠标点坐标：";             // in front of Label12
-inline constexpr const char* kFactor = "所有数据乘以值：";             // in front of Text10
-inline constexpr const char* kSummand = "  所有数据加值：";            // in front of Text11
-inline constexpr const char* kApply = "确 定";                         // Command6, Command7
-inline constexpr const char *kTotal = "干预1", *kEffective = "干预2";  // Option1, Option2
+inline constexpr const char* kMousePlace = "鼠标点坐标：";
+inline constexpr const char* kFactor = "所有数据乘以值：";
+inline constexpr const char* kSummand = "  所有数据加值：";
+inline constexpr const char* kApply = "确 定";
+inline constexpr const char *kTotal = "干预1", *kEffective = "干预2";
 }  // namespace intervention_captions
 
 /// Which phase of 干预 runs; at most one.
@@ -39,15 +39,15 @@ struct InterventionState {
   bool running() const { return phase != Phase::None; }
 
   // The curve phase
-  std::string label12;            // the mouse in values of the axes
-  PerStage<bool> stageEnabled{};  // Option3 to Option7
+  std::string mousePlace;  // in values of the axes
+  PerStage<bool> stageEnabled{};
   std::size_t selectedStage = 0;
-  std::string text10, text11;
+  std::string factor, summand;
 
   // The envelope phase
-  bool envelopeChoice = false;   // Option1 and Option2 are shown
-  bool effectiveChosen = false;  // Option2 is chosen, otherwise Option1
-  std::string label14;           // the step of C
+  bool envelopeChoice = false;   // there is an effective envelope, too
+  bool effectiveChosen = false;  // it is the one that is moved
+  std::string cohesionStep;
 
   std::string subject;                             // which sample, and on the stress-strain page which stage
   std::array<std::string, kKeyHelpLines> keyHelp;  // what the keys do
@@ -77,19 +77,19 @@ class Intervention {
   void redo();
 
   // The curve phase
-  void selectStage(std::size_t stage);         // Option3 to Option7
-  void typeFactor(std::string_view utf8);      // Text10
-  void typeSummand(std::string_view utf8);     // Text11
-  void multiply(Dialogs& dialogs);             // Command6
-  void add(Dialogs& dialogs);                  // Command7
+  void selectStage(std::size_t stage);
+  void typeFactor(std::string_view utf8);
+  void typeSummand(std::string_view utf8);
+  void multiply(Dialogs& dialogs);
+  void add(Dialogs& dialogs);
   void mouseAt(Point place, bool buttonDown);  // place in twips of the canvas
   void mouseReleased();
   /// A save may have changed the order of the sample's specimens.
   void rearrange(const TriaxialSampleRecord& saved);
 
   // The envelope phase
-  void chooseEffective(bool effective);  // Option1, Option2
-  /// A double click on Label14: asks for the step of C. What reads as 0 leaves it.
+  void chooseEffective(bool effective);
+  /// Asks for the step of C. What reads as 0 leaves it.
   void askCohesionStep(Dialogs& dialogs);
 
   /// `sample` is the one that the phase works on.

@@ -7,7 +7,7 @@
 
 namespace triaxlab {
 
-/// The curve page before (`Command3`) and behind (`Command4`) a page. CU goes round all six but the envelope page whose
+/// The curve page before and behind a page. CU goes round all six but the envelope page whose
 /// menu entry isn't the `checked` one, every other method goes between pages 1 and 3.
 CurvePage pageBefore(CurvePage page, const TriaxialSampleRecord& record, FailureMode checked);
 CurvePage pageBehind(CurvePage page, const TriaxialSampleRecord& record, FailureMode checked);
@@ -26,7 +26,7 @@ enum class TablePage : std::uint8_t {
 TablePage tablePageOf(CurvePage page);
 /// The table page that a sample really shows: what lies above 3 is of effective stresses, which only CU has.
 TablePage tablePageFor(const TriaxialSampleRecord& record, TablePage wanted);
-/// The table page before (`Command1`) and behind (`Command2`) a page, round six pages for CU and three for the others.
+/// The table page before and behind a page, round six pages for CU and three for the others.
 TablePage tablePageBefore(TablePage page, const TriaxialSampleRecord& record);
 TablePage tablePageBehind(TablePage page, const TriaxialSampleRecord& record);
 

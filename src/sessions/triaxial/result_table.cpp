@@ -51,7 +51,7 @@ int ResultTable::scrollMax() const { return static_cast<int>(rowCount()) - kTabl
 
 std::size_t ResultTable::rowCount() const { return m_page == TablePage::Results ? kResultValues.size() : kShearRows; }
 
-int ResultTable::textLabel() const {
+int ResultTable::textCell() const {
   if (m_page != TablePage::Results) return -1;
   ResultCell cell = m_openCell.value_or(ResultCell{static_cast<std::size_t>(m_top), 0});
   while (!kResultValues.at(cell.row).isTyped()) ++cell.row;
@@ -70,11 +70,11 @@ void ResultTable::scroll(int top) {
   close();
 }
 
-void ResultTable::select(int labelIndex) {
+void ResultTable::select(int index) {
   close();
-  if (m_page != TablePage::Results || labelIndex < 0 || labelIndex >= kTableCells) return;
-  const auto line = static_cast<std::size_t>(labelIndex / kTableColumns);
-  const auto column = static_cast<std::size_t>(labelIndex % kTableColumns);
+  if (m_page != TablePage::Results || index < 0 || index >= kTableCells) return;
+  const auto line = static_cast<std::size_t>(index / kTableColumns);
+  const auto column = static_cast<std::size_t>(index % kTableColumns);
   for (std::size_t stage = 0; stage < kStages; ++stage) {
     const ResultCell cell{line + static_cast<std::size_t>(m_top), stage};
     if (column == resultColumnOf(stage) && kResultValues.at(cell.row).isTyped()) m_openCell = cell;

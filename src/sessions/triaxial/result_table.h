@@ -12,8 +12,8 @@
 
 namespace triaxlab {
 
-/// The table under the canvas: 12 lines of a first column and three columns a stage. Its cells are numbered as
-/// `Label2`: 16 times the line plus the column.
+/// The table under the canvas: 12 lines of a first column and three columns a stage. Its cells are
+/// counted line by line.
 inline constexpr int kTableLines = 12;
 inline constexpr int kTableColumns = 1 + 3 * static_cast<int>(kStages);
 inline constexpr int kTableCells = kTableLines * kTableColumns;
@@ -22,28 +22,28 @@ inline constexpr int kTableCells = kTableLines * kTableColumns;
 class ResultTable {
  public:
   TablePage page() const { return m_page; }
-  /// VScroll2.Value
+  /// The row on the first line.
   int top() const { return m_top; }
   int scrollMax() const;
   /// Texts of the second head line, UTF-8; the results page has none.
   const std::array<std::string, kTableColumns>& columnHeads() const { return m_columnHeads; }
   const std::array<std::string, kTableCells>& cells() const { return m_cells; }
-  /// The value under Text2, while it is open.
+  /// The value that is open.
   std::optional<ResultCell> openCell() const { return m_openCell; }
-  /// The label under Text2; while it is closed the first that it could lie over, -1 when the page has none.
-  int textLabel() const;
+  /// The open cell; while none is open the first that could be, -1 when the page has none.
+  int textCell() const;
 
   void reset() { *this = ResultTable(); }
-  /// Another page closes Text2. The lines of the results page and the rows of the curves have nothing in common, so
+  /// Another page closes the cell. The lines of the results page and the rows of the curves have nothing in common, so
   /// going from one to the other starts at the top.
   void setPage(TablePage page);
-  /// Held within the range of the page; closes Text2.
+  /// Held within the range of the page; closes the cell.
   void scroll(int top);
-  /// Opens Text2 over an editable value of the results page; any other cell closes it.
-  void select(int labelIndex);
+  /// Opens an editable value of the results page; any other cell closes it.
+  void select(int index);
   void close() { m_openCell.reset(); }
-  /// A key in Text2: the arrows and Enter go to the next value that may be edited, scrolled into sight. True when the
-  /// key left the cell or would have but for the end of the table; false when it moves within the text.
+  /// A key in the open cell: the arrows and Enter go to the next value that may be edited, scrolled into sight. True
+  /// when the key left the cell or would have but for the end of the table; false when it moves within the text.
   bool key(CellKey key, CursorPlace cursor);
   /// Writes all texts anew from the record.
   void refresh(const TriaxialSampleRecord& record);

@@ -1,59 +1,46 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string>
-#include <string_view>
 
-#include "common/fixed_text.h"
+#include "sessions/editable_field.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
 
-/// The edit boxes of the window, each by its own name.
-enum class BoxName : std::uint8_t {
-  Text1,   // project or sample number of the chosen list cell
-  Text2,   // value of the chosen cell of the results page
-  Text3,   // soil name
-  Text4,   // density
-  Text5,   // project name
-  Text7,   // 0 to 4 cell pressures, 5 to 7 borehole, depth, place
-  Text8,   // 0 to 4 strain limits, stored by Command8 only
-  Text9,   // controlledDocNo
-  Text10,  // factor of the curve phase
-  Text11,  // summand of the curve phase
-  TextW,   // 0 to 2 year, month, day of processing; 3 second title line
+/// What a person types in the curve window, in the words of the test.
+enum class InputName : std::uint8_t {
+  ListCell,         // project or sample number of the chosen cell of the list
+  ResultCell,       // value of the chosen cell of the results page
+  SoilName,         //
+  Density,          //
+  CellPressure,     // one a stage
+  StrainLimit,      // one a stage, stored by applyStrainLimits() only
+  Borehole,         //
+  SamplingDepth,    //
+  SamplingSpot,     //
+  ProjectName,      //
+  DatePart,         // year, month, day of processing
+  SecondTitleLine,  //
+  ControlledDocNo,  //
+  Factor,           // of the curve phase
+  Summand,          // of the curve phase
 };
-struct Box {
-  BoxName name;
-  int index = 0;  // in a control array
-  bool operator==(const Box&) const = default;
-};
-
-/// What an edit box works on. Valid while the record that it was made of stays where it is.
-struct EditableField {
-  std::size_t width = 0;                                // bytes that the box takes
-  std::string text;                                     // GBK, as it stands
-  std::function<void(std::string_view gbkText)> store;  // takes at most `width` bytes
+struct Input {
+  InputName name;
+  int index = 0;  // of a stage, or of a part of the date
+  bool operator==(const Input&) const = default;
 };
 
-template <std::size_t N>
-EditableField editable(FixedText<N>& field) {
-  return {N, std::string(field.trimmed()), [&field](std::string_view gbk) { SetText(field, gbk); }};
-}
-
-/// The field of a box that belongs to the sample in a table row or to all samples: every box but Text1, Text2,
-/// Text8, Text10 and Text11. An index that the box doesn't have is a std::out_of_range.
-EditableField sampleField(Workspace& workspace, std::size_t row, Box box);
-/// The field of Text1 over the project or sample number of a table row.
+/// The field of an input that belongs to the sample in a table row or to all samples: every one but the cells, the
+/// strain limits and the numbers of the curve phase. An index that the input doesn't have is a std::out_of_range.
+EditableField sampleField(Workspace& workspace, std::size_t row, Input input);
+/// The field of the list's cell with the project or sample number of a table row.
 EditableField listField(Workspace& workspace, std::size_t row, bool onProject);
 
 /// The second and third panel of the status bar for the sample on display.
 std::string projectPanel(const Workspace& workspace, std::size_t row);
 std::string datePanel(const Workspace& workspace, std::size_t row);
-/// Captions of Text7(5 to 7), after the laboratory's habits.
-std::array<std::string, 3> locationLabels(const LaboratoryHabits& habits);
 
 }  // namespace triaxlab

@@ -14,9 +14,9 @@ namespace triaxlab {
 
 /// The list of stages and the scroll bar of a table window, UTF-8.
 struct StageTableState {
-  std::vector<std::string> stages;   // Combo1: the used ones
+  std::vector<std::string> stages;   // the used ones
   std::optional<std::size_t> entry;  // which of them; nothing is shown without one
-  int top = 0, scrollMax = 0;        // VScroll1, from 0
+  int top = 0, scrollMax = 0;        // the first reading shown and the last that can be
   bool operator==(const StageTableState&) const = default;
 };
 
@@ -26,9 +26,9 @@ struct StageTableState {
 class StageTableSession {
  public:
   std::size_t sampleRow() const { return m_row; }
-  /// Combo1: an entry of its list. What is no entry is passed over.
+  /// An entry of the list. What is no entry is passed over.
   void chooseStage(int entry);
-  /// VScroll1, held within its range.
+  /// Held within the range.
   void scroll(int top);
   /// Another window may have changed the record, or how the failure row is looked for; only CU has the row of the
   /// largest stress ratio. Where a save has put the specimens in another order the pressure on display stays.

@@ -1,6 +1,5 @@
 #include "windows/triaxial/consolidation_table_window.h"
 
-#include <QCloseEvent>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -31,7 +30,7 @@ Place cellPlace(int index) {
 }  // namespace
 
 Form7::Form7(Workspace& workspace, ShellSession& shell, std::size_t sampleRow)
-    : m_shell(shell),
+    : DocumentWidget(shell, kForm7),
       m_session(workspace, sampleRow),
       m_controls(this, {.canvasWidth = kConsolidationTableWidth, .stages = kStageList},
                  [this](DrawingSurface& surface) {
@@ -47,9 +46,9 @@ Form7::Form7(Workspace& workspace, ShellSession& shell, std::size_t sampleRow)
   makeCells();
   makeBoxes();
   connect(m_controls.combo1, &QComboBox::activated, this,
-          [this](int entry) { act([&] { m_session.chooseStage(entry); }); });
+          [this](int entry) { change([&] { m_session.chooseStage(entry); }); });
   connect(m_controls.vScroll1, &QScrollBar::valueChanged, this,
-          [this](int top) { act([&] { m_session.scroll(top); }); });
+          [this](int top) { change([&] { m_session.scroll(top); }); });
   setFocusProxy(m_controls.picture1);
   refresh();
 }
@@ -65,7 +64,7 @@ void Form7::makeCells() {
     cell = put(new ClickLabel(this, {}, ClickLabel::Look::Cell), arrayName("Label1", i), cellPlace(i));
     cell->setAlignment(Qt::AlignCenter);
     connect(cell, &ClickLabel::clicked, this, [this, i] {
-      act([&] { m_session.selectCell(i); });
+      change([&] { m_session.selectCell(i); });
       startTyping();
     });
   }
@@ -75,24 +74,24 @@ void Form7::makeBoxes() {
   m_text2 = put(new RecordEdit(this), "Text2", kStartPressure);
   m_text2->setAccessibleName(words(kStartPorePressure));
   connect(m_text2, &QLineEdit::textEdited, this,
-          [this](const QString& text) { act([&] { m_session.typeStartPorePressure(utf8(text)); }); });
+          [this](const QString& text) { change([&] { m_session.typeStartPorePressure(utf8(text)); }); });
   m_text1 = put(new RecordEdit(this), "Text1", cellPlace(1));
   m_text1->setFrame(false);
   m_text1->setAlignment(Qt::AlignCenter);
   m_text1->hide();
   connect(m_text1, &QLineEdit::textEdited, this,
-          [this](const QString& text) { act([&] { m_session.typeCell(utf8(text)); }); });
+          [this](const QString& text) { change([&] { m_session.typeCell(utf8(text)); }); });
   m_text1->onKey = [this](const QKeyEvent& event) { return keyInCell(event); };
   connect(m_text1, &RecordEdit::focusLeft, this, &Form7::finishTyping);
   // Text1 may be what takes the focus.
-  const auto finishStart = [this] { act([&] { m_session.finishStartPorePressure(); }); };
+  const auto finishStart = [this] { change([&] { m_session.finishStartPorePressure(); }); };
   connect(m_text2, &RecordEdit::focusLeft, this, finishStart);
   connect(m_text2, &QLineEdit::returnPressed, this, finishStart);
 }
 
 bool Form7::keyInCell(const QKeyEvent& event) {
   const auto move = [this](int rows) {
-    act([&] { m_session.moveCell(rows); });
+    change([&] { m_session.moveCell(rows); });
     startTyping();
   };
   switch (event.key()) {
@@ -101,7 +100,7 @@ bool Form7::keyInCell(const QKeyEvent& event) {
       finishTyping();
       return true;
     case Qt::Key_Escape:
-      act([&] { m_session.dropTyping(); });
+      change([&] { m_session.dropTyping(); });
       return true;
     case Qt::Key_Up:
       move(-1);
@@ -121,33 +120,24 @@ void Form7::startTyping() {
 }
 
 template <class Operation>
-void Form7::act(Operation&& operation) {
-  std::forward<Operation>(operation)();
-  refresh();
+void Form7::change(Operation&& operation) {
+  act(std::forward<Operation>(operation));
   if (m_session.takeChange()) emit sampleChanged();
 }
 
 void Form7::load(std::size_t sampleRow) {
-  act([&] { m_session.load(sampleRow); });
+  change([&] { m_session.load(sampleRow); });
 }
 
 void Form7::finishTyping() {
-  act([&] { m_session.finishTyping(); });
+  change([&] { m_session.finishTyping(); });
 }
 
-void Form7::refresh(FailureMode mode, bool editable) {
-  m_session.followRecord(mode);
-  m_session.setEditable(editable);
-  refresh();
-}
-
-void Form7::refresh() {
-  // A box that is hidden while it has the focus loses it, which changes the state on the way.
-  m_refreshAgain = true;
-  if (m_isRefreshing) return;
-  m_isRefreshing = true;
-  while (std::exchange(m_refreshAgain, false)) showState();
-  m_isRefreshing = false;
+void Form7::followRecord(FailureMode mode, bool editable) {
+  act([&] {
+    m_session.followRecord(mode);
+    m_session.setEditable(editable);
+  });
 }
 
 void Form7::showState() {
@@ -162,11 +152,11 @@ void Form7::showState() {
   }
   m_text2->setVisible(now.table.has_value());
   m_text2->setReadOnly(!now.editable);
-  m_text2->showText(words(now.text2));
+  m_text2->showText(words(now.startPorePressure));
   if (!now.openCell && m_text1->hasFocus()) m_controls.picture1->setFocus();
   if (now.openCell) {
     m_text1->setGeometry(m_label1.at(static_cast<std::size_t>(*now.openCell))->insideOfLines());
-    m_text1->showText(words(now.text1));
+    m_text1->showText(words(now.cellText));
   }
   m_text1->setVisible(now.openCell.has_value());
   const bool sameTable = now.table == m_shown.table;
@@ -174,20 +164,13 @@ void Form7::showState() {
   if (!sameTable) m_controls.picture1->redraw();
 }
 
-void Form7::closeEvent(QCloseEvent* event) {
-  finishTyping();
-  if (!m_shell.mayClose(kForm7)) return event->ignore();
-  event->accept();
-  emit closed();
-}
-
 void Form7::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F2) {
     // The first pore pressure on display, as F2 opens a cell elsewhere.
-    act([&] { m_session.selectCell(static_cast<int>(ConsolidationColumn::PorePressure)); });
+    change([&] { m_session.selectCell(static_cast<int>(ConsolidationColumn::PorePressure)); });
     return startTyping();
   }
-  if (!m_controls.takesKey(*event)) QWidget::keyPressEvent(event);
+  if (!m_controls.takesKey(*event)) DocumentWidget::keyPressEvent(event);
 }
 
 }  // namespace triaxlab

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <QWidget>
 #include <array>
 
 #include "sessions/triaxial/consolidation_table_session.h"
-#include "shell/shell_session.h"
 #include "shell/shell_windows.h"
+#include "windows/document_widget.h"
 #include "windows/triaxial/stage_table_controls.h"
 
 namespace triaxlab {
@@ -14,7 +13,7 @@ class ClickLabel;
 class RecordEdit;
 
 /// 固结数据表: the consolidation readings of a stage, and the start pore pressure that can be corrected.
-class Form7 : public QWidget, public DocumentWindow {
+class Form7 : public DocumentWidget, public DocumentWindow {
   Q_OBJECT
 
  public:
@@ -25,7 +24,7 @@ class Form7 : public QWidget, public DocumentWindow {
   void load(std::size_t sampleRow);
   std::size_t sampleRow() const override { return m_session.sampleRow(); }
   /// Shows what the record holds now. Readings are typed only while the curve window is there.
-  void refresh(FailureMode mode, bool editable);
+  void followRecord(FailureMode mode, bool editable);
 
   // DocumentWindow
   bool isChanged() const override { return false; }
@@ -36,10 +35,8 @@ class Form7 : public QWidget, public DocumentWindow {
  signals:
   /// A reading of the sample is another now.
   void sampleChanged();
-  void closed();
 
  protected:
-  void closeEvent(QCloseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override { m_controls.turnWheel(*event); }
   void keyPressEvent(QKeyEvent* event) override;
 
@@ -49,19 +46,16 @@ class Form7 : public QWidget, public DocumentWindow {
   bool keyInCell(const QKeyEvent& event);
   void startTyping();
 
-  /// Does what the person asked of the session, then shows its state.
+  /// Does what may change the sample, and tells it.
   template <class Operation>
-  void act(Operation&& operation);
-  void refresh();
-  void showState();
+  void change(Operation&& operation);
+  void showState() override;
 
-  ShellSession& m_shell;
   ConsolidationTableSession m_session;
   ConsolidationTableState m_shown;
   StageTableControls m_controls;
   std::array<ClickLabel*, kConsolidationCells> m_label1{};
   RecordEdit *m_text1 = nullptr, *m_text2 = nullptr;
-  bool m_isRefreshing = false, m_refreshAgain = false;
 };
 
 }  // namespace triaxlab

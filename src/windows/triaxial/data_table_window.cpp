@@ -1,6 +1,5 @@
 #include "windows/triaxial/data_table_window.h"
 
-#include <QCloseEvent>
 #include <QComboBox>
 #include <QScrollBar>
 
@@ -16,7 +15,7 @@ constexpr Place kStageList{10000, 150, 2300, 300};
 }  // namespace
 
 Form2::Form2(Workspace& workspace, ShellSession& shell, std::size_t sampleRow)
-    : m_shell(shell),
+    : DocumentWidget(shell, kForm2),
       m_session(workspace, sampleRow),
       m_controls(this, {.canvasWidth = kDataTableWidth, .stages = kStageList}, [this](DrawingSurface& surface) {
         if (m_shown.table) drawDataTable(surface, *m_shown.table);
@@ -24,26 +23,20 @@ Form2::Form2(Workspace& workspace, ShellSession& shell, std::size_t sampleRow)
   setObjectName("Form2");
   setWindowTitle(kDataTableCaption);
   setMinimumSize(rectangle(kWindow).size());
-  connect(m_controls.combo1, &QComboBox::activated, this, [this](int entry) {
-    m_session.chooseStage(entry);
-    showState();
-  });
-  connect(m_controls.vScroll1, &QScrollBar::valueChanged, this, [this](int top) {
-    m_session.scroll(top);
-    showState();
-  });
+  connect(m_controls.combo1, &QComboBox::activated, this,
+          [this](int entry) { act([&] { m_session.chooseStage(entry); }); });
+  connect(m_controls.vScroll1, &QScrollBar::valueChanged, this,
+          [this](int top) { act([&] { m_session.scroll(top); }); });
   setFocusProxy(m_controls.picture1);
-  showState();
+  refresh();
 }
 
 void Form2::load(std::size_t sampleRow) {
-  m_session.load(sampleRow);
-  showState();
+  act([&] { m_session.load(sampleRow); });
 }
 
-void Form2::refresh(FailureMode mode) {
-  m_session.followRecord(mode);
-  showState();
+void Form2::followRecord(FailureMode mode) {
+  act([&] { m_session.followRecord(mode); });
 }
 
 void Form2::showState() {
@@ -54,14 +47,8 @@ void Form2::showState() {
   m_controls.picture1->redraw();
 }
 
-void Form2::closeEvent(QCloseEvent* event) {
-  if (!m_shell.mayClose(kForm2)) return event->ignore();
-  event->accept();
-  emit closed();
-}
-
 void Form2::keyPressEvent(QKeyEvent* event) {
-  if (!m_controls.takesKey(*event)) QWidget::keyPressEvent(event);
+  if (!m_controls.takesKey(*event)) DocumentWidget::keyPressEvent(event);
 }
 
 }  // namespace triaxlab

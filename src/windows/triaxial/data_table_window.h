@@ -1,16 +1,14 @@
 #pragma once
 
-#include <QWidget>
-
 #include "sessions/triaxial/data_table_session.h"
-#include "shell/shell_session.h"
 #include "shell/shell_windows.h"
+#include "windows/document_widget.h"
 #include "windows/triaxial/stage_table_controls.h"
 
 namespace triaxlab {
 
 /// 三轴试验数据表: the shear readings of a stage.
-class Form2 : public QWidget, public DocumentWindow {
+class Form2 : public DocumentWidget, public DocumentWindow {
   Q_OBJECT
 
  public:
@@ -20,25 +18,20 @@ class Form2 : public QWidget, public DocumentWindow {
   void load(std::size_t sampleRow);
   std::size_t sampleRow() const override { return m_session.sampleRow(); }
   /// Shows what the record holds now.
-  void refresh(FailureMode mode);
+  void followRecord(FailureMode mode);
 
   // DocumentWindow
   bool isChanged() const override { return false; }
   void markSaved() override {}
   std::array<std::string, 2> statusPanels() const override { return m_session.statusPanels(); }
 
- signals:
-  void closed();
-
  protected:
-  void closeEvent(QCloseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override { m_controls.turnWheel(*event); }
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  void showState();
+  void showState() override;
 
-  ShellSession& m_shell;
   DataTableSession m_session;
   DataTableState m_shown;
   StageTableControls m_controls;

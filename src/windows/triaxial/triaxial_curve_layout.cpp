@@ -82,8 +82,8 @@ CurveControls::CurveControls(QWidget* window, CanvasWidget::Drawing drawing)
   makeStages();
   makeTable();
   makeDocumentFields();
-  edits.emplace_back(intervention.text10, Box{BoxName::Text10});
-  edits.emplace_back(intervention.text11, Box{BoxName::Text11});
+  edits.emplace_back(intervention.text10, Input{InputName::Factor});
+  edits.emplace_back(intervention.text11, Input{InputName::Summand});
   text1->raise();
   text2->raise();
   intervention.frame1->raise();
@@ -95,9 +95,9 @@ ClickLabel* CurveControls::caption(const QString& text, int x, int y, int width)
   return label;
 }
 
-RecordEdit* CurveControls::edit(const QString& name, Box box, int x, int y, int width) {
+RecordEdit* CurveControls::edit(const QString& name, Input input, int x, int y, int width) {
   auto* const made = put(new RecordEdit(m_window), name, {x, y, width, kBoxHeight});
-  edits.emplace_back(made, box);
+  edits.emplace_back(made, input);
   return made;
 }
 
@@ -116,7 +116,7 @@ void CurveControls::makeList() {
     label1.at(2 * at) = cell("Label1", 2 * line, kProjectX, kCellWidth);
     label1.at(2 * at + 1) = cell("Label1", 2 * line + 1, kSampleX, kCellWidth);
   }
-  text1 = edit("Text1", {BoxName::Text1}, kProjectX, lineY(1), kCellWidth);
+  text1 = edit("Text1", {InputName::ListCell}, kProjectX, lineY(1), kCellWidth);
   makeOverlay(text1);
   vScroll1 = scrollBar(m_window, "VScroll1", {kListScrollX, kListTop, kScrollWidth, kListPitch * (kListLines + 1)},
                        kListLines);
@@ -133,15 +133,15 @@ void CurveControls::makeCurves(CanvasWidget::Drawing drawing) {
 
 void CurveControls::makeSampleFields() {
   int y = kFieldTop;
-  const auto field = [&](const QString& name, Box box, const char* heading) {
+  const auto field = [&](const QString& name, Input input, const char* heading) {
     ClickLabel* const label = caption(words(heading), kCaptionX, y, kCaptionWidth);
-    RecordEdit* const made = edit(name, box, kFieldX, y, kFieldWidth);
+    RecordEdit* const made = edit(name, input, kFieldX, y, kFieldWidth);
     made->setAccessibleName(words(heading));
     y += kFieldPitch;
     return std::pair(made, label);
   };
-  text3 = field("Text3", {BoxName::Text3}, curve_captions::kSoilName).first;
-  text4 = field("Text4", {BoxName::Text4}, curve_captions::kDensity).first;
+  text3 = field("Text3", {InputName::SoilName}, curve_captions::kSoilName).first;
+  text4 = field("Text4", {InputName::Density}, curve_captions::kDensity).first;
   for (int i = 0; i < 2; ++i) {
     auto* const box = put(new RecordEdit(m_window), arrayName("Text6", i), {kFieldX, y, kFieldWidth, kBoxHeight});
     box->setReadOnly(true);
@@ -152,11 +152,13 @@ void CurveControls::makeSampleFields() {
     text6.at(static_cast<std::size_t>(i)) = box;
     y += kFieldPitch;
   }
-  for (int i = 0; i < 3; ++i) {
-    const int index = static_cast<int>(kStages) + i;
-    const auto [box, label] = field(arrayName("Text7", index), {BoxName::Text7, index}, "");
-    text7.at(static_cast<std::size_t>(index)) = box;
-    locationCaptions.at(static_cast<std::size_t>(i)) = label;
+  // Text7 goes on behind the pressures of the stages.
+  static constexpr std::array kLocation{InputName::Borehole, InputName::SamplingDepth, InputName::SamplingSpot};
+  for (std::size_t i = 0; i < kLocation.size(); ++i) {
+    const std::size_t index = kStages + i;
+    const auto [box, label] = field(arrayName("Text7", static_cast<int>(index)), {kLocation.at(i)}, "");
+    text7.at(index) = box;
+    locationCaptions.at(i) = label;
   }
 }
 
@@ -169,12 +171,12 @@ void CurveControls::makeStages() {
     const int y = kStageTop + kStagePitch * stage;
     const auto at = static_cast<std::size_t>(stage);
     caption(curve_captions::kStageRows.at(at), kCaptionX, y, kCaptionWidth);
-    text7.at(at) = edit(arrayName("Text7", stage), {BoxName::Text7, stage}, kFieldX, y, kStageFieldWidth);
+    text7.at(at) = edit(arrayName("Text7", stage), {InputName::CellPressure, stage}, kFieldX, y, kStageFieldWidth);
   }
   for (int stage = 0; stage < static_cast<int>(kStages); ++stage) {
     const int y = kStageTop + kStagePitch * stage;
     text8.at(static_cast<std::size_t>(stage)) =
-        edit(arrayName("Text8", stage), {BoxName::Text8, stage}, kLimitX, y, kStageFieldWidth);
+        edit(arrayName("Text8", stage), {InputName::StrainLimit, stage}, kLimitX, y, kStageFieldWidth);
   }
   command8 = button("Command8", curve_captions::kApplyLimits, kApplyX, kStageTop, kStageFieldWidth);
   label4 = caption({}, kCaptionX, kNoteY, kLimitX - kCaptionX - 50);
@@ -206,7 +208,7 @@ void CurveControls::makeTable() {
     label2.at(static_cast<std::size_t>(cell)) = put(new ClickLabel(m_window, {}, ClickLabel::Look::Cell),
                                                     arrayName("Label2", cell), tablePlace(cell % kTableColumns, y));
   }
-  text2 = edit("Text2", {BoxName::Text2}, kTableX, kTableTop, kFirstColumnWidth);
+  text2 = edit("Text2", {InputName::ResultCell}, kTableX, kTableTop, kFirstColumnWidth);
   makeOverlay(text2);
   vScroll2 =
       scrollBar(m_window, "VScroll2", {kTableScrollX, kTableTop, kScrollWidth, kTablePitch * kTableLines}, kTableLines);
@@ -215,24 +217,24 @@ void CurveControls::makeTable() {
 void CurveControls::makeDocumentFields() {
   int y = kDocumentTop;
   caption(curve_captions::kProjectName, kDocumentX, y, kDocumentFieldX - kDocumentX);
-  text5 = edit("Text5", {BoxName::Text5}, kDocumentFieldX, y, kDocumentFieldWidth);
+  text5 = edit("Text5", {InputName::ProjectName}, kDocumentFieldX, y, kDocumentFieldWidth);
   y += kDocumentPitch;
 
   // Year, month and day of processing on one line, each box in front of its caption.
   static constexpr std::array kDateX{60, 1350, 2500}, kDateWidth{900, 800, 800};
   for (int i = 0; i < 3; ++i) {
     const auto at = static_cast<std::size_t>(i);
-    textW.at(at) = edit(arrayName("TextW", i), {BoxName::TextW, i}, kDateX.at(at), y, kDateWidth.at(at));
+    textW.at(at) = edit(arrayName("TextW", i), {InputName::DatePart, i}, kDateX.at(at), y, kDateWidth.at(at));
     caption(curve_captions::kDateParts.at(at), kDateX.at(at) + kDateWidth.at(at) + 50, y, 250);
   }
   y += kDocumentPitch;
 
   caption(curve_captions::kArchiveNo, kDocumentX, y, kDocumentFieldX - kDocumentX);
-  textW[3] = edit(arrayName("TextW", 3), {BoxName::TextW, 3}, kDocumentFieldX, y, kDocumentFieldWidth);
+  textW[3] = edit(arrayName("TextW", 3), {InputName::SecondTitleLine}, kDocumentFieldX, y, kDocumentFieldWidth);
   y += kDocumentPitch;
 
   text9Caption = caption(curve_captions::kControlledDocNo, kDocumentX, y, kDocumentFieldX - kDocumentX);
-  text9 = edit("Text9", {BoxName::Text9}, kDocumentFieldX, y, kDocumentFieldWidth);
+  text9 = edit("Text9", {InputName::ControlledDocNo}, kDocumentFieldX, y, kDocumentFieldWidth);
 }
 
 }  // namespace triaxlab

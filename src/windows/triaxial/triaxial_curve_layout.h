@@ -23,8 +23,8 @@ struct CurveControls {
   /// Makes all of them as children of the window, in the order in which Tab goes through them.
   CurveControls(QWidget* window, CanvasWidget::Drawing drawing);
 
-  /// The edit boxes over fields of records.
-  std::vector<std::pair<RecordEdit*, Box>> edits;
+  /// The edit boxes with what each of them stands for: the one table of both.
+  std::vector<std::pair<RecordEdit*, Input>> edits;
 
   // The list of samples
   std::array<ClickLabel*, kListLines + 1> label5{};
@@ -72,7 +72,7 @@ struct CurveControls {
   void makeDocumentFields();
 
   ClickLabel* caption(const QString& text, int x, int y, int width);
-  RecordEdit* edit(const QString& name, Box box, int x, int y, int width);
+  RecordEdit* edit(const QString& name, Input input, int x, int y, int width);
   QPushButton* button(const char* name, const QString& text, int x, int y, int width);
 
   QWidget* m_window;

@@ -1,7 +1,6 @@
 #include "windows/triaxial/triaxial_curve_window.h"
 
 #include <QClipboard>
-#include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -56,11 +55,11 @@ void showValue(QScrollBar* bar, int value) {
 /// Lays an edit box over the label that it stands for, or lets Tab come to the label on which the box would open. A box
 /// that goes leaves the focus to the canvas, not to whatever comes next: the person would type there unawares.
 template <std::size_t N>
-void showOverlay(RecordEdit* box, const OverlayState& now, const OverlayState& before,
+void showOverlay(RecordEdit* box, const OpenCellState& now, const OpenCellState& before,
                  const std::array<ClickLabel*, N>& labels, CanvasWidget* canvas) {
   if (!now.visible && box->hasFocus()) canvas->setFocus();
-  const auto labelOf = [&labels](const OverlayState& state) {
-    return state.labelIndex < 0 ? nullptr : labels.at(static_cast<std::size_t>(state.labelIndex));
+  const auto labelOf = [&labels](const OpenCellState& state) {
+    return state.cell < 0 ? nullptr : labels.at(static_cast<std::size_t>(state.cell));
   };
   ClickLabel* const label = labelOf(now);
   if (ClickLabel* const former = labelOf(before)) former->setFocusPolicy(Qt::NoFocus);
@@ -79,8 +78,8 @@ CursorPlace cursorOf(const RecordEdit& edit) {
 }  // namespace
 
 Form1::Form1(Workspace& workspace, Dialogs& dialogs, ShellSession& shell)
-    : m_dialogs(dialogs),
-      m_shell(shell),
+    : DocumentWidget(shell, kForm1),
+      m_dialogs(dialogs),
       m_session(workspace),
       m_controls(this, [this](DrawingSurface& surface) { m_session.draw(surface); }) {
   setObjectName("Form1");
@@ -97,13 +96,7 @@ Form1::Form1(Workspace& workspace, Dialogs& dialogs, ShellSession& shell)
 
 Form1::~Form1() {
   // A box that loses the focus while the window goes down has nobody to tell any more.
-  for (const auto& [edit, box] : m_controls.edits) edit->disconnect(this);
-}
-
-template <class Operation>
-void Form1::act(Operation&& operation) {
-  m_shell.run(std::forward<Operation>(operation));
-  refresh();
+  for (const auto& [edit, input] : m_controls.edits) edit->disconnect(this);
 }
 
 // ---- what a person does
@@ -111,7 +104,7 @@ void Form1::act(Operation&& operation) {
 void Form1::connectList() {
   for (int i = 0; i < static_cast<int>(m_controls.label1.size()); ++i) {
     const ClickLabel* const label = m_controls.label1.at(static_cast<std::size_t>(i));
-    const auto open = [this, i] { openCell(m_controls.text1, &CurveSession::selectLabel, i); };
+    const auto open = [this, i] { openCell(m_controls.text1, &CurveSession::selectListCell, i); };
     connect(label, &ClickLabel::clicked, this, open);
     connect(label, &ClickLabel::reached, this, open);
   }
@@ -145,7 +138,7 @@ void Form1::connectPages() {
   onClick(m_controls.command1, &CurveSession::previousTablePage);
   onClick(m_controls.command2, &CurveSession::nextTablePage);
   onClick(m_controls.command8, &CurveSession::applyStrainLimits);
-  connect(m_controls.command5, &QPushButton::clicked, this, [this] { m_shell.showTable(kForm7); });
+  connect(m_controls.command5, &QPushButton::clicked, this, [this] { shell().showTable(kForm7); });
   connect(m_controls.vScroll2, &QScrollBar::valueChanged, this,
           [this](int top) { act([&] { m_session.scrollTable(top); }); });
   for (int i = 0; i < kTableCells; ++i) {
@@ -181,19 +174,20 @@ void Form1::tellMouse(std::optional<Point> place) {
 }
 
 void Form1::connectEdits() {
-  for (const auto& [edit, box] : m_controls.edits) {
+  for (const auto& [edit, input] : m_controls.edits) {
     connect(edit, &QLineEdit::textEdited, this,
-            [this, named = box](const QString& text) { act([&] { m_session.edit(named, utf8(text)); }); });
+            [this, typed = input](const QString& text) { act([&] { m_session.edit(typed, utf8(text)); }); });
     connect(edit, &RecordEdit::focusLeft, this, [this] { act([&] { m_session.finishTyping(); }); });
   }
 }
 
 void Form1::connectMethodKeys() {
+  static constexpr std::array kMethodFields{MethodField::ShearMode, MethodField::TestMethod};
   for (int i = 0; i < static_cast<int>(m_controls.text6.size()); ++i)
     m_controls.text6.at(static_cast<std::size_t>(i))->onKey = [this, i](const QKeyEvent& event) {
       const std::optional<MethodKey> key = keyOf(event, kMethodKeys);
       bool taken = false;
-      if (key) act([&] { taken = m_session.keyOnMethodField(i, *key); });
+      if (key) act([&] { taken = m_session.keyOnMethod(kMethodFields.at(static_cast<std::size_t>(i)), *key); });
       return taken;
     };
 }
@@ -218,7 +212,7 @@ void Form1::connectIntervention() {
 
 bool Form1::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress && keyInPhase(static_cast<QKeyEvent&>(*event))) return true;
-  return QWidget::eventFilter(watched, event);
+  return DocumentWidget::eventFilter(watched, event);
 }
 
 bool Form1::keyInPhase(const QKeyEvent& event) {
@@ -249,12 +243,6 @@ void Form1::startTyping(RecordEdit* overlay) {
   overlay->selectAll();
 }
 
-void Form1::closeEvent(QCloseEvent* event) {
-  if (!m_shell.mayClose(kForm1)) return event->ignore();
-  event->accept();
-  emit closed();
-}
-
 void Form1::wheelEvent(QWheelEvent* event) {
   const bool overList = event->position().x() < m_controls.picture1->x();
   const bool overTable = event->position().y() > m_controls.picture1->geometry().bottom();
@@ -266,7 +254,7 @@ void Form1::wheelEvent(QWheelEvent* event) {
 
 void Form1::keyPressEvent(QKeyEvent* event) {
   // What has no use of its own for the key: the buttons and bars of the table stand for it, all others for the chart.
-  if (!event->matches(QKeySequence::Copy)) return QWidget::keyPressEvent(event);
+  if (!event->matches(QKeySequence::Copy)) return DocumentWidget::keyPressEvent(event);
   const QWidget* const focus = focusWidget();
   const bool ofTable = focus == m_controls.vScroll2 || focus == m_controls.command1 || focus == m_controls.command2;
   if (ofTable)
@@ -331,22 +319,12 @@ void Form1::reprocess() {
 }
 
 EnvelopeEntries Form1::envelopeEntries() const {
-  return {.ratioEnabled = m_shown.QUXIAN2.enabled, .ratioChecked = m_shown.QUXIAN2.checked};
+  return {.ratioEnabled = m_shown.ratioEnvelope.enabled, .ratioChecked = m_shown.ratioEnvelope.checked};
 }
 
 std::array<std::string, 2> Form1::statusPanels() const { return {m_shown.projectPanel, m_shown.datePanel}; }
 
 // ---- what the window shows
-
-void Form1::refresh() {
-  // A box that is hidden while it has the focus loses it, which changes the state on the way.
-  m_refreshAgain = true;
-  if (m_isRefreshing) return;
-  m_isRefreshing = true;
-  while (std::exchange(m_refreshAgain, false)) showState();
-  m_isRefreshing = false;
-  emit sampleShown();
-}
 
 void Form1::showState() {
   CurveState now = m_session.state();
@@ -381,35 +359,30 @@ void Form1::showList(const CurveState& now) {
     show(m_controls.label1.at(2 * line + 1), now.list.at(line).sample);
   }
   showValue(m_controls.vScroll1, now.listTop);
-  showOverlay(m_controls.text1, now.text1, m_shown.text1, m_controls.label1, m_controls.picture1);
+  showOverlay(m_controls.text1, now.listCell, m_shown.listCell, m_controls.label1, m_controls.picture1);
 }
 
 void Form1::showFields(const CurveState& now) {
-  m_controls.text3->showText(words(now.text3));
-  m_controls.text4->showText(words(now.text4));
-  for (std::size_t i = 0; i < now.text6.size(); ++i) m_controls.text6.at(i)->showText(words(now.text6.at(i)));
-  for (std::size_t i = 0; i < now.text7.size(); ++i) m_controls.text7.at(i)->showText(words(now.text7.at(i)));
+  // The two boxes over cells are shown with the cells.
+  for (const auto& [edit, input] : m_controls.edits)
+    if (edit != m_controls.text1 && edit != m_controls.text2) edit->showText(words(now.text(input)));
+  m_controls.text6[0]->showText(words(now.shearMode));
+  m_controls.text6[1]->showText(words(now.testMethod));
   for (std::size_t i = 0; i < now.locationLabels.size(); ++i)
     m_controls.locationCaptions.at(i)->setText(words(now.locationLabels.at(i)));
-  m_controls.text5->showText(words(now.text5));
-  for (std::size_t i = 0; i < now.textW.size(); ++i) m_controls.textW.at(i)->showText(words(now.textW.at(i)));
-  m_controls.text9->showText(words(now.text9));
-  m_controls.text9->setVisible(now.text9Visible);
-  m_controls.text9Caption->setVisible(now.text9Visible);
+  m_controls.text9->setVisible(now.controlledDocNoVisible);
+  m_controls.text9Caption->setVisible(now.controlledDocNoVisible);
 }
 
 void Form1::showStages(const CurveState& now) {
   m_controls.label8->setVisible(now.strainLimitsVisible);
   m_controls.command8->setVisible(now.strainLimitsVisible);
-  m_controls.command8->setEnabled(now.command8Enabled);
-  for (std::size_t stage = 0; stage < kStages; ++stage) {
-    m_controls.text8.at(stage)->showText(words(now.text8.at(stage)));
-    m_controls.text8.at(stage)->setVisible(now.strainLimitsVisible);
-  }
-  m_controls.label4->setText(words(now.label4));
-  m_controls.label4->setVisible(now.label4Visible);
-  m_controls.command5->setVisible(now.command5Visible);
-  m_controls.command5->setEnabled(now.command5Enabled);
+  m_controls.command8->setEnabled(now.strainLimitsEnabled);
+  for (RecordEdit* const limit : m_controls.text8) limit->setVisible(now.strainLimitsVisible);
+  m_controls.label4->setText(words(now.envelopeNote));
+  m_controls.label4->setVisible(now.envelopeNoteVisible);
+  m_controls.command5->setVisible(now.consolidationTableVisible);
+  m_controls.command5->setEnabled(now.consolidationTableEnabled);
 }
 
 void Form1::showTable(const CurveState& now) {
@@ -418,11 +391,11 @@ void Form1::showTable(const CurveState& now) {
       if (texts.at(i) != before.at(i)) labels.at(i)->setText(words(texts.at(i)));
   };
   show(m_controls.columnHeads, now.columnHeads, m_shown.columnHeads);
-  show(m_controls.label2, now.label2, m_shown.label2);
+  show(m_controls.label2, now.tableCells, m_shown.tableCells);
   const QSignalBlocker blocked(m_controls.vScroll2);
   m_controls.vScroll2->setRange(0, now.tableScrollMax);
   m_controls.vScroll2->setValue(now.tableTop);
-  showOverlay(m_controls.text2, now.text2, m_shown.text2, m_controls.label2, m_controls.picture1);
+  showOverlay(m_controls.text2, now.resultCell, m_shown.resultCell, m_controls.label2, m_controls.picture1);
 }
 
 void Form1::showIntervention(const CurveState& now) {

@@ -1,12 +1,11 @@
 #pragma once
 
-#include <QWidget>
 #include <optional>
 #include <string>
 
 #include "sessions/triaxial/curve_session.h"
-#include "shell/shell_session.h"
 #include "shell/shell_windows.h"
+#include "windows/document_widget.h"
 #include "windows/triaxial/triaxial_curve_layout.h"
 
 class QKeyEvent;
@@ -14,7 +13,7 @@ class QKeyEvent;
 namespace triaxlab {
 
 /// The triaxial curve window: list of samples, curves, results and fields of the sample on display.
-class Form1 : public QWidget, public CurveDocument {
+class Form1 : public DocumentWidget, public CurveDocument {
   Q_OBJECT
 
  public:
@@ -40,14 +39,10 @@ class Form1 : public QWidget, public CurveDocument {
   void reprocess() override;
 
  signals:
-  /// Another sample, or the same one after a change: menu and status bar follow.
-  void sampleShown();
   /// The values under the mouse; empty when it isn't on a plot that has some.
   void readoutChanged(const QString& text);
-  void closed();
 
  protected:
-  void closeEvent(QCloseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -64,9 +59,6 @@ class Form1 : public QWidget, public CurveDocument {
   /// True when the phase that runs takes the key.
   bool keyInPhase(const QKeyEvent& event);
 
-  /// Does what the person asked of the session, then shows its state. What goes wrong is told.
-  template <class Operation>
-  void act(Operation&& operation);
   void startTyping(RecordEdit* overlay);
   /// Lays a box over a cell and begins to type there.
   void openCell(RecordEdit* overlay, void (CurveSession::*select)(int), int label);
@@ -74,9 +66,7 @@ class Form1 : public QWidget, public CurveDocument {
   bool isOnTable(QPoint place) const;
   void copyTable() const;
 
-  /// The one place where the session's state becomes widgets.
-  void refresh();
-  void showState();
+  void showState() override;
   void showList(const CurveState& now);
   void showFields(const CurveState& now);
   void showStages(const CurveState& now);
@@ -84,14 +74,12 @@ class Form1 : public QWidget, public CurveDocument {
   void showIntervention(const CurveState& now);
 
   Dialogs& m_dialogs;
-  ShellSession& m_shell;
   CurveSession m_session;
   CurveControls m_controls;
   CurveState m_shown;  // what the widgets show
   std::size_t m_rowShown = 0;
   std::uint64_t m_pictureShown = 0;
   std::string m_readout;
-  bool m_isRefreshing = false, m_refreshAgain = false;
 };
 
 }  // namespace triaxlab

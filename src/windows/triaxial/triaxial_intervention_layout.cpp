@@ -108,15 +108,13 @@ void InterventionControls::show(const InterventionState& now) {
     stageOptions.at(stage)->setEnabled(now.stageEnabled.at(stage));
     stageOptions.at(stage)->setChecked(stage == now.selectedStage);
   }
-  label12->setText(words(now.label12));
-  text10->showText(words(now.text10));
-  text11->showText(words(now.text11));
+  label12->setText(words(now.mousePlace));
   for (std::size_t i = 0; i < envelopeOptions.size(); ++i) {
     envelopeOptions.at(i)->setVisible(now.envelopeChoice);
     envelopeOptions.at(i)->setChecked(now.effectiveChosen == (i == 1));
   }
   label14->setVisible(now.phase == Phase::Envelope);
-  label14->setText(words(now.label14));
+  label14->setText(words(now.cohesionStep));
   m_subject->setText(words(now.subject));
   for (std::size_t line = 0; line < kKeyHelpLines; ++line) m_keyHelp.at(line)->setText(words(now.keyHelp.at(line)));
   frame1->setVisible(now.running());

@@ -51,9 +51,9 @@ TEST_F(CurvePhaseTest, BeginsWithTheFirstUsedStage) {
   EXPECT_EQ(shown().phase, Phase::Curve);
   EXPECT_EQ(shown().selectedStage, 0U);
   EXPECT_EQ(shown().stageEnabled, (PerStage<bool>{true, true, false, false, false}));
-  EXPECT_EQ(shown().text10, "1");
-  EXPECT_EQ(shown().text11, "0");
-  EXPECT_EQ(shown().label12, "");
+  EXPECT_EQ(shown().factor, "1");
+  EXPECT_EQ(shown().summand, "0");
+  EXPECT_EQ(shown().mousePlace, "");
   EXPECT_FALSE(shown().envelopeChoice);
   // 30, 60, 58 kPa at 0.4, 0.8, 1.2 %
   EXPECT_THAT(drawnCurve(),
@@ -80,7 +80,7 @@ TEST_F(CurvePhaseTest, KeysSlideTheCurveAndYesKeepsIt) {
 }
 
 TEST_F(CurvePhaseTest, YesBringsTheValuesAtFailureUpToTheNewCurve) {
-  session.edit({BoxName::Text10}, "1.5");
+  session.edit({InputName::Factor}, "1.5");
   phase().multiply(dialogs);
   leave(true);
   const TriaxialSampleRecord& sample = fixture.sample(0);
@@ -93,11 +93,11 @@ TEST_F(CurvePhaseTest, YesBringsTheValuesAtFailureUpToTheNewCurve) {
 TEST_F(CurvePhaseTest, NoBringsEveryFieldBack) {
   const TriaxialSampleRecord before = fixture.sample(0);
   phase().key(ArrowKey::Left);
-  session.edit({BoxName::Text3}, "砂土");
-  session.edit({BoxName::Text7, 0}, "999");
+  session.edit({InputName::SoilName}, "砂土");
+  session.edit({InputName::CellPressure, 0}, "999");
   leave(false);
   EXPECT_EQ(std::memcmp(&before, &fixture.sample(0), sizeof before), 0);
-  EXPECT_EQ(session.state().text3, "");
+  EXPECT_EQ(session.state().soilName, "");
 }
 
 TEST_F(CurvePhaseTest, AnUntouchedPhaseThatIsDroppedIsNoChange) {
@@ -106,7 +106,7 @@ TEST_F(CurvePhaseTest, AnUntouchedPhaseThatIsDroppedIsNoChange) {
 }
 
 TEST_F(CurvePhaseTest, WhatWasSavedMeanwhileAndIsDroppedCountsAsUnsaved) {
-  session.edit({BoxName::Text3}, "砂土");
+  session.edit({InputName::SoilName}, "砂土");
   session.markSaved();
   EXPECT_FALSE(session.isChanged());
   leave(false);
@@ -114,9 +114,9 @@ TEST_F(CurvePhaseTest, WhatWasSavedMeanwhileAndIsDroppedCountsAsUnsaved) {
 }
 
 TEST_F(CurvePhaseTest, MultipliesAndAddsWhatIsTyped) {
-  session.edit({BoxName::Text10}, "1.5");
+  session.edit({InputName::Factor}, "1.5");
   phase().multiply(dialogs);
-  session.edit({BoxName::Text11}, "-5");
+  session.edit({InputName::Summand}, "-5");
   phase().selectStage(1);
   phase().add(dialogs);
   EXPECT_THAT(dialogs.take(), IsEmpty());
@@ -130,22 +130,22 @@ TEST_F(CurvePhaseTest, MultipliesAndAddsWhatIsTyped) {
 
 TEST_F(CurvePhaseTest, RefusesValuesThatMakeNoSense) {
   for (const char* const factor : {"0", "50", "", "abc"}) {
-    session.edit({BoxName::Text10}, factor);
+    session.edit({InputName::Factor}, factor);
     phase().multiply(dialogs);
     EXPECT_THAT(dialogs.take(), ElementsAre("stop [修改三轴试验数据] 乘以不合理数据将会得到错误结果..."));
   }
   phase().add(dialogs);
   EXPECT_THAT(dialogs.take(), ElementsAre("[修改三轴试验数据] 加不合理数据将会得到错误结果..."));
-  session.edit({BoxName::Text10}, "49.9");
+  session.edit({InputName::Factor}, "49.9");
   phase().multiply(dialogs);
   EXPECT_THAT(dialogs.take(), IsEmpty());
 }
 
 TEST_F(CurvePhaseTest, ANumberTakesTenCharacters) {
-  session.edit({BoxName::Text10}, std::string(20000, '1'));
-  EXPECT_EQ(shown().text10, "1111111111");
-  session.edit({BoxName::Text11}, "2\x01\U0001F600");
-  EXPECT_EQ(shown().text11, "2");
+  session.edit({InputName::Factor}, std::string(20000, '1'));
+  EXPECT_EQ(shown().factor, "1111111111");
+  session.edit({InputName::Summand}, "2\x01\U0001F600");
+  EXPECT_EQ(shown().summand, "2");
 }
 
 TEST_F(CurvePhaseTest, AnUnusedStageIsNotSelected) {
@@ -160,12 +160,12 @@ TEST_F(CurvePhaseTest, AnUnusedStageIsNotSelected) {
 TEST_F(CurvePhaseTest, ReadsThePlaceOfTheMouseInThePlotAlone) {
   phase().mouseAt({1300, 2400}, false);
   // (1300 - 700) / 272.727 = 2.2; 1900 / 27.142857 = 70
-  EXPECT_EQ(shown().label12, "x:2.20   y:70.0");
+  EXPECT_EQ(shown().mousePlace, "x:2.20   y:70.0");
   for (const Point outside : {Point{685, 2400}, Point{6715, 2400}, Point{1300, 485}, Point{1300, 4315}})
     phase().mouseAt(outside, false);
-  EXPECT_EQ(shown().label12, "x:2.20   y:70.0");
+  EXPECT_EQ(shown().mousePlace, "x:2.20   y:70.0");
   phase().mouseAt({6700, 4300}, false);  // the frame belongs to the plot
-  EXPECT_EQ(shown().label12, "x:22.00   y:0.0");
+  EXPECT_EQ(shown().mousePlace, "x:22.00   y:0.0");
 }
 
 TEST_F(CurvePhaseTest, DrawsWithTheButtonDown) {
@@ -194,7 +194,7 @@ TEST_F(CurvePhaseTest, UndoesAndRedoesStepByStep) {
   const auto before = drawnCurve();
   phase().key(ArrowKey::Left);
   const auto slid = drawnCurve();
-  session.edit({BoxName::Text10}, "2");
+  session.edit({InputName::Factor}, "2");
   phase().multiply(dialogs);
   const auto doubled = drawnCurve();
   phase().undo();
@@ -239,7 +239,7 @@ TEST_F(CurvePhaseTest, AStepAtTheEndOfTheWayIsNone) {
 
 TEST_F(CurvePhaseTest, PageSampleAndMethodStayAsTheyAre) {
   const auto picture = session.pictureNumber();
-  session.selectLabel(4);
+  session.selectListCell(4);
   session.scrollList(5);
   session.showPage(3);
   session.previousPage();
@@ -250,12 +250,12 @@ TEST_F(CurvePhaseTest, PageSampleAndMethodStayAsTheyAre) {
   session.reprocess();
   session.enterIntervention();
   EXPECT_FALSE(session.keyInList(CellKey::Down, {}));
-  EXPECT_FALSE(session.keyOnMethodField(1, MethodKey::One));
+  EXPECT_FALSE(session.keyOnMethod(MethodField::TestMethod, MethodKey::One));
   EXPECT_EQ(session.pictureNumber(), picture);
   EXPECT_EQ(session.sampleRow(), 0U);
   EXPECT_EQ(session.state().currentCurvePage, 1);
   EXPECT_EQ(session.state().currentTablePage, 3);
-  EXPECT_FALSE(session.state().command8Enabled);
+  EXPECT_FALSE(session.state().strainLimitsEnabled);
   EXPECT_FALSE(session.isChanged());
 }
 
@@ -283,7 +283,7 @@ TEST_F(CurvePhaseTest, KeysAndButtonsWithoutAPhaseDoNothing) {
 // ---- a save in between
 
 TEST_F(CurvePhaseTest, CurvesFollowTheirSpecimensThroughASave) {
-  session.edit({BoxName::Text10}, "2");
+  session.edit({InputName::Factor}, "2");
   phase().multiply(dialogs);
   phase().key(ArrowKey::Left);
   // A save has sorted the specimens: stages 0 and 1 are exchanged.

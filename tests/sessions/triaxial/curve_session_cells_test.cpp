@@ -24,9 +24,9 @@ struct CurveSessionCells : testing::Test {
     bool operator==(const Place&) const = default;
   };
   Place place() const {
-    const OverlayState text2 = session.state().text2;
+    const OpenCellState text2 = session.state().resultCell;
     if (!text2.visible) return {-1, -1};
-    return {text2.labelIndex / kTableColumns, (text2.labelIndex % kTableColumns - 2) / 3};
+    return {text2.cell / kTableColumns, (text2.cell % kTableColumns - 2) / 3};
   }
   void open(int line, int stage) {
     session.showPage(3);
@@ -104,20 +104,20 @@ TEST_F(CurveSessionCells, OtherKeysAndAClosedBoxDoNothing) {
 
 TEST_F(CurveSessionCells, AKeyEndsTheTyping) {
   open(0, 0);
-  session.edit({BoxName::Text2}, "105 ");
+  session.edit({InputName::ResultCell}, "105 ");
   press(CellKey::Down);
-  EXPECT_EQ(session.state().text2.text, "160");  // σ1f = 100 + 60
+  EXPECT_EQ(session.state().resultCell.text, "160");  // σ1f = 100 + 60
   press(CellKey::Up);
-  EXPECT_EQ(session.state().text2.text, "105");
+  EXPECT_EQ(session.state().resultCell.text, "105");
   EXPECT_EQ(fixture.sample(0).cellPressure[0].trimmed(), "105");
 }
 
 TEST_F(CurveSessionCells, AClosedBoxTellsWhereItWouldOpen) {
-  EXPECT_EQ(session.state().text2.labelIndex, -1);
+  EXPECT_EQ(session.state().resultCell.cell, -1);
   session.showPage(3);
-  EXPECT_EQ(session.state().text2.labelIndex, static_cast<int>(cellAt(0, 2)));
+  EXPECT_EQ(session.state().resultCell.cell, static_cast<int>(cellAt(0, 2)));
   session.scrollTable(3);  // begins with σ1f′
-  EXPECT_EQ(session.state().text2.labelIndex, static_cast<int>(cellAt(0, 2)));
+  EXPECT_EQ(session.state().resultCell.cell, static_cast<int>(cellAt(0, 2)));
 }
 
 // ---- the table as text

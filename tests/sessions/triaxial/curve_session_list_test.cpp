@@ -47,22 +47,22 @@ TEST_F(CurveSessionList, HeadsFollowTheLaboratorysLabels) {
 TEST_F(CurveSessionList, AnOpenedTableHasNoBoxOverItsFirstCell) {
   fill(2);
   const CurveState now = CurveSession(workspace).state();
-  EXPECT_FALSE(now.text1.visible);
-  EXPECT_FALSE(now.text2.visible);
+  EXPECT_FALSE(now.listCell.visible);
+  EXPECT_FALSE(now.resultCell.visible);
 }
 
 TEST_F(CurveSessionList, AClickLaysTheBoxOverTheCellAndShowsItsSample) {
   fill(25);
   CurveSession session(workspace);
-  session.selectLabel(9);  // line 4, its sample
+  session.selectListCell(9);  // line 4, its sample
   CurveState now = session.state();
-  EXPECT_TRUE(now.text1.visible);
-  EXPECT_EQ(now.text1.labelIndex, 9);
-  EXPECT_EQ(now.text1.text, "S4");
+  EXPECT_TRUE(now.listCell.visible);
+  EXPECT_EQ(now.listCell.cell, 9);
+  EXPECT_EQ(now.listCell.text, "S4");
   EXPECT_EQ(now.selectedLine, 4);
   EXPECT_EQ(session.sampleRow(), 3U);
-  session.selectLabel(8);
-  EXPECT_EQ(session.state().text1.text, "GC1");
+  session.selectListCell(8);
+  EXPECT_EQ(session.state().listCell.text, "GC1");
   EXPECT_EQ(session.state().projectPanel, "工程编号:GC1");
 }
 
@@ -70,17 +70,17 @@ TEST_F(CurveSessionList, AClickOnAHeadDoesNothing) {
   fill(2);
   CurveSession session(workspace);
   const auto picture = session.pictureNumber();
-  session.selectLabel(0);
-  session.selectLabel(1);
-  session.selectLabel(42);
-  EXPECT_FALSE(session.state().text1.visible);
+  session.selectListCell(0);
+  session.selectListCell(1);
+  session.selectListCell(42);
+  EXPECT_FALSE(session.state().listCell.visible);
   EXPECT_EQ(session.pictureNumber(), picture);
 }
 
 TEST_F(CurveSessionList, ScrollingKeepsTheChosenLineSoAnotherSampleComesOnDisplay) {
   fill(25);
   CurveSession session(workspace);
-  session.selectLabel(5);
+  session.selectListCell(5);
   session.scrollList(4);
   const CurveState now = session.state();
   EXPECT_EQ(now.selectedLine, 2);
@@ -88,26 +88,26 @@ TEST_F(CurveSessionList, ScrollingKeepsTheChosenLineSoAnotherSampleComesOnDispla
   EXPECT_EQ(session.sampleRow(), 5U);
   EXPECT_EQ(now.list[1].number, "5");
   EXPECT_EQ(now.list[2].sample, "S6");
-  EXPECT_TRUE(now.text1.visible);
-  EXPECT_EQ(now.text1.text, "S6");
+  EXPECT_TRUE(now.listCell.visible);
+  EXPECT_EQ(now.listCell.text, "S6");
 }
 
 TEST_F(CurveSessionList, TheLastRowCanBeReached) {
   fill(1001);
   CurveSession session(workspace);
-  session.selectLabel(41);
+  session.selectListCell(41);
   session.scrollList(2000);
   EXPECT_EQ(session.state().listTop, 981);
   EXPECT_EQ(session.state().list[20].number, "1001");
-  EXPECT_EQ(session.state().text1.text, "S1001");
+  EXPECT_EQ(session.state().listCell.text, "S1001");
 }
 
 TEST_F(CurveSessionList, SamplesBeyondTheVisibleListAreReachedByKeys) {
   fill(25);
   CurveSession session(workspace);
-  session.selectLabel(3);
+  session.selectListCell(3);
   for (int i = 0; i < 24; ++i) EXPECT_TRUE(session.keyInList(CellKey::Down, kInside));
-  EXPECT_EQ(session.state().text1.text, "S25");
+  EXPECT_EQ(session.state().listCell.text, "S25");
   EXPECT_EQ(session.state().selectedLine, 20);
   EXPECT_EQ(session.state().listTop, 5);
 }
@@ -115,13 +115,13 @@ TEST_F(CurveSessionList, SamplesBeyondTheVisibleListAreReachedByKeys) {
 TEST_F(CurveSessionList, KeysThatMoveWithinTheTextChangeNothing) {
   fill(2);
   CurveSession session(workspace);
-  session.selectLabel(2);
+  session.selectListCell(2);
   const auto picture = session.pictureNumber();
   EXPECT_FALSE(session.keyInList(CellKey::Right, kInside));
   EXPECT_EQ(session.pictureNumber(), picture);
   EXPECT_TRUE(session.keyInList(CellKey::Right, kAtEnd));
-  EXPECT_EQ(session.state().text1.labelIndex, 3);
-  EXPECT_EQ(session.state().text1.text, "S1");
+  EXPECT_EQ(session.state().listCell.cell, 3);
+  EXPECT_EQ(session.state().listCell.text, "S1");
 }
 
 TEST_F(CurveSessionList, ATextThatIsNoGbkIsShownWithQuestionMarks) {
@@ -133,15 +133,15 @@ TEST_F(CurveSessionList, ATextThatIsNoGbkIsShownWithQuestionMarks) {
 TEST_F(CurveSessionList, AnEmptyTableIsReadyForTyping) {
   CurveSession session(workspace);
   const CurveState now = session.state();
-  EXPECT_TRUE(now.text1.visible);
-  EXPECT_EQ(now.text1.labelIndex, 2);
-  EXPECT_EQ(now.text1.text, "");
+  EXPECT_TRUE(now.listCell.visible);
+  EXPECT_EQ(now.listCell.cell, 2);
+  EXPECT_EQ(now.listCell.text, "");
   EXPECT_EQ(now.list[1].project, "");
   EXPECT_EQ(now.list[20].number, "20");
   EXPECT_EQ(now.projectPanel, "工程编号:");
   EXPECT_EQ(now.datePanel, "试验日期:");
-  EXPECT_EQ(now.text6[0], "多样剪");
-  EXPECT_EQ(now.text6[1], "");
+  EXPECT_EQ(now.shearMode, "多样剪");
+  EXPECT_EQ(now.testMethod, "");
   EXPECT_FALSE(session.isChanged());
 }
 
@@ -149,18 +149,18 @@ TEST_F(CurveSessionList, ABlankFirstRowIsShownChosenWhenOthersHoldSamples) {
   workspace.TriaxialSampleTable[1] = namedSample("NJ", "1", kUU);
   CurveSession session(workspace);
   EXPECT_EQ(session.sampleRow(), 0U);
-  EXPECT_FALSE(session.state().text1.visible);
+  EXPECT_FALSE(session.state().listCell.visible);
   EXPECT_EQ(session.state().list[2].project, "NJ");
 }
 
 TEST_F(CurveSessionList, LoadStartsOverOnTheNewTable) {
   fill(30);
   CurveSession session(workspace);
-  session.selectLabel(9);
+  session.selectListCell(9);
   session.scrollList(5);
   session.showPage(3);
   session.scrollTable(2);
-  session.edit({BoxName::Text3}, "x");
+  session.edit({InputName::SoilName}, "x");
   ASSERT_TRUE(session.isChanged());
 
   workspace.TriaxialSampleTable.clear();
@@ -173,8 +173,8 @@ TEST_F(CurveSessionList, LoadStartsOverOnTheNewTable) {
   EXPECT_EQ(now.tableTop, 0);
   EXPECT_EQ(now.currentCurvePage, 1);
   EXPECT_EQ(now.currentTablePage, 3);
-  EXPECT_FALSE(now.text1.visible);
-  EXPECT_EQ(now.text3, "");
+  EXPECT_FALSE(now.listCell.visible);
+  EXPECT_EQ(now.soilName, "");
   EXPECT_EQ(now.projectPanel, "工程编号:GC2");
   EXPECT_FALSE(session.isChanged());
 }
@@ -186,7 +186,7 @@ TEST_F(CurveSessionList, TheDateIsTheRecordsOrElseItsProjects) {
   SetText(workspace.ProjectDateTable[1].testDate, "2020-01-02");
   CurveSession session(workspace);
   EXPECT_EQ(session.state().datePanel, "试验日期:2021/03/04");
-  session.selectLabel(4);
+  session.selectListCell(4);
   EXPECT_EQ(session.state().datePanel, "试验日期:2020-01-02");
 }
 

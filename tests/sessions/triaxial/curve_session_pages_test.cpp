@@ -13,11 +13,11 @@ struct CurveSessionPages : testing::Test {
 
   int page() const { return session.state().currentCurvePage; }
   int tablePage() const { return session.state().currentTablePage; }
-  void select(int line) { session.selectLabel(2 * line); }
+  void select(int line) { session.selectListCell(2 * line); }
   void expectChecked(int entry) const {
     const CurveState now = session.state();
-    EXPECT_EQ(now.QUXIAN2.checked, entry == 2);
-    EXPECT_EQ(now.QUXIAN3.checked, entry == 3);
+    EXPECT_EQ(now.ratioEnvelope.checked, entry == 2);
+    EXPECT_EQ(now.differenceEnvelope.checked, entry == 3);
   }
 };
 
@@ -82,12 +82,12 @@ TEST_F(CurveSessionPages, UuTurnsTheRatioOffAndGivesItsCheckToTheDifference) {
   select(2);
   EXPECT_EQ(page(), 3);
   expectChecked(3);
-  EXPECT_FALSE(session.state().QUXIAN2.enabled);
-  EXPECT_TRUE(session.state().QUXIAN3.enabled);
+  EXPECT_FALSE(session.state().ratioEnvelope.enabled);
+  EXPECT_TRUE(session.state().differenceEnvelope.enabled);
   select(1);
   EXPECT_EQ(page(), 3);
   expectChecked(3);
-  EXPECT_TRUE(session.state().QUXIAN2.enabled);
+  EXPECT_TRUE(session.state().ratioEnvelope.enabled);
 }
 
 TEST_F(CurveSessionPages, ASampleThatHasNotThePageReturnsToTheFirst) {
@@ -112,7 +112,7 @@ TEST_F(CurveSessionPages, CdReachesTheEffectivePagesByTheMenuAlone) {
   session.showPage(4);
   session.previousPage();
   EXPECT_EQ(page(), 1);
-  EXPECT_FALSE(session.state().QUXIAN2.enabled);
+  EXPECT_FALSE(session.state().ratioEnvelope.enabled);
   session.showPage(2);
   EXPECT_EQ(page(), 3);
 }
@@ -158,23 +158,23 @@ TEST_F(CurveSessionPages, SteppingTheTableDrawsNothing) {
 }
 
 TEST_F(CurveSessionPages, CaptionsFollowModeAndMethod) {
-  EXPECT_EQ(session.state().text6[0], "多样剪");
-  EXPECT_EQ(session.state().text6[1], "固结不排水剪(CU)");
-  EXPECT_TRUE(session.state().command5Visible);
+  EXPECT_EQ(session.state().shearMode, "多样剪");
+  EXPECT_EQ(session.state().testMethod, "固结不排水剪(CU)");
+  EXPECT_TRUE(session.state().consolidationTableVisible);
   select(2);
-  EXPECT_EQ(session.state().text6[1], "不固结不排水剪(UU)");
-  EXPECT_FALSE(session.state().command5Visible);
+  EXPECT_EQ(session.state().testMethod, "不固结不排水剪(UU)");
+  EXPECT_FALSE(session.state().consolidationTableVisible);
   select(3);
-  EXPECT_EQ(session.state().text6[1], "固结排水剪(CD)");
-  EXPECT_TRUE(session.state().command5Visible);
+  EXPECT_EQ(session.state().testMethod, "固结排水剪(CD)");
+  EXPECT_TRUE(session.state().consolidationTableVisible);
   for (const int mode : {2, 3}) {
     fixture.sample(0).shearMode = static_cast<std::uint8_t>(mode);
     select(1);
-    EXPECT_EQ(session.state().text6[0], "多级剪");
+    EXPECT_EQ(session.state().shearMode, "多级剪");
   }
   fixture.sample(0).testMethod = 4;
   select(1);
-  EXPECT_EQ(session.state().text6[1], "");
+  EXPECT_EQ(session.state().testMethod, "");
 }
 
 TEST_F(CurveSessionPages, StrainLimitsAndTheMarkOfAdjustmentBelongToTheEnvelopes) {
@@ -182,19 +182,19 @@ TEST_F(CurveSessionPages, StrainLimitsAndTheMarkOfAdjustmentBelongToTheEnvelopes
   for (int n = 1; n <= 6; ++n) {
     session.showPage(n);
     EXPECT_EQ(session.state().strainLimitsVisible, n == 2 || n == 3) << n;
-    EXPECT_EQ(session.state().label4Visible, n == 2 || n == 3) << n;
+    EXPECT_EQ(session.state().envelopeNoteVisible, n == 2 || n == 3) << n;
   }
   session.showPage(3);
-  EXPECT_THAT(session.state().text8, testing::ElementsAre("3.5", "22.0", "15.0", "15.0", "15.0"));
-  EXPECT_EQ(session.state().label4, "原始数据");
+  EXPECT_THAT(session.state().strainLimit, testing::ElementsAre("3.5", "22.0", "15.0", "15.0", "15.0"));
+  EXPECT_EQ(session.state().envelopeNote, "原始数据");
   fixture.sample(0).adjustedFlag = 1;
   session.showPage(3);
-  EXPECT_EQ(session.state().label4, "已经干预");
+  EXPECT_EQ(session.state().envelopeNote, "已经干预");
   // Another value than 0 says that somebody was here, though the page fits anew.
   fixture.sample(0).adjustedFlag = 2;
   SetText(fixture.sample(0).cohesionText, "99");
   session.showPage(3);
-  EXPECT_EQ(session.state().label4, "已经干预");
+  EXPECT_EQ(session.state().envelopeNote, "已经干预");
   EXPECT_EQ(fixture.sample(0).cohesionText.trimmed(), "0");
 }
 
@@ -234,7 +234,7 @@ TEST_F(CurveSessionPages, EveryPageFollowsTheEntryThatIsChecked) {
 }
 
 TEST_F(CurveSessionPages, AnEmptySlotIsNotComputed) {
-  session.selectLabel(10);
+  session.selectListCell(10);
   ASSERT_EQ(session.sampleRow(), 4U);
   const TriaxialSampleRecord blank = fixture.sample(4);
   session.showPage(3);
@@ -242,14 +242,14 @@ TEST_F(CurveSessionPages, AnEmptySlotIsNotComputed) {
   EXPECT_EQ(bytesOf(fixture.sample(4)).size(), bytesOf(blank).size());
   EXPECT_TRUE(std::equal(bytesOf(blank).begin(), bytesOf(blank).end(), bytesOf(fixture.sample(4)).begin()));
   session.showPage(3);
-  EXPECT_EQ(session.state().text8[0], "15.0");
+  EXPECT_EQ(session.state().strainLimit[0], "15.0");
 }
 
 TEST_F(CurveSessionPages, ShowingPagesIsNoUnsavedChange) {
   for (int n = 1; n <= 6; ++n) session.showPage(n);
   session.nextTablePage();
   session.scrollList(3);
-  session.selectLabel(7);
+  session.selectListCell(7);
   EXPECT_FALSE(session.isChanged());
 }
 

@@ -41,7 +41,7 @@ TEST_F(CurveSessionPicture, DrawsThePageOnDisplay) {
   EXPECT_EQ(drawn().curves.size(), 2U);  // one a stage
   session.showPage(6);
   EXPECT_THAT(drawn().texts, Contains("有效应力比与轴向应变曲线"));
-  session.selectLabel(4);
+  session.selectListCell(4);
   EXPECT_THAT(drawn().texts, Contains("主应力差与轴向应变曲线"));
   EXPECT_EQ(drawn().curves.size(), 1U);
 }
@@ -65,15 +65,15 @@ TEST_F(CurveSessionPicture, StaysAsDrawnUntilTheSampleIsShownAgain) {
   const Drawing before = drawn();
   SetText(fixture.sample(0).deviatorStress[1][1], "900");
   EXPECT_EQ(drawn().curves, before.curves);
-  session.edit({BoxName::Text7, 0}, "500");
+  session.edit({InputName::CellPressure, 0}, "500");
   EXPECT_EQ(drawn().texts, before.texts);
   session.showPage(1);
   EXPECT_NE(drawn().curves, before.curves);
 }
 
 TEST_F(CurveSessionPicture, AnEmptySlotHasItsFrameOnEveryPage) {
-  session.selectLabel(20);
-  session.keyOnMethodField(1, MethodKey::Two);
+  session.selectListCell(20);
+  session.keyOnMethod(MethodField::TestMethod, MethodKey::Two);
   for (int page = 1; page <= 6; ++page) {
     session.showPage(page);
     const Drawing drawing = drawn();

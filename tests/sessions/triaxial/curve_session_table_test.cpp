@@ -21,7 +21,7 @@ struct CurveSessionTable : testing::Test {
   void showTable(int page) {
     while (session.state().currentTablePage != page) session.nextTablePage();
   }
-  std::string cell(int line, int column) const { return session.state().label2.at(cellAt(line, column)); }
+  std::string cell(int line, int column) const { return session.state().tableCells.at(cellAt(line, column)); }
   /// The three columns of a stage on a line.
   std::vector<std::string> stage(int line, int number) const {
     const int first = 1 + 3 * number;
@@ -165,13 +165,13 @@ TEST_F(CurveSessionTable, EachResultIsTypedIntoItsField) {
       session.scrollTable(top);
       session.markSaved();
       session.selectTableCell(static_cast<int>(cellAt(row - top, 2 + 3 * number)));
-      ASSERT_TRUE(session.state().text2.visible) << row;
-      EXPECT_EQ(session.state().text2.labelIndex, static_cast<int>(cellAt(row - top, 2 + 3 * number)));
+      ASSERT_TRUE(session.state().resultCell.visible) << row;
+      EXPECT_EQ(session.state().resultCell.cell, static_cast<int>(cellAt(row - top, 2 + 3 * number)));
       const std::string typed = std::to_string(1000 + 10 * row + number);
-      session.edit({BoxName::Text2}, typed + "56789");
+      session.edit({InputName::ResultCell}, typed + "56789");
       const auto* places = reinterpret_cast<const char*>(&sample) + offset + width * static_cast<std::size_t>(number);
       EXPECT_EQ(std::string(places, width), (typed + "56789").substr(0, width));
-      EXPECT_EQ(session.state().text2.text, (typed + "56789").substr(0, width));
+      EXPECT_EQ(session.state().resultCell.text, (typed + "56789").substr(0, width));
       EXPECT_EQ(cell(row - top, 2 + 3 * number), (typed + "56789").substr(0, width));
       EXPECT_TRUE(session.isChanged());
     }
@@ -181,19 +181,19 @@ TEST_F(CurveSessionTable, CoefficientsAreTypedAsNumbers) {
   session.showPage(3);
   session.scrollTable(3);
   session.selectTableCell(static_cast<int>(cellAt(10, 2)));  // B of the first stage
-  EXPECT_EQ(session.state().text2.text, "0.00");
-  session.edit({BoxName::Text2}, "0.876");
+  EXPECT_EQ(session.state().resultCell.text, "0.00");
+  session.edit({InputName::ResultCell}, "0.876");
   EXPECT_EQ(static_cast<float>(sample.coefficientB[0]), 0.876F);
-  EXPECT_EQ(session.state().text2.text, "0.876");
+  EXPECT_EQ(session.state().resultCell.text, "0.876");
   EXPECT_EQ(cell(10, 2), "0.88");
   session.finishTyping();
-  EXPECT_EQ(session.state().text2.text, "0.88");
+  EXPECT_EQ(session.state().resultCell.text, "0.88");
   session.selectTableCell(static_cast<int>(cellAt(11, 14)));  // Af of the last
-  session.edit({BoxName::Text2}, "-.5");
+  session.edit({InputName::ResultCell}, "-.5");
   EXPECT_EQ(static_cast<float>(sample.coefficientAf[4]), -0.5F);
-  session.edit({BoxName::Text2}, "1e99");  // no float
+  session.edit({InputName::ResultCell}, "1e99");  // no float
   EXPECT_EQ(static_cast<float>(sample.coefficientAf[4]), -0.5F);
-  session.edit({BoxName::Text2}, "");
+  session.edit({InputName::ResultCell}, "");
   EXPECT_EQ(static_cast<float>(sample.coefficientAf[4]), 0.0F);
 }
 
@@ -201,19 +201,19 @@ TEST_F(CurveSessionTable, WhatFollowsFromTheCurvesIsNotTyped) {
   session.showPage(3);
   for (int row = 4; row <= 7; ++row) {
     session.selectTableCell(static_cast<int>(cellAt(row, 2)));
-    EXPECT_FALSE(session.state().text2.visible) << row;
+    EXPECT_FALSE(session.state().resultCell.visible) << row;
   }
 }
 
 TEST_F(CurveSessionTable, OnlyTheCellsOfTheResultsOpenTheBox) {
   session.selectTableCell(static_cast<int>(cellAt(0, 2)));
-  EXPECT_FALSE(session.state().text2.visible);  // the page of stresses
+  EXPECT_FALSE(session.state().resultCell.visible);  // the page of stresses
   session.showPage(3);
   for (const int label : {-1, 0, 1, 3, 192, 5000}) {
     session.selectTableCell(static_cast<int>(cellAt(0, 2)));
-    ASSERT_TRUE(session.state().text2.visible);
+    ASSERT_TRUE(session.state().resultCell.visible);
     session.selectTableCell(label);
-    EXPECT_FALSE(session.state().text2.visible) << label;
+    EXPECT_FALSE(session.state().resultCell.visible) << label;
   }
 }
 
@@ -221,32 +221,32 @@ TEST_F(CurveSessionTable, TheBoxClosesWithItsCell) {
   const auto open = [this] {
     session.showPage(3);
     session.selectTableCell(static_cast<int>(cellAt(0, 2)));
-    ASSERT_TRUE(session.state().text2.visible);
+    ASSERT_TRUE(session.state().resultCell.visible);
   };
   open();
   session.scrollTable(1);
-  EXPECT_FALSE(session.state().text2.visible);
+  EXPECT_FALSE(session.state().resultCell.visible);
   open();
   session.nextTablePage();
-  EXPECT_FALSE(session.state().text2.visible);
+  EXPECT_FALSE(session.state().resultCell.visible);
   open();
-  session.selectLabel(4);
-  EXPECT_FALSE(session.state().text2.visible);
+  session.selectListCell(4);
+  EXPECT_FALSE(session.state().resultCell.visible);
 }
 
 TEST_F(CurveSessionTable, AnEditedPressureMovesNoFailureValueUntilThePageIsDrawn) {
   session.showPage(3);
   session.selectTableCell(static_cast<int>(cellAt(0, 2)));
-  session.edit({BoxName::Text2}, "110");
+  session.edit({InputName::ResultCell}, "110");
   EXPECT_EQ(cell(0, 2), "110");
   EXPECT_EQ(cell(1, 2), "160");
-  EXPECT_EQ(session.state().text7[0], "110");
+  EXPECT_EQ(session.state().cellPressure[0], "110");
   session.showPage(3);
   EXPECT_EQ(cell(1, 2), "170");  // 60 + 110
 }
 
 TEST_F(CurveSessionTable, APressureTypedBesideTheCanvasHasNoEffectUntilTheSampleIsShown) {
-  session.edit({BoxName::Text7, 0}, "110");
+  session.edit({InputName::CellPressure, 0}, "110");
   EXPECT_THAT(stage(0, 0), ElementsAre("0.40", "130", "30"));
   session.showPage(1);
   EXPECT_THAT(stage(0, 0), ElementsAre("0.40", "140", "30"));
@@ -255,10 +255,10 @@ TEST_F(CurveSessionTable, APressureTypedBesideTheCanvasHasNoEffectUntilTheSample
 TEST_F(CurveSessionTable, AnEmptyTableHasLabelsAndZeroCoefficientsOnly) {
   Workspace empty;
   CurveSession typing(empty);
-  EXPECT_THAT(typing.state().label2, Each(""));
+  EXPECT_THAT(typing.state().tableCells, Each(""));
   typing.showPage(3);
-  EXPECT_EQ(typing.state().label2[0], "σ3");
-  EXPECT_EQ(typing.state().label2[2], "");
+  EXPECT_EQ(typing.state().tableCells[0], "σ3");
+  EXPECT_EQ(typing.state().tableCells[2], "");
 }
 
 }  // namespace

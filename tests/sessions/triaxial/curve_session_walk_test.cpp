@@ -19,9 +19,9 @@ namespace {
 void expectSoundState(const CurveSession& session, const TriaxialSampleRecord& sample) {
   const CurveState now = session.state();
   const bool cu = sample.testMethod == kCU;
-  EXPECT_NE(now.QUXIAN2.checked, now.QUXIAN3.checked);
-  EXPECT_EQ(now.QUXIAN2.enabled, cu);
-  EXPECT_TRUE(cu || !now.QUXIAN2.checked);
+  EXPECT_NE(now.ratioEnvelope.checked, now.differenceEnvelope.checked);
+  EXPECT_EQ(now.ratioEnvelope.enabled, cu);
+  EXPECT_TRUE(cu || !now.ratioEnvelope.checked);
   EXPECT_TRUE(now.currentCurvePage >= 1 && now.currentCurvePage <= 6);
   EXPECT_TRUE(cu || now.currentCurvePage != 2);
   EXPECT_TRUE(sample.testMethod != kUU || now.currentCurvePage <= 3);
@@ -30,8 +30,8 @@ void expectSoundState(const CurveSession& session, const TriaxialSampleRecord& s
   EXPECT_TRUE(now.tableTop >= 0 && now.tableTop <= now.tableScrollMax);
   EXPECT_TRUE(now.listTop >= 0 && now.listTop <= 981);
   EXPECT_EQ(session.sampleRow(), static_cast<std::size_t>(now.listTop + now.selectedLine - 1));
-  EXPECT_TRUE(!now.text2.visible || now.currentTablePage == 1);
-  EXPECT_FALSE(now.intervention.running() && now.text1.visible);
+  EXPECT_TRUE(!now.resultCell.visible || now.currentTablePage == 1);
+  EXPECT_FALSE(now.intervention.running() && now.listCell.visible);
   EXPECT_EQ(now.intervention.phase == Phase::Envelope,
             now.intervention.running() && now.currentCurvePage >= 2 && now.currentCurvePage <= 3);
 }
@@ -39,12 +39,13 @@ void expectSoundState(const CurveSession& session, const TriaxialSampleRecord& s
 /// Steps at random, each one that a person can take.
 void walk(CurveSession& session, const Workspace& workspace, std::mt19937& random, int steps) {
   const auto any = [&random](int from, int to) { return std::uniform_int_distribution(from, to)(random); };
-  const std::array<BoxName, 8> boxes{BoxName::Text1, BoxName::Text2, BoxName::Text3, BoxName::Text4,
-                                     BoxName::Text5, BoxName::Text7, BoxName::Text8, BoxName::TextW};
+  const std::array<InputName, 8> inputs{InputName::ListCell,    InputName::ResultCell,  InputName::SoilName,
+                                        InputName::Density,     InputName::ProjectName, InputName::CellPressure,
+                                        InputName::StrainLimit, InputName::DatePart};
   testing::FakeDialogs dialogs;
   const std::array<const char*, 6> texts{"", "100", "砂土😀", "-1e30", "0.5", "\x01\xFF"};
   const std::vector<std::function<void()>> doings{
-      [&] { session.selectLabel(any(-1, 50)); },
+      [&] { session.selectListCell(any(-1, 50)); },
       [&] { session.scrollList(any(-5, 3)); },
       [&] {
         session.keyInList(static_cast<CellKey>(any(0, 6)), {any(0, 1) == 1, any(0, 1) == 1});
@@ -57,11 +58,11 @@ void walk(CurveSession& session, const Workspace& workspace, std::mt19937& rando
       [&] { session.scrollTable(any(-5, 300)); },
       [&] { session.selectTableCell(any(-1, 200)); },
       [&] {
-        session.edit({boxes.at(static_cast<std::size_t>(any(0, 7))), any(0, 3)},
+        session.edit({inputs.at(static_cast<std::size_t>(any(0, 7))), any(0, 2)},
                      texts.at(static_cast<std::size_t>(any(0, 5))));
       },
       [&] { session.finishTyping(); },
-      [&] { session.keyOnMethodField(any(0, 1), static_cast<MethodKey>(any(0, 3))); },
+      [&] { session.keyOnMethod(static_cast<MethodField>(any(0, 1)), static_cast<MethodKey>(any(0, 3))); },
       [&] { session.applyStrainLimits(); },
       [&] { session.markSaved(); },
       [&] { session.reprocess(); },
@@ -73,11 +74,11 @@ void walk(CurveSession& session, const Workspace& workspace, std::mt19937& rando
       [&] { session.intervention().selectStage(static_cast<std::size_t>(any(0, 5))); },
       [&] { session.intervention().chooseEffective(any(0, 1) == 1); },
       [&] {
-        session.edit({BoxName::Text10}, texts.at(static_cast<std::size_t>(any(0, 5))));
+        session.edit({InputName::Factor}, texts.at(static_cast<std::size_t>(any(0, 5))));
         session.intervention().multiply(dialogs);
       },
       [&] {
-        session.edit({BoxName::Text11}, texts.at(static_cast<std::size_t>(any(0, 5))));
+        session.edit({InputName::Summand}, texts.at(static_cast<std::size_t>(any(0, 5))));
         session.intervention().add(dialogs);
       },
       [&] {

@@ -59,7 +59,7 @@ TEST_F(EnvelopePhaseTest, BeginsWithTheTotalEnvelope) {
   EXPECT_EQ(shown().phase, Phase::Envelope);
   EXPECT_TRUE(shown().envelopeChoice);
   EXPECT_FALSE(shown().effectiveChosen);
-  EXPECT_EQ(shown().label14, "调整步长：1.00");
+  EXPECT_EQ(shown().cohesionStep, "调整步长：1.00");
   EXPECT_THAT(movedLines(), ElementsAre(Colour::Black));
   EXPECT_THAT(texts(), Contains("Ccu = 0 kPa"));
   EXPECT_THAT(texts(), Contains("φcu = 13.3"));
@@ -104,7 +104,7 @@ TEST_F(EnvelopePhaseTest, YesKeepsBothEnvelopes) {
   EXPECT_EQ(sample().cohesionEffText.trimmed(), "4.0");
   EXPECT_NEAR(sample().frictionAngle, 13.342, 0.001);     // asin(3 / 13)
   EXPECT_NEAR(sample().frictionAngleEff, 17.458, 0.001);  // asin(0.3)
-  EXPECT_EQ(session.state().label4, "已经干预");
+  EXPECT_EQ(session.state().envelopeNote, "已经干预");
   EXPECT_THAT(texts(), Contains("Ccu = 12.0 kPa"));
   EXPECT_THAT(movedLines(), IsEmpty());
   EXPECT_TRUE(session.isChanged());
@@ -120,7 +120,7 @@ TEST_F(EnvelopePhaseTest, NoLeavesTheFit) {
 }
 
 TEST_F(EnvelopePhaseTest, ASampleOfTotalStressesHasNoChoice) {
-  session.selectLabel(4);
+  session.selectListCell(4);
   enter(3);
   EXPECT_FALSE(shown().envelopeChoice);
   phase().chooseEffective(true);
@@ -141,12 +141,12 @@ TEST_F(EnvelopePhaseTest, TheStepIsAskedFor) {
   dialogs.inputs = {"2.5"};
   phase().askCohesionStep(dialogs);
   EXPECT_THAT(dialogs.take(), ElementsAre("[设置三轴C值调整步长] 请输入三轴C值调整步长 = 1.00"));
-  EXPECT_EQ(shown().label14, "调整步长：2.50");
+  EXPECT_EQ(shown().cohesionStep, "调整步长：2.50");
   press(ArrowKey::Right, 2);
   EXPECT_THAT(texts(), Contains("Ccu = 5 kPa"));
   dialogs.inputs = {std::nullopt, "", "x", "1e99"};
   for (int i = 0; i < 4; ++i) phase().askCohesionStep(dialogs);
-  EXPECT_EQ(shown().label14, "调整步长：2.50");
+  EXPECT_EQ(shown().cohesionStep, "调整步长：2.50");
 }
 
 TEST_F(EnvelopePhaseTest, TheStepOutlivesThePhaseAndNotTheDocument) {
@@ -155,10 +155,10 @@ TEST_F(EnvelopePhaseTest, TheStepOutlivesThePhaseAndNotTheDocument) {
   phase().askCohesionStep(dialogs);
   leave(false);
   session.enterIntervention();
-  EXPECT_EQ(shown().label14, "调整步长：0.50");
+  EXPECT_EQ(shown().cohesionStep, "调整步长：0.50");
   session.load();
   enter(3);
-  EXPECT_EQ(shown().label14, "调整步长：1.00");
+  EXPECT_EQ(shown().cohesionStep, "调整步长：1.00");
 }
 
 TEST_F(EnvelopePhaseTest, UndoesAndRedoes) {
@@ -230,7 +230,7 @@ TEST_F(EnvelopePhaseTest, ReprocessingRestoresTheFits) {
   EXPECT_EQ(sample().adjustedFlag, 0);
   EXPECT_EQ(sample().pathAdjustedFlag, 0);
   EXPECT_EQ(sample().cohesionText.trimmed(), "0");
-  EXPECT_EQ(session.state().label4, "原始数据");
+  EXPECT_EQ(session.state().envelopeNote, "原始数据");
   EXPECT_TRUE(session.isChanged());
 }
 
@@ -285,7 +285,7 @@ TEST_F(EnvelopePhaseTest, OnlyCUHasThePhaseOfThePath) {
 }
 
 TEST_F(EnvelopePhaseTest, ASampleWithoutStagesHasNone) {
-  session.selectLabel(20);
+  session.selectListCell(20);
   EXPECT_FALSE(session.canIntervene());
 }
 

@@ -172,7 +172,7 @@ TEST_F(ConsolidationTables, ShowsSixteenReadings) {
   ASSERT_EQ(state.table->rows.size(), 16U);
   EXPECT_THAT(state.table->rows[1], ElementsAre("2", "1.6", "89.9", "0.30"));
   EXPECT_THAT(state.table->rows[15], ElementsAre("16", "", "", ""));
-  EXPECT_EQ(state.text2, "90.0");
+  EXPECT_EQ(state.startPorePressure, "90.0");
   EXPECT_EQ(state.stage.scrollMax, 135);
   session.scroll(500);
   EXPECT_EQ(session.state().table->rows[15][0], "151");
@@ -181,7 +181,7 @@ TEST_F(ConsolidationTables, ShowsSixteenReadings) {
 TEST_F(ConsolidationTables, AClickLaysTheBoxOverTheCell) {
   session.selectCell(pressureAt(1));
   EXPECT_EQ(session.state().openCell, pressureAt(1));
-  EXPECT_EQ(session.state().text1, "89.9");
+  EXPECT_EQ(session.state().cellText, "89.9");
   session.selectCell(4);
   EXPECT_EQ(session.state().openCell, std::nullopt) << "a number is not typed";
   for (const int noCell : {-1, 64}) session.selectCell(noCell);
@@ -202,7 +202,7 @@ TEST_F(ConsolidationTables, ATypedCellIsStoredWhenItIsLeft) {
 
 TEST_F(ConsolidationTables, ACellThatIsLeftAsItWasKeepsWhatItDoesNotShow) {
   session.selectCell(timeAt(1));
-  EXPECT_EQ(session.state().text1, "1.6");
+  EXPECT_EQ(session.state().cellText, "1.6");
   session.finishTyping();
   EXPECT_EQ(seconds(1), 95);
   EXPECT_FALSE(session.takeChange());
@@ -262,10 +262,10 @@ TEST_F(ConsolidationTables, TheStartPorePressureIsStoredAtEachChange) {
   EXPECT_EQ(porePressure(0), 40);
   session.typeStartPorePressure("45.67");
   EXPECT_EQ(porePressure(0), 456);
-  EXPECT_EQ(session.state().text2, "45.67") << "as typed, while it is typed";
+  EXPECT_EQ(session.state().startPorePressure, "45.67") << "as typed, while it is typed";
   EXPECT_EQ(session.state().table->rows[0][2], "45.6") << "the first reading is the same value";
   session.finishTyping();
-  EXPECT_EQ(session.state().text2, "45.6");
+  EXPECT_EQ(session.state().startPorePressure, "45.6");
   EXPECT_TRUE(session.takeChange());
 }
 
@@ -283,17 +283,17 @@ TEST_F(ConsolidationTables, TheFirstReadingIsTheStartPorePressure) {
   session.selectCell(pressureAt(0));
   session.typeCell("12.3");
   session.finishTyping();
-  EXPECT_EQ(session.state().text2, "12.3");
+  EXPECT_EQ(session.state().startPorePressure, "12.3");
 }
 
 TEST_F(ConsolidationTables, BoxesTakeTenBytesOfWhatGbkHas) {
   session.typeStartPorePressure(
       "1\t2\xF0\x9F\x98\x80"
       "3456789012345");
-  EXPECT_EQ(session.state().text2, "1234567890");
+  EXPECT_EQ(session.state().startPorePressure, "1234567890");
   session.selectCell(pressureAt(1));
   session.typeCell(std::string(20000, '9'));
-  EXPECT_EQ(session.state().text1, "9999999999");
+  EXPECT_EQ(session.state().cellText, "9999999999");
   session.finishTyping();
   EXPECT_EQ(porePressure(1), 899) << "it does not fit";
 }
@@ -319,7 +319,7 @@ TEST_F(ConsolidationTables, WithoutTheCurveWindowNothingIsTyped) {
   EXPECT_EQ(session.state().openCell, std::nullopt);
   session.typeStartPorePressure("7");
   EXPECT_EQ(porePressure(0), 900);
-  EXPECT_EQ(session.state().text2, "90.0");
+  EXPECT_EQ(session.state().startPorePressure, "90.0");
   EXPECT_FALSE(session.state().editable);
   EXPECT_FALSE(session.takeChange());
 }
@@ -327,7 +327,7 @@ TEST_F(ConsolidationTables, WithoutTheCurveWindowNothingIsTyped) {
 TEST_F(ConsolidationTables, AnEmptyRowShowsNothingAndTakesNothing) {
   session.load(2);
   EXPECT_FALSE(session.state().table.has_value());
-  EXPECT_EQ(session.state().text2, "");
+  EXPECT_EQ(session.state().startPorePressure, "");
   session.selectCell(pressureAt(0));
   session.typeStartPorePressure("7");
   EXPECT_EQ(session.state().openCell, std::nullopt);

@@ -8,21 +8,21 @@
 namespace triaxlab {
 
 inline constexpr int kListLines = 20;
-/// The last value of `VScroll1`, at which row 1000 stands on the last line.
+/// The last value of its scroll bar, at which row 1000 stands on the last line.
 inline constexpr int kListScrollMax = static_cast<int>(kTableRows) - kListLines;
 
-/// Which cell of the sample list is chosen. The cells are numbered as `Label1`: two for the heads, then project and
+/// Which cell of the sample list is chosen. The cells are counted line by line: two for the heads, then project and
 /// sample of each line.
 class SampleList {
  public:
-  static constexpr int kFirstLabel = 2;
-  static constexpr int kLastLabel = 2 * kListLines + 1;
+  static constexpr int kFirstCell = 2;
+  static constexpr int kLastCell = 2 * kListLines + 1;
 
   /// `currentLabelIndex`.
-  int labelIndex() const { return m_labelIndex; }
-  int line() const { return m_labelIndex / 2; }
-  bool onProject() const { return m_labelIndex % 2 == 0; }
-  /// VScroll1.Value
+  int cell() const { return m_cell; }
+  int line() const { return m_cell / 2; }
+  bool onProject() const { return m_cell % 2 == 0; }
+  /// The row on the first line.
   int top() const { return m_top; }
   std::size_t row() const { return rowOfLine(line()); }
   std::size_t rowOfLine(int line) const {
@@ -32,7 +32,7 @@ class SampleList {
 
   void reset() { *this = SampleList(); }
   /// False for the heads and for what is no cell.
-  bool select(int labelIndex);
+  bool select(int cell);
   /// Held within the range.
   void scroll(int top);
   /// True when the key left the cell or would have but for the end of the list; false when it moves within the text.
@@ -41,7 +41,7 @@ class SampleList {
  private:
   void moveLine(int step);
 
-  int m_labelIndex = kFirstLabel;
+  int m_cell = kFirstCell;
   int m_top = 0;
 };
 

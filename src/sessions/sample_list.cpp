@@ -1,4 +1,4 @@
-#include "sessions/triaxial/sample_list.h"
+#include "sessions/sample_list.h"
 
 #include <algorithm>
 
@@ -9,16 +9,16 @@ constexpr int kPageStep = 3;  // rows that PageUp and PageDown scroll
 
 }  // namespace
 
-bool SampleList::select(int labelIndex) {
-  if (labelIndex < kFirstLabel || labelIndex > kLastLabel) return false;
-  m_labelIndex = labelIndex;
+bool SampleList::select(int cell) {
+  if (cell < kFirstCell || cell > kLastCell) return false;
+  m_cell = cell;
   return true;
 }
 
 void SampleList::scroll(int top) { m_top = std::clamp(top, 0, kListScrollMax); }
 
 void SampleList::moveLine(int step) {
-  if (!select(m_labelIndex + 2 * step)) scroll(m_top + step);
+  if (!select(m_cell + 2 * step)) scroll(m_top + step);
 }
 
 bool SampleList::key(CellKey key, CursorPlace cursor) {
@@ -37,9 +37,9 @@ bool SampleList::key(CellKey key, CursorPlace cursor) {
       scroll(m_top + kPageStep);
       return true;
     case CellKey::Left:
-      return cursor.atStart && select(m_labelIndex - 1);
+      return cursor.atStart && select(m_cell - 1);
     case CellKey::Right:
-      return cursor.atEnd && select(m_labelIndex + 1);
+      return cursor.atEnd && select(m_cell + 1);
   }
   return false;
 }

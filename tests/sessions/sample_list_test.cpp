@@ -1,4 +1,4 @@
-#include "sessions/triaxial/sample_list.h"
+#include "sessions/sample_list.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@ constexpr CursorPlace kInside{false, false}, kAtStart{true, false}, kAtEnd{false
 
 TEST(SampleList, BeginsOnTheFirstProject) {
   const SampleList list;
-  EXPECT_EQ(list.labelIndex(), 2);
+  EXPECT_EQ(list.cell(), 2);
   EXPECT_EQ(list.line(), 1);
   EXPECT_EQ(list.row(), 0U);
   EXPECT_TRUE(list.onProject());
@@ -33,7 +33,7 @@ TEST(SampleList, HeadsAndWhatIsNoCellAreNotChosen) {
   ASSERT_TRUE(list.select(9));
   for (const int label : {-1, 0, 1, 42, 1000}) {
     EXPECT_FALSE(list.select(label)) << label;
-    EXPECT_EQ(list.labelIndex(), 9) << label;
+    EXPECT_EQ(list.cell(), 9) << label;
   }
 }
 
@@ -50,12 +50,12 @@ TEST(SampleList, ScrollIsHeldWhereTheLastRowIsOnTheLastLine) {
 TEST(SampleList, DownAndEnterGoTwoCellsOnAndScrollAtTheBottom) {
   SampleList list;
   EXPECT_TRUE(list.key(CellKey::Down, kInside));
-  EXPECT_EQ(list.labelIndex(), 4);
+  EXPECT_EQ(list.cell(), 4);
   EXPECT_TRUE(list.key(CellKey::Enter, kInside));
-  EXPECT_EQ(list.labelIndex(), 6);
+  EXPECT_EQ(list.cell(), 6);
   ASSERT_TRUE(list.select(41));
   EXPECT_TRUE(list.key(CellKey::Down, kInside));
-  EXPECT_EQ(list.labelIndex(), 41);
+  EXPECT_EQ(list.cell(), 41);
   EXPECT_EQ(list.top(), 1);
   EXPECT_EQ(list.row(), 20U);
   list.scroll(981);
@@ -67,12 +67,12 @@ TEST(SampleList, UpGoesTwoCellsBackAndScrollsAtTheTop) {
   SampleList list;
   ASSERT_TRUE(list.select(5));
   EXPECT_TRUE(list.key(CellKey::Up, kInside));
-  EXPECT_EQ(list.labelIndex(), 3);
+  EXPECT_EQ(list.cell(), 3);
   EXPECT_TRUE(list.key(CellKey::Up, kInside));
   EXPECT_EQ(list.row(), 0U);
   list.scroll(7);
   EXPECT_TRUE(list.key(CellKey::Up, kInside));
-  EXPECT_EQ(list.labelIndex(), 3);
+  EXPECT_EQ(list.cell(), 3);
   EXPECT_EQ(list.row(), 6U);
 }
 
@@ -80,17 +80,17 @@ TEST(SampleList, LeftAndRightLeaveTheCellAtTheEndsOfTheText) {
   SampleList list;
   EXPECT_FALSE(list.key(CellKey::Right, kInside));
   EXPECT_FALSE(list.key(CellKey::Right, kAtStart));
-  EXPECT_EQ(list.labelIndex(), 2);
+  EXPECT_EQ(list.cell(), 2);
   EXPECT_TRUE(list.key(CellKey::Right, kAtEnd));
-  EXPECT_EQ(list.labelIndex(), 3);
+  EXPECT_EQ(list.cell(), 3);
   EXPECT_FALSE(list.key(CellKey::Left, kAtEnd));
   EXPECT_TRUE(list.key(CellKey::Left, kAtStart));
-  EXPECT_EQ(list.labelIndex(), 2);
+  EXPECT_EQ(list.cell(), 2);
   EXPECT_FALSE(list.key(CellKey::Left, kAtStart));  // the heads are no cells
-  EXPECT_EQ(list.labelIndex(), 2);
+  EXPECT_EQ(list.cell(), 2);
   ASSERT_TRUE(list.select(41));
   EXPECT_FALSE(list.key(CellKey::Right, kAtEnd));
-  EXPECT_EQ(list.labelIndex(), 41);
+  EXPECT_EQ(list.cell(), 41);
 }
 
 TEST(SampleList, PageKeysScrollByThreeWithinTheRange) {
@@ -98,7 +98,7 @@ TEST(SampleList, PageKeysScrollByThreeWithinTheRange) {
   ASSERT_TRUE(list.select(10));
   EXPECT_TRUE(list.key(CellKey::PageDown, kInside));
   EXPECT_EQ(list.top(), 3);
-  EXPECT_EQ(list.labelIndex(), 10);
+  EXPECT_EQ(list.cell(), 10);
   EXPECT_TRUE(list.key(CellKey::PageUp, kInside));
   EXPECT_TRUE(list.key(CellKey::PageUp, kInside));
   EXPECT_EQ(list.top(), 0);
