@@ -60,6 +60,44 @@ void drawNumbersRight(DrawingSurface& surface, const PlotScale& scale, const Axi
   }
 }
 
+namespace {
+
+/// Twips of the picture between the numbers at an edge and the edge, and what numbers beside and
+/// below each other need.
+constexpr double kEdgeMargin = 30, kRoomBeside = 700, kRoomBelow = 400;
+
+/// On a ground of its own: the drawing goes on below it.
+void drawOnGround(DrawingSurface& surface, Point place, const std::string& text, const Font& font) {
+  surface.box(place, {place.x + textWidth(text, font), place.y + textHeight(font)}, {Colour::White, 1}, Colour::White);
+  surface.text(place, text, font, Colour::Blue);
+}
+
+}  // namespace
+
+void drawNumbersAtEdges(DrawingSurface& surface, const PlotScale& scale, const ChartView& view,
+                        const AxisNumbers& below, const AxisNumbers& left, const Font& font) {
+  const PlotFrame& frame = scale.frame;
+  const auto seenX = [&](double x) { return (x - view.corner.x) * view.zoom; };
+  const auto seenY = [&](double y) { return (y - view.corner.y) * view.zoom; };
+  const double strip = view.height - textHeight(font) - kEdgeMargin;
+  if (seenY(below.at + textHeight(font)) > view.height) {
+    const int every = frame.width() / frame.columns * view.zoom < kRoomBeside ? below.every : 1;
+    for (int column = 0; column <= frame.columns; column += every) {
+      const std::string text = FormatNumber(column * scale.xStep, below.format);
+      const double x = seenX(frame.columnX(column)) - textWidth(text, font) / 2;
+      if (x >= 0 && x + textWidth(text, font) <= view.width) drawOnGround(surface, {x, strip}, text, font);
+    }
+  }
+  if (seenX(left.at) < kRoomBeside) {
+    const int every = frame.height() / frame.rows * view.zoom < kRoomBelow ? left.every : 1;
+    for (int row = 0; row <= frame.rows; row += every) {
+      const double y = seenY(frame.rowY(row)) - textHeight(font) / 2;
+      if (y >= 0 && y < strip - textHeight(font))
+        drawOnGround(surface, {kEdgeMargin, y}, FormatNumber(valueOfRow(scale, row), left.format), font);
+    }
+  }
+}
+
 Font sizedFont(const Font& font, double size) {
   Font sized = font;
   sized.size = font.size * size / kUsualSize;

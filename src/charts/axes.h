@@ -34,6 +34,17 @@ void drawNumbersLeft(DrawingSurface& surface, const PlotScale& scale, const Axis
 /// Of a second axis: their upper edges lie on the horizontal lines.
 void drawNumbersRight(DrawingSurface& surface, const PlotScale& scale, const AxisNumbers& numbers, const Font& font);
 
+/// What of a canvas is seen: its part from `corner` on, magnified. Width and height are those of the picture.
+struct ChartView {
+  Point corner;
+  double zoom = 1;
+  double width = 0, height = 0;
+};
+/// The numbers of lines whose own are out of sight, at the left and at the lower edge of a magnified picture. Where
+/// there is room every line has one.
+void drawNumbersAtEdges(DrawingSurface& surface, const PlotScale& scale, const ChartView& view,
+                        const AxisNumbers& below, const AxisNumbers& left, const Font& font);
+
 /// A font for a text that has `size` where all others have 10.5 point.
 Font sizedFont(const Font& font, double size);
 

@@ -93,6 +93,34 @@ TEST_F(AxesTest, LongNumbersAreSetSmallerWhereItIsWanted) {
   EXPECT_EQ(texts().back().font.size, 10.5);
 }
 
+/// The lower right part of a canvas of 8000 x 4700, twice as large: what lies at 4000, 2350 is seen at its upper left.
+constexpr ChartView kMagnified{.corner = {4000, 2350}, .zoom = 2, .width = 8000, .height = 4700};
+
+TEST_F(AxesTest, NumbersOutOfSightStandAtTheEdgesOfAMagnifiedPicture) {
+  const PlotScale scale{strainFrame(22), 1, 10};
+  drawNumbersAtEdges(surface, scale, kMagnified, {.at = 4340, .every = 5}, {.at = 960, .every = 2}, Font{});
+  // Lines 0 to 6 lie in the lower part; line 2 at 3728.57 is seen at 2757, half a height of 105 above it.
+  EXPECT_THAT(textsOf(drawing(), Colour::Blue), ElementsAre("0", "10", "20", "30", "40", "50", "60"));
+  EXPECT_THAT(texts(), Contains(words("20", 30, 2652, Colour::Blue)));
+  EXPECT_THAT(all<DrawnBox>(drawing()), Contains(DrawnBox{{30, 2652}, {240, 2862}, {Colour::White, 1}, Colour::White}));
+}
+
+TEST_F(AxesTest, NumbersInSightStayWhereTheyAre) {
+  const ChartView left{.corner = {0, 2350}, .zoom = 2, .width = 8000, .height = 4700};
+  drawNumbersAtEdges(surface, {strainFrame(22), 1, 10}, left, {.at = 4340, .every = 5}, {.at = 960, .every = 2},
+                     Font{});
+  EXPECT_THAT(texts(), ::testing::IsEmpty());
+}
+
+TEST_F(AxesTest, NumbersBelowStandAtTheLowerEdge) {
+  const ChartView upper{.corner = {0, 0}, .zoom = 2, .width = 8000, .height = 4700};
+  drawNumbersAtEdges(surface, {strainFrame(22), 1, 10}, upper, {.at = 4340, .every = 5}, {.at = 960, .every = 2},
+                     Font{});
+  // Columns 0 and 5 to 10 percent: 1000, 2363.64 and 3727.27 are seen at twice that; 4700 - 210 - 30 = 4460.
+  EXPECT_THAT(texts(), ElementsAre(words("0", 1948, 4460, Colour::Blue), words("5", 4675, 4460, Colour::Blue),
+                                   words("10", 7350, 4460, Colour::Blue)));
+}
+
 TEST_F(AxesTest, ATurnedTitleRunsUpwardAboutItsMiddle) {
   drawTurnedTitle(surface, 480, kPressureFrame.middle().y, "σ3(kPa)", Font{});
   EXPECT_THAT(texts(), ElementsAre(upward("σ3(kPa)", 480, 2630)));  // 8 bytes of 105: 2210 + 420

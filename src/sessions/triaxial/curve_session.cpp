@@ -75,6 +75,10 @@ void CurveSession::draw(DrawingSurface& surface) const {
   drawCurvePage(surface, m_drawn, m_page, results, options);
 }
 
+void CurveSession::drawEdges(DrawingSurface& surface, const ChartView& view) const {
+  drawPageEdges(surface, m_drawn, m_page, chartOptions(), view);
+}
+
 std::string CurveSession::readout(Point place) const {
   if (m_intervention.running() || !kCurvePlot.contains(place)) return {};
   const Point value = scaleOfPage(m_drawn, m_page, chartOptions()).valueAt(place);

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "charts/axes.h"
 #include "platform/dialogs.h"
 #include "platform/drawing_surface.h"
 #include "sessions/sample_list.h"
@@ -133,6 +134,8 @@ class CurveSession {
   /// Draws the page on display on a canvas of 7050 x 4700 twips, as it was when it was last shown: an edit of the
   /// record alone doesn't change the picture.
   void draw(DrawingSurface& surface) const;
+  /// What stays at the edges of a magnified picture of the page.
+  void drawEdges(DrawingSurface& surface, const ChartView& view) const;
   /// The values at a place of the canvas (twips) with their units, UTF-8. Empty beside the plot, and while a phase
   /// runs, which has a readout of its own.
   std::string readout(Point place) const;

@@ -155,11 +155,16 @@ void drawCurves(const Plot& plot, const ChartCurves& curves, const Chart& chart)
   }
 }
 
+AxisNumbers numbersBelow(const PageForm& form) {
+  return {.at = kXNumbersY, .every = kXNumberEvery, .format = form.x.numbers};
+}
+AxisNumbers numbersLeft(const PageForm& form) {
+  return {.at = kYNumbersRight, .every = kYNumberEvery, .format = form.y.numbers, .smallFrom = kLongNumber};
+}
+
 void drawAxes(DrawingSurface& surface, const PlotScale& scale, const PageForm& form, const Font& font) {
-  drawNumbersBelow(surface, scale, {.at = kXNumbersY, .every = kXNumberEvery, .format = form.x.numbers}, font);
-  drawNumbersLeft(surface, scale,
-                  {.at = kYNumbersRight, .every = kYNumberEvery, .format = form.y.numbers, .smallFrom = kLongNumber},
-                  font);
+  drawNumbersBelow(surface, scale, numbersBelow(form), font);
+  drawNumbersLeft(surface, scale, numbersLeft(form), font);
   surface.textRightAligned(scale.frame.right, kXNameY, form.x.name, sizedFont(font, kXNameSize), Colour::Black);
   if (!form.y.name.empty())
     drawTurnedTitle(surface, kYNameX, scale.frame.middle().y, form.y.name, font, form.y.subscripts);
@@ -191,6 +196,13 @@ PlotScale scaleOfPage(const TriaxialSampleRecord& record, CurvePage page, const 
   const PageResults none;
   const Chart chart{record, none, options, Font{}};
   return form.scale(chart, form.curves(chart));
+}
+
+void drawPageEdges(DrawingSurface& surface, const TriaxialSampleRecord& record, CurvePage page,
+                   const ChartOptions& options, const ChartView& view) {
+  const PageForm& form = formOf(page);
+  drawNumbersAtEdges(surface, scaleOfPage(record, page, options), view, numbersBelow(form), numbersLeft(form),
+                     Font{.size = options.textSize});
 }
 
 void drawCurvePage(DrawingSurface& surface, const TriaxialSampleRecord& record, CurvePage page,

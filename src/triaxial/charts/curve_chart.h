@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "charts/axes.h"
 #include "charts/plot.h"
 #include "common/text_number.h"
 #include "platform/drawing_surface.h"
@@ -55,5 +56,9 @@ PlotScale scaleOfPage(const TriaxialSampleRecord& record, CurvePage page, const 
 /// in them. Texts of the record that are no numbers, or beyond all soil, are not drawn.
 void drawCurvePage(DrawingSurface& surface, const TriaxialSampleRecord& record, CurvePage page,
                    const PageResults& results, const ChartOptions& options);
+
+/// The numbers of the page's axes at the edges of a magnified picture that doesn't show them.
+void drawPageEdges(DrawingSurface& surface, const TriaxialSampleRecord& record, CurvePage page,
+                   const ChartOptions& options, const ChartView& view);
 
 }  // namespace triaxlab

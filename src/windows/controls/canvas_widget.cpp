@@ -42,6 +42,7 @@ void CanvasWidget::drawOn(DrawingSurface& surface) const {
   if (!isZoomed()) return m_drawing(surface);
   PlacedSurface placed(surface, {-m_corner.x * m_zoom, -m_corner.y * m_zoom}, m_zoom);
   m_drawing(placed);
+  if (m_edges) m_edges(surface, {m_corner, m_zoom, static_cast<double>(m_width), static_cast<double>(m_height)});
 }
 
 void CanvasWidget::paintOn(QImage& picture, double scale) const {

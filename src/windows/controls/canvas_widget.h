@@ -4,7 +4,9 @@
 #include <QWidget>
 #include <functional>
 #include <optional>
+#include <utility>
 
+#include "charts/axes.h"
 #include "platform/drawing_surface.h"
 
 namespace triaxlab {
@@ -25,6 +27,9 @@ class CanvasWidget : public QWidget {
 
   int widthTwips() const { return m_width; }
   int heightTwips() const { return m_height; }
+  /// What is drawn over a magnified picture, in the picture's own twips.
+  using Edges = std::function<void(DrawingSurface&, const ChartView&)>;
+  void setEdges(Edges edges) { m_edges = std::move(edges); }
   /// What is seen: the whole drawing, or beyond the edges of the canvas the parts that its magnification hides.
   void drawOn(DrawingSurface& surface) const;
 
@@ -65,6 +70,7 @@ class CanvasWidget : public QWidget {
 
   int m_width, m_height;
   Drawing m_drawing;
+  Edges m_edges;
   QImage m_picture;
   bool m_isCurrent = false;
 

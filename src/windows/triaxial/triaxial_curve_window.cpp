@@ -157,6 +157,8 @@ void Form1::connectPages() {
 }
 
 void Form1::connectCanvas() {
+  m_controls.picture1->setEdges(
+      [this](DrawingSurface& surface, const ChartView& view) { m_session.drawEdges(surface, view); });
   Intervention& phase = m_session.intervention();
   connect(m_controls.picture1, &CanvasWidget::mouseAt, this, [this, &phase](Point place, bool leftButton) {
     if (phase.phase() == Phase::Curve) act([&] { phase.mouseAt(place, leftButton); });
