@@ -7,7 +7,7 @@ namespace {
 
 constexpr CursorPlace kInside{false, false}, kAtStart{true, false}, kAtEnd{false, true};
 
-TEST(SampleList, BeginsOnTheFirstProject) {
+TEST(SampleListCells, BeginsOnTheFirstProject) {
   const SampleList list;
   EXPECT_EQ(list.cell(), 2);
   EXPECT_EQ(list.line(), 1);
@@ -15,7 +15,7 @@ TEST(SampleList, BeginsOnTheFirstProject) {
   EXPECT_TRUE(list.onProject());
 }
 
-TEST(SampleList, RowIsHalfTheLabelLessOnePlusTheScroll) {
+TEST(SampleListCells, RowIsHalfTheLabelLessOnePlusTheScroll) {
   SampleList list;
   ASSERT_TRUE(list.select(3));
   EXPECT_EQ(list.row(), 0U);
@@ -28,7 +28,7 @@ TEST(SampleList, RowIsHalfTheLabelLessOnePlusTheScroll) {
   EXPECT_EQ(list.row(), 119U);
 }
 
-TEST(SampleList, HeadsAndWhatIsNoCellAreNotChosen) {
+TEST(SampleListCells, HeadsAndWhatIsNoCellAreNotChosen) {
   SampleList list;
   ASSERT_TRUE(list.select(9));
   for (const int label : {-1, 0, 1, 42, 1000}) {
@@ -37,7 +37,7 @@ TEST(SampleList, HeadsAndWhatIsNoCellAreNotChosen) {
   }
 }
 
-TEST(SampleList, ScrollIsHeldWhereTheLastRowIsOnTheLastLine) {
+TEST(SampleListCells, ScrollIsHeldWhereTheLastRowIsOnTheLastLine) {
   SampleList list;
   list.scroll(5000);
   EXPECT_EQ(list.top(), 981);
@@ -47,7 +47,7 @@ TEST(SampleList, ScrollIsHeldWhereTheLastRowIsOnTheLastLine) {
   EXPECT_EQ(list.top(), 0);
 }
 
-TEST(SampleList, DownAndEnterGoTwoCellsOnAndScrollAtTheBottom) {
+TEST(SampleListCells, DownAndEnterGoTwoCellsOnAndScrollAtTheBottom) {
   SampleList list;
   EXPECT_TRUE(list.key(CellKey::Down, kInside));
   EXPECT_EQ(list.cell(), 4);
@@ -63,7 +63,7 @@ TEST(SampleList, DownAndEnterGoTwoCellsOnAndScrollAtTheBottom) {
   EXPECT_EQ(list.row(), 1000U);
 }
 
-TEST(SampleList, UpGoesTwoCellsBackAndScrollsAtTheTop) {
+TEST(SampleListCells, UpGoesTwoCellsBackAndScrollsAtTheTop) {
   SampleList list;
   ASSERT_TRUE(list.select(5));
   EXPECT_TRUE(list.key(CellKey::Up, kInside));
@@ -76,7 +76,7 @@ TEST(SampleList, UpGoesTwoCellsBackAndScrollsAtTheTop) {
   EXPECT_EQ(list.row(), 6U);
 }
 
-TEST(SampleList, LeftAndRightLeaveTheCellAtTheEndsOfTheText) {
+TEST(SampleListCells, LeftAndRightLeaveTheCellAtTheEndsOfTheText) {
   SampleList list;
   EXPECT_FALSE(list.key(CellKey::Right, kInside));
   EXPECT_FALSE(list.key(CellKey::Right, kAtStart));
@@ -93,7 +93,7 @@ TEST(SampleList, LeftAndRightLeaveTheCellAtTheEndsOfTheText) {
   EXPECT_EQ(list.cell(), 41);
 }
 
-TEST(SampleList, PageKeysScrollByThreeWithinTheRange) {
+TEST(SampleListCells, PageKeysScrollByThreeWithinTheRange) {
   SampleList list;
   ASSERT_TRUE(list.select(10));
   EXPECT_TRUE(list.key(CellKey::PageDown, kInside));
