@@ -190,7 +190,7 @@ std::size_t liveRows(const Workspace& workspace) {
 }
 
 void import(const Source& from, const std::filesystem::path& path, Workspace& workspace) {
-  const auto source = importerOfId(from.id)->open(path);
+  const auto source = openRawSource(*importerOfId(from.id), path);
   std::vector<std::size_t> rows(source->rows().size());
   std::iota(rows.begin(), rows.end(), std::size_t{0});
   source->read(rows, workspace, {});

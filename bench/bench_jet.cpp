@@ -111,7 +111,7 @@ void importDatabase(benchmark::State& state) {
   double importing = 0, exporting = 0;
   for ([[maybe_unused]] const auto& each : state) {
     const auto start = Clock::now();
-    const auto source = importerOfId("win")->open(file.path());
+    const auto source = openRawSource(*importerOfId("win"), file.path());
     std::vector<std::size_t> rows(source->rows().size());
     std::iota(rows.begin(), rows.end(), std::size_t{0});
     if (source->read(rows, workspace, {}).sampleRows != kSamples) state.SkipWithError("not all samples came in");

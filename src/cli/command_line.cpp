@@ -6,6 +6,8 @@
 #include <memory>
 #include <utility>
 
+#include "importers/importer.h"
+
 namespace triaxlab::cli {
 namespace {
 
@@ -50,6 +52,12 @@ std::vector<std::string> namesOf(const Names& names) {
   return {names.begin(), names.end()};
 }
 
+std::vector<std::string> sourceNames() {
+  std::vector<std::string> names;
+  for (const Importer* importer : importers()) names.emplace_back(importer->id);
+  return names;
+}
+
 void addKind(CLI::App& app, ProjectKind& kind) {
   app.add_option_function<std::string>(
          "KIND", [&kind](const std::string& id) { kind = projectKindOfId(id).value_or(kind); }, "kind of project file")
@@ -89,9 +97,7 @@ void addSpan(CLI::App& app, const char* name, const char* form, const char* help
 // One function for each command that has arguments: its subcommand and where they go.
 
 void describe(CLI::App& app, Import& import) {
-  app.add_option("SOURCE", import.source, "source of the database")
-      ->required()
-      ->check(CLI::IsMember(namesOf(kSources)));
+  app.add_option("SOURCE", import.source, "source of the database")->required()->check(CLI::IsMember(sourceNames()));
   app.add_option("FILE", import.file, "database")->required();
   const auto parseRows = [&import](const std::string& text) {
     import.allRows = text == kAll;

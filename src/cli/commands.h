@@ -17,9 +17,6 @@ namespace triaxlab::cli {
 
 /// Names that the command line takes. A name that this version has nothing behind is known all the same: it ends in a
 /// sentence that says so, not in the usage.
-inline constexpr std::array<std::string_view, 15> kSources{
-    "auto",           "auto-old",       "qvb98",          "new-qvb",         "manual", "win",    "win-datx", "nanjing",
-    "unconfined-kzj", "unconfined-hwx", "unconfined-win", "unconfined-datx", "k0-kgj", "k0-hgj", "tk0-hgj"};
 inline constexpr std::array<std::string_view, 10> kLayouts{
     "three-in-one",     "chart", "single", "triaxial-table", "consolidation", "unconfined-table",
     "unconfined-curve", "k0",    "tk0",    "tk0-curve"};

@@ -16,10 +16,10 @@
 #include "cli/record_json.h"
 #include "common/gbk.h"
 #include "common/user_error.h"
-#include "importers/import_selection.h"
 #include "reports/layouts.h"
 #include "reports/send_report.h"
 #include "sessions/dialogs/browser_session.h"
+#include "sessions/dialogs/import_selection.h"
 #include "sessions/dialogs/sample_list_session.h"
 #include "shell/document_kinds.h"
 #include "shell/document_operations.h"
@@ -68,15 +68,15 @@ class Program {
   int operator()(const Init& /*init*/) { return kDone; }
 
   int operator()(const Import& import) {
-    const Importer* const importer = importerOfId(import.source);
-    if (importer == nullptr) refuseForThisVersion(fmt::format("读入 {} 原始数据", import.source));
-    ImportSelection selection(*importer, m_workspace);
+    const Importer& importer = *importerOfId(import.source);
+    if (!importer.isBuilt()) refuseForThisVersion(fmt::format("读入 {} 原始数据", import.source));
+    ImportSelection selection(importer, m_workspace);
     selection.open(import.file);
     printRemarks(selection.remarks());
     markRows(selection, import);
     if (!selection.state().canRead) return kDone;  // a database without entries: nothing to import
     printRemarks(selection.read().remarks);
-    const DocumentKind& document = documentKindOf(importer->document);
+    const DocumentKind& document = documentKindOf(importer.document);
     printRemarks(importedDocument(m_workspace, document));
     if (import.page) showPage(document.tests, *import.page);
     return import.save ? save(document.tests, import.keepExisting) : kDone;

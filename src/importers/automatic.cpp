@@ -21,6 +21,7 @@
 #include "common/conversions.h"
 #include "common/gbk.h"
 #include "importers/area_correction.h"
+#include "importers/field_fill.h"
 #include "importers/importer.h"
 #include "importers/indexed_source.h"
 #include "importers/ku_file.h"
@@ -108,37 +109,61 @@ static_assert(tiles<AutoSpecimenRecord>(460));
 constexpr std::uint8_t kLastOlderFormat = 10;
 constexpr std::uint8_t kValid = 255;
 
-/// What the two readers of the file differ in.
-struct Reader {
-  bool knowsNewerBlocks;  // and the project numbers of ten places that go with them
-  bool undoesSignCoding;  // of pore pressure and consolidation volume
-  bool copiesStageFlag;
-  bool keepsConsolidatedSizesOfUU;
-  std::size_t consolidationPoreRows;
-  bool roundsVolumeToEven;  // else half away from zero
-  bool correctsForArea;
-  bool gathersSpecimens;
-};
-constexpr Reader kReader{.knowsNewerBlocks = true,
-                         .undoesSignCoding = true,
-                         .copiesStageFlag = true,
-                         .keepsConsolidatedSizesOfUU = false,
-                         .consolidationPoreRows = kImportedConsolidationRows,
-                         .roundsVolumeToEven = false,
-                         .correctsForArea = true,
-                         .gathersSpecimens = true};
-constexpr Reader kOldReader{.knowsNewerBlocks = false,
-                            .undoesSignCoding = false,
-                            .copiesStageFlag = false,
-                            .keepsConsolidatedSizesOfUU = true,
-                            .consolidationPoreRows = 21,
-                            .roundsVolumeToEven = true,
-                            .correctsForArea = false,
-                            .gathersSpecimens = false};
+bool hasNewerBlock(const AutomaticEntry& entry) { return entry.entryTail.entryFormat > kLastOlderFormat; }
 
-bool isNewerBlock(const AutomaticEntry& entry, const Reader& reader) {
-  return reader.knowsNewerBlocks && entry.entryTail.entryFormat > kLastOlderFormat;
-}
+/// Goes across as it stands whatever reads the file.
+using Record = TriaxialSampleRecord;
+using Raw = AutoSpecimenRecord;
+constexpr std::tuple kSpecimenFields{
+    Fill{&Raw::recordProjectNo, &Record::projectNo, shownTextInto},
+    Fill{&Raw::recordSampleNo, &Record::sampleNo, shownTextInto},
+    Fill{&Raw::testMethod, &Record::testMethod, asItStands},
+    Fill{&Raw::shearMode, &Record::shearMode, asItStands},
+    Fill{&Raw::recordCodeA, &Record::recordCodeA, asItStands},
+    Fill{&Raw::recordCodeB, &Record::recordCodeB, asItStands},
+    Fill{&Raw::rawShearRate, &Record::shearRate, asItStands},
+    Fill{&Raw::rawCellPressure, &Record::cellPressure, wholeOfTenthsInto},
+    Fill{&Raw::rawInitialHeight, &Record::initialHeight, hundredthsInto},
+    Fill{&Raw::rawInitialArea, &Record::initialArea, hundredthsInto},
+    Fill{&Raw::rawDrainage, &Record::consolidationDrainage, hundredthsInto},
+};
+constexpr std::tuple kConsolidatedSize{
+    Fill{&Raw::rawConsolidatedHeight, &Record::consolidatedHeight, hundredthsInto},
+    Fill{&Raw::rawConsolidatedArea, &Record::consolidatedArea, hundredthsInto},
+};
+
+/// How the file is read today.
+struct CurrentReader {
+  static constexpr auto kGathering = TriaxialImportPlan::Gathering::BySample;
+  static constexpr std::tuple kReadings{
+      Fill{&Raw::rawStageFlag, &Record::uuAdjustFlag, asItStands},
+      Fill{&Raw::rawConsolidationPore, &Record::consolidationPorePressure, readingInto},
+      Fill{&Raw::rawConsolidationVolume, &Record::consolidationVolume, signedReadingInto},
+  };
+  static bool isNewerBlock(const AutomaticEntry& entry) { return hasNewerBlock(entry); }
+  static bool hasConsolidatedSize(std::uint8_t testMethod) { return testMethod != kUU; }
+  static std::int16_t poreWord(std::int16_t word) { return fromSignAndMagnitude(word); }
+  static std::int16_t hundredthsOfOlderVolume(std::int16_t word) {
+    return static_cast<std::int16_t>(wholeOfTenths(word));
+  }
+  static void finish(Record& row, std::size_t slot, bool newerBlock) {
+    correctStressOnInitialSection(row, slot, newerBlock ? DrainedForm::OnInitialArea : DrainedForm::ByShearMode);
+  }
+};
+
+/// How it was read in the first years of the apparatus.
+struct FirstReader {
+  static constexpr auto kGathering = TriaxialImportPlan::Gathering::OwnRow;
+  static constexpr std::tuple kReadings{
+      Fill{&Raw::rawConsolidationPore, &Record::consolidationPorePressure, readingInto, 21},
+      Fill{&Raw::rawConsolidationVolume, &Record::consolidationVolume, readingInto},
+  };
+  static bool isNewerBlock(const AutomaticEntry& /*entry*/) { return false; }
+  static bool hasConsolidatedSize(std::uint8_t /*testMethod*/) { return true; }
+  static std::int16_t poreWord(std::int16_t word) { return word; }
+  static std::int16_t hundredthsOfOlderVolume(std::int16_t word) { return toInt16(word / 10.0).value_or(0); }
+  static void finish(Record& /*row*/, std::size_t /*slot*/, bool /*newerBlock*/) {}
+};
 
 // ---- the index
 
@@ -158,8 +183,7 @@ std::string methodText(std::uint8_t method) {
   return method < kMethods.size() ? kMethods[method] : "";
 }
 
-SourceRow rowOf(const AutomaticEntry& entry, const Reader& reader) {
-  const bool newerBlock = isNewerBlock(entry, reader);
+SourceRow rowOf(const AutomaticEntry& entry, bool newerBlock) {
   SourceRow row;
   row.projectNo = shownText(entry.entryProjectNo.view());
   row.projectNo += projectTail(entry.entryTail, newerBlock);
@@ -173,103 +197,73 @@ SourceRow rowOf(const AutomaticEntry& entry, const Reader& reader) {
 
 // ---- the data blocks
 
+constexpr std::size_t groupSize(bool newerBlock) { return newerBlock ? 1 : kStages; }
+
 /// A data block as it stands in the file: groups of one specimen (newer) or five (older).
 struct AutomaticBlock {
   bool newer = false;
-  std::size_t groupSize = kStages;
   std::vector<AutoSpecimenRecord> specimens;
   bool isWhole = true;
 };
 
-AutomaticBlock blockOf(const File& file, const AutomaticEntry& entry, const Reader& reader) {
+AutomaticBlock blockOf(const File& file, const AutomaticEntry& entry, bool newerBlock) {
   AutomaticBlock block;
-  block.newer = isNewerBlock(entry, reader);
-  block.groupSize = block.newer ? 1 : kStages;
+  block.newer = newerBlock;
   const std::uint64_t start = entry.entryDataOffset.value();
   std::uint8_t groupCount = entry.entryGroupCount;
-  if (!block.newer) {
+  if (!newerBlock) {
     groupCount = 0;
     block.isWhole = file.readAt(start, writableBytesOf(groupCount)) == sizeof groupCount;
   }
-  block.specimens.resize(groupCount * block.groupSize);
-  const auto bytes = std::as_writable_bytes(std::span(block.specimens));
-  if (file.readAt(start + 1, bytes) < bytes.size()) block.isWhole = false;
+  block.specimens.resize(groupCount * groupSize(newerBlock));
+  if (!readRecords(file, start + 1, block.specimens)) block.isWhole = false;
   return block;
 }
 
-/// Fills one slot of a row from one specimen record.
-class SpecimenFiller {
- public:
-  SpecimenFiller(const AutoSpecimenRecord& raw, bool newerBlock, const Reader& reader, TriaxialSampleRecord& row,
-                 std::size_t slot)
-      : m_raw(raw), m_newerBlock(newerBlock), m_reader(reader), m_row(row), m_slot(slot) {}
+/// The valid mark is looked at in an older block only.
+bool isSpecimen(const AutoSpecimenRecord& raw, bool newerBlock) {
+  return !shownText(raw.recordSampleNo.view()).empty() && (newerBlock || raw.validMark == kValid);
+}
 
-  void fill() {
-    fillIdentity();
-    fillMeasures();
-    fillConsolidation();
-    fillShear();
-    if (!m_reader.correctsForArea) return;
-    correctStressOnInitialSection(m_row, m_slot, m_newerBlock ? DrainedForm::OnInitialArea : DrainedForm::ByShearMode);
+BlockPlace judgeBlock(const AutomaticEntry& entry, const FileHead& head, Evidence& evidence) {
+  const bool newer = hasNewerBlock(entry);
+  const std::uint64_t start = entry.entryDataOffset.value();
+  const std::size_t groups =
+      newer ? entry.entryGroupCount : head.at<std::uint8_t>(start).value_or(entry.entryGroupCount);
+  const std::size_t count = groups * groupSize(newer);
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto raw = head.at<AutoSpecimenRecord>(start + 1 + i * sizeof(AutoSpecimenRecord));
+    if (!raw) break;
+    if (isSpecimen(*raw, newer))
+      evidence.add(likenessOfSpecimen(raw->recordProjectNo.view(), raw->recordSampleNo.view(), raw->testMethod,
+                                      raw->rawInitialHeight, raw->rawInitialArea));
   }
+  return {start, start + 1 + count * sizeof(AutoSpecimenRecord)};
+}
 
- private:
-  void fillIdentity() {
-    m_row.shearMode = m_raw.shearMode;
-    m_row.recordCodeA = m_raw.recordCodeA;
-    m_row.recordCodeB = m_raw.recordCodeB;
-    setIdentity(m_row, recordIdentity(m_raw));
-    m_row.shearRate[m_slot] = m_raw.rawShearRate;
-    if (m_reader.copiesStageFlag) m_row.uuAdjustFlag = m_raw.rawStageFlag;
+/// Readings of the shear phase; without a stress there is none.
+template <class Reader>
+void fillShear(const AutoSpecimenRecord& raw, bool newerBlock, Record& row, std::size_t slot) {
+  const bool unscaledStress = newerBlock && (raw.recordCodeB == 12 || raw.recordCodeB == 13);
+  for (std::size_t reading = 1; reading < kImportedShearRows; ++reading) {
+    const std::int16_t stress = raw.rawStress[reading], pore = raw.rawPore[reading];
+    if (readingOrZero(stress) == 0) continue;
+    const std::size_t i = reading - 1;
+    SetNumber(row.deviatorStress[i][slot], unscaledStress ? stress : wholeOfTenths(stress), NumberFormat::Whole);
+    if (pore != kNoReading) wholeOfTenthsInto(row.porePressure[i][slot], Reader::poreWord(pore));
+    const std::int16_t volume = readingOrZero(raw.rawVolume[reading]);
+    row.volumeChange[i][slot] = newerBlock ? volume : Reader::hundredthsOfOlderVolume(volume);
   }
+}
 
-  void fillMeasures() {
-    SetNumber(m_row.cellPressure[m_slot], wholeOfTenths(m_raw.rawCellPressure), NumberFormat::Whole);
-    setHundredths(m_row.initialHeight[m_slot], m_raw.rawInitialHeight);
-    setHundredths(m_row.initialArea[m_slot], m_raw.rawInitialArea);
-    setHundredths(m_row.consolidationDrainage[m_slot], m_raw.rawDrainage);
-    if (m_raw.testMethod == kUU && !m_reader.keepsConsolidatedSizesOfUU) return;
-    setHundredths(m_row.consolidatedHeight[m_slot], m_raw.rawConsolidatedHeight);
-    setHundredths(m_row.consolidatedArea[m_slot], m_raw.rawConsolidatedArea);
-  }
-
-  void fillConsolidation() {
-    for (std::size_t k = 0; k < m_reader.consolidationPoreRows; ++k)
-      m_row.consolidationPorePressure[k][m_slot] = readingOrZero(m_raw.rawConsolidationPore[k]);
-    for (std::size_t k = 0; k < kImportedConsolidationRows; ++k)
-      m_row.consolidationVolume[k][m_slot] = withSign(readingOrZero(m_raw.rawConsolidationVolume[k]));
-  }
-
-  void fillShear() {
-    const bool unscaledStress = m_newerBlock && (m_raw.recordCodeB == 12 || m_raw.recordCodeB == 13);
-    for (std::size_t reading = 1; reading < kImportedShearRows; ++reading) {
-      const std::int16_t stress = m_raw.rawStress[reading], pore = m_raw.rawPore[reading];
-      if (stress == 0 || stress == kNoReading) continue;
-      const std::size_t row = reading - 1;
-      SetNumber(m_row.deviatorStress[row][m_slot], unscaledStress ? stress : wholeOfTenths(stress),
-                NumberFormat::Whole);
-      if (pore != kNoReading)
-        SetNumber(m_row.porePressure[row][m_slot], wholeOfTenths(withSign(pore)), NumberFormat::Whole);
-      m_row.volumeChange[row][m_slot] = hundredthsOfVolume(readingOrZero(m_raw.rawVolume[reading]));
-    }
-  }
-
-  std::int16_t withSign(std::int16_t word) const {
-    return m_reader.undoesSignCoding ? fromSignAndMagnitude(word) : word;
-  }
-
-  std::int16_t hundredthsOfVolume(std::int16_t word) const {
-    if (m_newerBlock) return word;
-    if (m_reader.roundsVolumeToEven) return toInt16(word / 10.0).value_or(0);
-    return static_cast<std::int16_t>(wholeOfTenths(word));
-  }
-
-  const AutoSpecimenRecord& m_raw;
-  bool m_newerBlock;
-  const Reader& m_reader;
-  TriaxialSampleRecord& m_row;
-  std::size_t m_slot;
-};
+template <class Reader>
+void fillSpecimen(const AutoSpecimenRecord& raw, bool newerBlock, Record& row, std::size_t slot) {
+  fillFields(raw, row, slot, kSpecimenFields);
+  if (Reader::hasConsolidatedSize(raw.testMethod)) fillFields(raw, row, slot, kConsolidatedSize);
+  fillFields(raw, row, slot, Reader::kReadings);
+  fillShear<Reader>(raw, newerBlock, row, slot);
+  Reader::finish(row, slot, newerBlock);
+}
 
 // ---- groups of specimens
 
@@ -278,23 +272,21 @@ struct AutomaticGroup {
   bool inNewerBlock;
   std::span<const AutoSpecimenRecord> slots;
 
-  /// The valid mark is looked at in an older block only.
-  bool hasSpecimen(std::size_t slot) const {
-    const AutoSpecimenRecord& raw = slots[slot];
-    return !shownText(raw.recordSampleNo.view()).empty() && (inNewerBlock || raw.validMark == kValid);
-  }
+  bool hasSpecimen(std::size_t slot) const { return isSpecimen(slots[slot], inNewerBlock); }
 };
 
 /// The last specimen of a group names it. Nothing for a group without one.
-std::optional<SampleIdentity> identityOf(const AutomaticGroup& group) {
+std::optional<TriaxialIdentity> identityOf(const AutomaticGroup& group) {
   for (std::size_t slot = group.slots.size(); slot-- > 0;)
-    if (group.hasSpecimen(slot)) return recordIdentity(group.slots[slot]);
+    if (group.hasSpecimen(slot)) return recordIdentity<Record>(group.slots[slot]);
   return std::nullopt;
 }
 
 // ---- the source
 
+template <class Reader>
 struct AutomaticFormat {
+  using Record = TriaxialSampleRecord;
   using Entry = AutomaticEntry;
   using Block = AutomaticBlock;
   using Group = AutomaticGroup;
@@ -302,59 +294,57 @@ struct AutomaticFormat {
   static std::vector<Entry> readIndex(const File& file, Remarks& remarks) {
     return readKuIndex<AutomaticTail>(file, remarks);
   }
-  SourceRow gridRow(const Entry& entry) const { return rowOf(entry, *reader); }
-  Block readBlock(const File& file, const Entry& entry) const { return blockOf(file, entry, *reader); }
+  static SourceRow gridRow(const Entry& entry) { return rowOf(entry, Reader::isNewerBlock(entry)); }
+  static Block readBlock(const File& file, const Entry& entry) {
+    return blockOf(file, entry, Reader::isNewerBlock(entry));
+  }
 
   /// All groups of a block that take part. An older block leaves a blank row for a group without a specimen; in a newer
   /// block it is no group.
-  void addGroups(const Block& block, const SourceRow& source, TriaxialImportPlan& plan,
-                 std::vector<Group>& groups) const {
-    using Gathering = TriaxialImportPlan::Gathering;
-    plan.addProjectDate(source);
+  static void addGroups(const Block& block, const SourceRow& source, TriaxialImportPlan& plan,
+                        std::vector<Group>& groups) {
+    plan.projects.addDate(source);
     const std::span<const AutoSpecimenRecord> specimens = block.specimens;
-    for (std::size_t at = 0; at < specimens.size(); at += block.groupSize) {
-      const Group group{block.newer, specimens.subspan(at, block.groupSize)};
+    for (std::size_t at = 0; at < specimens.size(); at += groupSize(block.newer)) {
+      const Group group{block.newer, specimens.subspan(at, groupSize(block.newer))};
       const auto identity = identityOf(group);
       if (block.newer && !identity) continue;
-      plan.addGroup(identity.value_or(SampleIdentity{}),
-                    reader->gathersSpecimens ? Gathering::BySample : Gathering::OwnRow);
+      plan.addGroup(identity.value_or(TriaxialIdentity{}), Reader::kGathering);
       groups.push_back(group);
     }
   }
 
-  void fill(const Group& group, TriaxialSampleRecord& row) const {
+  static void fill(const Group& group, Record& row) {
     for (std::size_t slot = 0; slot < group.slots.size(); ++slot)
-      if (group.hasSpecimen(slot)) SpecimenFiller(group.slots[slot], group.inNewerBlock, *reader, row, slot).fill();
+      if (group.hasSpecimen(slot)) fillSpecimen<Reader>(group.slots[slot], group.inNewerBlock, row, slot);
   }
-
-  const Reader* reader;
 };
 
-constexpr std::array kColumns{SourceColumn{"工程编号", 1500}, SourceColumn{"试验日期", 1500},
-                              SourceColumn{"组 数", 800}, SourceColumn{"方法", 600}};
+/// The same file for both readers.
+Recognition recogniseAutomatic(const FileHead& head) { return recogniseKu<AutomaticTail>(head, judgeBlock); }
 
-template <const Reader& reader>
-std::unique_ptr<RawSource> openAutomatic(const std::filesystem::path& path) {
-  return std::make_unique<IndexedSource<AutomaticFormat>>(path, AutomaticFormat{&reader});
+constexpr std::array kColumns{kProjectNoColumn, kDateColumn, kGroupsColumn, SourceColumn{"方法", 600}};
+
+std::vector<RawLayout> layouts() {
+  return {rawLayout<AutomaticEntry>("Index entry"), rawLayout<AutoSpecimenRecord>("Specimen")};
 }
 
-constexpr Importer kShared{.id = "",
-                           .menuCommand = "",
-                           .form = "",
-                           .title = "全自动三轴试验原始数据库",
+constexpr Importer kShared{.title = "全自动三轴试验原始数据库",
                            .defaultFile = "HSZSJ.KU",
                            .folderField = sourceFolderField(1),
                            .messageTitle = "打开三轴试验数据",
                            .thirdButton = "输出接口数据",
                            .document = kForm1,
                            .columns = kColumns,
-                           .open = nullptr};
+                           .recognise = recogniseAutomatic,
+                           .layouts = layouts};
 
-constexpr Importer entry(std::string_view id, std::string_view menuCommand, std::string_view form,
-                         decltype(Importer::open) open) {
+constexpr Importer reader(std::string_view id, std::string_view menuCommand, std::string_view menuCaption,
+                          std::string_view form, decltype(Importer::open) open) {
   Importer importer = kShared;
   importer.id = id;
   importer.menuCommand = menuCommand;
+  importer.menuCaption = menuCaption;
   importer.form = form;
   importer.open = open;
   return importer;
@@ -362,12 +352,9 @@ constexpr Importer entry(std::string_view id, std::string_view menuCommand, std:
 
 }  // namespace
 
-extern constinit const Importer kAutomaticImporter = entry("auto", "NEWSZ", "OPENFORM0", openAutomatic<kReader>);
+extern constinit const Importer kAutomaticImporter =
+    reader("auto", "NEWSZ", "全自动三轴", "OPENFORM0", openIndexed<AutomaticFormat<CurrentReader>>);
 extern constinit const Importer kAutomaticOldImporter =
-    entry("auto-old", "OLDSZ1", "OPENFORM0OLD", openAutomatic<kOldReader>);
-
-std::vector<RawLayout> automaticLayouts() {
-  return {rawLayout<AutomaticEntry>("Index entry"), rawLayout<AutoSpecimenRecord>("Specimen")};
-}
+    reader("auto-old", "OLDSZ1", "全自动三轴(老版本)", "OPENFORM0OLD", openIndexed<AutomaticFormat<FirstReader>>);
 
 }  // namespace triaxlab

@@ -10,6 +10,7 @@
 
 #include "common/progress.h"
 #include "common/user_error.h"
+#include "importers/recognition.h"
 #include "store/settings/settings_file.h"
 #include "store/settings/source_folders.h"
 #include "store/workspace.h"
@@ -39,6 +40,7 @@ struct SourceSort {
 /// What reading the marked rows brought.
 struct ImportReport {
   std::size_t sampleRows = 0;  // rows of the sample table that the import filled, from 0 upward
+  std::size_t samples = 0;     // of them that are no empty slots
   Remarks remarks;             // what a damaged database could not give
 };
 
@@ -57,33 +59,47 @@ class RawSource {
                             const Progress& progress) const = 0;
 };
 
-/// One source of raw data: all that its window, its menu entry and its name on the command line differ in. An importer
-/// writes no file.
-struct Importer {
-  std::string_view id;           // on the command line; never renamed
-  std::string_view menuCommand;  // the command that shows the window
-  std::string_view form;         // object name of the window
-  std::string_view title;        // of the window, UTF-8 like all texts here
-  std::string_view defaultFile;  // in the source folder
-  SettingsField folderField;     // sourceFolderField(kind); a width of 0: the folder stays as the caller left it
-  std::string_view messageTitle;
-  std::string_view thirdButton;           // caption of Command3; empty: the window has none
-  ActiveDocument document;                // whose table is filled, and which window shows it then
-  std::span<const SourceColumn> columns;  // between 序号 and 处理选择, which every grid has
-  /// Reads the index. UserError: the file is missing, a folder, unreadable. An empty file has no rows.
-  std::unique_ptr<RawSource> (*open)(const std::filesystem::path& path);
+struct RawLayout;
 
+/// One source of raw data: all that its window, its menu entry, its name on the command line, its page in docs/formats
+/// and its fuzz target differ in. An importer writes no file. A source whose reader is not part of this version is
+/// known by its names and can't be opened.
+struct Importer {
+  std::string_view id = {};            // on the command line; never renamed
+  std::string_view menuCommand = {};   // the command that shows the window
+  std::string_view menuCaption = {};   // UTF-8 like all texts here; empty: its command is none of the raw data menu
+  std::string_view form = {};          // object name of the window
+  std::string_view title = {};         // of the window: what the file is called
+  std::string_view defaultFile = {};   // in the source folder
+  SettingsField folderField = {0, 0};  // sourceFolderField(kind); a width of 0: the folder stays as the caller left it
+  std::string_view messageTitle = {};  //
+  std::string_view thirdButton = {};   // caption of Command3; empty: the window has none
+  ActiveDocument document = kNoDocument;       // whose table is filled, and which window shows it then
+  std::span<const SourceColumn> columns = {};  // between 序号 and 处理选择, which every grid has
+  Recognition (*recognise)(const FileHead& head) = nullptr;
+  /// Reads the index; see openRawSource, which asks `recognise` first.
+  std::unique_ptr<RawSource> (*open)(const std::filesystem::path& path) = nullptr;
+  /// The records of the file, for the page about it; nothing when it has none of fixed places.
+  std::vector<RawLayout> (*layouts)() = nullptr;
+
+  bool lineAbove = false;                         // its menu entry begins another test
   std::string_view fileDialogTitle = {};          // empty: that of the window
   std::string Workspace::*folderInUse = nullptr;  // the source folder of a source that has no folderField
   bool fileFromCommand = false;                   // the command asks for the file before it shows the window
   std::span<const SourceSort> sorts = {};
   bool thirdButtonWorks = true;  // false: greyed, its work is not part of this version
+
+  bool isBuilt() const { return open != nullptr; }
 };
 
-/// The sources of this version, in the order of the menu.
+/// All sources, in the order of the menu.
 std::span<const Importer* const> importers();
-/// Nothing when this version has no such source.
+/// Nothing when there is no such source.
 const Importer* importerOfId(std::string_view id);
 const Importer* importerOfMenuCommand(std::string_view menuCommand);
+
+/// Reads the index of a raw file. UserError: the file is missing, a folder, unreadable; or it is none of this source,
+/// and then the sentence says which it looks like. An empty file has no rows. Pre: importer.isBuilt().
+std::unique_ptr<RawSource> openRawSource(const Importer& importer, const std::filesystem::path& path);
 
 }  // namespace triaxlab

@@ -1,7 +1,11 @@
+#include <fmt/core.h>
+
 #include <algorithm>
 #include <array>
+#include <string>
 
 #include "importers/importer.h"
+#include "platform/files.h"
 
 namespace triaxlab {
 
@@ -17,15 +21,84 @@ extern const Importer kWindowsTriaxialImporter;
 
 namespace {
 
-constexpr std::array kImporters{&kWindowsTriaxialImporter, &kWindowsTriaxialDatxImporter,
-                                &kQvb98Importer,           &kAutomaticOldImporter,
-                                &kAutomaticImporter,       &kNewQvbImporter,
-                                &kManualImporter,          &kNanjingImporter};
+// The sources of the other tests, whose readers are yet to come.
+constexpr Importer kUnconfinedKzj{.id = "unconfined-kzj",
+                                  .menuCommand = "WUCEXIAN",
+                                  .menuCaption = "无侧限抗压强度",
+                                  .form = "OPENFORM3",
+                                  .document = kForm4,
+                                  .lineAbove = true};
+constexpr Importer kUnconfinedHwx{.id = "unconfined-hwx",
+                                  .menuCommand = "XWUCEXIAN",
+                                  .menuCaption = "新无侧限",
+                                  .form = "OPENFORM30",
+                                  .document = kForm4};
+constexpr Importer kUnconfinedWin{.id = "unconfined-win",
+                                  .menuCommand = "OWINWCX",
+                                  .menuCaption = "WIN版无侧限",
+                                  .form = "OPENFORMWINWCX",
+                                  .document = kForm4};
+constexpr Importer kUnconfinedDatx{.id = "unconfined-datx",
+                                   .menuCommand = "OWINWCXDAT",
+                                   .menuCaption = "WIN版无侧限WCX(X).DATX",
+                                   .form = "OPENFORMWINWCXDAT",
+                                   .document = kForm4};
+constexpr Importer kK0Kgj{.id = "k0-kgj",
+                          .menuCommand = "k0",
+                          .menuCaption = "K0",
+                          .form = "OPENFORM2",
+                          .document = kForm6,
+                          .lineAbove = true};
+constexpr Importer kK0Hgj{
+    .id = "k0-hgj", .menuCommand = "Xk0", .menuCaption = "新K0", .form = "OPENFORM20", .document = kForm6};
+constexpr Importer kTK0Hgj{
+    .id = "tk0-hgj", .menuCommand = "TXk0", .menuCaption = "TK0", .form = "OPENFORM21", .document = kForm9};
+
+constexpr std::array kImporters{&kWindowsTriaxialImporter,
+                                &kWindowsTriaxialDatxImporter,
+                                &kQvb98Importer,
+                                &kAutomaticOldImporter,
+                                &kAutomaticImporter,
+                                &kNewQvbImporter,
+                                &kManualImporter,
+                                &kUnconfinedKzj,
+                                &kUnconfinedHwx,
+                                &kUnconfinedWin,
+                                &kUnconfinedDatx,
+                                &kK0Kgj,
+                                &kK0Hgj,
+                                &kTK0Hgj,
+                                &kNanjingImporter};
 
 const Importer* find(std::string_view Importer::*column, std::string_view wanted) {
   const auto* const found = std::find_if(kImporters.begin(), kImporters.end(),
                                          [=](const Importer* importer) { return importer->*column == wanted; });
   return found == kImporters.end() ? nullptr : *found;
+}
+
+/// The source to which the file surely belongs; nothing when there is none.
+const Importer* sureOwner(const FileHead& head) {
+  const auto owns = [&](const Importer* importer) {
+    return importer->recognise != nullptr && importer->recognise(head) == Recognition::Mine;
+  };
+  const auto* const owner = std::find_if(kImporters.begin(), kImporters.end(), owns);
+  return owner == kImporters.end() ? nullptr : *owner;
+}
+
+/// A file that may be this source's is refused only when it surely is another's: a damaged database is read as far as
+/// it goes.
+void refuseWrongFile(const Importer& importer, const std::filesystem::path& path) {
+  const File file(path, File::Mode::Read);
+  Bytes bytes(std::min<std::uint64_t>(file.size(), kRecognisedHead));
+  bytes.resize(file.readAt(0, bytes));
+  const FileHead head(bytes, file.size());
+  const Recognition recognition = importer.recognise(head);
+  if (recognition == Recognition::Mine) return;
+  const Importer* const owner = sureOwner(head);
+  if (recognition == Recognition::Damaged && owner == nullptr) return;
+  const std::string instead = owner != nullptr ? fmt::format("，看起来是{}", owner->title) : "";
+  throw UserError(fmt::format("文件“{}”不是{}{}，数据没有读入。请核对所选的数据来源和文件。", textOfPath(path),
+                              importer.title, instead));
 }
 
 }  // namespace
@@ -36,6 +109,11 @@ const Importer* importerOfId(std::string_view id) { return find(&Importer::id, i
 
 const Importer* importerOfMenuCommand(std::string_view menuCommand) {
   return find(&Importer::menuCommand, menuCommand);
+}
+
+std::unique_ptr<RawSource> openRawSource(const Importer& importer, const std::filesystem::path& path) {
+  refuseWrongFile(importer, path);
+  return importer.open(path);
 }
 
 }  // namespace triaxlab

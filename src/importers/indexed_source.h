@@ -5,50 +5,57 @@
 #include <cstddef>
 #include <deque>
 #include <filesystem>
+#include <memory>
 #include <span>
 #include <utility>
 #include <vector>
 
+#include "importers/import_plan.h"
 #include "importers/importer.h"
 #include "importers/ku_file.h"
-#include "importers/triaxial_import.h"
 #include "platform/files.h"
 
 namespace triaxlab {
 
 /// Of a raw record that names its own sample.
-template <class RawRecord>
-SampleIdentity recordIdentity(const RawRecord& raw) requires requires {
-  raw.recordSampleNo;
-}
-{
-  SampleIdentity identity;
+template <class Record, class RawRecord>
+SampleIdentity<Record> recordIdentity(const RawRecord& raw) {
+  SampleIdentity<Record> identity;
   SetText(identity.projectNo, shownText(raw.recordProjectNo.view()));
   SetText(identity.sampleNo, shownText(raw.recordSampleNo.view()));
   identity.testMethod = raw.testMethod;
   return identity;
 }
 
-/// A triaxial database with an index, whose entries point at data blocks of specimens. The blocks of the marked rows
-/// are read as they stand; then groups of specimens are found their rows; then the workspace is filled.
+/// A data block that is specimens one by one.
+template <class RawSpecimen>
+struct SpecimenBlock {
+  std::vector<RawSpecimen> specimens;
+  bool isWhole = true;
+};
+
+/// A database with an index, whose entries point at data blocks. The blocks of the marked rows are read as they stand;
+/// then groups of specimens are found their rows; then the workspace is filled.
 ///
-/// What a source has of its own is a Format:
+/// What a source has of its own is a Format of static members:
+///   Record                                               of the table that it fills
 ///   Entry, Block, Group                                  an index entry; the data behind it, with `bool isWhole`; what
 ///                                                        fills a row or joins one
 ///   std::vector<Entry> readIndex(const File&, Remarks&)  blank entries where the file ends
 ///   SourceRow gridRow(const Entry&)
 ///   Block readBlock(const File&, const Entry&)           blank where the file ends
-///   void addGroups(const Block&, const SourceRow&, TriaxialImportPlan&, std::vector<Group>&)
+///   void addGroups(const Block&, const SourceRow&, ImportPlan<Record>&, std::vector<Group>&)
 ///                                                        each group to both lists; the project date. The groups may
 ///                                                        point into the block
-///   void fill(const Group&, TriaxialSampleRecord&)       see TriaxialImportPlan::Fill
+///   void fill(const Group&, Record&)                     see ImportPlan::Fill
 template <class Format>
 class IndexedSource : public RawSource {
  public:
-  explicit IndexedSource(std::filesystem::path path, Format format = {})
-      : m_path(std::move(path)), m_format(std::move(format)) {
-    m_index = m_format.readIndex(File(m_path, File::Mode::Read), m_remarks);
-    for (const auto& entry : m_index) m_rows.push_back(m_format.gridRow(entry));
+  using Record = typename Format::Record;
+
+  explicit IndexedSource(std::filesystem::path path) : m_path(std::move(path)) {
+    m_index = Format::readIndex(File(m_path, File::Mode::Read), m_remarks);
+    for (const auto& entry : m_index) m_rows.push_back(Format::gridRow(entry));
   }
 
   std::span<const SourceRow> rows() const override { return m_rows; }
@@ -59,23 +66,48 @@ class IndexedSource : public RawSource {
     const File file(m_path, File::Mode::Read);
     std::deque<typename Format::Block> blocks;
     std::vector<typename Format::Group> groups;
-    TriaxialImportPlan plan;
+    ImportPlan<Record> plan;
     Remarks remarks;
     for (const std::size_t row : marked) {
-      const auto& block = blocks.emplace_back(m_format.readBlock(file, m_index.at(row)));
+      const auto& block = blocks.emplace_back(Format::readBlock(file, m_index.at(row)));
       if (!block.isWhole) remarks.push_back(cutShortRemark(m_path, fmt::format("第{}行的数据", row + 1)));
-      m_format.addGroups(block, m_rows.at(row), plan, groups);
+      Format::addGroups(block, m_rows.at(row), plan, groups);
     }
-    const auto fill = [&](std::size_t number, TriaxialSampleRecord& record) { m_format.fill(groups[number], record); };
-    return plan.carryOut(workspace, fill, std::move(remarks), progress);
+    const auto fill = [&](std::size_t number, Record& record) { Format::fill(groups[number], record); };
+    ImportReport report = plan.carryOut(workspace, fill, std::move(remarks), progress);
+    workspace.rawImportPending = true;
+    return report;
   }
 
  private:
   std::filesystem::path m_path;
-  Format m_format;
   std::vector<typename Format::Entry> m_index;
   std::vector<SourceRow> m_rows;
   Remarks m_remarks;
 };
+
+/// What Importer::open is for such a source.
+template <class Format>
+std::unique_ptr<RawSource> openIndexed(const std::filesystem::path& path) {
+  return std::make_unique<IndexedSource<Format>>(path);
+}
+
+/// addGroups of a source whose specimens are groups of their own. Format has also
+///   bool isSpecimen(const RawSpecimen&)
+///   kGathering                           how they find their rows
+template <class Format, class RawSpecimen>
+void addEachSpecimen(const SpecimenBlock<RawSpecimen>& block, const SourceRow& source,
+                     ImportPlan<typename Format::Record>& plan, std::vector<const RawSpecimen*>& groups) {
+  plan.projects.addDate(source);
+  for (const RawSpecimen& raw : block.specimens) {
+    if (!Format::isSpecimen(raw)) continue;
+    plan.addGroup(recordIdentity<typename Format::Record>(raw), Format::kGathering);
+    groups.push_back(&raw);
+  }
+}
+
+/// Columns of the grid that many sources share.
+inline constexpr SourceColumn kProjectNoColumn{"工程编号", 1500}, kDateColumn{"试验日期", 1500},
+    kGroupsColumn{"组 数", 800}, kSpecimensColumn{"试样个数", 1000};
 
 }  // namespace triaxlab

@@ -2,6 +2,8 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
+
 namespace triaxlab {
 
 std::string_view shownText(std::string_view text) { return Trim(text.substr(0, text.find('\0'))); }
@@ -15,6 +17,23 @@ std::string slashedEntryDate(const FixedText<8>& entryDate) {
 
 std::string cutShortRemark(const std::filesystem::path& path, std::string_view whatIsMissing) {
   return fmt::format("文件“{}”不完整：{}超出了文件末尾，缺少的部分按空白处理。", textOfPath(path), whatIsMissing);
+}
+
+bool blocksFit(std::vector<BlockPlace> blocks, std::uint64_t fileSize) {
+  std::sort(blocks.begin(), blocks.end(), [](const BlockPlace& a, const BlockPlace& b) { return a.begin < b.begin; });
+  std::uint64_t free = 0;
+  for (const BlockPlace& block : blocks) {
+    if (block.begin < free || block.end > fileSize) return false;
+    free = block.end;
+  }
+  return true;
+}
+
+bool areEntryDates(std::string_view places) {
+  const auto isUsed = [](char c) { return c != ' ' && c != '\0'; };
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  return 2 * std::count_if(places.begin(), places.end(), isDigit) >=
+         std::count_if(places.begin(), places.end(), isUsed);
 }
 
 }  // namespace triaxlab

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <array>
-#include <bit>
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -9,13 +8,14 @@
 #include <string>
 #include <string_view>
 #include <tuple>
-#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "common/fixed_text.h"
 #include "common/little.h"
 #include "common/record_fields.h"
 #include "common/user_error.h"
+#include "importers/recognition.h"
 #include "platform/files.h"
 
 namespace triaxlab {
@@ -75,6 +75,14 @@ std::string slashedEntryDate(const FixedText<8>& entryDate);
 /// The sentence for a file that ends in front of what it promises.
 std::string cutShortRemark(const std::filesystem::path& path, std::string_view whatIsMissing);
 
+/// The records from `offset` on; those that the file doesn't have, or not whole, are blank behind its end. True when it
+/// has them all.
+template <class Record>
+bool readRecords(const File& file, std::uint64_t offset, std::vector<Record>& records) {
+  const auto bytes = std::as_writable_bytes(std::span(records));
+  return file.readAt(offset, bytes) == bytes.size();
+}
+
 /// The entries that the count promises, at most 100, and the file holds. An entry that the end cuts counts.
 template <class Tail>
 std::vector<KuIndexEntry<Tail>> readKuIndex(const File& file, Remarks& remarks) {
@@ -92,6 +100,38 @@ std::vector<KuIndexEntry<Tail>> readKuIndex(const File& file, Remarks& remarks) 
   entries.resize((got + sizeof(Entry) - 1) / sizeof(Entry));
   if (got < bytes.size()) remarks.push_back(cutShortRemark(file.path(), "索引"));
   return entries;
+}
+
+/// Where the block of an index entry lies.
+struct BlockPlace {
+  std::uint64_t begin, end;
+};
+
+/// True when the blocks lie in the file and none reaches into another.
+bool blocksFit(std::vector<BlockPlace> blocks, std::uint64_t fileSize);
+
+/// Most of what stands in the dates of an index are digits.
+bool areEntryDates(std::string_view places);
+
+/// Judges a file by its index and the specimens that its head holds. `judgeBlock(entry, head, evidence)` adds those of
+/// an entry and returns where they lie.
+template <class Tail, class JudgeBlock>
+Recognition recogniseKu(const FileHead& head, JudgeBlock judgeBlock) {
+  using Entry = KuIndexEntry<Tail>;
+  const int count = head.at<Little<std::int16_t>>(0).value_or(std::int16_t{0});
+  if (count == 0) return Recognition::Damaged;  // an index without entries says nothing of its apparatus
+  Evidence evidence;
+  std::string dates;
+  std::vector<BlockPlace> blocks;
+  for (int i = 0; i < std::min(count, kMostIndexEntries); ++i) {
+    const auto entry = head.at<Entry>(sizeof(std::int16_t) + static_cast<std::uint64_t>(i) * sizeof(Entry));
+    if (!entry) break;
+    dates += entry->entryDate.view();
+    blocks.push_back(judgeBlock(*entry, head, evidence));
+  }
+  if (!areEntryDates(dates)) return Recognition::NotMine;
+  if (!blocksFit(std::move(blocks), head.fileSize())) evidence.miss();
+  return evidence.verdict();
 }
 
 }  // namespace triaxlab

@@ -18,6 +18,7 @@
 
 #include "common/gbk.h"
 #include "importers/area_correction.h"
+#include "importers/field_fill.h"
 #include "importers/importer.h"
 #include "importers/indexed_source.h"
 #include "importers/ku_file.h"
@@ -124,10 +125,7 @@ SourceRow rowOf(const ManualIndexEntry& entry) {
 
 // ---- the records
 
-struct ManualBlock {
-  std::vector<ManualSpecimenRecord> specimens;
-  bool isWhole = true;
-};
+using ManualBlock = SpecimenBlock<ManualSpecimenRecord>;
 
 /// The records of an entry that the file has, at least in part. One that lies outside is no specimen.
 ManualBlock blockOf(const File& file, const ManualIndexEntry& entry) {
@@ -140,129 +138,129 @@ ManualBlock blockOf(const File& file, const ManualIndexEntry& entry) {
   const std::int64_t from = std::max<std::int64_t>(first, 0), to = std::min(end, stored);
   if (from < to) {
     block.specimens.resize(static_cast<std::size_t>(to - from));
-    const auto bytes = std::as_writable_bytes(std::span(block.specimens));
-    block.isWhole = file.readAt(kIndexArea + static_cast<std::uint64_t>(from * kSize), bytes) == bytes.size();
+    block.isWhole = readRecords(file, kIndexArea + static_cast<std::uint64_t>(from * kSize), block.specimens);
   }
   if (end > first && (first < 0 || end > stored)) block.isWhole = false;
   return block;
 }
 
-/// Fills the first slot of a blank row from one specimen record.
-class SpecimenFiller {
- public:
-  SpecimenFiller(const ManualSpecimenRecord& raw, TriaxialSampleRecord& row) : m_raw(raw), m_row(row) {}
-
-  void fill() {
-    fillIdentity();
-    fillMeasures();
-    fillConsolidatedSize();
-    fillConsolidation();
-    fillShear();
-    correctStressOnInitialSection(m_row, kSlot, DrainedForm::CommonSet);
-  }
-
- private:
-  static constexpr std::size_t kSlot = 0;
-
-  void fillIdentity() {
-    setIdentity(m_row, recordIdentity(m_raw));
-    m_row.shearMode = m_raw.shearMode;
-    m_row.uuAdjustFlag = m_raw.stageFlag;
-    m_row.shearRate[kSlot] = m_raw.rawShearRate;
-  }
-
-  void fillMeasures() {
-    SetNumber(m_row.cellPressure[kSlot], m_raw.rawCellPressure, NumberFormat::Whole);
-    setHundredths(m_row.initialHeight[kSlot], m_raw.rawInitialHeight);
-    setHundredths(m_row.initialArea[kSlot], m_raw.rawInitialArea);
-    if (m_raw.testMethod != kUU) setHundredths(m_row.consolidatedHeight[kSlot], m_raw.rawConsolidatedHeight);
-    setHundredths(m_row.consolidationDrainage[kSlot], m_raw.rawDrainage);
-  }
-
-  /// Worked out from the drainage, of UU tests as well. Without an initial volume the stored height stands and the area
-  /// stays blank.
-  void fillConsolidatedSize() {
-    const auto factors = drainedFactors(m_raw.rawInitialHeight, m_raw.rawInitialArea, m_raw.rawDrainage);
-    if (!factors) return;
-    const double height = m_raw.rawInitialHeight / 100.0 * factors->height;
-    const double area = m_raw.rawInitialArea / 100.0 * factors->area;
-    if (height != 0) SetNumber(m_row.consolidatedHeight[kSlot], height, NumberFormat::Hundredths);
-    if (area != 0) SetNumber(m_row.consolidatedArea[kSlot], area, NumberFormat::Hundredths);
-  }
-
-  void fillConsolidation() {
-    for (std::size_t k = 0; k < kImportedConsolidationRows; ++k) {
-      m_row.consolidationPorePressure[k][kSlot] = readingOrZero(m_raw.rawConsolidationPore[k]);
-      m_row.consolidationVolume[k][kSlot] = readingOrZero(m_raw.rawConsolidationVolume[k]);
+Recognition recogniseManual(const FileHead& head) {
+  Evidence evidence;
+  for (std::size_t i = 0; i < kMostIndexEntries; ++i) {
+    const auto entry = head.at<ManualIndexEntry>(i * sizeof(ManualIndexEntry));
+    if (!entry) break;
+    if (shownText(entry->indexProjectNo.view()).empty()) continue;
+    if (!isPlainText(entry->indexProjectNo.view()) || !isPlainText(entry->indexDate.view()))
+      evidence.add(Likeness::Impossible);
+    const std::int64_t first = entry->indexFirstRecord, end = first + entry->indexCount;
+    const std::int64_t sizeNeeded =
+        static_cast<std::int64_t>(kIndexArea) + end * std::int64_t{sizeof(ManualSpecimenRecord)};
+    if (first < 0 || end < first || sizeNeeded > static_cast<std::int64_t>(head.fileSize())) {
+      evidence.miss();
+      continue;
+    }
+    for (std::int64_t record = first; record < end; ++record) {
+      const auto raw =
+          head.at<ManualSpecimenRecord>(kIndexArea + static_cast<std::uint64_t>(record) * sizeof(ManualSpecimenRecord));
+      if (!raw) break;
+      evidence.add(likenessOfSpecimen(raw->recordProjectNo.view(), raw->recordSampleNo.view(), raw->testMethod,
+                                      raw->rawInitialHeight, raw->rawInitialArea));
     }
   }
+  return evidence.verdict();
+}
 
-  /// Rows whose stress reads as 0 leave no gap: the later ones move up, pore pressure and volume with them.
-  void fillShear() {
-    std::size_t row = 0;
-    for (std::size_t reading = 1; reading < kImportedShearRows; ++reading) {
-      const double stress = wholeOfTenths(readingOrZero(m_raw.rawStress[reading]));
-      if (stress == 0) continue;
-      SetNumber(m_row.deviatorStress[row][kSlot], stress, NumberFormat::Whole);
-      if (m_raw.rawPore[reading] != kNoReading)
-        SetNumber(m_row.porePressure[row][kSlot], wholeOfTenths(m_raw.rawPore[reading]), NumberFormat::Whole);
-      m_row.volumeChange[row][kSlot] = readingOrZero(m_raw.rawVolume[reading]);
-      ++row;
-    }
-  }
+// ---- a specimen fills the first slot of a blank row
 
-  const ManualSpecimenRecord& m_raw;
-  TriaxialSampleRecord& m_row;
+using Record = TriaxialSampleRecord;
+using Raw = ManualSpecimenRecord;
+constexpr std::size_t kSlot = 0;
+
+constexpr std::tuple kSpecimenFields{
+    Fill{&Raw::recordProjectNo, &Record::projectNo, shownTextInto},
+    Fill{&Raw::recordSampleNo, &Record::sampleNo, shownTextInto},
+    Fill{&Raw::testMethod, &Record::testMethod, asItStands},
+    Fill{&Raw::shearMode, &Record::shearMode, asItStands},
+    Fill{&Raw::stageFlag, &Record::uuAdjustFlag, asItStands},
+    Fill{&Raw::rawShearRate, &Record::shearRate, asItStands},
+    Fill{&Raw::rawCellPressure, &Record::cellPressure, wholeInto},
+    Fill{&Raw::rawInitialHeight, &Record::initialHeight, hundredthsInto},
+    Fill{&Raw::rawInitialArea, &Record::initialArea, hundredthsInto},
+    Fill{&Raw::rawDrainage, &Record::consolidationDrainage, hundredthsInto},
+    Fill{&Raw::rawConsolidationPore, &Record::consolidationPorePressure, readingInto},
+    Fill{&Raw::rawConsolidationVolume, &Record::consolidationVolume, readingInto},
 };
+
+/// Worked out from the drainage, of UU tests as well. Without an initial volume the stored height stands and the area
+/// stays blank.
+void fillConsolidatedSize(const Raw& raw, Record& row) {
+  if (raw.testMethod != kUU) hundredthsInto(row.consolidatedHeight[kSlot], raw.rawConsolidatedHeight);
+  const auto factors = drainedFactors(raw.rawInitialHeight, raw.rawInitialArea, raw.rawDrainage);
+  if (!factors) return;
+  const double height = raw.rawInitialHeight / 100.0 * factors->height;
+  const double area = raw.rawInitialArea / 100.0 * factors->area;
+  if (height != 0) SetNumber(row.consolidatedHeight[kSlot], height, NumberFormat::Hundredths);
+  if (area != 0) SetNumber(row.consolidatedArea[kSlot], area, NumberFormat::Hundredths);
+}
+
+/// Rows whose stress reads as 0 leave no gap: the later ones move up, pore pressure and volume with them.
+void fillShear(const Raw& raw, Record& row) {
+  std::size_t i = 0;
+  for (std::size_t reading = 1; reading < kImportedShearRows; ++reading) {
+    const double stress = wholeOfTenths(readingOrZero(raw.rawStress[reading]));
+    if (stress == 0) continue;
+    SetNumber(row.deviatorStress[i][kSlot], stress, NumberFormat::Whole);
+    if (raw.rawPore[reading] != kNoReading) wholeOfTenthsInto(row.porePressure[i][kSlot], raw.rawPore[reading]);
+    row.volumeChange[i][kSlot] = readingOrZero(raw.rawVolume[reading]);
+    ++i;
+  }
+}
 
 // ---- the source
 
 struct ManualFormat {
+  using Record = TriaxialSampleRecord;
   using Entry = ManualIndexEntry;
   using Block = ManualBlock;
   using Group = const ManualSpecimenRecord*;
+  static constexpr auto kGathering = TriaxialImportPlan::Gathering::BySample;
 
   static std::vector<Entry> readIndex(const File& file, Remarks& remarks) { return indexOf(file, remarks); }
   static SourceRow gridRow(const Entry& entry) { return rowOf(entry); }
   static Block readBlock(const File& file, const Entry& entry) { return blockOf(file, entry); }
-
+  static bool isSpecimen(const ManualSpecimenRecord& raw) { return !shownText(raw.recordSampleNo.view()).empty(); }
   static void addGroups(const Block& block, const SourceRow& source, TriaxialImportPlan& plan,
                         std::vector<Group>& groups) {
-    plan.addProjectDate(source);
-    for (const ManualSpecimenRecord& raw : block.specimens) {
-      const SampleIdentity identity = recordIdentity(raw);
-      if (identity.sampleNo.isBlank()) continue;
-      plan.addGroup(identity, TriaxialImportPlan::Gathering::BySample);
-      groups.push_back(&raw);
-    }
+    addEachSpecimen<ManualFormat>(block, source, plan, groups);
   }
 
-  static void fill(Group raw, TriaxialSampleRecord& row) { SpecimenFiller(*raw, row).fill(); }
+  static void fill(Group raw, Record& row) {
+    fillFields(*raw, row, kSlot, kSpecimenFields);
+    fillConsolidatedSize(*raw, row);
+    fillShear(*raw, row);
+    correctStressOnInitialSection(row, kSlot, DrainedForm::CommonSet);
+  }
 };
 
-constexpr std::array kColumns{SourceColumn{"工程编号", 1500}, SourceColumn{"试验日期", 1500},
-                              SourceColumn{"试样个数", 1000}};
+constexpr std::array kColumns{kProjectNoColumn, kDateColumn, kSpecimensColumn};
 
-std::unique_ptr<RawSource> openManual(const std::filesystem::path& path) {
-  return std::make_unique<IndexedSource<ManualFormat>>(path);
+std::vector<RawLayout> layouts() {
+  return {rawLayout<ManualIndexEntry>("Index entry"), rawLayout<ManualSpecimenRecord>("Record")};
 }
 
 }  // namespace
 
 extern constinit const Importer kManualImporter{.id = "manual",
                                                 .menuCommand = "RGSZ",
+                                                .menuCaption = "人工输入三轴",
                                                 .form = "OPENFORMZ",
                                                 .title = "人工三轴试验原始数据库",
                                                 .defaultFile = "SDSZSJ.KU",
-                                                .folderField = {0, 0},
                                                 .messageTitle = "打开三轴试验数据",
-                                                .thirdButton = "",
                                                 .document = kForm1,
                                                 .columns = kColumns,
-                                                .open = openManual};
-
-std::vector<RawLayout> manualLayouts() {
-  return {rawLayout<ManualIndexEntry>("Index entry"), rawLayout<ManualSpecimenRecord>("Record")};
-}
+                                                .recognise = recogniseManual,
+                                                .open = openIndexed<ManualFormat>,
+                                                .layouts = layouts};
 
 }  // namespace triaxlab

@@ -29,6 +29,8 @@
 
 #include "importers/importer.h"
 #include "importers/ku_file.h"
+#include "importers/recognition.h"
+#include "importers/triaxial_import.h"
 #include "platform/files.h"
 
 namespace triaxlab {
@@ -66,8 +68,8 @@ struct NanjingSample {
 
 struct NanjingContent {
   std::vector<NanjingSample> samples;
-  ProjectDate projectDate;  // of the last block
-  bool isWhole = true;      // no block's binary part ends with the file
+  SourceRow project;    // number and date of the last block, GBK
+  bool isWhole = true;  // no block's binary part ends with the file
 };
 
 class NanjingScan {
@@ -98,10 +100,10 @@ class NanjingScan {
     NanjingSample& sample = samples.back();
     switch (++m_line) {
       case kDateLine:
-        SetText(m_content.projectDate.testDate, line);
+        m_content.project.testDate = line;
         break;
       case kProjectLine:
-        SetText(m_content.projectDate.projectNo, line);
+        m_content.project.projectNo = line;
         SetText(sample.project, line);
         break;
       case kSampleLine:
@@ -187,18 +189,12 @@ class NanjingSource : public RawSource {
     const NanjingContent content = NanjingScan({reinterpret_cast<const char*>(bytes.data()), bytes.size()}).scan();
     if (content.samples.size() > kMostSamples)
       throw UserError(fmt::format("文件“{}”中的试样超过{}个，数据没有读入。", textOfPath(m_path), kMostSamples));
-    ImportReport report{content.samples.size() + 1, remarksOn(content)};
-
-    auto& table = workspace.TriaxialSampleTable;
-    workspace.clearLocations();
-    workspace.clearProjectDates();
-    workspace.ProjectDateTable[0] = content.projectDate;
-    table.clear();
-    for (std::size_t i = 0; i < content.samples.size(); ++i) {
-      fillRow(content.samples[i], table[i + 1]);
-      tell(progress, i + 1, content.samples.size());
-    }
-    return report;
+    TriaxialImportPlan plan(TriaxialImportPlan::Axes::OfSource);
+    plan.projects.addDate(content.project);
+    plan.addBlankRow();
+    for (std::size_t i = 0; i < content.samples.size(); ++i) plan.addGroup({}, TriaxialImportPlan::Gathering::OwnRow);
+    const auto fill = [&](std::size_t number, TriaxialSampleRecord& row) { fillRow(content.samples[number], row); };
+    return plan.carryOut(workspace, fill, remarksOn(content), progress);
   }
 
  private:
@@ -214,6 +210,13 @@ class NanjingSource : public RawSource {
   Remarks m_remarks;
 };
 
+/// The first marker may stand far behind in the file, or be missing.
+Recognition recogniseNanjing(const FileHead& head) {
+  const std::string line = std::string(kMarker) + "\n";
+  const bool hasMarker = head.text().starts_with(line) || head.text().find("\n" + line) != std::string_view::npos;
+  return hasMarker ? Recognition::Mine : Recognition::Damaged;
+}
+
 std::unique_ptr<RawSource> openNanjing(const std::filesystem::path& path) {
   return std::make_unique<NanjingSource>(path);
 }
@@ -222,14 +225,12 @@ std::unique_ptr<RawSource> openNanjing(const std::filesystem::path& path) {
 
 extern constinit const Importer kNanjingImporter{.id = "nanjing",
                                                  .menuCommand = "OPENNJ",
-                                                 .form = "",
-                                                 .title = "打开南京三轴原始数据文件",
+                                                 .title = "南京三轴原始数据文件",
                                                  .defaultFile = "*.SZD",
-                                                 .folderField = {0, 0},
                                                  .messageTitle = "打开三轴试验数据",
-                                                 .thirdButton = "",
                                                  .document = kForm1,
-                                                 .columns = {},
-                                                 .open = openNanjing};
+                                                 .recognise = recogniseNanjing,
+                                                 .open = openNanjing,
+                                                 .fileDialogTitle = "打开南京三轴原始数据文件"};
 
 }  // namespace triaxlab

@@ -19,6 +19,7 @@
 
 #include "common/gbk.h"
 #include "importers/area_correction.h"
+#include "importers/field_fill.h"
 #include "importers/importer.h"
 #include "importers/indexed_source.h"
 #include "importers/ku_file.h"
@@ -115,22 +116,34 @@ SourceRow rowOf(const NewQvbEntry& entry) {
 
 // ---- the data blocks
 
-struct NewQvbBlock {
-  std::vector<NewQvbSpecimenRecord> specimens;
-  bool isWhole = true;
-};
+using NewQvbBlock = SpecimenBlock<NewQvbSpecimenRecord>;
+
+constexpr std::uint64_t kPassedOver = 2;  // bytes in front of the specimens
 
 NewQvbBlock blockOf(const File& file, const NewQvbEntry& entry) {
   NewQvbBlock block;
   block.specimens.resize(entry.entryTail.specimenCount);
-  const auto bytes = std::as_writable_bytes(std::span(block.specimens));
-  block.isWhole = file.readAt(std::uint64_t{entry.entryDataOffset.value()} + 2, bytes) == bytes.size();
+  block.isWhole = readRecords(file, entry.entryDataOffset.value() + kPassedOver, block.specimens);
   return block;
 }
 
-bool isSpecimen(const NewQvbSpecimenRecord& raw) {
+bool isUsed(const NewQvbSpecimenRecord& raw) {
   return raw.rawCellPressure != 0 && !shownText(raw.recordSampleNo.view()).empty();
 }
+
+BlockPlace judgeBlock(const NewQvbEntry& entry, const FileHead& head, Evidence& evidence) {
+  const std::uint64_t start = entry.entryDataOffset.value(), count = entry.entryTail.specimenCount;
+  for (std::uint64_t i = 0; i < count; ++i) {
+    const auto raw = head.at<NewQvbSpecimenRecord>(start + kPassedOver + i * sizeof(NewQvbSpecimenRecord));
+    if (!raw) break;
+    if (isUsed(*raw))
+      evidence.add(likenessOfSpecimen(raw->recordProjectNo.view(), raw->recordSampleNo.view(), raw->testMethod,
+                                      raw->rawInitialHeight, raw->rawInitialArea));
+  }
+  return {start, start + kPassedOver + count * sizeof(NewQvbSpecimenRecord)};
+}
+
+Recognition recogniseNewQvb(const FileHead& head) { return recogniseKu<NewQvbTail>(head, judgeBlock); }
 
 /// A drainage beyond these bounds is a stray reading.
 std::int16_t drainageOf(const NewQvbSpecimenRecord& raw) {
@@ -175,159 +188,137 @@ class LoadCorrection {
   double m_initialArea, m_consolidatedArea, m_consolidatedHeight;
 };
 
-/// Fills the slot that its pressure finds in a row from one specimen record.
-class SpecimenFiller {
- public:
-  SpecimenFiller(const NewQvbSpecimenRecord& raw, TriaxialSampleRecord& row, std::size_t slot)
-      : m_raw(raw), m_row(row), m_slot(slot) {}
+// ---- a specimen fills the slot of a row that its pressure finds
 
-  void fill() {
-    fillIdentity();
-    fillMeasures();
-    fillConsolidatedSize();
-    fillConsolidation();
-    fillPoreAndVolume();
-    fillStress();
-  }
+using Record = TriaxialSampleRecord;
+using Raw = NewQvbSpecimenRecord;
 
- private:
-  /// In mode 3 the stages are sheared as in mode 2, and the axial strain runs on.
-  void fillIdentity() {
-    constexpr std::uint8_t kStrainRunsOn = 3, kMultiStage = 2;
-    const bool runsOn = m_raw.shearMode == kStrainRunsOn;
-    setIdentity(m_row, recordIdentity(m_raw));
-    m_row.shearMode = runsOn ? kMultiStage : m_raw.shearMode;
-    m_row.uuAdjustFlag = runsOn ? 1 : 0;
-    m_row.shearRate[m_slot] = m_raw.rawShearRate;
-  }
-
-  void fillMeasures() {
-    SetNumber(m_row.cellPressure[m_slot], wholeOfTenths(m_raw.rawCellPressure), NumberFormat::Whole);
-    setHundredths(m_row.initialHeight[m_slot], m_raw.rawInitialHeight);
-    setHundredths(m_row.initialArea[m_slot], m_raw.rawInitialArea);
-    if (m_raw.testMethod != kUU) setHundredths(m_row.consolidatedHeight[m_slot], m_raw.rawConsolidatedHeight);
-    SetNumber(m_row.consolidationDrainage[m_slot], drainageOf(m_raw) / 100.0, NumberFormat::Hundredths);
-  }
-
-  /// Worked out from the drainage, of UU tests as well. Without an initial volume the stored height stands and the area
-  /// is "0.00".
-  void fillConsolidatedSize() {
-    const auto factors =
-        drainedFactors(m_raw.rawInitialHeight, m_raw.rawInitialArea, drainageOf(m_raw)).value_or(DrainedFactors{});
-    const double height = m_raw.rawInitialHeight / 100.0 * factors.height;
-    if (height != 0) SetNumber(m_row.consolidatedHeight[m_slot], height, NumberFormat::Hundredths);
-    SetNumber(m_row.consolidatedArea[m_slot], m_raw.rawInitialArea / 100.0 * factors.area, NumberFormat::Hundredths);
-  }
-
-  void fillConsolidation() {
-    for (std::size_t k = 0; k < kImportedConsolidationRows; ++k)
-      m_row.consolidationPorePressure[k][m_slot] = readingOrZero(m_raw.rawConsolidationPore[k]);
-    for (std::size_t k = 0; k < kDrainedVolumeWords; ++k)
-      m_row.consolidationVolume[k][m_slot] = fromSignAndMagnitude(readingOrZero(m_raw.rawConsolidationVolume[k]));
-  }
-
-  bool hasReading(std::size_t reading) const { return readingOrZero(m_raw.rawDial[reading]) != 0; }
-
-  /// The last dial reading has neither.
-  void fillPoreAndVolume() {
-    for (std::size_t reading = 1; reading < kImportedShearRows; ++reading) {
-      if (!hasReading(reading)) continue;
-      const std::size_t row = reading - 1;
-      const bool exists = reading < kPoreWords;
-      if (exists && m_raw.rawPore[reading] != kNoReading)
-        SetNumber(m_row.porePressure[row][m_slot], wholeOfTenths(fromSignAndMagnitude(m_raw.rawPore[reading])),
-                  NumberFormat::Whole);
-      m_row.volumeChange[row][m_slot] = exists ? readingOrZero(m_raw.rawVolume[reading]) : std::int16_t{0};
-    }
-  }
-
-  /// Every load becomes a stress, as far as it can be corrected, and so does what an earlier test at this pressure left
-  /// in a row that has no reading now.
-  void fillStress() {
-    const RowStrains strains(m_row, m_slot);
-    const LoadCorrection correction(m_row, m_slot);
-    for (std::size_t row = 0; row + 1 < kImportedShearRows; ++row) {
-      FixedText<6>& stress = m_row.deviatorStress[row][m_slot];
-      const bool isRead = hasReading(row + 1);
-      const double load = isRead ? loadOf(row + 1, stress) : stress.number();
-      std::optional<double> corrected;
-      if (load != 0 && row < kCorrectedRows)
-        corrected = correction(load, strains.of(row), drainedVolume(m_row, row, m_slot));
-      if (corrected)
-        SetNumber(stress, *corrected, NumberFormat::Whole);
-      else if (isRead)
-        SetNumber(stress, load, NumberFormat::Tenths);
-    }
-  }
-
-  /// The load in N as its text to one decimal reads. Its words, tenths of a division and thousandths of a newton, have
-  /// a whole product, so it is rounded without the text; only a load that doesn't fit the six places goes through it.
-  double loadOf(std::size_t reading, FixedText<6>& text) const {
-    constexpr double kBeyond = 99999.5, kBeyondNegative = -9999.5;
-    const auto product = static_cast<double>(m_raw.rawDial[reading] * m_raw.rawRingCoefficient);
-    const double tenths = std::round(product / 1000);
-    if (tenths > kBeyondNegative && tenths < kBeyond) return tenths / 10;
-    return SetAndRead(text, product / 10000, NumberFormat::Tenths);
-  }
-
-  const NewQvbSpecimenRecord& m_raw;
-  TriaxialSampleRecord& m_row;
-  std::size_t m_slot;
+constexpr std::tuple kSpecimenFields{
+    Fill{&Raw::recordProjectNo, &Record::projectNo, shownTextInto},
+    Fill{&Raw::recordSampleNo, &Record::sampleNo, shownTextInto},
+    Fill{&Raw::testMethod, &Record::testMethod, asItStands},
+    Fill{&Raw::shearMode, &Record::shearMode, asItStands},
+    Fill{&Raw::rawShearRate, &Record::shearRate, asItStands},
+    Fill{&Raw::rawCellPressure, &Record::cellPressure, wholeOfTenthsInto},
+    Fill{&Raw::rawInitialHeight, &Record::initialHeight, hundredthsInto},
+    Fill{&Raw::rawInitialArea, &Record::initialArea, hundredthsInto},
+    Fill{&Raw::rawConsolidationPore, &Record::consolidationPorePressure, readingInto},
+    Fill{&Raw::rawConsolidationVolume, &Record::consolidationVolume, signedReadingInto},
 };
+
+/// In mode 3 the stages are sheared as in mode 2, and the axial strain runs on.
+void splitShearMode(Record& row) {
+  constexpr std::uint8_t kStrainRunsOn = 3, kMultiStage = 2;
+  row.uuAdjustFlag = row.shearMode == kStrainRunsOn ? 1 : 0;
+  if (row.shearMode == kStrainRunsOn) row.shearMode = kMultiStage;
+}
+
+/// Worked out from the drainage, of UU tests as well. Without an initial volume the stored height stands and the area
+/// is "0.00".
+void fillConsolidatedSize(const Raw& raw, Record& row, std::size_t slot) {
+  if (raw.testMethod != kUU) hundredthsInto(row.consolidatedHeight[slot], raw.rawConsolidatedHeight);
+  const std::int16_t drainage = drainageOf(raw);
+  const auto factors = drainedFactors(raw.rawInitialHeight, raw.rawInitialArea, drainage).value_or(DrainedFactors{});
+  const double height = raw.rawInitialHeight / 100.0 * factors.height;
+  if (height != 0) SetNumber(row.consolidatedHeight[slot], height, NumberFormat::Hundredths);
+  SetNumber(row.consolidatedArea[slot], raw.rawInitialArea / 100.0 * factors.area, NumberFormat::Hundredths);
+  SetNumber(row.consolidationDrainage[slot], drainage / 100.0, NumberFormat::Hundredths);
+}
+
+bool hasReading(const Raw& raw, std::size_t reading) { return readingOrZero(raw.rawDial[reading]) != 0; }
+
+/// The last dial reading has neither.
+void fillPoreAndVolume(const Raw& raw, Record& row, std::size_t slot) {
+  for (std::size_t reading = 1; reading < kImportedShearRows; ++reading) {
+    if (!hasReading(raw, reading)) continue;
+    const std::size_t i = reading - 1;
+    const bool exists = reading < kPoreWords;
+    if (exists && raw.rawPore[reading] != kNoReading)
+      wholeOfTenthsInto(row.porePressure[i][slot], fromSignAndMagnitude(raw.rawPore[reading]));
+    row.volumeChange[i][slot] = exists ? readingOrZero(raw.rawVolume[reading]) : std::int16_t{0};
+  }
+}
+
+/// The load in N as its text to one decimal reads. Its words, tenths of a division and thousandths of a newton, have a
+/// whole product, so it is rounded without the text; only a load that doesn't fit the six places goes through it.
+double loadOf(const Raw& raw, std::size_t reading, FixedText<6>& text) {
+  constexpr double kBeyond = 99999.5, kBeyondNegative = -9999.5;
+  const auto product = static_cast<double>(raw.rawDial[reading] * raw.rawRingCoefficient);
+  const double tenths = std::round(product / 1000);
+  if (tenths > kBeyondNegative && tenths < kBeyond) return tenths / 10;
+  return SetAndRead(text, product / 10000, NumberFormat::Tenths);
+}
+
+/// Every load becomes a stress, as far as it can be corrected, and so does what an earlier test at this pressure left
+/// in a row that has no reading now.
+void fillStress(const Raw& raw, Record& row, std::size_t slot) {
+  const RowStrains strains(row, slot);
+  const LoadCorrection correction(row, slot);
+  for (std::size_t i = 0; i + 1 < kImportedShearRows; ++i) {
+    FixedText<6>& stress = row.deviatorStress[i][slot];
+    const bool isRead = hasReading(raw, i + 1);
+    const double load = isRead ? loadOf(raw, i + 1, stress) : stress.number();
+    std::optional<double> corrected;
+    if (load != 0 && i < kCorrectedRows) corrected = correction(load, strains.of(i), drainedVolume(row, i, slot));
+    if (corrected)
+      SetNumber(stress, *corrected, NumberFormat::Whole);
+    else if (isRead)
+      SetNumber(stress, load, NumberFormat::Tenths);
+  }
+}
 
 // ---- the source
 
 struct NewQvbFormat {
+  using Record = TriaxialSampleRecord;
   using Entry = NewQvbEntry;
   using Block = NewQvbBlock;
   using Group = const NewQvbSpecimenRecord*;
+  static constexpr auto kGathering = TriaxialImportPlan::Gathering::InPlace;
 
   static std::vector<Entry> readIndex(const File& file, Remarks& remarks) {
     return readKuIndex<NewQvbTail>(file, remarks);
   }
   static SourceRow gridRow(const Entry& entry) { return rowOf(entry); }
   static Block readBlock(const File& file, const Entry& entry) { return blockOf(file, entry); }
-
+  static bool isSpecimen(const NewQvbSpecimenRecord& raw) { return isUsed(raw); }
   static void addGroups(const Block& block, const SourceRow& source, TriaxialImportPlan& plan,
                         std::vector<Group>& groups) {
-    plan.addProjectDate(source);
-    for (const NewQvbSpecimenRecord& raw : block.specimens) {
-      if (!isSpecimen(raw)) continue;
-      plan.addGroup(recordIdentity(raw), TriaxialImportPlan::Gathering::InPlace);
-      groups.push_back(&raw);
-    }
+    addEachSpecimen<NewQvbFormat>(block, source, plan, groups);
   }
 
   /// A sixth pressure finds no slot and is dropped.
-  static void fill(Group raw, TriaxialSampleRecord& row) {
-    if (const auto slot = slotForPressure(row, wholeOfTenths(raw->rawCellPressure)))
-      SpecimenFiller(*raw, row, *slot).fill();
+  static void fill(Group raw, Record& row) {
+    const auto slot = slotForPressure(row, wholeOfTenths(raw->rawCellPressure));
+    if (!slot) return;
+    fillFields(*raw, row, *slot, kSpecimenFields);
+    splitShearMode(row);
+    fillConsolidatedSize(*raw, row, *slot);
+    fillPoreAndVolume(*raw, row, *slot);
+    fillStress(*raw, row, *slot);
   }
 };
 
-constexpr std::array kColumns{SourceColumn{"工程编号", 1500}, SourceColumn{"试验日期", 1500},
-                              SourceColumn{"试样个数", 1000}};
+constexpr std::array kColumns{kProjectNoColumn, kDateColumn, kSpecimensColumn};
 
-std::unique_ptr<RawSource> openNewQvb(const std::filesystem::path& path) {
-  return std::make_unique<IndexedSource<NewQvbFormat>>(path);
+std::vector<RawLayout> layouts() {
+  return {rawLayout<NewQvbEntry>("Index entry"), rawLayout<NewQvbSpecimenRecord>("Specimen")};
 }
 
 }  // namespace
 
 extern constinit const Importer kNewQvbImporter{.id = "new-qvb",
                                                 .menuCommand = "NEWSZ2",
+                                                .menuCaption = "新QVB三轴",
                                                 .form = "OPENFORM10",
                                                 .title = "新QVB三轴试验原始数据库",
                                                 .defaultFile = "RSZSJ.KU",
                                                 .folderField = sourceFolderField(5),
                                                 .messageTitle = "打开三轴试验数据",
-                                                .thirdButton = "",
                                                 .document = kForm1,
                                                 .columns = kColumns,
-                                                .open = openNewQvb};
-
-std::vector<RawLayout> newQvbLayouts() {
-  return {rawLayout<NewQvbEntry>("Index entry"), rawLayout<NewQvbSpecimenRecord>("Specimen")};
-}
+                                                .recognise = recogniseNewQvb,
+                                                .open = openIndexed<NewQvbFormat>,
+                                                .layouts = layouts};
 
 }  // namespace triaxlab

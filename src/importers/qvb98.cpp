@@ -23,13 +23,13 @@
 #include "common/conversions.h"
 #include "common/gbk.h"
 #include "importers/area_correction.h"
+#include "importers/field_fill.h"
 #include "importers/importer.h"
 #include "importers/indexed_source.h"
 #include "importers/ku_file.h"
 #include "importers/raw_layouts.h"
 #include "importers/reading_words.h"
 #include "importers/triaxial_import.h"
-#include "store/settings/source_folders.h"
 
 namespace triaxlab {
 namespace {
@@ -118,12 +118,27 @@ QvbBlock blockOf(const File& file, const QvbEntry& entry) {
   std::uint8_t groupCount = 0;
   block.isWhole = file.readAt(start, writableBytesOf(groupCount)) == sizeof groupCount;
   block.groups.resize(groupCount);
-  const auto bytes = std::as_writable_bytes(std::span(block.groups));
-  if (file.readAt(start + 1, bytes) < bytes.size()) block.isWhole = false;
+  if (!readRecords(file, start + 1, block.groups)) block.isWhole = false;
   // A database without long numbers may end behind its last group.
-  file.readAt(start + 1 + bytes.size(), writableBytesOf(block.longSampleNumbers));
+  file.readAt(start + 1 + block.groups.size() * sizeof(QvbGroupRecord), writableBytesOf(block.longSampleNumbers));
   return block;
 }
+
+bool isSpecimen(const QvbSpecimenRecord& raw) { return raw.rawCellPressure != 0; }
+
+BlockPlace judgeBlock(const QvbEntry& entry, const FileHead& head, Evidence& evidence) {
+  const std::uint64_t start = entry.entryDataOffset.value();
+  const std::size_t count = head.at<std::uint8_t>(start).value_or(entry.entryGroupCount);
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto group = head.at<QvbGroupRecord>(start + 1 + i * sizeof(QvbGroupRecord));
+    if (!group) break;
+    for (const QvbSpecimenRecord& raw : group->specimens)
+      if (isSpecimen(raw)) evidence.add(likenessOfSpecimen(raw.testMethod, raw.rawInitialHeight, raw.rawInitialArea));
+  }
+  return {start, start + 1 + count * sizeof(QvbGroupRecord)};
+}
+
+Recognition recogniseQvb98(const FileHead& head) { return recogniseKu<FixedText<8>>(head, judgeBlock); }
 
 /// Two digits a byte, the high nibble first. 10 is a dash; what lies above adds no character.
 std::string unpacked(const std::array<std::uint8_t, 4>& packed) {
@@ -200,91 +215,89 @@ double strainOfEarlierDials(const QvbGroupRecord& group, std::size_t slot) {
   return strain;
 }
 
-/// Fills one slot of a row from one specimen record.
-class SpecimenFiller {
- public:
-  SpecimenFiller(const QvbGroupRecord& group, TriaxialSampleRecord& row, std::size_t slot)
-      : m_group(group), m_raw(group.specimens[slot]), m_row(row), m_slot(slot) {}
+// ---- a specimen fills its slot of a row
 
-  void fill() {
-    fillMeasures();
-    fillStartPore();
-    fillPoreAndVolume();
-    fillStress();
-  }
+using Record = TriaxialSampleRecord;
+using Raw = QvbSpecimenRecord;
 
- private:
-  void fillMeasures() {
-    SetNumber(m_row.cellPressure[m_slot], m_raw.rawCellPressure, NumberFormat::Whole);
-    setHundredths(m_row.initialHeight[m_slot], m_raw.rawInitialHeight);
-    setHundredths(m_row.consolidatedHeight[m_slot], m_raw.rawConsolidatedHeight);
-    setHundredths(m_row.initialArea[m_slot], m_raw.rawInitialArea);
-    setHundredths(m_row.consolidationDrainage[m_slot], m_raw.rawDrainage);
-    if (m_raw.rawRingCoefficient != 0)
-      SetNumber(m_row.ringCoefficient[m_slot], m_raw.rawRingCoefficient / 1000.0, NumberFormat::Thousandths);
-    // Without a height the volume itself goes into the area.
-    double area = m_raw.rawInitialHeight / 100.0 * m_raw.rawInitialArea / 100 - m_raw.rawDrainage / 100.0;
-    if (m_raw.rawConsolidatedHeight != 0) area /= m_raw.rawConsolidatedHeight / 100.0;
-    if (area != 0 && m_row.testMethod != kUU) SetNumber(m_row.consolidatedArea[m_slot], area, NumberFormat::Hundredths);
-  }
-
-  /// The record holds tenths of a kPa, the apparatus kPa; a pressure that doesn't fit stays as it is.
-  void fillStartPore() {
-    constexpr std::size_t kSearched = 49;
-    std::int16_t start = readingOrZero(m_raw.rawStartPore);
-    for (std::size_t i = 0; i < kSearched && start == 0; ++i) start = readingOrZero(m_raw.rawPore[i]);
-    start = fromSignAndMagnitude(start);
-    m_row.consolidationPorePressure[0][m_slot] = toInt16(start * 10.0).value_or(start);
-  }
-
-  bool hasReading(std::size_t i) const { return readingOrZero(m_raw.rawDial[i]) != 0; }
-
-  /// Volumes lose their sign and move up a row: a row holds the volume that goes with the next dial reading. Those of
-  /// rows without a dial reading are lost on the way.
-  void fillPoreAndVolume() {
-    std::array<std::int16_t, kReadings + 1> volumes{};
-    for (std::size_t i = 0; i < kReadings; ++i) {
-      if (!hasReading(i)) continue;
-      if (m_raw.rawPore[i] != kNoReading)
-        SetNumber(m_row.porePressure[i][m_slot], fromSignAndMagnitude(m_raw.rawPore[i]), NumberFormat::Hundredths);
-      volumes[i] = fromSignAndMagnitude(readingOrZero(m_raw.rawVolume[i]));
-    }
-    for (std::size_t i = 0; i < kReadings; ++i)
-      m_row.volumeChange[i][m_slot] = static_cast<std::int16_t>(std::abs(volumes[i + 1]));
-  }
-
-  void fillStress() {
-    const double used = m_row.shearMode == 2 ? strainOfEarlierDials(m_group, m_slot) : 0;
-    const double step = shearStep(m_row);
-    const RingStress ring(m_raw, m_row, m_slot);
-    for (std::size_t i = 0; i < kReadings; ++i) {
-      if (!hasReading(i)) continue;
-      const double drained = m_row.volumeChange[i][m_slot] / 100.0;
-      const auto stress = ring.stress(m_raw.rawDial[i], static_cast<double>(i + 1) * step + used, drained);
-      if (stress) SetNumber(m_row.deviatorStress[i][m_slot], *stress, NumberFormat::Whole);
-    }
-  }
-
-  const QvbGroupRecord& m_group;
-  const QvbSpecimenRecord& m_raw;
-  TriaxialSampleRecord& m_row;
-  std::size_t m_slot;
+constexpr std::tuple kSpecimenFields{
+    Fill{&Raw::rawCellPressure, &Record::cellPressure, wholeInto},
+    Fill{&Raw::rawInitialHeight, &Record::initialHeight, hundredthsInto},
+    Fill{&Raw::rawConsolidatedHeight, &Record::consolidatedHeight, hundredthsInto},
+    Fill{&Raw::rawInitialArea, &Record::initialArea, hundredthsInto},
+    Fill{&Raw::rawDrainage, &Record::consolidationDrainage, hundredthsInto},
+    Fill{&Raw::rawRingCoefficient, &Record::ringCoefficient, thousandthsInto},
 };
+
+/// Without a height the volume itself goes into the area.
+void fillConsolidatedArea(const Raw& raw, Record& row, std::size_t slot) {
+  double area = raw.rawInitialHeight / 100.0 * raw.rawInitialArea / 100 - raw.rawDrainage / 100.0;
+  if (raw.rawConsolidatedHeight != 0) area /= raw.rawConsolidatedHeight / 100.0;
+  if (area != 0 && row.testMethod != kUU) SetNumber(row.consolidatedArea[slot], area, NumberFormat::Hundredths);
+}
+
+/// The record holds tenths of a kPa, the apparatus kPa; a pressure that doesn't fit stays as it is. A start that was
+/// not read is looked for among the others, as one of 0 is.
+void fillStartPore(const Raw& raw, Record& row, std::size_t slot) {
+  constexpr std::size_t kSearched = 49;
+  std::int16_t start = readingOrZero(raw.rawStartPore);
+  for (std::size_t i = 0; i < kSearched && start == 0; ++i) start = readingOrZero(raw.rawPore[i]);
+  start = fromSignAndMagnitude(start);
+  row.consolidationPorePressure[0][slot] = toInt16(start * 10.0).value_or(start);
+}
+
+bool hasReading(const Raw& raw, std::size_t i) { return readingOrZero(raw.rawDial[i]) != 0; }
+
+/// Volumes lose their sign and move up a row: a row holds the volume that goes with the next dial reading. Those of
+/// rows without a dial reading are lost on the way.
+void fillPoreAndVolume(const Raw& raw, Record& row, std::size_t slot) {
+  std::array<std::int16_t, kReadings + 1> volumes{};
+  for (std::size_t i = 0; i < kReadings; ++i) {
+    if (!hasReading(raw, i)) continue;
+    if (raw.rawPore[i] != kNoReading)
+      SetNumber(row.porePressure[i][slot], fromSignAndMagnitude(raw.rawPore[i]), NumberFormat::Hundredths);
+    volumes[i] = fromSignAndMagnitude(readingOrZero(raw.rawVolume[i]));
+  }
+  for (std::size_t i = 0; i < kReadings; ++i)
+    row.volumeChange[i][slot] = static_cast<std::int16_t>(std::abs(volumes[i + 1]));
+}
+
+void fillStress(const QvbGroupRecord& group, Record& row, std::size_t slot) {
+  const Raw& raw = group.specimens[slot];
+  const double used = row.shearMode == 2 ? strainOfEarlierDials(group, slot) : 0;
+  const double step = shearStep(row);
+  const RingStress ring(raw, row, slot);
+  for (std::size_t i = 0; i < kReadings; ++i) {
+    if (!hasReading(raw, i)) continue;
+    const double drained = row.volumeChange[i][slot] / 100.0;
+    const auto stress = ring.stress(raw.rawDial[i], static_cast<double>(i + 1) * step + used, drained);
+    if (stress) SetNumber(row.deviatorStress[i][slot], *stress, NumberFormat::Whole);
+  }
+}
+
+void fillSpecimen(const QvbGroupRecord& group, Record& row, std::size_t slot) {
+  const Raw& raw = group.specimens[slot];
+  fillFields(raw, row, slot, kSpecimenFields);
+  fillConsolidatedArea(raw, row, slot);
+  fillStartPore(raw, row, slot);
+  fillPoreAndVolume(raw, row, slot);
+  fillStress(group, row, slot);
+}
 
 // ---- the source
 
 struct QvbGroup {
   const QvbGroupRecord* record;
-  SampleIdentity identity;
+  TriaxialIdentity identity;
 
-  bool hasSpecimen(std::size_t slot) const { return record->specimens[slot].rawCellPressure != 0; }
+  bool hasSpecimen(std::size_t slot) const { return isSpecimen(record->specimens[slot]); }
 };
 
 /// The first slot names the sample. A group that has none there stays without a name and a method.
-SampleIdentity identityOf(const QvbBlock& block, std::size_t group, const SourceRow& source) {
+TriaxialIdentity identityOf(const QvbBlock& block, std::size_t group, const SourceRow& source) {
   const QvbSpecimenRecord& first = block.groups[group].specimens[0];
-  SampleIdentity identity;
-  if (first.rawCellPressure == 0) return identity;
+  TriaxialIdentity identity;
+  if (!isSpecimen(first)) return identity;
   SetText(identity.projectNo, source.projectNo);
   SetText(identity.sampleNo, longSampleNo(block.longSampleNumbers, group).value_or(unpacked(first.packedSampleNo)));
   identity.testMethod = first.testMethod;
@@ -292,6 +305,7 @@ SampleIdentity identityOf(const QvbBlock& block, std::size_t group, const Source
 }
 
 struct Qvb98Format {
+  using Record = TriaxialSampleRecord;
   using Entry = QvbEntry;
   using Block = QvbBlock;
   using Group = QvbGroup;
@@ -307,47 +321,41 @@ struct Qvb98Format {
                         std::vector<Group>& groups) {
     for (std::size_t i = 0; i < block.groups.size(); ++i) {
       const Group group{&block.groups[i], identityOf(block, i, source)};
-      bool used = false;
-      for (std::size_t slot = 0; slot < kSlots; ++slot) used = used || group.hasSpecimen(slot);
-      if (used) plan.setProjectDate(source);
+      const auto& slots = group.record->specimens;
+      if (std::any_of(slots.begin(), slots.end(), isSpecimen)) plan.projects.setDate(source);
       plan.addGroup(group.identity, TriaxialImportPlan::Gathering::BySample);
       groups.push_back(group);
     }
   }
 
-  static void fill(const Group& group, TriaxialSampleRecord& row) {
-    row.projectNo = group.identity.projectNo;
-    row.sampleNo = group.identity.sampleNo;
-    row.testMethod = group.identity.testMethod;
+  static void fill(const Group& group, Record& row) {
+    setIdentity(row, group.identity);
     if (group.hasSpecimen(0)) row.shearMode = group.record->specimens[0].shearMode;
     for (std::size_t slot = 0; slot < kSlots; ++slot)
-      if (group.hasSpecimen(slot)) SpecimenFiller(*group.record, row, slot).fill();
+      if (group.hasSpecimen(slot)) fillSpecimen(*group.record, row, slot);
   }
 };
 
-constexpr std::array kColumns{SourceColumn{"工程编号", 1500}, SourceColumn{"试验日期", 1500},
-                              SourceColumn{"组 数", 800}};
+constexpr std::array kColumns{kProjectNoColumn, kDateColumn, kGroupsColumn};
 
-std::unique_ptr<RawSource> openQvb98(const std::filesystem::path& path) {
-  return std::make_unique<IndexedSource<Qvb98Format>>(path);
+std::vector<RawLayout> layouts() {
+  return {rawLayout<QvbEntry>("Index entry"), rawLayout<QvbSpecimenRecord>("Specimen")};
 }
 
 }  // namespace
 
 extern constinit const Importer kQvb98Importer{.id = "qvb98",
                                                .menuCommand = "OLDSZ",
+                                               .menuCaption = "QVB98 三轴",
                                                .form = "OPENFORM1",
                                                .title = "QVB98三轴试验原始数据库",
                                                .defaultFile = "KSZSJ.KU",
                                                .folderField = sourceFolderField(3),
                                                .messageTitle = "打开三轴试验数据",
-                                               .thirdButton = "",
                                                .document = kForm1,
                                                .columns = kColumns,
-                                               .open = openQvb98};
-
-std::vector<RawLayout> qvb98Layouts() {
-  return {rawLayout<QvbEntry>("Index entry"), rawLayout<QvbSpecimenRecord>("Specimen")};
-}
+                                               .recognise = recogniseQvb98,
+                                               .open = openIndexed<Qvb98Format>,
+                                               .layouts = layouts};
 
 }  // namespace triaxlab

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <string_view>
-#include <vector>
 
 #include "common/field_rows.h"
 
@@ -20,10 +19,5 @@ template <DescribedRecord Record>
 RawLayout rawLayout(std::string_view title) {
   return {title, sizeof(Record), fieldRows<Record>()};
 }
-
-std::vector<RawLayout> automaticLayouts();
-std::vector<RawLayout> qvb98Layouts();
-std::vector<RawLayout> newQvbLayouts();
-std::vector<RawLayout> manualLayouts();
 
 }  // namespace triaxlab

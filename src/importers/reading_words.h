@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 
@@ -31,7 +30,7 @@ constexpr std::int16_t fromSignAndMagnitude(std::int16_t word) {
 }
 
 /// A word of tenths as the format "0" shows it: half away from zero.
-inline double wholeOfTenths(std::int16_t tenths) { return std::round(tenths / 10.0); }
+constexpr double wholeOfTenths(std::int16_t tenths) { return (tenths + (tenths < 0 ? -5 : 5)) / 10; }
 
 /// A number field of hundredths; a word of 0 leaves it as it is.
 inline void setHundredths(FixedText<6>& field, std::int16_t hundredths) {

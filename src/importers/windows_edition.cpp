@@ -1,5 +1,7 @@
 #include "importers/windows_edition.h"
 
+#include <algorithm>
+
 #include "common/gbk.h"
 
 namespace triaxlab {
@@ -17,6 +19,17 @@ std::vector<SourceRow> projectRows(const JetDatabase& database, std::string_view
                     std::string(Trim(utf8ToGbk(date)))});
   }
   return rows;
+}
+
+Recognition recogniseJet(const FileHead& head, std::string_view table) {
+  constexpr std::string_view kSignature = "Standard Jet DB", kLaterSignature = "Standard ACE DB";
+  constexpr std::size_t kSignaturePlace = 4;
+  const std::string_view bytes = head.text().substr(std::min(kSignaturePlace, head.text().size()));
+  if (!bytes.starts_with(kSignature) && !bytes.starts_with(kLaterSignature)) return Recognition::NotMine;
+  std::string wide;
+  for (const char letter : table) wide.append({letter, '\0'});
+  const bool hasTable = bytes.find(table) != bytes.npos || bytes.find(wide) != bytes.npos;
+  return hasTable ? Recognition::Mine : Recognition::Damaged;
 }
 
 std::string dateOf(const JetValue& timeOfSaving) {

@@ -31,6 +31,10 @@ inline constexpr std::array kProjectColumns{SourceColumn{"工程编号", 1500}, 
 inline constexpr std::array kProjectSorts{SourceSort{"Command4", "工程编号排序", kProjectColumn},
                                           SourceSort{"Command5", "试验日期排序", kTestDateColumn}};
 
+/// A Jet database by its signature; one with this table if its name stands in the head, where the catalog lies as a
+/// rule.
+Recognition recogniseJet(const FileHead& head, std::string_view table);
+
 /// The date of a time of saving: what stands before its first blank. UTF-8.
 std::string dateOf(const JetValue& timeOfSaving);
 

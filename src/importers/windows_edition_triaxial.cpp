@@ -246,13 +246,15 @@ class WindowsTriaxialSource : public RawSource {
   ImportReport read(std::span<const std::size_t> marked, Workspace& workspace,
                     const Progress& progress) const override {
     const LaboratoryHabits& habits = workspace.settings.habits;
-    TriaxialImportPlan plan(TriaxialImportPlan::TimeAxes::OfSource);
+    TriaxialImportPlan plan(TriaxialImportPlan::Axes::OfSource);
     std::vector<WindowsSample> samples;
     for (const std::size_t row : marked) addSamples(m_rows.at(row), habits.winTriaxialByProject, plan, samples);
     const auto fill = [&](std::size_t number, TriaxialSampleRecord& record) {
       SampleFiller(samples[number], habits.take50Points, record).fill();
     };
-    return plan.carryOut(workspace, fill, {}, progress);
+    ImportReport report = plan.carryOut(workspace, fill, {}, progress);
+    workspace.rawImportPending = true;
+    return report;
   }
 
  private:
@@ -265,8 +267,8 @@ class WindowsTriaxialSource : public RawSource {
       const std::string date = dateOf(found.at(i, "BCSJ"));
       if (found.at(i, "SYLX").number() != kOrdinaryTest || !(anyDate || date == shownDate)) continue;
       plan.addGroup({}, TriaxialImportPlan::Gathering::OwnRow);
-      plan.setOnlyProjectDate({{}, row.projectNo, utf8ToGbk(date)});
-      plan.setProjectName(row.projectNo, utf8ToGbk(found.at(0, "GCMC").text()));
+      plan.projects.setOnlyDate({{}, row.projectNo, utf8ToGbk(date)});
+      plan.projects.setName(row.projectNo, utf8ToGbk(found.at(0, "GCMC").text()));
       samples.push_back(sampleOf(m_database, found, i, date));
     }
   }
@@ -280,41 +282,47 @@ std::unique_ptr<RawSource> openWindowsTriaxial(const std::filesystem::path& path
   return std::make_unique<WindowsTriaxialSource>(path);
 }
 
-constexpr std::string_view kTitle = "WIN版三轴试验原始数据库";
-constexpr std::string_view kTextOutput = "转EXCEL";
+/// The name of a table stands in the catalog at the head of the file, as text of one or of two bytes a letter.
+Recognition recogniseWindowsTriaxial(const FileHead& head) { return recogniseJet(head, "Project_Information"); }
+
+constexpr Importer kShared{.title = "WIN版三轴试验原始数据库",
+                           .messageTitle = "打开三轴试验数据",
+                           .thirdButton = "转EXCEL",
+                           .document = kForm1,
+                           .columns = kProjectColumns,
+                           .recognise = recogniseWindowsTriaxial,
+                           .open = openWindowsTriaxial,
+                           .sorts = kProjectSorts,
+                           .thirdButtonWorks = false};
+
+constexpr Importer fixedFile() {
+  Importer importer = kShared;
+  importer.id = "win";
+  importer.menuCommand = "OWINSZ";
+  importer.menuCaption = "WIN版三轴";
+  importer.form = "OPENFORMWIN";
+  importer.defaultFile = "SZData.dat";
+  importer.folderField = sourceFolderField(10);
+  importer.fileDialogTitle = "WIN版SZ(X).DAT";
+  return importer;
+}
+
+constexpr Importer chosenFile() {
+  Importer importer = kShared;
+  importer.id = "win-datx";
+  importer.menuCommand = "OWINSZDAT";
+  importer.menuCaption = "WIN版三轴SZ(X).DATX";
+  importer.form = "OPENFORMWINDAT";
+  importer.defaultFile = "SZ*.DATX";
+  importer.fileDialogTitle = "WIN版SZ(X).DATX";
+  importer.folderInUse = sourceFolderOf(12).inUse;
+  importer.fileFromCommand = true;
+  return importer;
+}
 
 }  // namespace
 
-extern constinit const Importer kWindowsTriaxialImporter{.id = "win",
-                                                         .menuCommand = "OWINSZ",
-                                                         .form = "OPENFORMWIN",
-                                                         .title = kTitle,
-                                                         .defaultFile = "SZData.dat",
-                                                         .folderField = sourceFolderField(10),
-                                                         .messageTitle = "打开三轴试验数据",
-                                                         .thirdButton = kTextOutput,
-                                                         .document = kForm1,
-                                                         .columns = kProjectColumns,
-                                                         .open = openWindowsTriaxial,
-                                                         .fileDialogTitle = "WIN版SZ(X).DAT",
-                                                         .sorts = kProjectSorts,
-                                                         .thirdButtonWorks = false};
-
-extern constinit const Importer kWindowsTriaxialDatxImporter{.id = "win-datx",
-                                                             .menuCommand = "OWINSZDAT",
-                                                             .form = "OPENFORMWINDAT",
-                                                             .title = kTitle,
-                                                             .defaultFile = "SZ*.DATX",
-                                                             .folderField = {0, 0},
-                                                             .messageTitle = "打开三轴试验数据",
-                                                             .thirdButton = kTextOutput,
-                                                             .document = kForm1,
-                                                             .columns = kProjectColumns,
-                                                             .open = openWindowsTriaxial,
-                                                             .fileDialogTitle = "WIN版SZ(X).DATX",
-                                                             .folderInUse = sourceFolderOf(12).inUse,
-                                                             .fileFromCommand = true,
-                                                             .sorts = kProjectSorts,
-                                                             .thirdButtonWorks = false};
+extern constinit const Importer kWindowsTriaxialImporter = fixedFile();
+extern constinit const Importer kWindowsTriaxialDatxImporter = chosenFile();
 
 }  // namespace triaxlab

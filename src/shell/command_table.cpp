@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
+#include "importers/importer.h"
 #include "store/project/project_kinds.h"
 #include "store/settings/source_folders.h"
 #include "store/workspace.h"
@@ -22,9 +24,6 @@ constexpr Command entry(Name name, Name caption, Name parent, Action action, std
 }
 constexpr Command dialog(Name name, Name caption, Name parent, Action action, Name form) {
   return {.name = name, .caption = caption, .parent = parent, .action = action, .target = form};
-}
-constexpr Command importer(Name name, Name caption, Name form) {
-  return dialog(name, caption, "RZMOPEN", Action::Import, form);
 }
 /// Its caption is what Form5 asks for.
 constexpr Command sourceFolder(Name name, std::int16_t kind) {
@@ -78,6 +77,9 @@ constexpr Command later(Command command) {
   return command;
 }
 
+/// Its entries are those of the sources of raw data.
+constexpr Name kRawDataMenu = "RZMOPEN";
+
 constexpr std::int16_t dialogKind(ProjectKind kind) { return static_cast<std::int16_t>(kind); }
 
 using A = Action;
@@ -115,21 +117,7 @@ constexpr std::array kCommands{
     sourceFolder("WINWCXDAT", 13),
     belowLine(withKey(entry("ZMEXIT", "退出", "RZMFILE", A::Exit), "Ctrl+Q")),
 
-    submenu("RZMOPEN", "打开"),
-    importer("OWINSZ", "WIN版三轴", "OPENFORMWIN"),
-    importer("OWINSZDAT", "WIN版三轴SZ(X).DATX", "OPENFORMWINDAT"),
-    importer("OLDSZ", "QVB98 三轴", "OPENFORM1"),
-    importer("OLDSZ1", "全自动三轴(老版本)", "OPENFORM0OLD"),
-    importer("NEWSZ", "全自动三轴", "OPENFORM0"),
-    importer("NEWSZ2", "新QVB三轴", "OPENFORM10"),
-    importer("RGSZ", "人工输入三轴", "OPENFORMZ"),
-    later(belowLine(importer("WUCEXIAN", "无侧限抗压强度", "OPENFORM3"))),
-    later(importer("XWUCEXIAN", "新无侧限", "OPENFORM30")),
-    later(importer("OWINWCX", "WIN版无侧限", "OPENFORMWINWCX")),
-    later(importer("OWINWCXDAT", "WIN版无侧限WCX(X).DATX", "OPENFORMWINWCXDAT")),
-    later(belowLine(importer("k0", "K0", "OPENFORM2"))),
-    later(importer("Xk0", "新K0", "OPENFORM20")),
-    later(importer("TXk0", "TK0", "OPENFORM21")),
+    submenu(kRawDataMenu, "打开"),
 
     submenu("RZMEDIT", "编辑"),
     entry("RZMSAVE", "保存", "RZMEDIT", A::Save),
@@ -204,6 +192,26 @@ constexpr std::array kHelp{
     Help{A::StartThisProgram, "本程序正在运行"},
 };
 
+void addImporters(std::vector<Command>& table) {
+  for (const Importer* importer : importers()) {
+    if (importer->menuCaption.empty()) continue;
+    Command command =
+        dialog(importer->menuCommand, importer->menuCaption, kRawDataMenu, Action::Import, importer->form);
+    command.built = importer->isBuilt();
+    command.lineAbove = importer->lineAbove;
+    table.push_back(command);
+  }
+}
+
+std::vector<Command> wholeTable() {
+  std::vector<Command> table;
+  for (const Command& command : kCommands) {
+    table.push_back(command);
+    if (command.name == kRawDataMenu) addImporters(table);
+  }
+  return table;
+}
+
 }  // namespace
 
 std::string commandHelp(const Command& command) {
@@ -213,12 +221,16 @@ std::string commandHelp(const Command& command) {
   return fmt::format(fmt::runtime(row->text), command.caption);
 }
 
-std::span<const Command> commandTable() { return kCommands; }
+std::span<const Command> commandTable() {
+  static const std::vector<Command> kTable = wholeTable();
+  return kTable;
+}
 
 const Command* findCommand(std::string_view name) {
-  const auto* const found =
-      std::find_if(kCommands.begin(), kCommands.end(), [&](const Command& command) { return command.name == name; });
-  return found == kCommands.end() ? nullptr : found;
+  const std::span<const Command> table = commandTable();
+  const auto found =
+      std::find_if(table.begin(), table.end(), [&](const Command& command) { return command.name == name; });
+  return found == table.end() ? nullptr : &*found;
 }
 
 }  // namespace triaxlab

@@ -6,9 +6,9 @@
 #include <array>
 #include <vector>
 
-#include "importers/import_selection.h"
 #include "platform/process.h"
 #include "sessions/dialogs/browser_session.h"
+#include "sessions/dialogs/import_selection.h"
 #include "sessions/dialogs/overwrite_session.h"
 #include "sessions/dialogs/range_dialog.h"
 #include "sessions/dialogs/source_folder_session.h"

@@ -13,7 +13,7 @@
 #include <QProgressBar>
 #include <QStatusBar>
 
-#include "importers/import_selection.h"
+#include "sessions/dialogs/import_selection.h"
 #include "shell/document_kinds.h"
 #include "windows/controls/click_label.h"
 #include "windows/controls/layout.h"

@@ -29,13 +29,13 @@ class ImportTest : public ::testing::Test {
     return importFile(kuFile(entries), source);
   }
   ImportReport importPath(const std::filesystem::path& path, std::string_view source = "auto") {
-    const auto opened = importerOfId(source)->open(path);
+    const auto opened = openRawSource(*importerOfId(source), path);
     std::vector<std::size_t> rows(opened->rows().size());
     std::iota(rows.begin(), rows.end(), std::size_t{0});
     return opened->read(rows, workspace, {});
   }
   std::unique_ptr<RawSource> openFile(std::string_view bytes, std::string_view source = "auto") {
-    return importerOfId(source)->open(folder.write("HSZSJ.KU", bytes));
+    return openRawSource(*importerOfId(source), folder.write("HSZSJ.KU", bytes));
   }
 
   /// The sentence with which the import is refused.

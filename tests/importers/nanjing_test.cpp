@@ -18,7 +18,7 @@ class Nanjing : public ImportTest {
 TEST_F(Nanjing, IsACommandWithAFileDialog) {
   const Importer& importer = *importerOfId("nanjing");
   EXPECT_EQ(&importer, importerOfMenuCommand("OPENNJ"));
-  EXPECT_EQ(importer.title, "打开南京三轴原始数据文件");
+  EXPECT_EQ(importer.fileDialogTitle, "打开南京三轴原始数据文件");
   EXPECT_EQ(importer.defaultFile, "*.SZD");
   EXPECT_TRUE(importer.form.empty());
   EXPECT_TRUE(importer.columns.empty());

@@ -4,7 +4,7 @@
 
 #include "common/gbk.h"
 #include "importers/import_fixture.h"
-#include "importers/import_selection.h"
+#include "sessions/dialogs/import_selection.h"
 #include "support/fake_dialogs.h"
 #include "support/jet_builder.h"
 
@@ -88,7 +88,7 @@ class WindowsEdition : public ImportTest {
 TEST_F(WindowsEdition, ListsProjectsInAscendingOrder) {
   database.sample(2, "A9", "S-2", "2020-05-09 08:00:00");
   database.sample(3, "P1", "S-3", "2020-06-01");
-  const auto source = importerOfId("win")->open(write());
+  const auto source = openRawSource(*importerOfId("win"), write());
   ASSERT_EQ(source->rows().size(), 2U);
   EXPECT_THAT(source->rows()[0].cells, ElementsAre("A9", "1", "2020-05-09"));
   EXPECT_THAT(source->rows()[1].cells, ElementsAre("P1", "2", "2020-05-03")) << "the date of the first row";
@@ -98,7 +98,7 @@ TEST_F(WindowsEdition, ADateTimeColumnListsAsADay) {
   database.timeKind = JetKind::Date;
   database.projects.clear();
   database.sample(1, "P1", "S-1", 43954.4);
-  EXPECT_EQ(importerOfId("win")->open(write())->rows()[0].cells[2], "2020-05-03");
+  EXPECT_EQ(openRawSource(*importerOfId("win"), write())->rows()[0].cells[2], "2020-05-03");
   import();
   EXPECT_EQ(row(0).testDate.trimmed(), "2020/05/03");
 }

@@ -22,12 +22,12 @@ using Texts = std::vector<std::string>;
 
 TEST_F(WindowsSamples, TheGrids) {
   const std::filesystem::path samples = TRIAXLAB_SAMPLES;
-  const auto win = importerOfId("win")->open(samples / "SZData.dat");
+  const auto win = openRawSource(*importerOfId("win"), samples / "SZData.dat");
   ASSERT_EQ(win->rows().size(), 3U);
   EXPECT_EQ(win->rows()[0].cells, (Texts{"2020-031", "5", "2020-05-03"}));
   EXPECT_EQ(win->rows()[1].cells, (Texts{"KC2020-07", "2", "2020-06-11"}));
   EXPECT_EQ(win->rows()[2].cells, (Texts{"XA19", "1", "2020-06-12"}));
-  const auto datx = importerOfId("win-datx")->open(samples / "SZ1.DATX");
+  const auto datx = openRawSource(*importerOfId("win-datx"), samples / "SZ1.DATX");
   ASSERT_EQ(datx->rows().size(), 3U);
   EXPECT_EQ(datx->rows()[0].cells, (Texts{"2021-118", "5", "2021-12-02"}));
   EXPECT_EQ(datx->rows()[1].cells, (Texts{"LH2021-2", "2", "2021-12-10"}));

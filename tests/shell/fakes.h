@@ -10,9 +10,9 @@
 #include <string_view>
 #include <vector>
 
-#include "importers/import_selection.h"
 #include "platform/dialogs.h"
 #include "sessions/dialogs/browser_session.h"
+#include "sessions/dialogs/import_selection.h"
 #include "sessions/dialogs/overwrite_session.h"
 #include "sessions/dialogs/range_dialog.h"
 #include "sessions/dialogs/sample_list_session.h"

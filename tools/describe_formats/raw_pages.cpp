@@ -1,6 +1,7 @@
 #include <fmt/format.h>
 
 #include "format_pages.h"
+#include "importers/importer.h"
 #include "importers/raw_layouts.h"
 #include "page.h"
 
@@ -20,8 +21,8 @@ Specimens with the same project, sample number and method are one sample. A spec
 already replaces the earlier one, and a sixth pressure is dropped.
 )";
 
-void addLayouts(Page& page, const std::vector<RawLayout>& layouts) {
-  for (const RawLayout& layout : layouts) {
+void addLayouts(Page& page, std::string_view source) {
+  for (const RawLayout& layout : importerOfId(source)->layouts()) {
     page.heading(fmt::format("{}, {} bytes", layout.title, layout.size));
     page.record(layout.rows, layout.size);
   }
@@ -40,7 +41,7 @@ written. Text ends at the first zero byte if there is one.
     block = groups byte, groups x 5 specimens        older block
           | byte (passed over), specimens            newer block; the entry tells how many
 )");
-  addLayouts(page, automaticLayouts());
+  addLayouts(page, "auto");
   page.heading("How they belong together");
   page.text(R"(
 In an older block the project number goes on with the four places of `entryProjectTail`. In a newer one it goes on with
@@ -91,7 +92,7 @@ with `zmgj` and a group has one of more than six characters there, it goes befor
 reading times the coefficient of the ring; it is put over the section that the specimen has then, in the unit that the
 stored coefficient gives it.
 )");
-  addLayouts(page, qvb98Layouts());
+  addLayouts(page, "qvb98");
   page.text(kSignAndMagnitude);
   page.text("Here reading i stands at index i, and is row i; its volume change is that of index i + 1.");
   return page.markdown();
@@ -104,7 +105,7 @@ Read by `src/importers/new_qvb.cpp`. Never written. The index is that of [HSZSJ.
 
     block = 2 bytes (passed over), specimens
 )");
-  addLayouts(page, newQvbLayouts());
+  addLayouts(page, "new-qvb");
   page.text(R"(
 Specimens with the same project, sample number and method are one sample. A specimen of a pressure that its sample has
 already is filled over the earlier one, of which what it doesn't write itself stays; a sixth pressure is dropped.
@@ -120,7 +121,7 @@ std::string manualPage() {
 Read by `src/importers/manual.cpp`. Never written. There is no count: a hundred index entries stand from offset 0, and the
 records, one specimen each, from offset 4000. An entry whose records lie outside the file is shown and brings what there is.
 )");
-  addLayouts(page, manualLayouts());
+  addLayouts(page, "manual");
   page.text(kOneSample);
   page.text(R"(
 No word has a sign bit of its own. The word −30000 stands for a reading that was not taken: a stress drops its row, a pore

@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "common/user_error.h"
-#include "importers/import_selection.h"
 #include "platform/dialogs.h"
+#include "sessions/dialogs/import_selection.h"
 
 class QLabel;
 class QPushButton;

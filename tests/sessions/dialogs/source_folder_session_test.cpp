@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "importers/import_selection.h"
+#include "sessions/dialogs/import_selection.h"
 #include "shell/fakes.h"
 #include "shell/lab.h"
 #include "store/settings/settings_file.h"

@@ -1,4 +1,4 @@
-#include "importers/import_selection.h"
+#include "sessions/dialogs/import_selection.h"
 
 #include <fmt/core.h>
 
@@ -60,7 +60,8 @@ void ImportSelection::open(const std::filesystem::path& sourcePath) {
   m_marked.clear();
   m_order.clear();
   m_markCount = 0;
-  m_source = m_importer.open(sourcePath);
+  m_source = openRawSource(m_importer, sourcePath);
+  m_path = sourcePath;
   m_marked.assign(m_source->rows().size(), false);
   m_order.resize(m_marked.size());
   std::iota(m_order.begin(), m_order.end(), std::size_t{0});
@@ -116,7 +117,10 @@ ImportReport ImportSelection::read(const Progress& progress) {
   std::vector<std::size_t> marked;
   for (const std::size_t row : m_order)
     if (m_marked[row]) marked.push_back(row);
-  return m_source->read(marked, m_workspace, progress);
+  ImportReport report = m_source->read(marked, m_workspace, progress);
+  if (report.samples == 0 && report.remarks.empty())
+    report.remarks.push_back(fmt::format("文件“{}”选中的数据中没有试样，没有读入任何内容。", textOfPath(m_path)));
+  return report;
 }
 
 }  // namespace triaxlab

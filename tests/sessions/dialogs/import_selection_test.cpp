@@ -1,4 +1,4 @@
-#include "importers/import_selection.h"
+#include "sessions/dialogs/import_selection.h"
 
 #include <optional>
 
@@ -117,6 +117,16 @@ TEST_F(Selection, AFileThatCannotBeReadLeavesTheGridEmpty) {
   EXPECT_EQ(selection.state().label2, "选中的试样组数：0");
 }
 
+TEST_F(Selection, AnImportThatBringsNoSampleSaysSo) {
+  ImportSelection selection(*importerOfId("auto"), workspace);
+  selection.open(folder.write("HSZSJ.KU", kuFile({newerEntry({noSpecimen()}), newerEntry({Specimen{}})})));
+  selection.toggleMark(1, dialogs);
+  const std::string file = (folder.path() / "HSZSJ.KU").string();
+  EXPECT_EQ(selection.read().remarks, Remarks{"文件“" + file + "”选中的数据中没有试样，没有读入任何内容。"});
+  selection.toggleMark(2, dialogs);
+  EXPECT_TRUE(selection.read().remarks.empty());
+}
+
 TEST_F(Selection, ADoubleClickTogglesTheMark) {
   ImportSelection selection(*importerOfId("auto"), workspace);
   selection.open(folder.write("HSZSJ.KU", threeRows()));
@@ -208,7 +218,7 @@ class LongSource : public RawSource {
   std::span<const SourceRow> rows() const override { return m_rows; }
   const Remarks& remarks() const override { return m_remarks; }
   ImportReport read(std::span<const std::size_t> marked, Workspace&, const Progress&) const override {
-    return {marked.size(), {}};
+    return {.sampleRows = marked.size(), .samples = marked.size(), .remarks = {}};
   }
 
  private:
@@ -222,7 +232,7 @@ TEST_F(Selection, MoreThan999MarksAreRefused) {
   Importer importer = *importerOfId("auto");
   importer.open = openLong;
   ImportSelection selection(importer, workspace);
-  selection.open("anywhere");
+  selection.open(folder.write("HSZSJ.KU", ""));
   for (std::size_t row = 1; row <= 999; ++row) selection.toggleMark(row, dialogs);
   EXPECT_TRUE(dialogs.messages.empty());
   selection.toggleMark(1000, dialogs);

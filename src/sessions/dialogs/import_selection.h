@@ -59,7 +59,8 @@ class ImportSelection {
   /// time. Rows that are equal stay as they stand; marks go with their rows.
   void sort(std::size_t button);
 
-  /// 处理: reads the marked rows into the tables of the workspace; see RawSource::read. The document window is then
+  /// 处理: reads the marked rows into the tables of the workspace; see RawSource::read. An import that brings no sample
+  /// says so in a remark. The document window is then
   /// prepared as for an opened project. Pre: state().canRead.
   ImportReport read(const Progress& progress = {});
 
@@ -67,6 +68,7 @@ class ImportSelection {
   const Importer& m_importer;
   Workspace& m_workspace;
   std::unique_ptr<RawSource> m_source;  // nothing while no database is open
+  std::filesystem::path m_path;         // of the open database
   std::vector<std::size_t> m_order;     // the source's rows as the grid shows them
   std::vector<bool> m_marked;           // one a row of the source
   std::vector<bool> m_sortsAscending;   // how each of the importer's sorts ran last

@@ -1,5 +1,4 @@
-// Raw databases of the apparatus with binary files: whatever the bytes are, a reader lists rows and reads all of them.
-// One target for each kind of file; TRIAXLAB_FUZZ_SOURCES tells which readers it is for.
+// Raw databases: whatever the bytes are, the reader of each source refuses them, or lists rows and reads all of them.
 #include <unistd.h>
 
 #include <cstddef>
@@ -7,10 +6,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <initializer_list>
 #include <numeric>
 #include <string>
-#include <string_view>
 
 #include "common/user_error.h"
 #include "importers/importer.h"
@@ -23,7 +20,7 @@ using namespace triaxlab;
 /// The input as a file, since the readers take files.
 class InputFile {
  public:
-  InputFile() : m_path(std::filesystem::temp_directory_path() / ("fuzz-ku-" + std::to_string(getpid()))) {}
+  InputFile() : m_path(std::filesystem::temp_directory_path() / ("fuzz-raw-" + std::to_string(getpid()))) {}
   InputFile(const InputFile&) = delete;
   InputFile& operator=(const InputFile&) = delete;
   ~InputFile() {
@@ -40,7 +37,7 @@ class InputFile {
 };
 
 void importAll(const Importer& importer, const std::filesystem::path& path, Workspace& workspace) {
-  const auto source = importer.open(path);
+  const auto source = openRawSource(importer, path);
   std::vector<std::size_t> rows(source->rows().size());
   std::iota(rows.begin(), rows.end(), std::size_t{0});
   if (rows.size() > 100) std::abort();
@@ -54,11 +51,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static InputFile file;
   static Workspace workspace;
   const auto& path = file.write(data, size);
-  for (const std::string_view source : std::initializer_list<std::string_view>{TRIAXLAB_FUZZ_SOURCES}) {
+  for (const Importer* importer : importers()) {
+    if (!importer->isBuilt()) continue;
     try {
-      importAll(*importerOfId(source), path, workspace);
+      importAll(*importer, path, workspace);
     } catch (const UserError&) {
-      // More samples than the table has rows.
+      // A file of another source, or more samples than the table has rows.
     }
   }
   return 0;

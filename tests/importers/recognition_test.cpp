@@ -1,0 +1,104 @@
+// A file of another source is refused by name before anything changes; one that may be damaged is read as far as it
+// goes.
+#include <array>
+
+#include "importers/import_fixture.h"
+#include "importers/source_builders.h"
+
+namespace triaxlab::testing {
+namespace {
+
+struct SampleFile {
+  std::string_view source;
+  std::string_view title;
+  std::string bytes;
+};
+
+std::string automaticFile() {
+  const Specimen specimen{.testMethod = 1, .initialHeight = 800, .initialArea = 1200, .stress = {{1, 110}, {2, 120}}};
+  return kuFile({olderEntry({{specimen, specimen}}), newerEntry({specimen})});
+}
+
+/// A whole file of each source, with specimens such as an apparatus takes.
+std::vector<SampleFile> filesOfAllSources() {
+  return {{"auto", "全自动三轴试验原始数据库", automaticFile()},
+          {"qvb98", "QVB98三轴试验原始数据库", kuFile({qvbEntry({{QvbSpecimen{.dial = {{0, 100}}}}})})},
+          {"new-qvb", "新QVB三轴试验原始数据库", kuFile({newQvbEntry({NewQvbSpecimen{.dial = {{1, 100}}}})})},
+          {"manual", "人工三轴试验原始数据库", manualFile({{.count = 1}}, {ManualSpecimen{.stress = {{1, 100}}}})},
+          {"nanjing", "南京三轴原始数据文件", NanjingBlock{.readings = {100, 200}}.bytes()}};
+}
+
+class Recognising : public ImportTest {
+ protected:
+  std::string refusalOf(std::string_view bytes, std::string_view source) {
+    const ImportedState before(workspace);
+    const std::string sentence = refusal(bytes, source);
+    EXPECT_TRUE(sentence == "not refused" || ImportedState(workspace) == before);
+    return sentence;
+  }
+};
+
+TEST_F(Recognising, EachReaderTakesItsOwnFileAndNamesTheOwnerOfAnother) {
+  for (const SampleFile& file : filesOfAllSources())
+    for (const SampleFile& reader : filesOfAllSources()) {
+      const std::string sentence = refusalOf(file.bytes, reader.source);
+      if (file.source == reader.source)
+        EXPECT_EQ(sentence, "not refused") << file.source;
+      else
+        EXPECT_EQ(sentence, "文件“" + (folder.path() / "HSZSJ.KU").string() + "”不是" + std::string(reader.title) +
+                                "，看起来是" + std::string(file.title) + "，数据没有读入。请核对所选的数据来源和文件。")
+            << file.source << " read as " << reader.source;
+    }
+}
+
+TEST_F(Recognising, BothReadersOfAFileTakeIt) { EXPECT_EQ(refusalOf(automaticFile(), "auto-old"), "not refused"); }
+
+TEST_F(Recognising, ADatabaseOfTheWindowsEditionIsKnownByItsHead) {
+  const Bytes bytes = readWholeFile(std::filesystem::path(TRIAXLAB_SAMPLES) / "SZData.dat", 10'000'000);
+  const std::string_view database(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+  for (const std::string_view source : {"auto", "qvb98", "new-qvb", "manual", "nanjing"})
+    EXPECT_NE(refusalOf(database, source).find("看起来是WIN版三轴试验原始数据库"), std::string::npos) << source;
+  for (const SampleFile& file : filesOfAllSources())
+    EXPECT_NE(refusalOf(file.bytes, "win").find("看起来是" + std::string(file.title)), std::string::npos)
+        << file.source;
+}
+
+TEST_F(Recognising, WhatNoSourceKnowsIsRefusedWithoutAnOwner) {
+  const std::string letter = "Dear colleague, the tests of this week are not finished yet; please wait until Monday.\n";
+  EXPECT_EQ(refusalOf(letter, "auto"), "文件“" + (folder.path() / "HSZSJ.KU").string() +
+                                           "”不是全自动三轴试验原始数据库，数据没有读入。请核对所选的数据来源和文件。");
+}
+
+TEST_F(Recognising, AnEmptyIndexIsNobodysAndEverybodys) {
+  for (const std::string_view source : {"auto", "auto-old", "qvb98", "new-qvb"})
+    for (const std::string& bytes : {std::string(), word(0), word(-5)})
+      EXPECT_TRUE(openFile(bytes, source)->rows().empty()) << source;
+}
+
+TEST_F(Recognising, ACutFileIsStillReadByItsOwnReader) {
+  for (const SampleFile& file : filesOfAllSources())
+    for (std::size_t size = 0; size < file.bytes.size(); size += 53)
+      EXPECT_EQ(refusalOf(std::string_view(file.bytes).substr(0, size), file.source), "not refused")
+          << file.source << " " << size;
+}
+
+TEST_F(Recognising, OneWrongByteIsNoOtherSource) {
+  for (const SampleFile& file : filesOfAllSources())
+    for (std::size_t at = 0; at < std::min<std::size_t>(file.bytes.size(), 90); ++at) {
+      std::string bytes = file.bytes;
+      bytes[at] = static_cast<char>(~static_cast<unsigned char>(bytes[at]));
+      EXPECT_EQ(refusalOf(bytes, file.source), "not refused") << file.source << " " << at;
+    }
+}
+
+TEST_F(Recognising, ReadersYetToComeAreKnownByName) {
+  for (const Importer* importer : importers()) {
+    EXPECT_FALSE(importer->id.empty());
+    EXPECT_EQ(importer->isBuilt(), importer->recognise != nullptr) << importer->id;
+  }
+  EXPECT_FALSE(importerOfId("unconfined-kzj")->isBuilt());
+  EXPECT_EQ(importers().size(), 15U);
+}
+
+}  // namespace
+}  // namespace triaxlab::testing
