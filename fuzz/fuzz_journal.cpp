@@ -24,9 +24,10 @@ void recoverTwice(const fuzz::Folders& folders) {
     try {
       FileUpdate::recover(folders.data());
     } catch (const UserError&) {
-      // Complete, and one of its files can't be written: it stays for the next time.
-      std::filesystem::remove(folders.data() / "journal");
+      // It can't be read.
     }
+    // One that is complete, and whose files can't be written, stays for the next time.
+    std::filesystem::remove_all(folders.data() / "journal");
   }
   folders.checkNothingStrayed();
 }
@@ -41,18 +42,18 @@ T take(std::string_view& input) {
 }
 
 /// What the input says, with the input itself as data.
-std::vector<JournalFile> filesOf(std::string_view input, JournalSpans& data) {
+std::vector<SaveJournalFile> filesOf(std::string_view input, SaveJournalSpans& data) {
   const std::string_view whole = input;
-  std::vector<JournalFile> files;
+  std::vector<SaveJournalFile> files;
   while (!input.empty()) {
     const std::size_t end = std::min(input.find('\n'), input.size());
-    JournalFile file;
+    SaveJournalFile file;
     file.path = input.substr(0, end);
     input.remove_prefix(std::min(end + 1, input.size()));
-    file.deed = static_cast<JournalDeed>(take<std::uint8_t>(input));
+    file.deed = static_cast<SaveJournalDeed>(take<std::uint8_t>(input));
     const auto offset = take<std::uint64_t>(input);
     const std::string_view bytes = whole.substr(0, take<std::uint16_t>(input));
-    if (file.deed == JournalDeed::Write)
+    if (file.deed == SaveJournalDeed::Write)
       file.pieces.push_back({offset, bytes.size(), data.append(std::as_bytes(std::span(bytes)))});
     files.push_back(file);
   }
@@ -69,9 +70,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   folders.put("journal", data, size);
   recoverTwice(folders);
 
-  JournalSpans spans;
-  const std::vector<JournalFile> files = filesOf({reinterpret_cast<const char*>(data), size}, spans);
-  writeJournal(folders.data() / "journal", files, spans);
+  SaveJournalSpans spans;
+  const std::vector<SaveJournalFile> files = filesOf({reinterpret_cast<const char*>(data), size}, spans);
+  writeSaveJournal(folders.data() / "journal", files, spans);
   recoverTwice(folders);
   return 0;
 }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <string>
 #include <string_view>
 
 namespace triaxlab {
@@ -20,6 +21,12 @@ void startProgram(const std::filesystem::path& program);
 /// Goes on as another program with these arguments, the first of which is a name and the last null; what this one has
 /// written is flushed first. Returns only by a UserError, when the program can't be started.
 [[noreturn]] void becomeProgram(const std::filesystem::path& program, char* const* arguments);
+
+/// A word for file names that no other program has, on this machine or another, and that is new at each call: the name
+/// of the machine, the number of the process, a number drawn by lot, and a count.
+std::string ownName();
+/// True for a word that ownName may have given to any program.
+bool isOwnName(std::string_view text);
 
 enum class Raising : std::uint8_t {
   Done,          // the desktop was asked to bring the window to the front

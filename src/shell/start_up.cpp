@@ -15,6 +15,7 @@
 #include "platform/files.h"
 #include "shell/ini_settings.h"
 #include "store/safety/file_update.h"
+#include "store/safety/leftovers.h"
 #include "store/settings/settings_file.h"
 #include "store/settings/source_folders.h"
 #include "store/settings/toggles.h"
@@ -145,7 +146,8 @@ std::optional<Remarks> startUp(Workspace& workspace, const InstanceCheck& isOnly
   if (workspace.sourceFolder.empty()) workspace.sourceFolder = kUsualSourceFolder;
   attempt(remarks, [&] { makeFolder(workspace.projectFolder()); });
   // Completes or drops the save during which the program was killed.
-  attempt(remarks, [&] { FileUpdate::recover(workspace.knownDataFolder()); });
+  attempt(remarks, [&] { append(remarks, FileUpdate::recover(workspace.knownDataFolder())); });
+  if (workspace.dataFolderProblem.empty()) takeAwayLeftovers(workspace);
   for (const SourceFolder& folder : kSourceFolders) {
     if (folder.inUse == nullptr) continue;
     workspace.*folder.inUse = textOfPath(workspace.applicationFolder);

@@ -6,6 +6,8 @@
 #include "page.h"
 #include "store/project/old_formats.h"
 #include "store/safety/backup.h"
+#include "store/safety/data_lock.h"
+#include "store/safety/leftovers.h"
 #include "store/safety/save_journal.h"
 #include "store/safety/save_journal_format.h"
 
@@ -15,10 +17,12 @@ std::string saveJournalPage() {
   Page page("The journal of a save");
   page.text(fmt::format(R"(
 A save reaches the disk in all its files or in none. The file `{0}` in the data folder first takes every byte that
-the save is about to write and says where it belongs; it is synced, then the files are written and synced, then it is
-removed. One that is found at a start or an open was left by a program that died: a complete one is applied, once more if
-need be; an incomplete one means that no file had changed yet, and is dropped. `{1}` beside it is the new content of
-a file that is replaced as a whole; without a complete journal it is worth nothing.
+the save is about to write and says where it belongs: it is made as `{2}…{3}`, synced, and gets its name; then the
+files are written and synced, then it is removed. One that is found at a start or an open was left by a program that died: a complete one is applied, once more if
+need be; an incomplete one means that no file had changed yet, and is dropped. `{4}…{1}` beside it is the new content of
+a file that is replaced as a whole; without a complete journal it is worth nothing. The … is a word that no other program
+has, on this machine or another. A journal that can't be applied waits, and keeps its files from all other saves; the
+journals of saves of other files are then called `{0}.2` to `{0}.9`.
 
     head
     index     for each file: its entry, its path, and for each of its pieces an entry
@@ -29,7 +33,8 @@ A journal counts only when the size of the file, both marks, the checksum and ev
 `HSZS/file` or `ZMSJ/file` below the data folder, UTF-8, the folder in any case; any other path, or a place beyond 2^31,
 makes the whole journal void, so that no journal can reach another file. Numbers are little-endian.
 )",
-                        kSaveJournalName, kNewContentName));
+                        kSaveJournalName, kNewContent.end, kUnfinishedSaveJournal.begin, kUnfinishedSaveJournal.end,
+                        kNewContent.begin));
   page.heading("Head");
   page.record(fieldRows<SaveJournalHead>(), sizeof(SaveJournalHead));
   page.heading("Index: a file");
@@ -55,26 +60,31 @@ std::string backupsPage() {
 Before a run of the program first changes a project file, a copy of it goes into the folder `{0}` beside it:
 `HSZS\{0}\WKSZ17_20240506-143015-000000.txt` is `WKSZ17.txt` as it was on 2024-05-06 at 14:30:15, local time to the
 microsecond. The bytes are those of the project file. The newest {1} copies of a project are kept, and {2} MB of all
-together; the oldest go first. `copy.new` is a copy that didn't get finished.
+together; the oldest go first. A file that the newest of its copies equals is not copied again.
 )",
                         kBackupFolder, kMostBackupsOfAProject, kLargestBackups >> 20));
   page.heading("Files that are there for a moment");
   const auto quoted = [](std::string_view name) { return fmt::format("`{}`", name); };
+  const auto passing = [](const PassingName& name) { return fmt::format("`{}…{}`", name.begin, name.end); };
   const std::vector<std::vector<std::string>> rows{
       {quoted(kSaveJournalName), "data",
        "[the journal](save-journal.md) of a save that is under way or was interrupted"},
-      {quoted(kNewContentName), "data", "the new content of a file that such a save replaces"},
-      {quoted("a.bak"), "application", "a project file with its samples in a new order"},
-      {quoted(kOldTriaxialFormat.temporaryName), "application",
+      {passing(kUnfinishedSaveJournal), "data", "a save journal that isn't complete yet"},
+      {passing(kNewContent), "data", "the new content of a file that such a save replaces"},
+      {quoted(kLockFileName), "data", "held by the program that is changing files of the data folder"},
+      {passing(kUnfinishedCopy), "backup", "a copy that isn't complete yet"},
+      {passing(kReorderedFile), "application", "a project file with its samples in a new order"},
+      {passing(kOldTriaxialFormat.temporaryName), "application",
        "a triaxial project file of a former version in today's format"},
-      {quoted(kOldUnconfinedFormat.temporaryName), "application",
+      {passing(kOldUnconfinedFormat.temporaryName), "application",
        "an unconfined project file of a former version in today's format"},
       {"`NAME.new`", "any", "the new content of a file that is written as a whole, before it is renamed over `NAME`"},
   };
   page.table(std::array<std::string_view, 3>{"file", "folder", "what it is"}, rows);
   page.text(R"(
-All of them can be deleted while no program runs, but for `journal` and `journal.new`: they may be the only whole copy
-of the last save.
+The … is a word of the maker's own, so that two programs never write one file. What a dead program has left goes at the
+next start. All of them can be deleted while no program runs, but for `journal` and its new contents: they may be the only
+whole copy of the last save.
 )");
   return page.markdown();
 }

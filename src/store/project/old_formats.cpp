@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "store/safety/leftovers.h"
 #include "triaxial/record.h"
 #include "unconfined/record.h"
 
@@ -51,7 +52,7 @@ static_assert(kColumnsStart + 6 * sizeof(UnconfinedColumn) == kScalarsStart);
 
 }  // namespace
 
-constinit const OldFormat kOldTriaxialFormat{kOldTriaxialSize, kTriaxialCopies, "b.bak"};
-constinit const OldFormat kOldUnconfinedFormat{kOldUnconfinedSize, kUnconfinedCopies, "WCX.BAK"};
+constinit const OldFormat kOldTriaxialFormat{kOldTriaxialSize, kTriaxialCopies, kUpgradedTriaxialFile};
+constinit const OldFormat kOldUnconfinedFormat{kOldUnconfinedSize, kUnconfinedCopies, kUpgradedUnconfinedFile};
 
 }  // namespace triaxlab

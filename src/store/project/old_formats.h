@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <span>
 
+#include "store/safety/passing_file.h"
+
 namespace triaxlab {
 
 /// Bytes of an old record and where they stand today.
@@ -14,7 +16,7 @@ struct FieldCopy {
 struct OldFormat {
   std::size_t recordSize;
   std::span<const FieldCopy> copies;  // every byte of the old record, in order
-  const char* temporaryName;  // of the upgraded file in the applicationFolder, until it takes the old one's place
+  PassingName temporaryName;  // of the upgraded file in the applicationFolder, until it takes the old one's place
 };
 
 extern const OldFormat kOldTriaxialFormat, kOldUnconfinedFormat;

@@ -110,10 +110,10 @@ SampleRange limitedRange(SampleRange wanted) {
 
 Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fileName,
                     const RangeChooser& chooseRange) {
-  FileUpdate::recover(workspace.knownDataFolder(), workspace.lockPatience);
   const ProjectKindInfo& info = infoOf(kind);
-  const std::filesystem::path path = findProjectFile(workspace.projectFolder(), info, fileName);
-  Remarks remarks = upgradeProject(workspace, info, path);
+  Remarks remarks;
+  const std::filesystem::path path = findFinishedFile(workspace, info, fileName, remarks);
+  for (const std::string& remark : upgradeProject(workspace, info, path)) remarks.push_back(remark);
   const File file = File::below(workspace.dataFolder, path, File::Mode::Read);
   const FileStamp stamp = file.stamp();
   OpenedFile opened{file, info, readProjectHead(readerOf(file), info, path), {}, {}, std::move(remarks)};

@@ -10,6 +10,7 @@
 #include "common/small_letters.h"
 #include "common/user_error.h"
 #include "store/project/project_number.h"
+#include "store/safety/file_update.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
@@ -107,6 +108,14 @@ std::filesystem::path findProjectFile(const std::filesystem::path& folder, const
   const std::optional<std::filesystem::path> path = findFile(folder, fileName);
   if (!path) throw UserError(fmt::format("没有文件“{}”。", textOfPath(folder / pathFromText(fileName))));
   return *path;
+}
+
+std::filesystem::path findFinishedFile(const Workspace& workspace, const ProjectKindInfo& info,
+                                       std::string_view fileName, Remarks& remarks) {
+  const std::filesystem::path wanted = workspace.projectFolder() / pathFromText(fileName);
+  const Remarks told = FileUpdate::recover(workspace.knownDataFolder(), workspace.lockPatience, wanted);
+  remarks.insert(remarks.end(), told.begin(), told.end());
+  return findProjectFile(workspace.projectFolder(), info, fileName);
 }
 
 }  // namespace triaxlab

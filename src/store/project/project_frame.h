@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "common/fixed_text.h"
+#include "common/user_error.h"
 #include "platform/files.h"
 #include "store/project/project_header.h"
 #include "store/project/project_kinds.h"
@@ -76,5 +77,11 @@ std::vector<SampleIndexEntry> loadSampleIndex(const ReadAt& readAt, std::uint64_
 /// it doesn't or is missing.
 std::filesystem::path findProjectFile(const std::filesystem::path& folder, const ProjectKindInfo& info,
                                       std::string_view fileName);
+
+struct Workspace;
+/// The same, after the saves that dead programs left were finished. UserError also when one that concerns this file
+/// can't be; of others there is a remark.
+std::filesystem::path findFinishedFile(const Workspace& workspace, const ProjectKindInfo& info,
+                                       std::string_view fileName, Remarks& remarks);
 
 }  // namespace triaxlab

@@ -62,10 +62,10 @@ std::vector<ProjectListRow> listProjects(const Workspace& workspace, ProjectKind
 }
 
 SampleListTable listSamples(Workspace& workspace, ProjectKind kind, std::string_view fileName, Remarks* remarks) {
-  FileUpdate::recover(workspace.knownDataFolder(), workspace.lockPatience);
   const ProjectKindInfo& info = infoOf(kind);
-  const std::filesystem::path path = findProjectFile(workspace.projectFolder(), info, fileName);
-  Remarks found = upgradeProject(workspace, info, path);
+  Remarks found;
+  const std::filesystem::path path = findFinishedFile(workspace, info, fileName, found);
+  for (const std::string& remark : upgradeProject(workspace, info, path)) found.push_back(remark);
   const File file = File::below(workspace.dataFolder, path, File::Mode::Read);
   workspace.fileMemory.remember(FileUse::List, path, file.stamp());
   const ProjectHead head = readProjectHead(readerOf(file), info, path);

@@ -78,6 +78,7 @@ void ProjectSave::finish() {
   for (const std::filesystem::path& file : written)
     if (const std::optional<FileStamp> stamp = stampAfterChange(file))
       m_workspace.fileMemory.remember(FileUse::Document, file, *stamp);
+  for (const std::string& remark : m_update->remarks()) m_remarks.push_back(remark);
   committed();
   m_workspace.projectHeader = lastHeader();
 }

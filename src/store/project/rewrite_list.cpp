@@ -13,13 +13,13 @@
 #include "store/project/upgrade.h"
 #include "store/safety/backup.h"
 #include "store/safety/file_update.h"
+#include "store/safety/leftovers.h"
 #include "store/safety/own_changes.h"
+#include "store/safety/passing_file.h"
 #include "store/summary/summary_update.h"
 
 namespace triaxlab {
 namespace {
-
-constexpr const char* kTemporaryName = "a.bak";
 
 /// About how much is copied at a time.
 constexpr std::size_t kCopyBlock = std::size_t{1} << 20;
@@ -67,29 +67,19 @@ void copyRecords(const File& from, File& to, const ProjectKindInfo& info, int sa
   }
 }
 
-void removeQuietly(const std::filesystem::path& path) {
-  try {
-    removeFile(path);
-  } catch (const UserError&) {
-    // There is a failure to tell already; the next rewrite writes over what is left.
-  }
-}
-
 /// Makes the new content, whole and on the disk, and puts it at `target`.
 void makeNewContent(const Workspace& workspace, const File& old, const ProjectKindInfo& info, ProjectHead head,
                     std::span<const std::uint32_t> order, const std::filesystem::path& target) {
-  const std::filesystem::path temporary = fileOrNew(workspace.applicationFolder, kTemporaryName);
+  PassingFile temporary(workspace.applicationFolder, kReorderedFile);
   SetText(head.header.sampleCount, FormatPadded(static_cast<std::int64_t>(order.size()), 4));
   try {
-    removeFile(temporary);  // it may be a link to somewhere else
-    File file(temporary, File::Mode::Create);
+    File file = temporary.make();
     file.writeAt(0, bytesOf(head.header));
     copyRecords(old, file, info, head.sampleCount, order);
     file.sync();
-    moveFile(temporary, target);
+    temporary.moveTo(target);
     syncFolder(target.parent_path());
   } catch (const UserError& cause) {
-    removeQuietly(temporary);
     throw UserError(fmt::format("文件“{}”没有重排，原文件没有改动。{}", textOfPath(old.path()), cause.what()));
   }
 }
@@ -134,6 +124,7 @@ void rewriteLocked(Workspace& workspace, FileUpdate& update, const ProjectKindIn
   }
   const std::array paths{path};
   commitOwnChanges(update, workspace.fileMemory, paths);
+  for (const std::string& remark : update.remarks()) report.remarks.push_back(remark);
   if (const std::optional<FileStamp> stamp = stampAfterChange(path))
     workspace.fileMemory.remember(FileUse::List, path, *stamp);
 }

@@ -31,7 +31,7 @@ struct RewriteReport {
 /// A file that another program changed since its samples were listed is rewritten when `mayOverwriteChanges` says so:
 /// the positions are those of the list. Before its first change a copy of the file is kept (store/safety/backup.h).
 ///
-/// All or nothing over both files, also for a crash. The new file is made in the applicationFolder (a.bak).
+/// All or nothing over both files, also for a crash. The new file is made in the applicationFolder (a.….bak).
 /// UserError: as openProject; an order with a position that the file doesn't have, or with one twice; a kind whose
 /// files are never written; a summary file that can't be read; a full disk; another program at its save; a refusal to
 /// write over changes. Nothing has changed then.

@@ -12,6 +12,7 @@
 #include "store/project/project_frame.h"
 #include "store/safety/backup.h"
 #include "store/safety/own_changes.h"
+#include "store/safety/passing_file.h"
 
 namespace triaxlab {
 namespace {
@@ -73,23 +74,6 @@ class Conversion {
   Bytes m_oldBlank;
 };
 
-/// A temporary file that isn't whole is of no use to anybody, and the disk may be full.
-void writeTemporary(const std::filesystem::path& path, const Conversion& conversion) {
-  removeFile(path);  // it may be a link to somewhere else
-  try {
-    File file(path, File::Mode::Create);
-    conversion.writeTo(file);
-    file.sync();
-  } catch (const UserError&) {
-    try {
-      removeFile(path);
-    } catch (const UserError&) {
-      // The first failure is the one to tell.
-    }
-    throw;
-  }
-}
-
 /// The head of the file if it has the old format.
 std::optional<ProjectHead> oldHead(const File& file, const ProjectKindInfo& info) {
   const ProjectHead head = readAnyProjectHead(readerOf(file), file.path());
@@ -121,13 +105,15 @@ Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindIn
   if (!head) return {};
   lock.take(file);
   const Conversion conversion(old, info, *format, *head);
-  const std::filesystem::path temporary = fileOrNew(workspace.applicationFolder, format->temporaryName);
+  PassingFile temporary(workspace.applicationFolder, format->temporaryName);
   const std::optional<std::string> shortage = conversion.shortage();
   Remarks remarks = keepCopy(workspace, file, roomFor(info, *head));
   const FileStamp before = old.stamp();  // a file that loses its name gets another
   try {
-    writeTemporary(temporary, conversion);
-    moveFile(temporary, file);
+    File converted = temporary.make();
+    conversion.writeTo(converted);
+    converted.sync();
+    temporary.moveTo(file);
   } catch (const UserError& cause) {
     throw UserError(fmt::format("文件“{}”是旧格式的数据文件，没有转换成新格式，原文件没有改动。{}", textOfPath(file),
                                 cause.what()));

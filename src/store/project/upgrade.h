@@ -17,11 +17,10 @@ namespace triaxlab {
 /// others are blank, the end text of a triaxial file comes along. A current file, a missing one and one of another kind
 /// are left alone.
 ///
-/// The new file is made in the applicationFolder (b.bak, WCX.BAK), synced, and put in the old one's place in one step.
-/// UserError when that fails, or when the head is damaged: the old file is then as it was, and a finished .bak stays
-/// until the next attempt. A file that holds fewer samples than it says gets blank ones, and a remark. A copy of the
-/// old file is kept (store/safety/backup.h). The lock is that of a save; without one, an old file is locked for the
-/// time of it.
+/// The new file is made in the applicationFolder (b.….bak, WCX.….BAK), synced, and put in the old one's place in one
+/// step. UserError when that fails, or when the head is damaged: the old file is then as it was. A file that holds
+/// fewer samples than it says gets blank ones, and a remark. A copy of the old file is kept (store/safety/backup.h).
+/// The lock is that of a save; without one, an old file is locked for the time of it.
 Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindInfo& info,
                        const std::filesystem::path& file);
 Remarks upgradeProject(Workspace& workspace, const ProjectKindInfo& info, const std::filesystem::path& file);

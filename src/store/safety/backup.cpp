@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstring>
 #include <ctime>
 #include <map>
 #include <optional>
@@ -15,13 +16,14 @@
 #include "common/small_letters.h"
 #include "platform/files.h"
 #include "store/project/project_number.h"
+#include "store/safety/leftovers.h"
+#include "store/safety/passing_file.h"
 
 namespace triaxlab {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kUnfinishedCopy = "copy.new";
 constexpr std::string_view kTimePattern = "00000000-000000-000000";  // a digit for each 0
 constexpr std::size_t kExtensionSize = 4;                            // ".txt", in whatever case
 
@@ -74,7 +76,7 @@ fs::path backupFolderBeside(const fs::path& dataFolder, const fs::path& file) {
   return folder;
 }
 
-void copyInto(const fs::path& unfinished, const fs::path& file, std::uint64_t room) {
+void copyInto(PassingFile& unfinished, const fs::path& file, std::uint64_t room) {
   const File original(file, File::Mode::Read);
   const std::uint64_t size = original.size();
   if (size > kLargestBackups) throw UserError(fmt::format("它有 {} 字节，大于全部备份的上限。", size));
@@ -84,8 +86,7 @@ void copyInto(const fs::path& unfinished, const fs::path& file, std::uint64_t ro
   };
   // Also shared blocks take space of their own as soon as the save writes over them.
   requireSpace(room);
-  removeFile(unfinished);  // it may be a link to somewhere else
-  File copy(unfinished, File::Mode::Create);
+  File copy = unfinished.make();
   if (!copy.shareContentOf(original)) {
     requireSpace(room + size);
     copy.copyContentOf(original);
@@ -95,18 +96,13 @@ void copyInto(const fs::path& unfinished, const fs::path& file, std::uint64_t ro
 
 /// Makes a copy, whole and on the disk, and returns its name.
 std::string makeCopy(const fs::path& folder, const fs::path& file, std::uint64_t room) {
-  const fs::path unfinished = folder / kUnfinishedCopy;
-  try {
-    copyInto(unfinished, file, room);
-    std::string name = newName(folder, textOfPath(file.filename()));
-    renameFile(unfinished, folder / name);
-    syncFolder(folder);
-    return name;
-  } catch (const UserError&) {
-    std::error_code ignored;  // the next copy is written over it
-    fs::remove(unfinished, ignored);
-    throw;
-  }
+  PassingFile unfinished(folder, kUnfinishedCopy);
+  copyInto(unfinished, file, room);
+  std::string name = newName(folder, textOfPath(file.filename()));
+  renameFile(unfinished.path(), folder / name);
+  unfinished.leave();
+  syncFolder(folder);
+  return name;
 }
 
 /// The copies that are there, `newest` first, whatever the clock says, and then by age.
@@ -119,6 +115,31 @@ std::vector<Copy> copiesIn(const fs::path& folder, const std::string& newest) {
     return a.time != b.time ? a.time > b.time : a.name < b.name;
   });
   return copies;
+}
+
+bool holdTheSame(const File& a, const File& b) {
+  if (a.size() != b.size()) return false;
+  constexpr std::size_t kAtOnce = std::size_t{1} << 18;
+  Bytes fromA(kAtOnce), fromB(kAtOnce);
+  for (std::uint64_t done = 0;;) {
+    const std::size_t got = a.readAt(done, fromA);
+    if (b.readAt(done, fromB) != got || std::memcmp(fromA.data(), fromB.data(), got) != 0) return false;
+    if (got < kAtOnce) return true;
+    done += got;
+  }
+}
+
+/// A copy of what is there already would push out an older state, and many of them all.
+bool newestCopyIs(const fs::path& folder, const fs::path& file) {
+  const std::string project = caseless(textOfPath(file.filename()));
+  try {
+    for (const Copy& copy : copiesIn(folder, ""))
+      if (copy.project == project)
+        return holdTheSame(File(folder / copy.name, File::Mode::Read), File(file, File::Mode::Read));
+  } catch (const UserError&) {
+    // A copy that can't be read is none.
+  }
+  return false;
 }
 
 void dropTooManyCopies(const fs::path& folder, const std::string& newest) {
@@ -151,7 +172,7 @@ Remarks keepCopy(Workspace& workspace, const fs::path& file, std::uint64_t room,
   if (states == CopyOf::OthersStates && workspace.fileMemory.hasCopy(file, *stamp)) return {};
   try {
     const fs::path folder = backupFolderBeside(workspace.dataFolder, file);
-    dropOldCopies(folder, makeCopy(folder, file, room));
+    if (!newestCopyIs(folder, file)) dropOldCopies(folder, makeCopy(folder, file, room));
     workspace.fileMemory.noteCopy(file, *stamp);
   } catch (const UserError& cause) {
     return {fmt::format("文件“{}”改动之前没有留下备份。{}", textOfPath(file), cause.what())};

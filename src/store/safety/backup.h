@@ -11,7 +11,7 @@ namespace triaxlab {
 
 // Copies of project files as they were before a run of the program first changed them lie in the folder `backup` beside
 // them. WKSZ17.txt of 2024-05-06 14:30:15 becomes WKSZ17_20240506-143015-000000.txt: local time to the microsecond, so
-// that names of one project sort by age. `copy.new` is one that didn't get finished.
+// that names of one project sort by age. `copy.….new` is one that didn't get finished.
 
 inline constexpr std::string_view kBackupFolder = "backup";
 inline constexpr std::size_t kMostBackupsOfAProject = 5;

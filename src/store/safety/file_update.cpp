@@ -5,176 +5,46 @@
 #include <algorithm>
 #include <map>
 #include <optional>
-#include <set>
 #include <utility>
 
 #include "common/user_error.h"
+#include "store/safety/passing_file.h"
 #include "store/safety/save_journal.h"
+#include "store/safety/save_journal_application.h"
+#include "store/safety/save_recovery.h"
 
 namespace triaxlab {
 namespace {
 
-/// Brings what a journal carries into the files, in an order in which a full disk can still be taken back: first every
-/// file is opened for writing and lengthened, which takes all the space that is needed and touches no old byte, then
-/// files change places or go, and at last the bytes inside the old lengths are written.
-class SaveJournalApplication {
- public:
-  SaveJournalApplication(const std::filesystem::path& dataFolder, const std::vector<SaveJournalFile>& files,
-                         const SaveJournalData& data)
-      : m_dataFolder(dataFolder), m_files(files), m_data(data) {}
+/// Nothing was changed, and no journal will change anything.
+[[noreturn]] void failUnchanged(const std::string& names, const UserError& cause) {
+  throw UserError(fmt::format("数据没有保存，{}没有改动。{}", names, cause.what()));
+}
 
-  /// What a failure leaves can be finished later, or undone by `shorten`.
-  void lengthen() {
-    m_before.reserve(m_files.size());
-    for (const SaveJournalFile& file : m_files) {
-      if (file.deed == SaveJournalDeed::Write)
-        lengthenFile(file);
-      else
-        m_before.emplace_back();
-    }
-    for (const std::filesystem::path& folder : m_foldersWithNewFiles) syncFolder(folder);
-  }
+[[noreturn]] void failUnfinished(const std::string& names, const std::filesystem::path& journal,
+                                 const UserError& cause) {
+  throw UserError(fmt::format(
+      "要保存到{}的数据已完整记入“{}”，但还没有全部写入；{}请不要移动它，排除故障后，下次打开或保存时自动写完。", names,
+      textOfPath(journal), cause.what()));
+}
 
-  /// Pre: `lengthen` has returned. A deed that was done already is only made durable.
-  void exchange() {
-    for (const SaveJournalFile& file : m_files)
-      if (file.deed != SaveJournalDeed::Write) exchangeFile(file.deed, pathOf(file));
-  }
+[[noreturn]] void failUncertain(const std::string& names, const std::filesystem::path& journal,
+                                const UserError& cause) {
+  throw UserError(fmt::format(
+      "数据没有存好，{}还是原样；{}“{}”删不掉也读不出来，不能确定数据是否记全。请不要关闭窗口，排除故障后再保存"
+      "一次。",
+      names, cause.what(), textOfPath(journal)));
+}
 
-  /// True as long as no file has been changed but in its length.
-  bool canBeUndone() const { return !m_exchanged; }
+/// What stands under the name of a journal that could be neither written nor made void.
+enum class Standing { Void, Complete, Unknown };
 
-  void shorten() {
-    for (std::size_t i = 0; i < m_before.size(); ++i) {
-      if (m_files[i].deed != SaveJournalDeed::Write) continue;
-      const std::filesystem::path path = pathOf(m_files[i]);
-      if (m_before[i].existed) {
-        File file = File::below(m_dataFolder, path, File::Mode::Update);
-        file.resize(m_before[i].size);
-        file.sync();
-      } else {
-        removeFile(path);
-      }
-    }
-    for (const std::filesystem::path& folder : m_foldersWithNewFiles) syncFolder(folder);
-  }
-
-  /// Pre: `exchange` has returned.
-  void overwrite() {
-    for (std::size_t i = 0; i < m_files.size(); ++i)
-      if (reachesBelow(m_files[i], m_before[i].size)) overwriteFile(m_files[i], m_before[i].size);
-  }
-
- private:
-  struct Before {
-    bool existed = false;
-    std::uint64_t size = 0;
-  };
-
-  void exchangeFile(SaveJournalDeed deed, const std::filesystem::path& path) {
-    const std::filesystem::path vanishing = deed == SaveJournalDeed::Replace ? m_dataFolder / kNewContentName : path;
-    refuseLinks(m_dataFolder, path);
-    refuseLinks(m_dataFolder, vanishing);
-    if (fileExists(vanishing)) {
-      if (deed == SaveJournalDeed::Replace)
-        moveFile(vanishing, path);
-      else
-        removeFile(path);
-      m_exchanged = true;
-    }
-    syncFolder(path.parent_path());
-  }
-
-  std::filesystem::path pathOf(const SaveJournalFile& file) const { return m_dataFolder / pathFromText(file.path); }
-
-  static bool reachesBelow(const SaveJournalFile& file, std::uint64_t end) {
-    return std::any_of(file.pieces.begin(), file.pieces.end(),
-                       [end](const SaveJournalPiece& piece) { return piece.offset < end; });
-  }
-
-  void lengthenFile(const SaveJournalFile& journalFile) {
-    const std::filesystem::path path = pathOf(journalFile);
-    const bool existed = fileExists(path);
-    if (!existed) {
-      // Told before it is made: also one that can't be looked at afterwards must go again.
-      m_before.push_back({false, 0});
-      m_foldersWithNewFiles.insert(path.parent_path());
-    }
-    File file = File::below(m_dataFolder, path, File::Mode::Shared);
-    const std::uint64_t size = file.size();
-    if (existed) m_before.push_back({true, size});
-    bool longer = !existed;
-    for (const SaveJournalPiece& piece : journalFile.pieces) {
-      const std::uint64_t inside = size > piece.offset ? std::min(size - piece.offset, piece.size) : 0;
-      if (inside == piece.size) continue;
-      write(file, {piece.offset + inside, piece.size - inside, piece.dataPosition + inside});
-      longer = true;
-    }
-    if (longer) file.sync();
-  }
-
-  void overwriteFile(const SaveJournalFile& journalFile, std::uint64_t oldSize) {
-    File file = File::below(m_dataFolder, pathOf(journalFile), File::Mode::Update);
-    for (const SaveJournalPiece& piece : journalFile.pieces)
-      if (piece.offset < oldSize)
-        write(file, {piece.offset, std::min(piece.size, oldSize - piece.offset), piece.dataPosition});
-    file.sync();
-  }
-
-  void write(File& file, const SaveJournalPiece& piece) {
-    std::uint64_t at = piece.offset;
-    m_data.read(piece.dataPosition, piece.size, [&](std::span<const std::byte> bytes) {
-      file.writeAt(at, bytes);
-      at += bytes.size();
-    });
-  }
-
-  const std::filesystem::path& m_dataFolder;
-  const std::vector<SaveJournalFile>& m_files;
-  const SaveJournalData& m_data;
-  std::vector<Before> m_before;
-  bool m_exchanged = false;
-  std::set<std::filesystem::path> m_foldersWithNewFiles;
-};
-
-/// Makes a journal void; false when it stands as it was. A journal that can't be removed is emptied.
-bool dropSaveJournal(const std::filesystem::path& journal) {
-  bool isVoid = false;
+Standing standingOf(const std::filesystem::path& journal) {
   try {
-    if (!fileExists(journal)) return true;
-    removeFile(journal);
-    isVoid = true;
-    syncFolder(journal.parent_path());
+    return FoundSaveJournal::open(journal) ? Standing::Complete : Standing::Void;
   } catch (const UserError&) {
-    // What is said about this save doesn't depend on it: a journal that stays, or comes back after a power cut, holds
-    // what the files hold already, or else the caller is told by the result.
-    if (isVoid) return true;
-    try {
-      File::below(journal.parent_path(), journal, File::Mode::Update).resize(0);
-      isVoid = true;
-    } catch (const UserError&) {
-    }
+    return Standing::Unknown;
   }
-  return isVoid;
-}
-
-/// Removes a new content that no journal stands for. One that can't be removed does no harm: the next is written over
-/// it.
-void dropNewContent(const std::filesystem::path& dataFolder) {
-  try {
-    removeFile(dataFolder / kNewContentName);
-  } catch (const UserError&) {
-  }
-}
-
-[[noreturn]] void failUnchanged(const UserError& cause) {
-  throw UserError(fmt::format("数据没有保存，原有文件没有改动。{}", cause.what()));
-}
-
-[[noreturn]] void failUnfinished(const std::filesystem::path& journal, const UserError& cause) {
-  throw UserError(
-      fmt::format("保存的数据已完整记入“{}”，但还没有全部写入各文件；排除故障后，下次打开或保存时自动写完。{}",
-                  textOfPath(journal), cause.what()));
 }
 
 /// What is to be written to one file, by its place there. No two overlap.
@@ -240,45 +110,30 @@ class KeptBytes {
   std::span<std::byte> m_free;
 };
 
-/// Asked without the lock: true also while another program is at its save.
-bool mayHoldRemains(const std::filesystem::path& dataFolder) {
-  return fileExists(dataFolder / kSaveJournalName) || fileExists(dataFolder / kNewContentName);
-}
-
-void applyFound(const std::filesystem::path& dataFolder, const FoundSaveJournal& journal, DataLock& lock) {
-  for (const SaveJournalFile& file : journal.files()) lock.take(dataFolder / pathFromText(file.path));
-  SaveJournalApplication application(dataFolder, journal.files(), journal);
+/// One that a dead program left keeps nobody out, but lies about.
+void takeAwayLockFile(const std::filesystem::path& dataFolder) {
+  using std::chrono::milliseconds;
   try {
-    application.lengthen();
-    application.exchange();
-    application.overwrite();
-  } catch (const UserError& cause) {
-    failUnfinished(dataFolder / kSaveJournalName, cause);
+    if (fileExists(lockFileOf(dataFolder))) DataLock(dataFolder, milliseconds(0));
+  } catch (const UserError&) {
+    // Somebody holds it.
   }
-}
-
-/// Brings a save to its end that a dead program began, or drops what it left.
-void finishInterrupted(const std::filesystem::path& dataFolder, DataLock& lock) {
-  const std::filesystem::path journal = dataFolder / kSaveJournalName;
-  if (fileExists(journal)) {
-    if (const std::optional<FoundSaveJournal> found = FoundSaveJournal::open(journal))
-      applyFound(dataFolder, *found, lock);
-    dropSaveJournal(journal);
-  }
-  if (fileExists(dataFolder / kNewContentName)) dropNewContent(dataFolder);
 }
 
 }  // namespace
 
 struct FileUpdate::State {
   State(std::filesystem::path folder, std::chrono::milliseconds patience)
-      : dataFolder(std::move(folder)), lock(std::in_place, dataFolder, patience) {}
+      : dataFolder(std::move(folder)), lock(std::in_place, dataFolder, patience) {
+    if (mayHoldRemains(dataFolder)) recovery = finishInterrupted(dataFolder, *lock);
+  }
 
   std::filesystem::path dataFolder;
   std::optional<DataLock> lock;
+  Recovery recovery;
   std::map<std::string, PendingWrites> files;    // by the path below the data folder
   std::map<std::string, SaveJournalDeed> deeds;  // files that are replaced or removed
-  bool isCommitted = false;
+  std::optional<PassingFile> newContent;
   bool isUnfinished = false;  // the journal stands
   KeptBytes kept;
   /// What was asked for last: a save reads thousands of records of one file.
@@ -293,8 +148,20 @@ struct FileUpdate::State {
     std::string key = textOfPath(file.lexically_relative(dataFolder).generic_string());
     if (!isSaveJournalPath(key))
       throw UserError(fmt::format("“{}”不在数据文件夹“{}”之内。", textOfPath(file), textOfPath(dataFolder)));
+    if (const WaitingSave* const save = recovery.waitingFor(key)) throw UserError(save->sentence);
     lastPath = file;
     return lastKey = key;
+  }
+
+  std::vector<SaveJournalFile> journalFiles(SaveJournalSpans& data, const std::string& newContentName) const {
+    std::vector<SaveJournalFile> journalFiles;
+    for (const auto& [path, writes] : files) journalFiles.push_back({path, piecesOf(writes, data)});
+    for (const auto& [path, deed] : deeds) {
+      SaveJournalFile& file = journalFiles.emplace_back(SaveJournalFile{path, {}, deed, newContentName});
+      if (deed != SaveJournalDeed::Replace) continue;
+      file.pieces.push_back({0, newContentName.size(), data.append(std::as_bytes(std::span(newContentName)))});
+    }
+    return journalFiles;
   }
 
   const PendingWrites* pending(const std::string& key) const {
@@ -313,19 +180,27 @@ struct FileUpdate::State {
 };
 
 FileUpdate::FileUpdate(std::filesystem::path dataFolder, std::chrono::milliseconds patience)
-    : m_state(std::make_unique<State>(std::move(dataFolder), patience)) {
-  if (mayHoldRemains(m_state->dataFolder)) finishInterrupted(m_state->dataFolder, *m_state->lock);
-}
+    : m_state(std::make_unique<State>(std::move(dataFolder), patience)) {}
 
-FileUpdate::~FileUpdate() {
-  if (m_state->lock && !m_state->isCommitted && !m_state->isUnfinished) dropNewContent(m_state->dataFolder);
+FileUpdate::~FileUpdate() = default;
+
+Remarks FileUpdate::remarks() const {
+  Remarks remarks = m_state->recovery.remarks;
+  for (const WaitingSave& save : m_state->recovery.waiting) remarks.push_back(save.sentence);
+  return remarks;
 }
 
 DataLock& FileUpdate::lock() { return *m_state->lock; }
 
-void FileUpdate::unlock() { m_state->lock.reset(); }
+void FileUpdate::unlock() {
+  m_state->newContent.reset();
+  m_state->lock.reset();
+}
 
-std::filesystem::path FileUpdate::newContentPath() const { return m_state->dataFolder / kNewContentName; }
+std::filesystem::path FileUpdate::newContentPath() {
+  if (!m_state->newContent) m_state->newContent.emplace(m_state->dataFolder, kNewContent);
+  return m_state->newContent->path();
+}
 
 bool FileUpdate::exists(const std::filesystem::path& file) const {
   if (folderExists(file)) throw UserError(fmt::format("“{}”应为文件，却是一个文件夹。", textOfPath(file)));
@@ -373,6 +248,7 @@ void FileUpdate::writeInPlace(const std::filesystem::path& file, std::uint64_t o
 
 void FileUpdate::replace(const std::filesystem::path& file) {
   m_state->deeds[m_state->keyOf(file)] = SaveJournalDeed::Replace;
+  if (m_state->newContent) m_state->newContent->hold();
 }
 
 void FileUpdate::remove(const std::filesystem::path& file) {
@@ -392,20 +268,35 @@ void FileUpdate::commit() {
   State& state = *m_state;
   if (state.files.empty() && state.deeds.empty()) return;
   state.open.reset();
-  std::vector<SaveJournalFile> files;
   SaveJournalSpans data;
-  for (const auto& [path, writes] : state.files) files.push_back({path, piecesOf(writes, data)});
-  for (const auto& [path, deed] : state.deeds) files.push_back({path, {}, deed});
-  const std::filesystem::path journal = state.dataFolder / kSaveJournalName;
+  const std::string newContent = textOfPath(newContentPath().filename());
+  const std::vector<SaveJournalFile> files = state.journalFiles(data, newContent);
+  const std::filesystem::path journal = journalForSave(state.dataFolder, state.recovery);
+  const std::string names = namesOf(state.dataFolder, files);
   const auto failLater = [&](const UserError& cause) {
     state.isUnfinished = true;
-    failUnfinished(journal, cause);
+    state.newContent->leave();
+    failUnfinished(names, journal, cause);
+  };
+  // No file has changed. What is said depends on whether the journal is going to change them.
+  const auto fail = [&](const UserError& cause) {
+    if (!dropSaveJournal(journal)) failUnchanged(names, cause);
+    const Standing standing = standingOf(journal);
+    if (standing == Standing::Void) failUnchanged(names, cause);
+    if (standing == Standing::Complete) failLater(cause);
+    state.isUnfinished = true;
+    state.newContent->leave();
+    failUncertain(names, journal, cause);
   };
   try {
     writeSaveJournal(journal, files, data);
   } catch (const UserError& cause) {
-    if (!dropSaveJournal(journal)) failLater(cause);
-    failUnchanged(cause);
+    failUnchanged(names, cause);
+  }
+  try {
+    syncFolder(state.dataFolder);
+  } catch (const UserError& cause) {
+    fail(cause);
   }
   SaveJournalApplication application(state.dataFolder, files, data);
   try {
@@ -418,25 +309,32 @@ void FileUpdate::commit() {
     } catch (const UserError&) {
       failLater(cause);
     }
-    if (!dropSaveJournal(journal)) failLater(cause);
-    failUnchanged(cause);
+    fail(cause);
   }
   try {
     application.overwrite();
   } catch (const UserError& cause) {
     failLater(cause);
   }
-  dropSaveJournal(journal);
-  state.isCommitted = true;
+  if (const auto cause = dropSaveJournal(journal)) state.recovery.remarks.push_back(leftJournalRemark(journal, *cause));
+  state.newContent.reset();
   state.deeds.clear();
   state.files.clear();
   state.kept = {};
 }
 
-void FileUpdate::recover(const std::filesystem::path& dataFolder, std::chrono::milliseconds patience) {
-  if (!mayHoldRemains(dataFolder)) return;
-  DataLock lock(dataFolder, patience);
-  finishInterrupted(dataFolder, lock);
+Remarks FileUpdate::recover(const std::filesystem::path& dataFolder, std::chrono::milliseconds patience,
+                            const std::optional<std::filesystem::path>& wanted) {
+  if (!mayHoldRemains(dataFolder)) {
+    takeAwayLockFile(dataFolder);
+    return {};
+  }
+  const FileUpdate update(dataFolder, patience);
+  if (wanted) {
+    const std::string path = textOfPath(wanted->lexically_relative(dataFolder).generic_string());
+    if (const WaitingSave* const save = update.m_state->recovery.waitingFor(path)) throw UserError(save->sentence);
+  }
+  return update.remarks();
 }
 
 }  // namespace triaxlab

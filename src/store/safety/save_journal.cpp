@@ -115,14 +115,18 @@ class IndexParser {
   }
 
  private:
+  static std::uint32_t mostPieces(SaveJournalDeed deed) {
+    if (deed == SaveJournalDeed::Replace) return 1;
+    return deed == SaveJournalDeed::Remove ? 0 : std::numeric_limits<std::uint32_t>::max();
+  }
+
   bool takeFile(SaveJournalFile& file) {
     SaveJournalIndexFile head;
     if (!take(m_rest, head) || m_rest.size() < head.pathLength) return false;
     file.path.assign(reinterpret_cast<const char*>(m_rest.data()), head.pathLength);
     m_rest = m_rest.subspan(head.pathLength);
     file.deed = static_cast<SaveJournalDeed>(head.deed);
-    if (file.deed > SaveJournalDeed::Remove || (file.deed != SaveJournalDeed::Write && head.pieceCount != 0))
-      return false;
+    if (file.deed > SaveJournalDeed::Remove || head.pieceCount > mostPieces(file.deed)) return false;
     if (file.deed == SaveJournalDeed::Replace && std::exchange(m_replaces, true)) return false;
     if (!isSaveJournalPath(file.path) || m_rest.size() / sizeof(SaveJournalIndexPiece) < head.pieceCount) return false;
     file.pieces.resize(head.pieceCount);
@@ -172,6 +176,19 @@ bool addData(const File& file, std::uint64_t offset, std::uint64_t size, Checksu
   return true;
 }
 
+bool isComplete(const std::filesystem::path& journal) {
+  return fileExists(journal) && FoundSaveJournal::open(journal).has_value();
+}
+
+/// Over a network a rename may be done and yet be reported as failed.
+void giveName(const std::filesystem::path& unfinished, const std::filesystem::path& journal) {
+  try {
+    renameFile(unfinished, journal);
+  } catch (const UserError&) {
+    if (fileExists(unfinished)) throw;
+  }
+}
+
 /// In small letters: a data folder that comes from elsewhere may spell them so.
 constexpr std::array<std::string_view, 2> kFolders{"hszs", "zmsj"};
 
@@ -219,8 +236,8 @@ void writeSaveJournal(const std::filesystem::path& journal, const std::vector<Sa
   if (head.indexSize > kLargestIndex || head.dataSize > kLargestData)
     throw UserError(
         fmt::format("一次保存的数据太多：{} 字节，最多 {} 字节。请分几次保存。", head.dataSize, kLargestData));
-  removeFile(journal);  // it may be a link to somewhere else
-  File file(journal, File::Mode::Create);
+  PassingFile unfinished(journal.parent_path(), kUnfinishedSaveJournal);
+  File file = unfinished.make();
   std::uint64_t end = 0;
   Checksum checksum;
   const auto put = [&](std::span<const std::byte> bytes) {
@@ -238,7 +255,9 @@ void writeSaveJournal(const std::filesystem::path& journal, const std::vector<Sa
   foot.checksum = checksum.value();
   put(bytesOf(foot));
   file.sync();
-  syncFolder(journal.parent_path());
+  if (isComplete(journal)) throw UserError("另一个程序正在保存，请稍后再试。");
+  giveName(unfinished.path(), journal);
+  unfinished.leave();
 }
 
 std::optional<FoundSaveJournal> FoundSaveJournal::open(const std::filesystem::path& journal) {
@@ -260,7 +279,23 @@ std::optional<FoundSaveJournal> FoundSaveJournal::open(const std::filesystem::pa
   if (foot.checksum != checksum.value()) return std::nullopt;
   std::optional<std::vector<SaveJournalFile>> files = IndexParser(index, head->dataSize).files();
   if (!files) return std::nullopt;
-  return FoundSaveJournal(std::move(file), dataStart, std::move(*files));
+  FoundSaveJournal found(std::move(file), dataStart, std::move(*files));
+  if (!std::all_of(found.m_files.begin(), found.m_files.end(), [&](SaveJournalFile& f) { return found.readName(f); }))
+    return std::nullopt;
+  return found;
+}
+
+/// The name of a new content that isn't one of ours makes the journal void.
+bool FoundSaveJournal::readName(SaveJournalFile& file) const {
+  if (file.deed != SaveJournalDeed::Replace || file.pieces.empty()) return true;
+  constexpr std::uint64_t kLongestName = 255;
+  const SaveJournalPiece name = std::exchange(file.pieces, {}).front();
+  if (name.size > kLongestName) return false;
+  file.newContent.clear();
+  read(name.dataPosition, name.size, [&file](std::span<const std::byte> bytes) {
+    file.newContent.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+  });
+  return isPassing(file.newContent, kNewContent);
 }
 
 FoundSaveJournal::FoundSaveJournal(File file, std::uint64_t dataStart, std::vector<SaveJournalFile> files)

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "store/safety/passing_file.h"
 
 namespace triaxlab {
 
@@ -26,15 +27,18 @@ namespace triaxlab {
 //          data: the bytes of the pieces in the order of the index
 //          checksum of all before 8, end mark "ENDTXJ1\n" 8
 //
-// A deed is 0 for a file that is written to, in pieces; 1 for the one file, if any, whose place the finished file
-// `journal.new` beside the journal takes; 2 for one that is removed. A path is "HSZS/file" or "ZMSJ/file" below the
-// data folder, UTF-8; any other path makes the whole journal void, so no journal can name a file outside. A journal
-// counts only when its size, marks, checksum and every place in it are right; a cut or damaged one means that the save
-// had not begun to change anything.
+// A deed is 0 for a file that is written to, in pieces; 1 for the one file, if any, whose place a finished file beside
+// the journal takes, which its only piece names (without a piece it is `journal.new`); 2 for one that is removed. A
+// path is "HSZS/file" or "ZMSJ/file" below the data folder, UTF-8; any other path makes the whole journal void, so no
+// journal can name a file outside. A journal counts only when its size, marks, checksum and every place in it are
+// right; a cut or damaged one means that the save had not begun to change anything.
 
 inline constexpr std::string_view kSaveJournalName = "journal";
+/// A save journal that isn't complete yet. Complete and on the disk it gets its name.
+inline constexpr PassingName kUnfinishedSaveJournal{"journal.", ".part"};
 /// The new content of a file that a journal replaces. Without a complete journal it is worth nothing.
-inline constexpr std::string_view kNewContentName = "journal.new";
+inline constexpr PassingName kNewContent{"journal.", ".new"};
+inline constexpr std::string_view kNewContentOnce = "journal.new";  // of a former version
 
 /// Some bytes of a file, and where in the journal's data they are.
 struct SaveJournalPiece {
@@ -48,9 +52,11 @@ enum class SaveJournalDeed : std::uint8_t { Write = 0, Replace = 1, Remove = 2 }
 
 struct SaveJournalFile {
   std::string path;
-  std::vector<SaveJournalPiece> pieces;  // of a file that is written to
+  std::vector<SaveJournalPiece> pieces;  // of a file that is written to; the name of a new content
   SaveJournalDeed deed = SaveJournalDeed::Write;
+  std::string newContent = std::string(kNewContentOnce);  // of a file that is replaced
 };
+inline bool isWritten(const SaveJournalFile& file) { return file.deed == SaveJournalDeed::Write; }
 
 /// True for a path that a journal may name: a file in the folder of the project files or of the summary files.
 bool isSaveJournalPath(std::string_view path);
@@ -78,7 +84,9 @@ class SaveJournalSpans : public SaveJournalData {
   std::uint64_t m_size = 0;
 };
 
-/// Writes a complete journal and returns when it is on the disk. The pieces of the files follow each other in the data.
+/// Writes a complete journal. The pieces of the files follow each other in the data. Nothing stands under its name
+/// before its bytes are on the disk; syncFolder makes the name durable. UserError when nothing of it stands there, also
+/// because a complete one does, which is another program's.
 void writeSaveJournal(const std::filesystem::path& journal, const std::vector<SaveJournalFile>& files,
                       const SaveJournalSpans& data);
 
@@ -93,6 +101,7 @@ class FoundSaveJournal : public SaveJournalData {
 
  private:
   FoundSaveJournal(File file, std::uint64_t dataStart, std::vector<SaveJournalFile> files);
+  bool readName(SaveJournalFile& file) const;
 
   File m_file;
   std::uint64_t m_dataStart;

@@ -183,14 +183,26 @@ TEST_F(Backup, OfAFileBeyondTheLimitIsNotMade) {
   EXPECT_THAT(backups(), IsEmpty());
 }
 
-TEST_F(Backup, AnUnfinishedOneIsWrittenOverAndALinkIsNotFollowed) {
+TEST_F(Backup, AnUnfinishedOneIsNotWrittenThrough) {
   write("HSZS/backup/x", "");
   write("../precious", "not ours");
   std::filesystem::create_symlink(folder() / "precious", data("HSZS/backup/copy.new"));
   write("HSZS/WKSZP1.txt", "now");
   EXPECT_THAT(keepCopy(workspace, data("HSZS/WKSZP1.txt"), 0), IsEmpty());
   EXPECT_EQ(read("../precious"), "not ours");
-  EXPECT_FALSE(has("HSZS/backup/copy.new"));
+  EXPECT_THAT(backups(), ElementsAre("copy.new", MatchesRegex("WKSZP1_.*txt"), "x"));
+}
+
+TEST_F(Backup, EqualToTheNewestIsNotMadeAgain) {
+  write("HSZS/WKSZP1.txt", project("P1", "good"));
+  setRow(0, triaxialBytes("P1", "S1"));
+  save();
+  for (int run = 0; run < 6; ++run) {
+    startAnew();
+    save();
+  }
+  ASSERT_THAT(backups(), SizeIs(2)) << "before the first save, and after it";
+  EXPECT_SAME_BYTES(backup(0), project("P1", "good"));
 }
 
 TEST_F(Backup, IsNeverListed) {

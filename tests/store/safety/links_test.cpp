@@ -96,11 +96,12 @@ TEST_F(Links, AForgedJournalWritesNowhereElse) {
   SaveJournalSpans spans;
   const std::uint64_t at = spans.append(std::as_bytes(std::span("forged", 6)));
   writeSaveJournal(data("journal"), {{"HSZS/a", {{0, 6, at}}}}, spans);
-  EXPECT_THAT(sentenceOf([&] { FileUpdate::recover(workspace.dataFolder); }), HasSubstr("链接"));
+  EXPECT_THAT(FileUpdate::recover(workspace.dataFolder), ElementsAre(HasSubstr("链接")));
   EXPECT_EQ(elsewhere(), "not ours");
+  std::filesystem::remove(data("journal"));
 
   writeSaveJournal(data("journal"), {{"HSZS/a", {}, SaveJournalDeed::Remove}}, {});
-  EXPECT_THAT(sentenceOf([&] { FileUpdate::recover(workspace.dataFolder); }), HasSubstr("链接"));
+  EXPECT_THAT(FileUpdate::recover(workspace.dataFolder), ElementsAre(HasSubstr("链接")));
   EXPECT_TRUE(std::filesystem::is_symlink(data("HSZS/a")));
 }
 

@@ -6,6 +6,7 @@
 #include "store/project/rewrite_list.h"
 #include "store/project/save_project.h"
 #include "store/safety/data_lock.h"
+#include "store/safety/file_update.h"
 #include "store/summary/summary_fixture.h"
 #include "support/lock_holder.h"
 
@@ -89,6 +90,23 @@ TEST_F(Locks, AJournalInTheMakingIsLeftToItsProgram) {
     open();
     EXPECT_FALSE(has(name)) << "nobody is going to finish it";
   }
+}
+
+TEST_F(Locks, ASaveOnAnotherMachineIsWaitedFor) {
+  // A share of a network keeps the lock of a folder to the machine; that of a file reaches here.
+  for (const LockWay way : {LockWay::Flock, LockWay::RecordLock}) {
+    write("triaxlab.lock", "");
+    LockHolder other(data("triaxlab.lock"), way);
+    ASSERT_TRUE(other.holds());
+    expectRefused("data", [this] { save(); });
+    expectRefused("data", [this] { rewrite(); });
+    open();
+    other.kill();
+    FileUpdate::recover(workspace.dataFolder);
+    EXPECT_FALSE(has("triaxlab.lock")) << "a dead program's lock file lies about no longer";
+  }
+  save();
+  EXPECT_FALSE(has("triaxlab.lock"));
 }
 
 TEST_F(Locks, EndWithTheSave) {

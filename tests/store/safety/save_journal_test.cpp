@@ -6,11 +6,15 @@
 
 #include "store/project/project_file.h"
 #include "store/project/project_list.h"
+#include "store/project/save_project.h"
 #include "store/safety/file_update.h"
 #include "store/store_fixture.h"
 
 namespace triaxlab::testing {
 namespace {
+
+using ::testing::AllOf;
+using ::testing::HasSubstr;
 
 class SaveJournalTest : public StoreTest {
  protected:
@@ -135,12 +139,67 @@ TEST_F(SaveJournalTest, AFolderOfThatNameIsNone) {
 TEST_F(SaveJournalTest, ACompleteOneThatCanNotBeAppliedStaysAndIsTold) {
   std::filesystem::create_directory(data("ZMSJ/b"));
   const std::string whole = journalOf({"HSZS/a", "ZMSJ/b"}, 0, "xyz");
-  EXPECT_THAT(sentenceOf([&] { recover(); }), ::testing::HasSubstr("ZMSJ/b"));
-  EXPECT_THROW(listProjects(workspace, ProjectKind::Triaxial), UserError);
+  EXPECT_THAT(FileUpdate::recover(workspace.dataFolder),
+              ::testing::ElementsAre(AllOf(HasSubstr("ZMSJ/b"), HasSubstr("自动写完"), HasSubstr("移到别处"))));
   EXPECT_EQ(read("journal"), whole);
   std::filesystem::remove(data("ZMSJ/b"));
   recover();
   EXPECT_EQ(read("HSZS/a") + read("ZMSJ/b"), "xyzxyz");
+}
+
+TEST_F(SaveJournalTest, ASaveThatWaitsKeepsNoOtherProjectFromItsWork) {
+  const std::string file = headerBytes({"0000", "P1"});
+  write("HSZS/WKSZP1.txt", file);
+  write("HSZS/WKSZP2.txt", file);
+  std::filesystem::create_directory(data("ZMSJ/KHZP1.txt"));
+  const std::string whole = journalOf({"HSZS/WKSZP1.txt", "ZMSJ/KHZP1.txt"}, 0, headerBytes({"0000", "P1", "later"}));
+  const auto open = [this](const char* name) { return openProject(workspace, ProjectKind::Triaxial, name, nullptr); };
+  EXPECT_THAT(sentenceOf([&] { open("WKSZP1.txt"); }), AllOf(HasSubstr("KHZP1.txt"), HasSubstr("移到别处")));
+  EXPECT_THAT(open("WKSZP2.txt"), ::testing::ElementsAre(HasSubstr("KHZP1.txt")));
+  EXPECT_EQ(listProjects(workspace, ProjectKind::Triaxial).size(), 2U);
+
+  setRow(0, triaxialBytes("P2", "S1"));
+  setRow(1, triaxialBytes("P1", "S1"));
+  const SaveReport report = saveTriaxial(workspace, nullptr);
+  EXPECT_THAT(report.errors, ::testing::ElementsAre(AllOf(HasSubstr("工程“P1”"), HasSubstr("没有保存"))));
+  EXPECT_EQ(read("HSZS/WKSZP2.txt").substr(0, 4), "0001");
+  EXPECT_EQ(read("journal"), whole) << "it waits on";
+  EXPECT_FALSE(has("journal.2"));
+
+  std::filesystem::remove(data("ZMSJ/KHZP1.txt"));
+  open("WKSZP1.txt");
+  EXPECT_EQ(read("HSZS/WKSZP1.txt"), headerBytes({"0000", "P1", "later"}));
+  EXPECT_FALSE(has("journal"));
+}
+
+TEST_F(SaveJournalTest, ASaveAfterAnotherThatWaitsIsFinishedToo) {
+  std::filesystem::create_directory(data("ZMSJ/b"));
+  journalOf({"HSZS/a", "ZMSJ/b"}, 0, "xyz");
+  SaveJournalSpans spans;
+  writeSaveJournal(data("journal.2"), {{"HSZS/c", {{0, 1, spans.append(std::as_bytes(std::span("c", 1)))}}}}, spans);
+  EXPECT_EQ(FileUpdate::recover(workspace.dataFolder).size(), 1U);
+  EXPECT_EQ(read("HSZS/c"), "c");
+  EXPECT_FALSE(has("journal.2"));
+  EXPECT_TRUE(has("journal"));
+}
+
+TEST_F(SaveJournalTest, OneOfAnotherProgramIsNotWrittenOver) {
+  FileUpdate update(workspace.dataFolder);
+  update.writeAt(data("HSZS/a"), 0, std::as_bytes(std::span("x", 1)));
+  const std::string others = journalOf({"HSZS/b"}, 0, "others");  // where no lock keeps it away
+  EXPECT_THAT(sentenceOf([&] { update.commit(); }), HasSubstr("没有改动"));
+  EXPECT_EQ(read("journal"), others);
+  EXPECT_FALSE(has("HSZS/a"));
+}
+
+TEST_F(SaveJournalTest, AnUnfinishedOneHasNoSayAndIsTakenAway) {
+  const std::string whole = journalOf({"HSZS/a"}, 0, "x");
+  std::filesystem::rename(data("journal"), data("journal.pc-12-0123abcd-3.part"));
+  write("journal.pc-12-0123abcd-4.new", "new content");
+  write("journal.notes", "a person's");
+  recover();
+  EXPECT_FALSE(has("HSZS/a"));
+  EXPECT_THAT(listFiles(workspace.dataFolder, "", ""), ::testing::ElementsAre("journal.notes"));
 }
 
 TEST_F(SaveJournalTest, ASaveDoesNotWriteThroughALink) {

@@ -14,7 +14,7 @@ class FileExchange : public StoreTest {
   static std::span<const std::byte> asBytes(std::string_view text) { return std::as_bytes(std::span(text)); }
   /// A save that replaces a, removes b and writes to c.
   void prepare(FileUpdate& update) {
-    write("journal.new", "new a");
+    write(update.newContentPath().filename().string(), "new a");
     update.replace(data("HSZS/a"));
     update.remove(data("HSZS/b"));
     update.writeAt(data("ZMSJ/c"), 4, asBytes("new c"));
@@ -28,16 +28,15 @@ class FileExchange : public StoreTest {
     EXPECT_EQ(read("HSZS/a"), "old a");
     EXPECT_EQ(read("HSZS/b"), "old b");
     EXPECT_EQ(read("ZMSJ/c"), "old c");
-    EXPECT_FALSE(has("journal.new"));
-    EXPECT_FALSE(has("journal"));
+    expectNothingElse();
   }
   void expectNew() const {
     EXPECT_EQ(read("HSZS/a"), "new a");
     EXPECT_FALSE(has("HSZS/b"));
     EXPECT_EQ(read("ZMSJ/c"), "old new c");
-    EXPECT_FALSE(has("journal.new"));
-    EXPECT_FALSE(has("journal"));
+    expectNothingElse();
   }
+  void expectNothingElse() const { EXPECT_THAT(listFiles(workspace.dataFolder, "journal", ""), ::testing::IsEmpty()); }
   /// The journal of that save.
   void writeSavesJournal() const {
     SaveJournalSpans spans;
