@@ -231,14 +231,12 @@ BlockPlace judgeBlock(const AutomaticEntry& entry, const FileHead& head, Evidenc
   const std::size_t groups =
       newer ? entry.entryGroupCount : head.at<std::uint8_t>(start).value_or(entry.entryGroupCount);
   const std::size_t count = groups * groupSize(newer);
-  for (std::size_t i = 0; i < count; ++i) {
-    const auto raw = head.at<AutoSpecimenRecord>(start + 1 + i * sizeof(AutoSpecimenRecord));
-    if (!raw) break;
-    if (isSpecimen(*raw, newer))
-      evidence.add(likenessOfSpecimen(raw->recordProjectNo.view(), raw->recordSampleNo.view(), raw->testMethod,
-                                      raw->rawInitialHeight, raw->rawInitialArea));
-  }
-  return {start, start + 1 + count * sizeof(AutoSpecimenRecord)};
+  const auto judge = [&](const AutoSpecimenRecord& raw) {
+    if (isSpecimen(raw, newer))
+      evidence.add(likenessOfSpecimen(raw.recordProjectNo.view(), raw.recordSampleNo.view(), raw.testMethod,
+                                      raw.rawInitialHeight, raw.rawInitialArea));
+  };
+  return {start, judgeRecords<AutoSpecimenRecord>(head, start + 1, count, judge).end};
 }
 
 /// Readings of the shear phase; without a stress there is none.
@@ -337,6 +335,7 @@ constexpr Importer kShared{.title = "全自动三轴试验原始数据库",
                            .document = kForm1,
                            .columns = kColumns,
                            .recognise = recogniseAutomatic,
+                           .formatPage = "automatic-triaxial-ku.md",
                            .layouts = layouts};
 
 constexpr Importer reader(std::string_view id, std::string_view menuCommand, std::string_view menuCaption,

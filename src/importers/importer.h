@@ -63,7 +63,7 @@ struct RawLayout;
 
 /// One source of raw data: all that its window, its menu entry, its name on the command line, its page in docs/formats
 /// and its fuzz target differ in. An importer writes no file. A source whose reader is not part of this version is
-/// known by its names and can't be opened.
+/// known by its names and the look of its files, and can't be opened.
 struct Importer {
   std::string_view id = {};            // on the command line; never renamed
   std::string_view menuCommand = {};   // the command that shows the window
@@ -79,7 +79,8 @@ struct Importer {
   Recognition (*recognise)(const FileHead& head) = nullptr;
   /// Reads the index; see openRawSource, which asks `recognise` first.
   std::unique_ptr<RawSource> (*open)(const std::filesystem::path& path) = nullptr;
-  /// The records of the file, for the page about it; nothing when it has none of fixed places.
+  std::string_view formatPage = {};  // in docs/formats; sources of one file share it. Empty: none, a Jet database
+  /// The records of the file, for that page; nothing when it has none of fixed places.
   std::vector<RawLayout> (*layouts)() = nullptr;
 
   bool lineAbove = false;                         // its menu entry begins another test

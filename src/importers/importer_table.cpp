@@ -5,69 +5,58 @@
 #include <string>
 
 #include "importers/importer.h"
+#include "importers/windows_edition.h"
 #include "platform/files.h"
+#include "store/settings/source_folders.h"
 
 namespace triaxlab {
 
 // A new source is a file that defines its importer, one line here, and its name in the list below.
 extern const Importer kAutomaticOldImporter;
 extern const Importer kAutomaticImporter;
+extern const Importer kK0HgjImporter;
+extern const Importer kK0KgjImporter;
 extern const Importer kManualImporter;
 extern const Importer kNanjingImporter;
 extern const Importer kNewQvbImporter;
 extern const Importer kQvb98Importer;
+extern const Importer kTK0HgjImporter;
+extern const Importer kUnconfinedHwxImporter;
+extern const Importer kUnconfinedKzjImporter;
 extern const Importer kWindowsTriaxialDatxImporter;
 extern const Importer kWindowsTriaxialImporter;
 
 namespace {
 
-// The sources of the other tests, whose readers are yet to come.
-constexpr Importer kUnconfinedKzj{.id = "unconfined-kzj",
-                                  .menuCommand = "WUCEXIAN",
-                                  .menuCaption = "无侧限抗压强度",
-                                  .form = "OPENFORM3",
-                                  .document = kForm4,
-                                  .lineAbove = true};
-constexpr Importer kUnconfinedHwx{.id = "unconfined-hwx",
-                                  .menuCommand = "XWUCEXIAN",
-                                  .menuCaption = "新无侧限",
-                                  .form = "OPENFORM30",
-                                  .document = kForm4};
+/// The databases of the Windows edition for the unconfined test, whose reader is yet to come, have a table of this
+/// name.
+Recognition recogniseWindowsUnconfined(const FileHead& head) { return recogniseJet(head, "Data_Collection"); }
+
 constexpr Importer kUnconfinedWin{.id = "unconfined-win",
                                   .menuCommand = "OWINWCX",
                                   .menuCaption = "WIN版无侧限",
                                   .form = "OPENFORMWINWCX",
-                                  .document = kForm4};
+                                  .title = "WIN版无侧限试验原始数据库",
+                                  .defaultFile = "WCX.dat",
+                                  .folderField = sourceFolderField(11),
+                                  .document = kForm4,
+                                  .recognise = recogniseWindowsUnconfined};
 constexpr Importer kUnconfinedDatx{.id = "unconfined-datx",
                                    .menuCommand = "OWINWCXDAT",
                                    .menuCaption = "WIN版无侧限WCX(X).DATX",
                                    .form = "OPENFORMWINWCXDAT",
-                                   .document = kForm4};
-constexpr Importer kK0Kgj{.id = "k0-kgj",
-                          .menuCommand = "k0",
-                          .menuCaption = "K0",
-                          .form = "OPENFORM2",
-                          .document = kForm6,
-                          .lineAbove = true};
-constexpr Importer kK0Hgj{
-    .id = "k0-hgj", .menuCommand = "Xk0", .menuCaption = "新K0", .form = "OPENFORM20", .document = kForm6};
-constexpr Importer kTK0Hgj{
-    .id = "tk0-hgj", .menuCommand = "TXk0", .menuCaption = "TK0", .form = "OPENFORM21", .document = kForm9};
+                                   .title = "WIN版无侧限试验原始数据库",
+                                   .defaultFile = "WCX*.DATX",
+                                   .document = kForm4,
+                                   .recognise = recogniseWindowsUnconfined};
 
-constexpr std::array kImporters{&kWindowsTriaxialImporter,
-                                &kWindowsTriaxialDatxImporter,
-                                &kQvb98Importer,
-                                &kAutomaticOldImporter,
-                                &kAutomaticImporter,
-                                &kNewQvbImporter,
-                                &kManualImporter,
-                                &kUnconfinedKzj,
-                                &kUnconfinedHwx,
-                                &kUnconfinedWin,
-                                &kUnconfinedDatx,
-                                &kK0Kgj,
-                                &kK0Hgj,
-                                &kTK0Hgj,
+constexpr std::array kImporters{&kWindowsTriaxialImporter, &kWindowsTriaxialDatxImporter,
+                                &kQvb98Importer,           &kAutomaticOldImporter,
+                                &kAutomaticImporter,       &kNewQvbImporter,
+                                &kManualImporter,          &kUnconfinedKzjImporter,
+                                &kUnconfinedHwxImporter,   &kUnconfinedWin,
+                                &kUnconfinedDatx,          &kK0KgjImporter,
+                                &kK0HgjImporter,           &kTK0HgjImporter,
                                 &kNanjingImporter};
 
 const Importer* find(std::string_view Importer::*column, std::string_view wanted) {

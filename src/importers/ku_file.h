@@ -113,6 +113,26 @@ bool blocksFit(std::vector<BlockPlace> blocks, std::uint64_t fileSize);
 /// Most of what stands in the dates of an index are digits.
 bool areEntryDates(std::string_view places);
 
+/// Shows each of the `count` records from `begin` on to `judge`, as far as the head has them, and returns where they
+/// lie.
+template <class Record, class Judge>
+BlockPlace judgeRecords(const FileHead& head, std::uint64_t begin, std::uint64_t count, Judge judge) {
+  for (std::uint64_t i = 0; i < count; ++i) {
+    const auto record = head.at<Record>(begin + i * sizeof(Record));
+    if (!record) break;
+    judge(*record);
+  }
+  return {begin, begin + count * sizeof(Record)};
+}
+
+/// The same for a block that begins with a byte that counts its records.
+template <class Record, class Entry, class Judge>
+BlockPlace judgeCountedRecords(const FileHead& head, const Entry& entry, Judge judge) {
+  const std::uint64_t begin = entry.entryDataOffset.value();
+  const std::uint8_t count = head.at<std::uint8_t>(begin).value_or(entry.entryGroupCount);
+  return {begin, judgeRecords<Record>(head, begin + sizeof count, count, judge).end};
+}
+
 /// Judges a file by its index and the specimens that its head holds. `judgeBlock(entry, head, evidence)` adds those of
 /// an entry and returns where they lie.
 template <class Tail, class JudgeBlock>

@@ -261,6 +261,7 @@ extern constinit const Importer kManualImporter{.id = "manual",
                                                 .columns = kColumns,
                                                 .recognise = recogniseManual,
                                                 .open = openIndexed<ManualFormat>,
+                                                .formatPage = "manual-triaxial-ku.md",
                                                 .layouts = layouts};
 
 }  // namespace triaxlab

@@ -231,6 +231,7 @@ extern constinit const Importer kNanjingImporter{.id = "nanjing",
                                                  .document = kForm1,
                                                  .recognise = recogniseNanjing,
                                                  .open = openNanjing,
+                                                 .formatPage = "nanjing-triaxial-szd.md",
                                                  .fileDialogTitle = "打开南京三轴原始数据文件"};
 
 }  // namespace triaxlab

@@ -132,15 +132,14 @@ bool isUsed(const NewQvbSpecimenRecord& raw) {
 }
 
 BlockPlace judgeBlock(const NewQvbEntry& entry, const FileHead& head, Evidence& evidence) {
-  const std::uint64_t start = entry.entryDataOffset.value(), count = entry.entryTail.specimenCount;
-  for (std::uint64_t i = 0; i < count; ++i) {
-    const auto raw = head.at<NewQvbSpecimenRecord>(start + kPassedOver + i * sizeof(NewQvbSpecimenRecord));
-    if (!raw) break;
-    if (isUsed(*raw))
-      evidence.add(likenessOfSpecimen(raw->recordProjectNo.view(), raw->recordSampleNo.view(), raw->testMethod,
-                                      raw->rawInitialHeight, raw->rawInitialArea));
-  }
-  return {start, start + kPassedOver + count * sizeof(NewQvbSpecimenRecord)};
+  const std::uint64_t begin = entry.entryDataOffset.value();
+  const auto judge = [&](const NewQvbSpecimenRecord& raw) {
+    if (isUsed(raw))
+      evidence.add(likenessOfSpecimen(raw.recordProjectNo.view(), raw.recordSampleNo.view(), raw.testMethod,
+                                      raw.rawInitialHeight, raw.rawInitialArea));
+  };
+  const std::uint64_t count = entry.entryTail.specimenCount;
+  return {begin, judgeRecords<NewQvbSpecimenRecord>(head, begin + kPassedOver, count, judge).end};
 }
 
 Recognition recogniseNewQvb(const FileHead& head) { return recogniseKu<NewQvbTail>(head, judgeBlock); }
@@ -319,6 +318,7 @@ extern constinit const Importer kNewQvbImporter{.id = "new-qvb",
                                                 .columns = kColumns,
                                                 .recognise = recogniseNewQvb,
                                                 .open = openIndexed<NewQvbFormat>,
+                                                .formatPage = "new-qvb-triaxial-ku.md",
                                                 .layouts = layouts};
 
 }  // namespace triaxlab

@@ -127,15 +127,10 @@ QvbBlock blockOf(const File& file, const QvbEntry& entry) {
 bool isSpecimen(const QvbSpecimenRecord& raw) { return raw.rawCellPressure != 0; }
 
 BlockPlace judgeBlock(const QvbEntry& entry, const FileHead& head, Evidence& evidence) {
-  const std::uint64_t start = entry.entryDataOffset.value();
-  const std::size_t count = head.at<std::uint8_t>(start).value_or(entry.entryGroupCount);
-  for (std::size_t i = 0; i < count; ++i) {
-    const auto group = head.at<QvbGroupRecord>(start + 1 + i * sizeof(QvbGroupRecord));
-    if (!group) break;
-    for (const QvbSpecimenRecord& raw : group->specimens)
+  return judgeCountedRecords<QvbGroupRecord>(head, entry, [&](const QvbGroupRecord& group) {
+    for (const QvbSpecimenRecord& raw : group.specimens)
       if (isSpecimen(raw)) evidence.add(likenessOfSpecimen(raw.testMethod, raw.rawInitialHeight, raw.rawInitialArea));
-  }
-  return {start, start + 1 + count * sizeof(QvbGroupRecord)};
+  });
 }
 
 Recognition recogniseQvb98(const FileHead& head) { return recogniseKu<FixedText<8>>(head, judgeBlock); }
@@ -356,6 +351,7 @@ extern constinit const Importer kQvb98Importer{.id = "qvb98",
                                                .columns = kColumns,
                                                .recognise = recogniseQvb98,
                                                .open = openIndexed<Qvb98Format>,
+                                               .formatPage = "qvb98-triaxial-ku.md",
                                                .layouts = layouts};
 
 }  // namespace triaxlab

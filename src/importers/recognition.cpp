@@ -12,11 +12,14 @@ bool isPlainText(std::string_view text) {
   return std::all_of(shown.begin(), shown.end(), [](char c) { return static_cast<unsigned char>(c) >= kFirstPrinted; });
 }
 
+bool isSizeOfSpecimen(int height, int area) {
+  constexpr int kLowest = 400, kHighest = 4000, kSmallest = 500, kLargest = 32000;
+  return height >= kLowest && height <= kHighest && area >= kSmallest && area <= kLargest;
+}
+
 Likeness likenessOfSpecimen(std::uint8_t testMethod, std::int16_t height, std::int16_t area) {
   constexpr std::uint8_t kFirstMethod = 1, kLastMethod = 3;
-  constexpr std::int16_t kLowest = 400, kHighest = 4000, kSmallest = 500, kLargest = 32000;
-  const bool fits = testMethod >= kFirstMethod && testMethod <= kLastMethod && height >= kLowest &&
-                    height <= kHighest && area >= kSmallest && area <= kLargest;
+  const bool fits = testMethod >= kFirstMethod && testMethod <= kLastMethod && isSizeOfSpecimen(height, area);
   return fits ? Likeness::Sure : Likeness::Possible;
 }
 

@@ -77,8 +77,10 @@ class Evidence {
 /// No text of a sample or a project has control characters in front of its first zero byte.
 bool isPlainText(std::string_view text);
 
-/// A specimen by its method and its size in hundredths of cm and cm2: those that apparatus take are 4 to 40 cm high and
-/// 5 to 320 cm2 in section.
+/// Hundredths of cm and cm2; the specimens that apparatus take are 4 to 40 cm high and 5 to 320 cm2 in section.
+bool isSizeOfSpecimen(int height, int area);
+
+/// A specimen by its method and its size in hundredths of cm and cm2.
 Likeness likenessOfSpecimen(std::uint8_t testMethod, std::int16_t height, std::int16_t area);
 
 /// A specimen that names itself.

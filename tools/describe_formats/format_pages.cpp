@@ -9,7 +9,7 @@
 namespace triaxlab::formats {
 namespace {
 
-constexpr std::array kPages{
+constexpr std::array kPagesOfOwnFiles{
     FormatPage{"project-files.md", "project files: their names, head and frame", projectFilesPage},
     FormatPage{"triaxial-record.md", "the sample record of a triaxial project file", triaxialRecordPage},
     FormatPage{"unconfined-record.md", "the sample record of an unconfined project file", unconfinedRecordPage},
@@ -22,16 +22,15 @@ constexpr std::array kPages{
     FormatPage{"text-settings.md", "`zmqvb.ini`, `sz.ini`, `esz.ini`, `szshezhi.txt` (read only)", textSettingsPage},
     FormatPage{"save-journal.md", "the journal of a save", saveJournalPage},
     FormatPage{"backups.md", "copies of project files, and files that are there for a moment", backupsPage},
-    FormatPage{"automatic-triaxial-ku.md", "`HSZSJ.KU`: fully automatic triaxial apparatus (read only)", automaticPage},
-    FormatPage{"qvb98-triaxial-ku.md", "`KSZSJ.KU`: QVB98 triaxial apparatus (read only)", qvb98Page},
-    FormatPage{"new-qvb-triaxial-ku.md", "`RSZSJ.KU`: newer QVB triaxial apparatus (read only)", newQvbPage},
-    FormatPage{"manual-triaxial-ku.md", "`SDSZSJ.KU`: triaxial tests entered by hand (read only)", manualPage},
-    FormatPage{"nanjing-triaxial-szd.md", "`*.SZD`: Nanjing triaxial apparatus (read only)", nanjingPage},
 };
 
 }  // namespace
 
-std::span<const FormatPage> formatPages() { return kPages; }
+std::vector<FormatPage> formatPages() {
+  std::vector<FormatPage> pages(kPagesOfOwnFiles.begin(), kPagesOfOwnFiles.end());
+  for (const FormatPage& page : rawFilePages()) pages.push_back(page);
+  return pages;
+}
 
 std::string indexPage() {
   Page page("File formats");
@@ -42,7 +41,7 @@ tell what the code does; edit the tables or the texts in `tools/describe_formats
     build/dev/bin/describe_formats docs/formats
 )");
   std::vector<std::vector<std::string>> rows;
-  for (const FormatPage& entry : kPages)
+  for (const FormatPage& entry : formatPages())
     rows.push_back({fmt::format("[{0}]({0})", entry.file), std::string(entry.subject)});
   page.table(std::array<std::string_view, 2>{"page", "about"}, rows);
   page.heading("What all of them share");

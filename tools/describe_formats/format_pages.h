@@ -1,8 +1,8 @@
 #pragma once
 
-#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace triaxlab::formats {
 
@@ -14,7 +14,7 @@ struct FormatPage {
 };
 
 /// All pages but the index, in its order.
-std::span<const FormatPage> formatPages();
+std::vector<FormatPage> formatPages();
 /// README.md: conventions that all formats share, and the other pages.
 std::string indexPage();
 
@@ -30,10 +30,9 @@ std::string binarySettingsPage();
 std::string textSettingsPage();
 std::string saveJournalPage();
 std::string backupsPage();
-std::string automaticPage();
-std::string qvb98Page();
-std::string newQvbPage();
-std::string manualPage();
-std::string nanjingPage();
+
+/// Those that the raw data sources name, in the order of the menu. std::logic_error: a source names one that isn't
+/// written.
+std::vector<FormatPage> rawFilePages();
 
 }  // namespace triaxlab::formats

@@ -1,5 +1,9 @@
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+
 #include "format_pages.h"
 #include "importers/importer.h"
 #include "importers/raw_layouts.h"
@@ -27,8 +31,6 @@ void addLayouts(Page& page, std::string_view source) {
     page.record(layout.rows, layout.size);
   }
 }
-
-}  // namespace
 
 std::string automaticPage() {
   Page page("HSZSJ.KU: the fully automatic triaxial apparatus");
@@ -153,6 +155,99 @@ any other word leaves it blank. Without the two end words the lines go on behind
 blocks, or before the first marker, is passed over.
 )");
   return page.markdown();
+}
+
+constexpr std::string_view kYetToCome = R"(
+Known by its layout, so that another reader refuses it by name; its own reader is not part of this version. The layout is
+taken from descriptions and has not yet met a file of the apparatus.
+)";
+
+std::string kzjPage() {
+  Page page("KZJSJ.KU: the unconfined compression apparatus");
+  page.text(R"(
+Told in `src/importers/unconfined_ku.cpp`. The index is that of [HSZSJ.KU](automatic-triaxial-ku.md).
+
+    block = groups byte, groups x group, long numbers
+    long numbers = text 644: "zmgj", then ten places for each group
+)");
+  page.text(kYetToCome);
+  addLayouts(page, "unconfined-kzj");
+  return page.markdown();
+}
+
+std::string hwxPage() {
+  Page page("HWXSJ.KU: the newer unconfined compression apparatus");
+  page.text(R"(
+Told in `src/importers/unconfined_ku.cpp`. The index is that of [HSZSJ.KU](automatic-triaxial-ku.md).
+
+    block = specimens byte, specimens
+)");
+  page.text(kYetToCome);
+  addLayouts(page, "unconfined-hwx");
+  return page.markdown();
+}
+
+std::string kgjPage() {
+  Page page("KGJSJ.KU: the K0 apparatus");
+  page.text(R"(
+Told in `src/importers/k0_ku.cpp`. The index is that of [HSZSJ.KU](automatic-triaxial-ku.md).
+
+    block = stations                              as many as the groups of the index entry
+)");
+  page.text(kYetToCome);
+  addLayouts(page, "k0-kgj");
+  return page.markdown();
+}
+
+std::string hgjPage() {
+  Page page("HGJSJ.KU: the newer K0 apparatus");
+  page.text(R"(
+Told in `src/importers/k0_ku.cpp`. The index is that of [HSZSJ.KU](automatic-triaxial-ku.md).
+
+    block = header, readings
+    readings = 31 x uint32 (elapsed seconds), series        modes 1 and 2
+             | six bytes for each stage of each station     mode 3
+
+The header has places for 64 stations. Of the ten bytes in `stationFlags` that each has, byte 0 tells its kind: 0 empty,
+1 compression, 2 consolidation, 3 single line of loess, 4 K0, 5 double line of loess. Byte 2, modulo 10, is its row of
+the load table, counted from 1; 0 means no loads. Byte 4 is its recording mode.
+)");
+  page.text(kYetToCome);
+  addLayouts(page, "k0-hgj");
+  return page.markdown();
+}
+
+constexpr std::array kRawPages{
+    FormatPage{"automatic-triaxial-ku.md", "`HSZSJ.KU`: fully automatic triaxial apparatus (read only)", automaticPage},
+    FormatPage{"qvb98-triaxial-ku.md", "`KSZSJ.KU`: QVB98 triaxial apparatus (read only)", qvb98Page},
+    FormatPage{"new-qvb-triaxial-ku.md", "`RSZSJ.KU`: newer QVB triaxial apparatus (read only)", newQvbPage},
+    FormatPage{"manual-triaxial-ku.md", "`SDSZSJ.KU`: triaxial tests entered by hand (read only)", manualPage},
+    FormatPage{"nanjing-triaxial-szd.md", "`*.SZD`: Nanjing triaxial apparatus (read only)", nanjingPage},
+    FormatPage{"unconfined-kzj-ku.md", "`KZJSJ.KU`: unconfined compression apparatus (known, not yet read)", kzjPage},
+    FormatPage{"unconfined-hwx-ku.md", "`HWXSJ.KU`: newer unconfined compression apparatus (known, not yet read)",
+               hwxPage},
+    FormatPage{"k0-kgj-ku.md", "`KGJSJ.KU`: K0 apparatus (known, not yet read)", kgjPage},
+    FormatPage{"k0-hgj-ku.md", "`HGJSJ.KU`: newer K0 apparatus (known, not yet read)", hgjPage},
+};
+
+const FormatPage& rawPageOf(const Importer& importer) {
+  const auto* const page = std::find_if(kRawPages.begin(), kRawPages.end(),
+                                        [&](const FormatPage& raw) { return raw.file == importer.formatPage; });
+  if (page == kRawPages.end())
+    throw std::logic_error(fmt::format("{} of the source {} isn't written", importer.formatPage, importer.id));
+  return *page;
+}
+
+}  // namespace
+
+std::vector<FormatPage> rawFilePages() {
+  std::vector<FormatPage> pages;
+  for (const Importer* importer : importers()) {
+    const auto isThere = [&](const FormatPage& page) { return page.file == importer->formatPage; };
+    if (importer->formatPage.empty() || std::any_of(pages.begin(), pages.end(), isThere)) continue;
+    pages.push_back(rawPageOf(*importer));
+  }
+  return pages;
 }
 
 }  // namespace triaxlab::formats
