@@ -6,6 +6,7 @@
 #include <iterator>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "played_program.h"
@@ -116,6 +117,33 @@ TEST(Play, OpsWritesTheCanvasAsOperations) {
   const auto& operations = drawing.at("pages").at(0);
   EXPECT_EQ(std::ranges::count_if(operations, [](const auto& op) { return op.at("op") == "line"; }), 22 + 14);
   EXPECT_EQ(std::ranges::count_if(operations, [](const auto& op) { return op.at("op") == "box"; }), 1);
+}
+
+/// Where the numbers of the axes stand on the canvas of Form1, magnified or not, from the upper left.
+std::vector<std::pair<int, int>> axisNumbers(const std::string& look) {
+  const PlayedProgram program;
+  const PlayResult result = program.play("menu NEW\n" + look + "ops Form1.Picture1 page.json\n");
+  EXPECT_EQ(result.errors, "");
+  std::vector<std::pair<int, int>> places;
+  const auto drawing = nlohmann::json::parse(program.folder().read("page.json"));
+  for (const auto& op : drawing.at("pages").at(0))
+    if (op.at("op") == "text" && op.at("color") == 1) places.emplace_back(op.at("x"), op.at("y"));
+  return places;
+}
+
+TEST(Play, AMagnifiedChartKeepsTheNumbersOfItsAxesAtTheEdges) {
+  const auto isBelow = [](std::pair<int, int> place) { return place.second == 4700 - 210 - 30; };
+  const auto isLeft = [](std::pair<int, int> place) { return place.first == 30; };
+  const auto whole = axisNumbers("");
+  EXPECT_FALSE(whole.empty());
+  EXPECT_TRUE(std::ranges::none_of(whole, isBelow));
+  EXPECT_TRUE(std::ranges::none_of(whole, isLeft));
+  // About the lower right corner: neither axis is seen.
+  const auto magnified = axisNumbers("wheel Form1.Picture1 7050 4700 4 Ctrl\n");
+  EXPECT_TRUE(std::ranges::any_of(magnified, isLeft));
+  const auto upper = axisNumbers("wheel Form1.Picture1 7050 0 4 Ctrl\n");
+  EXPECT_TRUE(std::ranges::any_of(upper, isBelow));
+  EXPECT_TRUE(std::ranges::any_of(upper, isLeft));
 }
 
 TEST(Play, ShotWritesThePictureOfAWindow) {
