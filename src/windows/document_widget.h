@@ -1,15 +1,14 @@
 #pragma once
 
 #include <QWidget>
-#include <utility>
 
 #include "shell/shell_session.h"
+#include "windows/session_loop.h"
 
 namespace triaxlab {
 
-/// What all document windows do alike: the session does what a person asks, then its state is shown; closing asks the
-/// shell.
-class DocumentWidget : public QWidget {
+/// What all document windows do alike: what goes wrong is told by the shell, and closing asks it.
+class DocumentWidget : public QWidget, protected SessionLoop {
   Q_OBJECT
 
  public:
@@ -23,22 +22,14 @@ class DocumentWidget : public QWidget {
 
  protected:
   ShellSession& shell() const { return m_shell; }
-  /// Does what the person asked of the session, then shows its state. What goes wrong is told.
-  template <class Operation>
-  void act(Operation&& operation) {
-    m_shell.run(std::forward<Operation>(operation));
-    refresh();
-  }
-  void refresh();
-  /// The one place where the session's state becomes widgets.
-  virtual void showState() = 0;
+  void run(const std::function<void()>& operation) override { m_shell.run(operation); }
+  void stateShown() override { emit refreshed(); }
 
   void closeEvent(QCloseEvent* event) override;
 
  private:
   ShellSession& m_shell;
   ActiveDocument m_document;
-  bool m_isRefreshing = false, m_refreshAgain = false;
 };
 
 }  // namespace triaxlab

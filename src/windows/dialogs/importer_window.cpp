@@ -33,7 +33,7 @@ GridContent contentOf(const ImportSelection& selection) {
 }  // namespace
 
 ImporterWindow::ImporterWindow(QWidget* parent, ImportSelection& selection, Dialogs& dialogs, Progress progress)
-    : QDialog(parent),
+    : SessionDialog(parent),
       m_selection(selection),
       m_dialogs(dialogs),
       m_progress(std::move(progress)),
@@ -79,11 +79,12 @@ void ImporterWindow::makeSorts() {
 }
 
 void ImporterWindow::load() {
-  if (!m_selection.isOpen()) runShowingErrors(m_dialogs, [this] { m_selection.load(m_dialogs); });
+  act([this] {
+    if (!m_selection.isOpen()) m_selection.load(m_dialogs);
+  });
   m_grid->contentChanged();
   m_grid->setCurrentCell(1, 1);
   m_grid->setFocus();
-  refresh();
 }
 
 void ImporterWindow::sort(std::size_t button) {
@@ -98,21 +99,22 @@ void ImporterWindow::sort(std::size_t button) {
 }
 
 void ImporterWindow::toggleMark(int row) {
-  m_selection.toggleMark(static_cast<std::size_t>(row), m_dialogs);
+  act([this, row] { m_selection.toggleMark(static_cast<std::size_t>(row), m_dialogs); });
   m_grid->rowChanged(row);
-  refresh();
 }
 
 void ImporterWindow::read() {
-  const bool done = runShowingErrors(m_dialogs, [this] {
+  actToEnd([this] {
     const ImportReport report = m_selection.read(m_progress);
     m_remarks = m_selection.remarks();
     m_remarks->insert(m_remarks->end(), report.remarks.begin(), report.remarks.end());
+    return true;
   });
-  if (done) accept();
 }
 
-void ImporterWindow::refresh() {
+void ImporterWindow::run(const std::function<void()>& operation) { runShowingErrors(m_dialogs, operation); }
+
+void ImporterWindow::showState() {
   const SelectionState now = m_selection.state();
   m_fileCount->setText(words(now.label1));
   m_markCount->setText(words(now.label2));

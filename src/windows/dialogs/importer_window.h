@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QDialog>
 #include <optional>
 
 #include "common/user_error.h"
 #include "platform/dialogs.h"
 #include "sessions/dialogs/import_selection.h"
+#include "windows/dialogs/session_dialog.h"
 
 class QLabel;
 class QPushButton;
@@ -16,7 +16,7 @@ class GridView;
 
 /// The selection window of a raw database: what it holds, which rows are to be read. One window serves all sources; it
 /// carries the name of the source's own (OPENFORM0 and its kin). A selection with nothing open is loaded.
-class ImporterWindow : public QDialog {
+class ImporterWindow : public SessionDialog {
   Q_OBJECT
 
  public:
@@ -32,7 +32,8 @@ class ImporterWindow : public QDialog {
   void sort(std::size_t button);
   void toggleMark(int row);
   void read();
-  void refresh();
+  void run(const std::function<void()>& operation) override;
+  void showState() override;
 
   ImportSelection& m_selection;
   Dialogs& m_dialogs;

@@ -33,7 +33,7 @@ constexpr Place linePlace(int line, int x, int width) { return {x, kTop + kPitch
 }  // namespace
 
 Form10::Form10(QWidget* parent, OverwriteSession& session)
-    : QDialog(parent), m_session(session), m_scroll(put(new QScrollBar(this), "VScroll1", kScroll)) {
+    : SessionDialog(parent), m_session(session), m_scroll(put(new QScrollBar(this), "VScroll1", kScroll)) {
   setObjectName("Form10");
   setWindowTitle(words(OverwriteSession::kCaption));
   setFixedSize(rectangle(kWindow).size());
@@ -41,10 +41,8 @@ Form10::Form10(QWidget* parent, OverwriteSession& session)
   makeButtons();
   m_scroll->setPageStep(OverwriteSession::kVisibleRows);
   m_scroll->setRange(0, m_session.largestScroll());
-  connect(m_scroll, &QScrollBar::valueChanged, this, [this](int value) {
-    m_session.setScroll(value);
-    refresh();
-  });
+  connect(m_scroll, &QScrollBar::valueChanged, this,
+          [this](int value) { act([this, value] { m_session.setScroll(value); }); });
   refresh();
 }
 
@@ -59,10 +57,7 @@ void Form10::makeLines() {
       const Column& place = kColumns.at(column);
       auto* const made = put(new ClickLabel(this, {}, ClickLabel::Look::Cell), arrayName(place.cells, i),
                              linePlace(i + 1, place.x, place.width));
-      connect(made, &ClickLabel::clicked, this, [this, i] {
-        m_session.flip(i);
-        refresh();
-      });
+      connect(made, &ClickLabel::clicked, this, [this, i] { act([this, i] { m_session.flip(i); }); });
       return made;
     };
     m_lines.at(static_cast<std::size_t>(i)) = {label(0), label(1), label(2), label(3), label(4), label(5), label(6)};
@@ -81,14 +76,8 @@ void Form10::makeButtons() {
   accept->setFocus();
   // Enter ends the dialog whichever button was pressed last.
   for (QPushButton* const all : {overwrite, keep, cancel}) all->setAutoDefault(false);
-  connect(overwrite, &QPushButton::clicked, this, [this] {
-    m_session.overwriteAll();
-    refresh();
-  });
-  connect(keep, &QPushButton::clicked, this, [this] {
-    m_session.keepAll();
-    refresh();
-  });
+  connect(overwrite, &QPushButton::clicked, this, [this] { act([this] { m_session.overwriteAll(); }); });
+  connect(keep, &QPushButton::clicked, this, [this] { act([this] { m_session.keepAll(); }); });
   connect(accept, &QPushButton::clicked, this, &QDialog::accept);
   connect(cancel, &QPushButton::clicked, this, &Form10::reject);
 }
@@ -98,7 +87,7 @@ void Form10::reject() {
   QDialog::reject();
 }
 
-void Form10::refresh() {
+void Form10::showState() {
   for (int i = 0; i < OverwriteSession::kVisibleRows; ++i) {
     const OverwriteSession::Line texts = m_session.line(i);
     const Line& line = m_lines.at(static_cast<std::size_t>(i));

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QDialog>
 #include <array>
 
 #include "sessions/dialogs/overwrite_session.h"
+#include "windows/dialogs/session_dialog.h"
 
 class QScrollBar;
 
@@ -12,7 +12,7 @@ namespace triaxlab {
 class ClickLabel;
 
 /// Which of the known samples a save of imported data may write over. A click on a line flips its answer.
-class Form10 : public QDialog {
+class Form10 : public SessionDialog {
   Q_OBJECT
 
  public:
@@ -32,7 +32,7 @@ class Form10 : public QDialog {
 
   void makeLines();
   void makeButtons();
-  void refresh();
+  void showState() override;
 
   OverwriteSession& m_session;
   std::array<Line, OverwriteSession::kVisibleRows> m_lines;

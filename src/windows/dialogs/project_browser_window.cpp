@@ -30,7 +30,9 @@ GridContent contentOf(const BrowserSession& session) {
 }  // namespace
 
 OPENFORM::OPENFORM(QWidget* parent, BrowserSession& session)
-    : QDialog(parent), m_session(session), m_grid(put(new GridView(this, contentOf(session)), "MSFlexGrid1", kGrid)) {
+    : SessionDialog(parent),
+      m_session(session),
+      m_grid(put(new GridView(this, contentOf(session)), "MSFlexGrid1", kGrid)) {
   setObjectName("OPENFORM");
   setWindowTitle(words(session.caption()));
   setFixedSize(rectangle(kWindow).size());
@@ -57,7 +59,8 @@ void OPENFORM::makeLabels() {
   connect(clickable("Labelcz", BrowserSession::kOpen, kOpen), &ClickLabel::clicked, this, &OPENFORM::open);
   auto* const samples = clickable("Labelsize", BrowserSession::kSampleList, kSampleList);
   samples->setEnabled(m_session.hasSampleLists());
-  connect(samples, &ClickLabel::clicked, this, [this] { m_session.showSampleList([this] { showRows(); }); });
+  connect(samples, &ClickLabel::clicked, this,
+          [this] { act([this] { m_session.showSampleList([this] { refresh(); }); }); });
   const auto button = [this](const char* name, std::string_view caption, Place place, void (BrowserSession::*order)()) {
     auto* const made = put(new QPushButton(words(caption), this), name, place);
     made->setAutoDefault(false);
@@ -69,7 +72,7 @@ void OPENFORM::makeLabels() {
   m_sorting->hide();
 }
 
-void OPENFORM::showRows() {
+void OPENFORM::showState() {
   // The reset forgets the current cell; the session doesn't.
   const int row = m_session.currentRow(), column = m_session.currentColumn();
   m_grid->contentChanged();
@@ -79,14 +82,13 @@ void OPENFORM::showRows() {
 void OPENFORM::sort(void (BrowserSession::*order)()) {
   m_sorting->show();
   m_sorting->repaint();
-  (m_session.*order)();
-  showRows();
+  act([this, order] { (m_session.*order)(); });
   m_sorting->hide();
   m_grid->setFocus();
 }
 
 void OPENFORM::open() {
-  if (m_session.open()) accept();
+  actToEnd([this] { return m_session.open(); });
 }
 
 }  // namespace triaxlab

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QDialog>
-
 #include "sessions/dialogs/browser_session.h"
+#include "windows/dialogs/session_dialog.h"
 
 namespace triaxlab {
 
@@ -10,7 +9,7 @@ class ClickLabel;
 class GridView;
 
 /// The list of project files of one kind, to be sorted; a double click, Enter or 打开文件 opens the chosen one.
-class OPENFORM : public QDialog {
+class OPENFORM : public SessionDialog {
   Q_OBJECT
 
  public:
@@ -19,8 +18,8 @@ class OPENFORM : public QDialog {
  private:
   void makeLabels();
   void open();
-  void showRows();
   void sort(void (BrowserSession::*order)());
+  void showState() override;
 
   BrowserSession& m_session;
   GridView* m_grid;

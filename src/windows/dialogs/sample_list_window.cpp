@@ -34,7 +34,8 @@ bool beginsGroup(ListAction action) { return action == ListAction::Delete || act
 
 }  // namespace
 
-SampleListWindow::SampleListWindow(QWidget* parent, SampleListSession& session) : QDialog(parent), m_session(session) {
+SampleListWindow::SampleListWindow(QWidget* parent, SampleListSession& session)
+    : SessionDialog(parent), m_session(session) {
   setObjectName(words(session.form()));
   setWindowTitle(words(session.caption()));
   int x = kMargin;
@@ -48,10 +49,8 @@ SampleListWindow::SampleListWindow(QWidget* parent, SampleListSession& session) 
   m_scroll = put(new QScrollBar(this), "VScroll1", {x, kTop + kPitch, kScrollWidth, kListHeight - kPitch});
   m_scroll->setPageStep(SampleListSession::kVisibleRows);
   m_scroll->setFocusPolicy(Qt::StrongFocus);
-  connect(m_scroll, &QScrollBar::valueChanged, this, [this](int value) {
-    m_session.setScroll(value);
-    refresh();
-  });
+  connect(m_scroll, &QScrollBar::valueChanged, this,
+          [this](int value) { act([this, value] { m_session.setScroll(value); }); });
   x += kScrollWidth + kButtonGap;
   makeButtons(x);
   setFixedSize(rectangle({0, 0, x + kButtonWidth + kMargin, kTop + kListHeight + kMargin}).size());
@@ -66,10 +65,7 @@ void SampleListWindow::makeColumn(std::size_t column, int x) {
   for (int i = 0; i < SampleListSession::kVisibleRows; ++i) {
     auto* const cell = put(new ClickLabel(this, {}, ClickLabel::Look::Cell), arrayName(kCellNames.at(column), i),
                            linePlace(i + 1, x, shown.width));
-    connect(cell, &ClickLabel::clicked, this, [this, i] {
-      m_session.flipMark(i);
-      refresh();
-    });
+    connect(cell, &ClickLabel::clicked, this, [this, i] { act([this, i] { m_session.flipMark(i); }); });
     m_lines.at(static_cast<std::size_t>(i)).push_back(cell);
   }
 }
@@ -82,9 +78,8 @@ void SampleListWindow::makeButtons(int x) {
         put(new QPushButton(words(button.caption), this), words(button.control), {x, y, kButtonWidth, kButtonHeight});
     // Enter presses none of them: what it would do can't be seen.
     made->setAutoDefault(false);
-    connect(made, &QPushButton::clicked, this, [this, &button] {
-      if (m_session.press(button, *this)) reject();
-    });
+    connect(made, &QPushButton::clicked, this,
+            [this, &button] { actToEnd([this, &button] { return m_session.press(button, *this); }); });
     y += kButtonPitch;
   }
 }
@@ -93,7 +88,7 @@ void SampleListWindow::askForRange(ListRangeDialog& dialog) { Form16(this, dialo
 
 void SampleListWindow::showRowMoves(RowMoves& moves) { Form17(this, moves).exec(); }
 
-void SampleListWindow::refresh() {
+void SampleListWindow::showState() {
   static const QColor kMarked = colourOf(Colour::LightRed);
   for (int i = 0; i < SampleListSession::kVisibleRows; ++i) {
     const SampleListSession::Line line = m_session.line(i);

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QDialog>
 #include <array>
 #include <vector>
 
 #include "sessions/dialogs/sample_list_session.h"
+#include "windows/dialogs/session_dialog.h"
 
 class QScrollBar;
 
@@ -14,7 +14,7 @@ class ClickLabel;
 
 /// Form14 and Form13: the samples of a project file, to be put in order or removed. A click on a line marks its row for
 /// deletion; Esc and the corner are 返 回.
-class SampleListWindow : public QDialog, private SampleListView {
+class SampleListWindow : public SessionDialog, private SampleListView {
   Q_OBJECT
 
  public:
@@ -28,7 +28,9 @@ class SampleListWindow : public QDialog, private SampleListView {
   // SampleListView
   void askForRange(ListRangeDialog& dialog) override;
   void showRowMoves(RowMoves& moves) override;
-  void refresh() override;
+  void refresh() override { SessionLoop::refresh(); }
+
+  void showState() override;
 
   void makeColumn(std::size_t column, int x);
   void makeButtons(int x);

@@ -33,7 +33,7 @@ GridContent contentOf(const SourceFolderSession& session) {
 }  // namespace
 
 Form5::Form5(QWidget* parent, SourceFolderSession& session)
-    : QDialog(parent),
+    : SessionDialog(parent),
       m_session(session),
       m_text(put(new QLineEdit(this), "Text1", kText)),
       m_drives(put(new QComboBox(this), "Drive1", kDrives)),
@@ -47,16 +47,15 @@ Form5::Form5(QWidget* parent, SourceFolderSession& session)
   makeLists();
   makeButtons();
   showRows();
+  refresh();
   m_text->setFocus();
   m_text->selectAll();
 }
 
 void Form5::makeLists() {
   for (const std::string& drive : m_session.drives()) m_drives->addItem(words(drive));
-  connect(m_drives, &QComboBox::activated, this, [this](int drive) {
-    m_session.chooseDrive(static_cast<std::size_t>(drive));
-    showRows();
-  });
+  connect(m_drives, &QComboBox::activated, this,
+          [this](int drive) { openFolder([this, drive] { m_session.chooseDrive(static_cast<std::size_t>(drive)); }); });
 
   m_folders->horizontalHeader()->hide();
   m_folders->horizontalHeader()->setStretchLastSection(true);
@@ -65,9 +64,7 @@ void Form5::makeLists() {
   // A row that becomes current by the arrow keys or a click is chosen; one that the list itself shows is chosen
   // already.
   const auto choose = [this](const QModelIndex& cell) {
-    if (!cell.isValid()) return;
-    m_session.chooseRow(static_cast<std::size_t>(cell.row()));
-    refresh();
+    if (cell.isValid()) act([&] { m_session.chooseRow(static_cast<std::size_t>(cell.row())); });
   };
   connect(m_folders, &GridView::clicked, this, choose);
   connect(m_folders->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
@@ -75,29 +72,28 @@ void Form5::makeLists() {
             if (cell.row() != static_cast<int>(m_session.currentRow())) choose(cell);
           });
   const auto open = [this] {
-    m_session.openRow(static_cast<std::size_t>(m_folders->currentRow() - 1));
-    showRows();
+    openFolder([this] { m_session.openRow(static_cast<std::size_t>(m_folders->currentRow() - 1)); });
   };
   connect(m_folders, &GridView::rowDoubleClicked, this, open);
   connect(new QShortcut(Qt::Key_Right, m_folders, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
           open);
   connect(new QShortcut(Qt::Key_Left, m_folders, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
-          [this] {
-            m_session.openParent();
-            showRows();
-          });
+          [this] { openFolder([this] { m_session.openParent(); }); });
 }
 
 void Form5::makeButtons() {
   auto* const accepting = put(new QPushButton(words(SourceFolderSession::kAccept), this), "Command1", kAccept);
   accepting->setDefault(true);
-  connect(accepting, &QPushButton::clicked, this, [this] {
-    if (m_session.accept()) accept();
-  });
+  connect(accepting, &QPushButton::clicked, this, [this] { actToEnd([this] { return m_session.accept(); }); });
   connect(m_folders, &GridView::enterPressed, accepting, &QPushButton::click);
   auto* const cancel = put(new QPushButton(words(SourceFolderSession::kCancel), this), "Command2", kCancel);
   cancel->setAutoDefault(false);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void Form5::openFolder(const std::function<void()>& operation) {
+  act(operation);
+  showRows();
 }
 
 /// Another folder is open.
@@ -105,10 +101,9 @@ void Form5::showRows() {
   m_folders->contentChanged();
   m_folders->setCurrentCell(static_cast<int>(m_session.currentRow()) + 1, 1);
   m_folders->scrollTo(m_folders->currentIndex());
-  refresh();
 }
 
-void Form5::refresh() {
+void Form5::showState() {
   m_drives->setCurrentIndex(static_cast<int>(m_session.currentDrive()));
   const QString text = words(m_session.text());
   if (m_text->text() != text) m_text->setText(text);

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QDialog>
-
 #include "sessions/dialogs/source_folder_session.h"
+#include "windows/dialogs/session_dialog.h"
 
 class QComboBox;
 class QLineEdit;
@@ -12,7 +11,7 @@ namespace triaxlab {
 class GridView;
 
 /// Asks for the folder of one kind of raw data: a text box, the disks and the folders of the machine.
-class Form5 : public QDialog {
+class Form5 : public SessionDialog {
   Q_OBJECT
 
  public:
@@ -21,8 +20,9 @@ class Form5 : public QDialog {
  private:
   void makeLists();
   void makeButtons();
+  void openFolder(const std::function<void()>& operation);
   void showRows();
-  void refresh();
+  void showState() override;
 
   SourceFolderSession& m_session;
   QLineEdit* m_text;

@@ -46,7 +46,7 @@ constexpr Place kAccept{1100, 4500, 1600, 450}, kPreview{3250, 4500, 1600, 450},
 }  // namespace
 
 SETPRINTFORM::SETPRINTFORM(QWidget* parent, ThreeInOnePrintSession& session, PageDevices& devices)
-    : QDialog(parent),
+    : SessionDialog(parent),
       m_session(session),
       m_devices(devices),
       m_sending(put(new QLabel(print_captions::kSending, this), "Label1", kSending)) {
@@ -66,10 +66,8 @@ void SETPRINTFORM::makeChecks() {
     const auto& [tick, place] = kChecks.at(i);
     const char* const caption = print_captions::kTicks.at(static_cast<std::size_t>(tick));
     auto* const box = put(new QCheckBox(caption, this), QString("Check%1").arg(i + 1), place);
-    connect(box, &QCheckBox::clicked, this, [this, tick = tick](bool ticked) {
-      m_session.setTicked(tick, ticked);
-      refresh();
-    });
+    connect(box, &QCheckBox::clicked, this,
+            [this, tick = tick](bool ticked) { act([&] { m_session.setTicked(tick, ticked); }); });
     m_checks.at(i) = box;
   }
 }
@@ -80,8 +78,8 @@ void SETPRINTFORM::makeScopes() {
     auto* const option =
         put(new QRadioButton(print_captions::kScopes.at(i), this), QString("Option%1").arg(number), kScopePlaces.at(i));
     connect(option, &QRadioButton::clicked, this, [this, number] {
-      const bool typesRange = m_session.choose(static_cast<PrintScope>(number));
-      refresh();
+      bool typesRange = false;
+      act([&] { typesRange = m_session.choose(static_cast<PrintScope>(number)); });
       if (typesRange) m_boxes[0]->setFocus();
     });
     m_scopes.at(i) = option;
@@ -115,29 +113,27 @@ void SETPRINTFORM::makeButtons() {
 bool SETPRINTFORM::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusIn)
     for (std::size_t i = 0; i < m_boxes.size(); ++i)
-      if (watched == m_boxes.at(i)) {
-        m_session.enterBox(static_cast<PrintBox>(i));
-        refresh();
-      }
+      if (watched == m_boxes.at(i)) act([this, i] { m_session.enterBox(static_cast<PrintBox>(i)); });
   return QDialog::eventFilter(watched, event);
 }
 
 void SETPRINTFORM::print() {
-  const bool accepted = m_session.accept();
-  refresh();
-  if (!accepted) return;
-  m_sending->show();
-  // Nothing is drawn by itself until the job is done.
-  repaint();
-  m_session.send(m_devices);
-  accept();
+  actToEnd([this] {
+    if (!m_session.accept()) return false;
+    refresh();
+    m_sending->show();
+    // Nothing is drawn by itself until the job is done.
+    repaint();
+    m_session.send(m_devices);
+    return true;
+  });
 }
 
 void SETPRINTFORM::preview() {
   PrintPreview(this, [this](PageDevice& device) { m_session.preview(device); }).exec();
 }
 
-void SETPRINTFORM::refresh() {
+void SETPRINTFORM::showState() {
   const ThreeInOnePrintState now = m_session.state();
   for (std::size_t i = 0; i < kChecks.size(); ++i) m_checks.at(i)->setChecked(now.ticked(kChecks.at(i).tick));
   m_scopes.at(static_cast<std::size_t>(now.scope) - 1)->setChecked(true);

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QDialog>
 #include <array>
 
 #include "sessions/dialogs/three_in_one_print_session.h"
+#include "windows/dialogs/session_dialog.h"
 
 class QCheckBox;
 class QLabel;
@@ -14,7 +14,7 @@ class QRadioButton;
 namespace triaxlab {
 
 /// The print dialog of the triaxial result pages.
-class SETPRINTFORM : public QDialog {
+class SETPRINTFORM : public SessionDialog {
   Q_OBJECT
 
  public:
@@ -31,7 +31,7 @@ class SETPRINTFORM : public QDialog {
   void makeButtons();
   void print();
   void preview();
-  void refresh();
+  void showState() override;
 
   ThreeInOnePrintSession& m_session;
   PageDevices& m_devices;
