@@ -164,7 +164,58 @@ class Crash : public ::testing::TestWithParam<Scene> {
     }
   }
 
+  /// Leaves a complete journal that nothing of was applied, lets a sibling tool write, and stops each attempt to finish
+  /// the save.
+  void letASiblingWriteBeforeTheRecovery() {
+    restore(contentsWithJournal());
+    m_folder.write(kSummary, changedBySibling(m_folder.read(kSummary)));
+    const Contents journalled = contents();
+    ASSERT_TRUE(journalled.contains("journal"));
+    Contents wanted = m_new;
+    wanted[kSummary] = changedBySibling(m_new[kSummary]);
+    const long calls = countCalls({"recover"});
+    ASSERT_TRUE(contents() == wanted);
+    for (long call = 1; call <= calls; ++call) {
+      restore(journalled);
+      stop({"recover"}, "kill", call);
+      ASSERT_EQ(run({"recover"}).exitStatus, kDone) << call;
+      ASSERT_TRUE(contents() == wanted) << "killed at call " << call;
+    }
+  }
+
  private:
+  static constexpr const char* kSummary = "ZMSJ/KHZP1.txt";
+  static constexpr std::size_t kSummaryHeader = 600, kSummaryRecord = 2747;
+
+  static std::string recordOf(const std::string& summary, std::size_t k) {
+    return summary.substr(kSummaryHeader + k * kSummaryRecord, kSummaryRecord);
+  }
+  static std::string fourPlaces(std::size_t number) {
+    std::string text = std::to_string(number);
+    return text.insert(0, 4 - text.size(), '0');
+  }
+  /// Sets the sequence numbers anew.
+  static std::string summaryOf(std::string header, const std::vector<std::string>& records) {
+    header.replace(0, 4, fourPlaces(records.size()));
+    for (std::size_t k = 0; k < records.size(); ++k) header += std::string(records[k]).replace(3, 4, fourPlaces(k + 1));
+    return header;
+  }
+  /// Of the ten samples of before, the first two change places and the third gets a result in the section "WS:";
+  /// another follows them. The second date of the header is the sibling's.
+  static std::string changedBySibling(const std::string& summary) {
+    std::string header = summary.substr(0, kSummaryHeader);
+    std::vector<std::string> records;
+    for (std::size_t k = 0; kSummaryHeader + k * kSummaryRecord < summary.size(); ++k)
+      records.push_back(recordOf(summary, k));
+    header.replace(40, 10, "2031/12/31");
+    std::swap(records[0], records[1]);
+    records[2].replace(62, 6, "123.45");
+    std::string another(kSummaryRecord, '?');
+    another.replace(7, 15, "X1             ");
+    records.insert(records.begin() + 10, another);
+    return summaryOf(header, records);
+  }
+
   void makeOldFiles() {
     Workspace workspace;
     workspace.applicationFolder = workspace.dataFolder = m_folder.path();
@@ -312,6 +363,7 @@ TEST_P(CrashOfARecovery, IsKilledToo) { stopTheRecovery("kill"); }
 TEST_P(CrashOfARecovery, IsTornToo) { stopTheRecovery("tear"); }
 TEST_P(CrashOfARecovery, MeetsABrokenDiskToo) { stopTheRecovery("EIO"); }
 TEST_P(CrashOfARecovery, CanNotLookOnceToo) { failAtEachLookOfTheRecovery(); }
+TEST_P(CrashOfARecovery, KeepsWhatASiblingToolWroteInBetween) { letASiblingWriteBeforeTheRecovery(); }
 INSTANTIATE_TEST_SUITE_P(Saves, CrashOfARecovery,
                          ::testing::Values(kOverAnExistingProject, kRewriteOfAList, kDeletionOfAll), nameOf);
 

@@ -18,11 +18,17 @@ std::string saveJournalPage() {
   page.text(fmt::format(R"(
 A save reaches the disk in all its files or in none. The file `{0}` in the data folder first takes every byte that
 the save is about to write and says where it belongs: it is made as `{2}…{3}`, synced, and gets its name; then the
-files are written and synced, then it is removed. One that is found at a start or an open was left by a program that died: a complete one is applied, once more if
-need be; an incomplete one means that no file had changed yet, and is dropped. `{4}…{1}` beside it is the new content of
-a file that is replaced as a whole; without a complete journal it is worth nothing. The … is a word that no other program
+files are written and synced, then it is removed. One that is found at a start or an open was left by a program that
+died: a complete one is applied, once more if need be; an incomplete one means that no file had changed yet, and is
+dropped. `{4}…{1}` beside it is the new content of a file that is replaced as a whole; without a complete journal it is worth nothing. The … is a word that no other program
 has, on this machine or another. A journal that can't be applied waits, and keeps its files from all other saves; the
 journals of saves of other files are then called `{0}.2` to `{0}.9`.
+
+Of a record of a summary file that was there the journal carries this system's fields alone, and the sample number with
+them. When it is applied after a crash, each record is found again by its sample number, wherever a sibling tool has
+moved it; a sample that is no longer there is added behind the last, and the count is that of the file as it stands. In
+records that stand there nothing else is written. A summary file that is damaged or another project's by then is left
+alone.
 
     head
     index     for each file: its entry, its path, and for each of its pieces an entry

@@ -332,7 +332,8 @@ Remarks FileUpdate::recover(const std::filesystem::path& dataFolder, std::chrono
   const FileUpdate update(dataFolder, patience);
   if (wanted) {
     const std::string path = textOfPath(wanted->lexically_relative(dataFolder).generic_string());
-    if (const WaitingSave* const save = update.m_state->recovery.waitingFor(path)) throw UserError(save->sentence);
+    const WaitingSave* const save = update.m_state->recovery.waitingFor(path);
+    if (save && !save->isWritten) throw UserError(save->sentence);
   }
   return update.remarks();
 }

@@ -49,7 +49,8 @@ constexpr auto fieldsOf(RecordTag<SaveJournalIndexFile> /*record*/) {
       TRIAXLAB_FIELD(SaveJournalIndexFile, pathLength, "bytes", "length of the path"),
       TRIAXLAB_FIELD(SaveJournalIndexFile, deed, "",
                      "0 written to in pieces, 1 replaced by a file (one at most), 2 removed"),
-      TRIAXLAB_FIELD(SaveJournalIndexFile, pieceCount, "", "number of pieces; of deed 1 the name of the new content, without it journal.new; of deed 2 none"),
+      TRIAXLAB_FIELD(SaveJournalIndexFile, pieceCount, "",
+                     "number of pieces; of deed 1 the name of the new content, without it journal.new; of deed 2 none"),
   };
 }
 constexpr auto fieldsOf(RecordTag<SaveJournalIndexPiece> /*record*/) {

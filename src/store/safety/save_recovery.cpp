@@ -8,6 +8,7 @@
 
 #include "common/small_letters.h"
 #include "store/safety/save_journal_application.h"
+#include "store/summary/summary_merge.h"
 
 namespace triaxlab {
 namespace {
@@ -31,11 +32,26 @@ std::vector<std::string> namesOfJournals(const fs::path& dataFolder) {
   return listFiles(dataFolder, kSaveJournalName, "");
 }
 
-void apply(const fs::path& dataFolder, const FoundSaveJournal& journal) {
-  SaveJournalApplication application(dataFolder, journal.files(), journal);
+void apply(const fs::path& dataFolder, const std::vector<SaveJournalFile>& files, const SaveJournalData& data) {
+  SaveJournalApplication application(dataFolder, files, data);
   application.lengthen();
   application.exchange();
   application.overwrite();
+}
+
+/// A summary file may have changed since: what is meant for it goes where it belongs now.
+Remarks apply(const fs::path& dataFolder, const FoundSaveJournal& journal) {
+  std::vector<SaveJournalFile> summaries, others;
+  for (const SaveJournalFile& file : journal.files())
+    (isWritten(file) && isSummaryPath(file.path) ? summaries : others).push_back(file);
+  apply(dataFolder, others, journal);
+  Remarks remarks;
+  for (const SaveJournalFile& file : summaries) {
+    const SummaryMerge merge = mergeSummary(dataFolder, file, journal);
+    apply(dataFolder, merge.files, merge.data);
+    remarks.insert(remarks.end(), merge.remarks.begin(), merge.remarks.end());
+  }
+  return remarks;
 }
 
 std::vector<std::string> pathsOf(const FoundSaveJournal& journal) {
@@ -67,12 +83,13 @@ void finish(const fs::path& dataFolder, const fs::path& path, const FoundSaveJou
     return;
   }
   try {
-    apply(dataFolder, journal);
+    for (const std::string& remark : apply(dataFolder, journal)) recovery.remarks.push_back(remark);
   } catch (const UserError& cause) {
     recovery.waiting.push_back(waitingSave(dataFolder, path, journal, cause.what()));
     return;
   }
-  if (const auto cause = dropSaveJournal(path)) recovery.remarks.push_back(leftJournalRemark(path, *cause));
+  if (const auto cause = dropSaveJournal(path))
+    recovery.waiting.push_back({path, paths, leftJournalRemark(path, *cause), true});
 }
 
 /// Finishes or drops what stands under a journal's name. The locks of its files may be long in coming: afterwards the

@@ -13,11 +13,13 @@
 namespace triaxlab {
 
 /// A save whose journal is complete but can't be brought into its files: one may not be written to, or something else
-/// has its name. Its journal waits; the files that it names are left alone until then.
+/// has its name. Or it was, and the journal can't be removed. Its journal waits; the files that it names are not
+/// written to until it is gone, since every start brings it into them again.
 struct WaitingSave {
   std::filesystem::path journal;
   std::vector<std::string> paths;  // as the journal names them
   std::string sentence;            // what is the matter, and how to get on
+  bool isWritten = false;          // the files hold it and may be read
 };
 
 /// What became of the saves that dead programs left.

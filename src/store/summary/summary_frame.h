@@ -36,6 +36,8 @@ inline constexpr std::array<SummarySection, 12> kSummarySections{{
     {"WC:", 2732, 15},
 }};
 
+inline constexpr std::size_t kMostSummaryRecords = 9999;
+
 /// Offset of record k (from 0) in the file.
 constexpr std::uint64_t summaryPosition(std::size_t k) { return sizeof(SummaryHeader) + k * sizeof(SummaryRecord); }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "store/summary/summary_file.h"
+#include "store/summary/summary_parts.h"
 #include "store/summary/summary_sections.h"
 #include "store/summary/trial_pit.h"
 
@@ -14,7 +15,6 @@ ReadAt readerOf(const FileUpdate& update, const std::filesystem::path& path) {
       [&update, &path](std::uint64_t offset, std::span<std::byte> into) { return update.readAt(path, offset, into); };
 }
 
-constexpr int kLargestCountOnFile = 9999;
 constexpr std::size_t kBoreholeWidth = 8;  // behind the number of a trial pit
 
 std::string placesOf(std::string_view text, std::size_t width) {
@@ -41,6 +41,12 @@ void setTitle(FixedText<N>& field, const TitleText& title, std::string_view proj
   if (title.typed || (title.projectNo == projectNo && field.trimmed() != text)) SetText(field, text);
 }
 
+/// Writes some parts of an object that begins at a place of the file.
+void writeParts(FileUpdate& update, const std::filesystem::path& path, std::uint64_t begin,
+                std::span<const std::byte> object, std::span<const SummaryPart> parts) {
+  for (const SummaryPart& part : parts) update.writeAt(path, begin + part.begin, partOf(object, part));
+}
+
 }  // namespace
 
 SummaryUpdate::SummaryUpdate(FileUpdate& update, const Workspace& workspace, ProjectKind kind,
@@ -50,7 +56,8 @@ SummaryUpdate::SummaryUpdate(FileUpdate& update, const Workspace& workspace, Pro
       m_kind(kind),
       m_projectNo(projectNo),
       m_path(summaryPath(workspace, projectNo)) {
-  if (m_update.exists(m_path))
+  m_isNew = !m_update.exists(m_path);
+  if (!m_isNew)
     loadFile();
   else
     m_head.header = newSummaryHeader(m_projectNo, m_workspace.today());
@@ -59,6 +66,7 @@ SummaryUpdate::SummaryUpdate(FileUpdate& update, const Workspace& workspace, Pro
 void SummaryUpdate::loadFile() {
   const ReadAt readAt = readerOf(m_update, m_path);
   m_head = readSummaryHead(readAt, m_path);
+  m_found = m_head.header;
   FixedText<15> sampleNo;
   for (std::size_t k = 0; k < static_cast<std::size_t>(m_head.sampleCount); ++k) {
     const std::uint64_t place = summaryPosition(k) + offsetof(SummaryRecord, sampleNo);
@@ -89,11 +97,12 @@ void SummaryUpdate::completeShortFile() {
 bool SummaryUpdate::put(const SampleRows& rows, std::size_t row) {
   const std::string sampleNo(rows.sampleNo(row));
   const auto known = m_positions.find(sampleNo);
-  if (known == m_positions.end() && m_head.sampleCount >= kLargestCountOnFile) return false;
+  if (known == m_positions.end() && std::cmp_greater_equal(m_head.sampleCount, kMostSummaryRecords)) return false;
 
   completeShortFile();
   const bool isKnown = known != m_positions.end();
   const std::size_t k = isKnown ? known->second : static_cast<std::size_t>(m_head.sampleCount);
+  const bool isWhole = isKnown && !(m_cut && m_cut->first == k);
   SummaryRecord summary = isKnown ? stored(k) : newSummaryRecord(m_workspace.today());
   if (!isKnown) {
     m_positions.emplace(sampleNo, k);
@@ -106,7 +115,10 @@ bool SummaryUpdate::put(const SampleRows& rows, std::size_t row) {
   summary.samplingDepth = location.samplingDepth;
   SetText(summary.samplingSpot, location.samplingSpot.trimmed());
   putResults(summary, m_workspace, m_kind, row);
-  m_update.writeAt(m_path, summaryPosition(k), bytesOf(summary));
+  if (isWhole)
+    writeParts(m_update, m_path, summaryPosition(k), bytesOf(summary), kOwnRecordParts);
+  else
+    m_update.writeAt(m_path, summaryPosition(k), bytesOf(summary));
   SetText(m_head.header.toolDates[0], testDateOf(m_workspace, m_kind, row));
   m_written = true;
   return true;
@@ -118,7 +130,17 @@ void SummaryUpdate::finish() {
   if (!m_workspace.projectName.typed && m_head.header.projectName.isBlank())
     SetText(m_head.header.projectName, m_workspace.importedProjectName(m_projectNo));
   setTitle(m_head.header.secondTitleLine, m_workspace.secondTitleLine, m_projectNo);
-  m_update.writeAt(m_path, 0, bytesOf(m_head.header));
+  writeHeader();
+}
+
+/// A title that was not set here is what a sibling tool makes of it.
+void SummaryUpdate::writeHeader() {
+  const SummaryHeader& header = m_head.header;
+  if (m_isNew) return m_update.writeAt(m_path, 0, bytesOf(header));
+  writeParts(m_update, m_path, 0, bytesOf(header), std::array{kSampleCountPart, kProjectNoPart, kOwnDatePart});
+  for (const SummaryPart& title : {kProjectNamePart, kSecondTitlePart})
+    if (!std::ranges::equal(partOf(bytesOf(header), title), partOf(bytesOf(m_found), title)))
+      writeParts(m_update, m_path, 0, bytesOf(header), std::array{title});
 }
 
 void blankDeletedSamples(FileUpdate& update, const Workspace& workspace, ProjectKind kind, std::string_view projectNo,
@@ -127,14 +149,16 @@ void blankDeletedSamples(FileUpdate& update, const Workspace& workspace, Project
   if (path.empty() || !update.exists(path)) return;
   update.lock().take(path);
   const ReadAt readAt = readerOf(update, path);
+  const SummaryHead head = readSummaryHead(readAt, path);
   const auto blank = [&](std::size_t k, const SummaryRecord& stored) {
     if (sampleNumbers.contains(std::string(stored.sampleNo.trimmed()))) return;
     SummaryRecord summary = stored;
     blankResults(summary, kind);
-    if (!std::ranges::equal(bytesOf(summary), bytesOf(stored)))
-      update.writeAt(path, summaryPosition(k), bytesOf(summary));
+    if (std::ranges::equal(bytesOf(summary), bytesOf(stored))) return;
+    writeParts(update, path, 0, bytesOf(head.header), std::array{kProjectNoPart});
+    writeParts(update, path, summaryPosition(k), bytesOf(summary), kBlankedParts);
   };
-  visitSummaryRecords(readAt, readSummaryHead(readAt, path).sampleCount, blank);
+  visitSummaryRecords(readAt, head.sampleCount, blank);
 }
 
 }  // namespace triaxlab

@@ -38,13 +38,16 @@ class SummaryUpdate {
   /// Before the first record is written: blanks in the place of what the file lacks of the records that its header
   /// claims, and not a gap of zero bytes.
   void completeShortFile();
+  void writeHeader();
 
   FileUpdate& m_update;
   const Workspace& m_workspace;
   ProjectKind m_kind;
   std::string m_projectNo;
   std::filesystem::path m_path;
+  bool m_isNew = false;
   SummaryHead m_head;
+  SummaryHeader m_found;                                       // as the file has it
   std::unordered_map<std::string, std::size_t> m_positions;    // of the first record of each number
   std::optional<std::pair<std::size_t, SummaryRecord>> m_cut;  // the record that the file's end cuts, until it is put
   bool m_written = false;
