@@ -30,7 +30,10 @@ constexpr std::int16_t fromSignAndMagnitude(std::int16_t word) {
 }
 
 /// A word of tenths as the format "0" shows it: half away from zero.
-constexpr double wholeOfTenths(std::int16_t tenths) { return (tenths + (tenths < 0 ? -5 : 5)) / 10; }
+constexpr double wholeOfTenths(std::int16_t tenths) {
+  const int whole = (tenths + (tenths < 0 ? -5 : 5)) / 10;
+  return whole;
+}
 
 /// A number field of hundredths; a word of 0 leaves it as it is.
 inline void setHundredths(FixedText<6>& field, std::int16_t hundredths) {

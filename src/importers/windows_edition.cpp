@@ -28,7 +28,7 @@ Recognition recogniseJet(const FileHead& head, std::string_view table) {
   if (!bytes.starts_with(kSignature) && !bytes.starts_with(kLaterSignature)) return Recognition::NotMine;
   std::string wide;
   for (const char letter : table) wide.append({letter, '\0'});
-  const bool hasTable = bytes.find(table) != bytes.npos || bytes.find(wide) != bytes.npos;
+  const bool hasTable = bytes.find(table) != std::string_view::npos || bytes.find(wide) != std::string_view::npos;
   return hasTable ? Recognition::Mine : Recognition::Damaged;
 }
 
