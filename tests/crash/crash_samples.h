@@ -21,6 +21,8 @@ inline TriaxialSampleRecord sample(const std::string& projectNo, int number, int
   return record;
 }
 
+inline constexpr int kSamplesOfASharer = 15;
+
 inline void fill(Workspace& workspace, const std::string& projectNo, int firstRow, int samples, int reading) {
   for (int i = 0; i < samples; ++i)
     workspace.TriaxialSampleTable[static_cast<std::size_t>(firstRow + i)] = sample(projectNo, i + 1, reading);

@@ -35,7 +35,7 @@ struct Outcome {
   int exitStatus = -1;
 };
 
-Outcome runProgram(std::vector<std::string> arguments, std::vector<std::string> environment) {
+pid_t startProgram(std::vector<std::string> arguments, std::vector<std::string> environment) {
   arguments.insert(arguments.begin(), CRASH_PROGRAM);
   std::vector<char*> argv, envp;
   for (std::string& text : arguments) argv.push_back(text.data());
@@ -43,12 +43,29 @@ Outcome runProgram(std::vector<std::string> arguments, std::vector<std::string> 
   for (char** inherited = environ; *inherited != nullptr; ++inherited) envp.push_back(*inherited);
   argv.push_back(nullptr);
   envp.push_back(nullptr);
-  pid_t child = 0;
-  if (posix_spawn(&child, CRASH_PROGRAM, nullptr, nullptr, argv.data(), envp.data()) != 0) return {};
+  pid_t child = -1;
+  EXPECT_EQ(posix_spawn(&child, CRASH_PROGRAM, nullptr, nullptr, argv.data(), envp.data()), 0);
+  return child;
+}
+
+Outcome endOf(pid_t child) {
   int status = 0;
-  waitpid(child, &status, 0);
+  if (waitpid(child, &status, 0) != child) return {};
   if (WIFSIGNALED(status)) return {WTERMSIG(status) == SIGKILL, -1};
   return {false, WEXITSTATUS(status)};
+}
+
+Outcome runProgram(std::vector<std::string> arguments, std::vector<std::string> environment) {
+  return endOf(startProgram(std::move(arguments), std::move(environment)));
+}
+
+/// The setting that loads the library in front of the program.
+std::string preload() {
+#ifdef FAILING_CALLS
+  return "LD_PRELOAD=" FAILING_CALLS;
+#else
+  return {};
+#endif
 }
 
 /// The files of HSZS and ZMSJ, and what lies beside these folders: a save journal, a new content.
@@ -133,6 +150,24 @@ class Crash : public ::testing::TestWithParam<Scene> {
       ASSERT_EQ(run({GetParam().deed}).exitStatus, kDone) << then << ": it works the next time";
       ASSERT_TRUE(contents() == m_new) << then;
     }
+  }
+
+  /// From each call on nothing can be changed any more, a journal not dropped either. What is said then is true.
+  void breakForGoodAtEachCall() {
+    std::set<int> told;
+    for (long call = 1; call <= m_calls; ++call) {
+      restore(m_old);
+      const Outcome outcome = stop({GetParam().deed}, "EIO", call, "FAILING_FROM=");
+      const std::string then = "call " + std::to_string(call) + ", exit " + std::to_string(outcome.exitStatus);
+      ASSERT_EQ(run({"recover"}).exitStatus, kDone) << then;
+      const Contents after = contents();
+      const bool isUnchanged = outcome.exitStatus == kUnchanged;
+      ASSERT_TRUE(isUnchanged || outcome.exitStatus == kDone || outcome.exitStatus == kFinishedLater) << then;
+      ASSERT_TRUE(after == (isUnchanged ? m_old : m_new)) << then;
+      told.insert(outcome.exitStatus);
+    }
+    EXPECT_TRUE(told.contains(kUnchanged));
+    EXPECT_NE(told.contains(kFinishedLater), GetParam().oldFormat) << "an upgrade has no journal";
   }
 
   /// Leaves a complete journal that nothing of was applied, then lets each look of its application fail.
@@ -278,14 +313,6 @@ class Crash : public ::testing::TestWithParam<Scene> {
     EXPECT_EQ(run(std::move(deed), {preload(), side, count}).exitStatus, kDone);
     return std::stol(m_folder.read("calls"));
   }
-  static std::string preload() {
-#ifdef FAILING_CALLS
-    return "LD_PRELOAD=" FAILING_CALLS;
-#else
-    return {};
-#endif
-  }
-
   /// Each file is whole, whatever became of the others.
   bool isOldOrNewFileByFile() const {
     const Contents now = contents();
@@ -353,6 +380,7 @@ TEST_P(Crash, ALookThatFailsOnce) { failAtEachLook(); }
 class CrashOfOneSave : public Crash {};
 TEST_P(CrashOfOneSave, KilledInTheMiddleOfAWrite) { stopAtEachCall("tear"); }
 TEST_P(CrashOfOneSave, ADiskThatBreaksOnce) { stopAtEachCall("EIO"); }
+TEST_P(CrashOfOneSave, ADiskThatBreaksForGood) { breakForGoodAtEachCall(); }
 INSTANTIATE_TEST_SUITE_P(Saves, CrashOfOneSave,
                          ::testing::Values(kOverAnExistingProject, kRewriteOfAList, kDeletionOfAll,
                                            Scene{"Upgrade", {"P1"}, {"P1"}, "open", true}),
@@ -366,6 +394,42 @@ TEST_P(CrashOfARecovery, CanNotLookOnceToo) { failAtEachLookOfTheRecovery(); }
 TEST_P(CrashOfARecovery, KeepsWhatASiblingToolWroteInBetween) { letASiblingWriteBeforeTheRecovery(); }
 INSTANTIATE_TEST_SUITE_P(Saves, CrashOfARecovery,
                          ::testing::Values(kOverAnExistingProject, kRewriteOfAList, kDeletionOfAll), nameOf);
+
+TEST(Share, ProgramsOnMachinesThatDoNotHearOfEachOthersFlockLoseNothing) {
+#ifndef FAILING_CALLS
+  GTEST_SKIP() << "The library that keeps locks local can't be loaded in front of a sanitizer.";
+#endif
+  constexpr std::size_t kHeader = 81, kRecord = 38576, kText = 38376;
+  const TemporaryFolder folder;
+  for (const char* name : {"HSZS", "ZMSJ"}) std::filesystem::create_directories(folder.path() / name);
+  std::vector<pid_t> programs;
+  for (const auto& [project, letter] : {std::pair{"P1", "A"}, {"P1", "B"}, {"P2", "C"}, {"P2", "D"}})
+    programs.push_back(
+        startProgram({folder.path().string(), "share", project, letter}, {preload(), "FLOCK_IS_LOCAL=1"}));
+  for (const pid_t program : programs) EXPECT_EQ(endOf(program).exitStatus, kDone);
+
+  for (const auto& [project, letters] : {std::pair<std::string, std::string>{"P1", "AB"}, {"P2", "CD"}}) {
+    std::set<std::string> wanted, stored, inSummary;
+    for (const char letter : letters)
+      for (int number = 1; number <= crash::kSamplesOfASharer; ++number)
+        wanted.insert(project + " " + letter + std::to_string(number) + " " + std::to_string(number));
+    const std::string file = folder.read("HSZS/WKSZ" + project + ".txt");
+    const auto text = [](const std::string& bytes, std::size_t at, std::size_t size) {
+      return std::string(Trim(std::string_view(bytes).substr(at, size)));
+    };
+    EXPECT_EQ((file.size() - kHeader) / kRecord, wanted.size());
+    for (std::size_t at = kHeader; at + kRecord <= file.size(); at += kRecord)
+      stored.insert(text(file, at, 15) + " " + text(file, at + 15, 14) + " " + text(file, at + kText, 9));
+    EXPECT_EQ(stored, wanted);
+    const std::string summary = folder.read("ZMSJ/KHZ" + project + ".txt");
+    EXPECT_EQ(summary.size(), 600 + wanted.size() * 2747);
+    for (std::size_t at = 600; at < summary.size(); at += 2747)
+      inSummary.insert(project + " " + text(summary, at + 7, 15) + " " + text(summary, at + 2640, 5));
+    EXPECT_EQ(inSummary, wanted);
+  }
+  EXPECT_FALSE(std::filesystem::exists(folder.path() / "triaxlab.lock"));
+  EXPECT_FALSE(std::filesystem::exists(folder.path() / "journal"));
+}
 
 }  // namespace
 }  // namespace triaxlab::testing

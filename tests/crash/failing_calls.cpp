@@ -8,6 +8,8 @@
 //                  tear      a write does half of its work, then the process dies; other calls as kill
 //                  ENOSPC    the call fails once, as on a full disk
 //                  EIO, EMFILE, EACCES, ESTALE, ENOMEM   the call fails once with this error
+//   FAILING_FROM   there: every call from that one on fails, as on a disk that is gone for good
+//   FLOCK_IS_LOCAL there: flock keeps nobody out, as on a share that doesn't pass it on to other machines
 //   CALL_COUNT     a file that gets the number of calls when the program ends
 //
 // What the calls themselves do stays with the C library.
@@ -40,6 +42,8 @@ struct Order {
   Way way = Way::None;
   Side side = Side::Changes;
   int error = 0;
+  bool failsFromThereOn = false;
+  bool flockIsLocal = false;
   const char* countFile = nullptr;
 };
 
@@ -57,6 +61,8 @@ int errorOf(std::string_view name) {
 Order orderOfEnvironment() {
   Order order;
   order.countFile = std::getenv("CALL_COUNT");
+  order.failsFromThereOn = std::getenv("FAILING_FROM") != nullptr;
+  order.flockIsLocal = std::getenv("FLOCK_IS_LOCAL") != nullptr;
   if (std::getenv("FAILING_SIDE") != nullptr) order.side = Side::Looks;
   const char* const call = std::getenv("FAILING_CALL");
   const char* const wayText = std::getenv("FAILING_WAY");
@@ -82,7 +88,8 @@ void die() { syscall(SYS_kill, getpid(), SIGKILL); }
 template <class Tear>
 bool goesWrong(Tear tear, Side side = Side::Changes) {
   if (side != order().side) return false;
-  if (++g_calls != order().call) return false;
+  ++g_calls;
+  if (order().failsFromThereOn ? g_calls < order().call : g_calls != order().call) return false;
   if (order().way == Way::Tear) tear();
   if (order().way == Way::Tear || order().way == Way::Kill) die();
   errno = order().error;
@@ -179,7 +186,12 @@ WRAP_LOOK(fstatat, (int folder, const char* path, struct stat* status, int flags
 WRAP_LOOK(statvfs, (const char* path, struct statvfs* status), (path, status))
 WRAP_LOOK(fstatfs, (int file, struct statfs* status), (file, status))
 WRAP_LOOK(faccessat, (int folder, const char* path, int mode, int flags), (folder, path, mode, flags))
-WRAP_LOOK(flock, (int file, int operation), (file, operation))
+
+extern "C" int flock(int file, int operation) {
+  static auto* const next = original<int(int, int)>("flock");
+  if (order().flockIsLocal) return 0;
+  return goesWrong(Side::Looks) ? -1 : next(file, operation);
+}
 
 extern "C" int fcntl(int file, int command, ...) {
   va_list more;
