@@ -62,7 +62,7 @@ class SampleTable {
   }
 
   static const Record& blank() {
-    static const Record record{};
+    static const Record record;
     return record;
   }
 
