@@ -316,7 +316,8 @@ void FileUpdate::commit() {
   } catch (const UserError& cause) {
     failLater(cause);
   }
-  if (const auto cause = dropSaveJournal(journal)) state.recovery.remarks.push_back(leftJournalRemark(journal, *cause));
+  if (const auto cause = dropSaveJournal(journal))
+    state.recovery.remarks.push_back(leftJournalRemark("这次", journal, *cause));
   state.newContent.reset();
   state.deeds.clear();
   state.files.clear();

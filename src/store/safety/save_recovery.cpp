@@ -89,7 +89,7 @@ void finish(const fs::path& dataFolder, const fs::path& path, const FoundSaveJou
     return;
   }
   if (const auto cause = dropSaveJournal(path))
-    recovery.waiting.push_back({path, paths, leftJournalRemark(path, *cause), true});
+    recovery.waiting.push_back({path, paths, leftJournalRemark("上次", path, *cause), true});
 }
 
 /// Finishes or drops what stands under a journal's name. The locks of its files may be long in coming: afterwards the
@@ -183,9 +183,11 @@ std::string namesOf(const fs::path& dataFolder, const std::vector<SaveJournalFil
   return files.size() == 1 ? first : fmt::format("{}等 {} 个文件", first, files.size());
 }
 
-std::string leftJournalRemark(const fs::path& journal, std::string_view cause) {
-  return fmt::format("数据已全部写入各文件，但保存日志“{}”删不掉：{}请排除故障后删除它；它还在时，不要把备份换回来。",
-                     textOfPath(journal), cause);
+std::string leftJournalRemark(std::string_view whichTime, const fs::path& journal, std::string_view cause) {
+  return fmt::format(
+      "{}保存的数据已全部写入各文件，但保存日志“{}”删不掉：{}请排除故障后删除它；它还在时，这些文件不能再保存，"
+      "也不要把备份换回来。",
+      whichTime, textOfPath(journal), cause);
 }
 
 }  // namespace triaxlab

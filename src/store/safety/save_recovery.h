@@ -48,7 +48,7 @@ std::optional<std::string> dropSaveJournal(const std::filesystem::path& journal)
 /// The files of a journal as a person knows them.
 std::string namesOf(const std::filesystem::path& dataFolder, const std::vector<SaveJournalFile>& files);
 
-/// That all is written, but the journal stands and must be removed.
-std::string leftJournalRemark(const std::filesystem::path& journal, std::string_view cause);
+/// That all of a save (这次, 上次) is written, but its journal stands and must be removed.
+std::string leftJournalRemark(std::string_view whichTime, const std::filesystem::path& journal, std::string_view cause);
 
 }  // namespace triaxlab
