@@ -26,15 +26,12 @@ void check(bool holds) {
   if (!holds) std::abort();
 }
 
-/// A record of the file as it is read: what the file's end cuts off is blank.
+/// A record of the file as it is read: one that the file's end cuts is blank.
 std::string recordOf(const ProjectKindInfo& info, std::string_view file, std::size_t index) {
   const auto blank = info.blankRecord();
   std::string record(reinterpret_cast<const char*>(blank.data()), blank.size());
   const std::size_t from = kHead + index * info.recordSize;
-  if (from < file.size()) {
-    const std::string_view stored = file.substr(from, info.recordSize);
-    record.replace(0, stored.size(), stored);
-  }
+  if (from + info.recordSize <= file.size()) record = file.substr(from, info.recordSize);
   return record;
 }
 

@@ -35,7 +35,7 @@ void checkUpgraded(const ProjectKindInfo& info, std::string_view before, std::st
   check(after.size() == kHead + count * info.recordSize + (info.hasEndText ? kEndTextWidth : 0));
   check(after.substr(0, kVersionTag) == before.substr(0, kVersionTag) && after.substr(kVersionTag, 4) == "V2.0");
   const std::size_t oldSize = info.oldFormat->recordSize, shared = 15 + info.identity.sampleNoWidth;
-  for (std::size_t k = 0; k < count && kHead + k * oldSize + shared <= before.size(); ++k)
+  for (std::size_t k = 0; k < count && kHead + (k + 1) * oldSize <= before.size(); ++k)
     check(after.substr(kHead + k * info.recordSize, shared) == before.substr(kHead + k * oldSize, shared));
 }
 
