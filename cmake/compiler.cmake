@@ -2,7 +2,7 @@
 add_library(triaxlab_flags INTERFACE)
 target_include_directories(triaxlab_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
 target_compile_options(triaxlab_flags INTERFACE
-  -Wall -Wextra -Wconversion -Wshadow
+  -Wall -Wextra -Wconversion -Wshadow -Wold-style-cast -Woverloaded-virtual -Wnon-virtual-dtor
   # Sums are rounded at each step as the formulas tell; a fused multiply-add would change last digits.
   -ffp-contract=off)
 if(TRIAXLAB_WERROR)
@@ -11,6 +11,14 @@ endif()
 if(TRIAXLAB_SANITIZE)
   target_compile_options(triaxlab_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(triaxlab_flags INTERFACE -fsanitize=address,undefined)
+endif()
+if(TRIAXLAB_LTO)
+  # Two types or functions of one name, which a linker joins in silence, are found when all is compiled as one.
+  target_compile_options(triaxlab_flags INTERFACE -flto=auto -Wodr -Wlto-type-mismatch)
+  target_link_options(triaxlab_flags INTERFACE -flto=auto -Wodr -Wlto-type-mismatch)
+  if(TRIAXLAB_WERROR)
+    target_link_options(triaxlab_flags INTERFACE -Werror)
+  endif()
 endif()
 if(TRIAXLAB_FUZZ)
   # libFuzzer steers by the branches that an input reaches, so the readers themselves are instrumented.
