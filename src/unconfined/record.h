@@ -36,4 +36,32 @@ struct UnconfinedSampleRecord {                         // offset
   FixedText<10> spare;                                  // 1914
 };                                                      // 1924
 
+/// A slot without project or sample number is empty.
+inline bool isLive(const UnconfinedSampleRecord& record) {
+  return !record.projectNo.isBlank() && !record.sampleNo.isBlank();
+}
+
+enum class Specimen : std::uint8_t { Undisturbed, Remoulded };
+inline constexpr std::array kSpecimens{Specimen::Undisturbed, Specimen::Remoulded};
+/// Place in a BothSpecimens.
+constexpr std::size_t indexOf(Specimen specimen) { return static_cast<std::size_t>(specimen); }
+
+// The columns and the strength of a specimen; of a record that may be changed or of one that may not.
+template <class Record>
+auto& stressOf(Record& record, Specimen specimen) {
+  return specimen == Specimen::Undisturbed ? record.undisturbedStress : record.remouldedStress;
+}
+template <class Record>
+auto& strainOf(Record& record, Specimen specimen) {
+  return specimen == Specimen::Undisturbed ? record.undisturbedStrain : record.remouldedStrain;
+}
+template <class Record>
+auto& readingOf(Record& record, Specimen specimen) {
+  return specimen == Specimen::Undisturbed ? record.undisturbedReading : record.remouldedReading;
+}
+template <class Record>
+auto& strengthOf(Record& record, Specimen specimen) {
+  return specimen == Specimen::Undisturbed ? record.qu : record.quRemoulded;
+}
+
 }  // namespace triaxlab

@@ -1,0 +1,29 @@
+#include "unconfined/smoothed_curve.h"
+
+#include <cmath>
+
+namespace triaxlab {
+
+std::vector<Point> curvePoints(const UnconfinedSampleRecord& record, Specimen specimen, double largestStrain) {
+  const UnconfinedColumn& stresses = stressOf(record, specimen);
+  const UnconfinedColumn& strains = strainOf(record, specimen);
+  std::vector<Point> points{{0, 0}};
+  points.reserve(kUnconfinedRows + 1);
+  for (std::size_t row = 0; row < kUnconfinedRows; ++row) {
+    const Point point{strains[row].number(), stresses[row].number()};
+    if (point.y != 0 && point.x > 0 && point.x <= largestStrain) points.push_back(point);
+  }
+  return points;
+}
+
+double peakOfCurve(std::span<const Point> points, double peak) {
+  constexpr double kLastSegmentStart = 15;
+  walkCurve(points, [&peak](const CurveChord& chord) {
+    if (!chord.isSmooth || !(chord.segmentStart < kLastSegmentStart)) return;
+    for (const double stress : {chord.from.y, chord.to.y})
+      if (std::isfinite(stress) && stress > peak) peak = stress;
+  });
+  return peak;
+}
+
+}  // namespace triaxlab
