@@ -186,7 +186,8 @@ class Database {
 };
 
 std::size_t liveRows(const Workspace& workspace) {
-  return static_cast<std::size_t>(std::ranges::count_if(workspace.TriaxialSampleTable.used(), isLive));
+  return static_cast<std::size_t>(
+      std::ranges::count_if(workspace.TriaxialSampleTable.used(), [](const auto& record) { return isLive(record); }));
 }
 
 void import(const Source& from, const std::filesystem::path& path, Workspace& workspace) {

@@ -23,7 +23,8 @@ constexpr std::array kCurveTicks{
 CurvePage curveOf(PrintTick tick) { return static_cast<CurvePage>(static_cast<int>(tick) + 1); }
 
 int liveSamples(const Workspace& workspace) {
-  return static_cast<int>(std::ranges::count_if(workspace.TriaxialSampleTable.used(), isLive));
+  return static_cast<int>(
+      std::ranges::count_if(workspace.TriaxialSampleTable.used(), [](const auto& record) { return isLive(record); }));
 }
 
 /// The number typed in a range box without its sign, at most `largest`.

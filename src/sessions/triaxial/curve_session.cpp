@@ -24,7 +24,8 @@ TriaxialSampleRecord& CurveSession::record() const { return m_workspace.Triaxial
 
 void CurveSession::load() {
   m_list.reset();
-  m_listCellOpen = std::ranges::none_of(m_workspace.TriaxialSampleTable.used(), isLive);
+  m_listCellOpen =
+      std::ranges::none_of(m_workspace.TriaxialSampleTable.used(), [](const auto& record) { return isLive(record); });
   m_page = CurvePage::StressStrain;
   m_table.reset();
   m_intervention.reset();
