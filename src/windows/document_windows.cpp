@@ -33,7 +33,8 @@ LoadedDocument makeDataTable(const DocumentHost& host) {
   auto* const form = new Form2(host.workspace, host.shell, windows.curveDocument()->sampleRow());
   QObject::connect(form, &Form2::closed, form, [closed = host.closed] { closed(kForm2); });
   return {form, form, [form, &windows] { form->load(windows.curveDocument()->sampleRow()); },
-          [form] { form->load(form->sampleRow()); }, [form, &windows] { form->followRecord(checkedFailureMode(windows)); }};
+          [form] { form->load(form->sampleRow()); },
+          [form, &windows] { form->followRecord(checkedFailureMode(windows)); }};
 }
 
 LoadedDocument makeConsolidationTable(const DocumentHost& host) {

@@ -42,8 +42,8 @@ class SaveQuestion : public ::testing::Test {
 TEST_F(SaveQuestion, YesSavesOverIt) {
   dialogs.answers = {true};
   EXPECT_TRUE(shell.save());
-  EXPECT_THAT(dialogs.take(),
-              ElementsAre(AllOf(StartsWith("! [保存数据]"), HasSubstr("WKSZP1.txt")), "[保存数据] 三轴试验数据保存完毕"));
+  EXPECT_THAT(dialogs.take(), ElementsAre(AllOf(StartsWith("! [保存数据]"), HasSubstr("WKSZP1.txt")),
+                                          "[保存数据] 三轴试验数据保存完毕"));
   EXPECT_FALSE(windows.form1->changed);
   EXPECT_EQ(file().substr(0, 4), "0002") << "the other's sample stays";
 }
