@@ -41,6 +41,7 @@ constexpr std::array<Name, 4> kForm4Commands{"RZMSAVE", "RZMPRINT", "ZMPRINT", "
 constexpr std::array<Name, 3> kForm6Commands{"RZMSAVE", "RZMPRINT", "ZMPRINT"};
 constexpr std::array<Name, 4> kForm9Commands{"RZMSAVE", "RZMPRINT", "ZMPRINT", "PTK0"};
 
+constexpr Name kTriaxialSaved = "三轴试验数据保存完毕";
 constexpr Name kChangedFirst = "   数据已修改\n保存修改后数据吗？";
 constexpr Name kQuestionFirst = "保存修改后数据吗？\n\n   数据已修改";
 
@@ -51,7 +52,7 @@ constexpr std::array kDocumentKinds{
                  .built = true,
                  .tests = ProjectKind::Triaxial,
                  .master = kForm1,
-                 .savedMessage = "三轴试验数据保存完毕",
+                 .savedMessage = kTriaxialSaved,
                  .closing = {"保存三轴数据", kChangedFirst, MessageIcon::None},
                  .activation = {kForm1Commands, kImportAndTK0Curves},
                  .close = {kImport, kForm1Commands},
@@ -64,14 +65,14 @@ constexpr std::array kDocumentKinds{
                  .built = true,
                  .tests = ProjectKind::Triaxial,
                  .master = kForm1,
-                 .savedMessage = "三轴试验数据保存完毕",
+                 .savedMessage = kTriaxialSaved,
                  .activation = {{}, kTK0Curves},
                  .intervention = kForm1},
     DocumentKind{.document = kForm7,
                  .built = true,
                  .tests = ProjectKind::Triaxial,
                  .master = kForm1,
-                 .savedMessage = "三轴试验数据保存完毕",
+                 .savedMessage = kTriaxialSaved,
                  .activation = {{}, kTK0Curves},
                  .intervention = kForm1},
     DocumentKind{.document = kForm4,
