@@ -24,12 +24,6 @@ double lineAt(const StraightLine& line, double rootTime) { return line.slope * r
 /// What is no number counts as the result of a division by zero: the value stays 0.
 double finiteOrZero(double value) { return std::isfinite(value) ? value : 0; }
 
-/// Of a time before the beginning there is no root: the reading stands at 0.
-float rootOfMinutes(std::int32_t seconds) {
-  const double root = seconds > 0 ? std::sqrt(seconds / 60.0) : 0;
-  return static_cast<float>(ParseNumber(FormatNumber(root, NumberFormat::Thousandths)));
-}
-
 /// Where, counted from the last reading back, the line first passes from one side of the curve to the other: the index
 /// of the later of the two readings. A reading on the line is a crossing, too.
 std::optional<std::size_t> crossingOf(const Settlement& settlement, const StraightLine& line) {
@@ -100,6 +94,11 @@ double pressureAt(const Settlement& settlement, double rootTime) {
 
 }  // namespace
 
+float rootOfMinutes(std::int32_t seconds) {
+  const double root = seconds > 0 ? std::sqrt(seconds / 60.0) : 0;
+  return static_cast<float>(ParseNumber(FormatNumber(root, NumberFormat::Thousandths)));
+}
+
 Settlement settlementOf(const TK0SampleRecord& record, std::size_t stage) {
   Settlement settlement;
   std::size_t count = 0;
@@ -131,22 +130,27 @@ T90 constructT90(const Settlement& settlement, const StraightLine& first) {
   return t90;
 }
 
+T90 computeStageResult(TK0SampleRecord& record, std::size_t stage) {
+  if (record.k0.axialPressure[stage].number() == 0) return {};
+  const Settlement settlement = settlementOf(record, stage);
+  if (record.t90Adjusted[stage] != 1) {
+    const StraightLine fitted = firstLineOf(settlement);
+    record.t90Slope[stage] = fitted.slope;
+    record.t90Intercept[stage] = fitted.intercept;
+  }
+  const T90 t90 = constructT90(settlement, storedFirstLineOf(record, stage));
+  SetNumber(record.k0.lateralPressure[stage], t90.pressure, NumberFormat::Tenths);
+  return t90;
+}
+
 PerLoadStage<T90> computeStageResults(TK0SampleRecord& record) {
   PerLoadStage<T90> results{};
-  for (std::size_t stage = 0; stage < kLoadStages; ++stage) {
-    if (record.k0.axialPressure[stage].number() == 0) continue;
-    const Settlement settlement = settlementOf(record, stage);
-    StraightLine first = firstLineOf(settlement);
-    if (record.t90Adjusted[stage] == 1) {
-      first = {record.t90Slope[stage], record.t90Intercept[stage]};
-    } else {
-      record.t90Slope[stage] = first.slope;
-      record.t90Intercept[stage] = first.intercept;
-    }
-    results[stage] = constructT90(settlement, first);
-    SetNumber(record.k0.lateralPressure[stage], results[stage].pressure, NumberFormat::Tenths);
-  }
+  for (std::size_t stage = 0; stage < kLoadStages; ++stage) results[stage] = computeStageResult(record, stage);
   return results;
+}
+
+StraightLine storedFirstLineOf(const TK0SampleRecord& record, std::size_t stage) {
+  return {record.t90Slope[stage], record.t90Intercept[stage]};
 }
 
 void storeAdjustedT90Line(TK0SampleRecord& record, std::size_t stage, const StraightLine& first) {

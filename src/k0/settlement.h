@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 #include "common/straight_line.h"
 #include "k0/record.h"
@@ -14,6 +15,9 @@ namespace triaxlab {
 
 /// Rows 1 to 21 of the series can be used; row 0 is the zero reading.
 inline constexpr std::size_t kSettlementRows = 21;
+
+/// The root of a time, of three decimals. Of a time before the beginning there is none: it is 0.
+float rootOfMinutes(std::int32_t seconds);
 
 /// The readings of a stage in single precision; what is behind `count` is 0. Without readings `count` is 1.
 struct Settlement {
@@ -42,10 +46,14 @@ struct T90 {
 };
 T90 constructT90(const Settlement& settlement, const StraightLine& first);
 
-/// Constructs the T90 of every loaded stage, stores its first line, unless that was set by hand, and the lateral
-/// pressure. Stages without axial pressure stay as they are, with a T90 of 0 here.
+/// Constructs the T90 of a loaded stage, stores its first line, unless that was set by hand, and the lateral pressure.
+/// A stage without axial pressure stays as it is, with a T90 of 0 here.
+T90 computeStageResult(TK0SampleRecord& record, std::size_t stage);
+/// The same of every stage.
 PerLoadStage<T90> computeStageResults(TK0SampleRecord& record);
 
+/// The first line as the record keeps it.
+StraightLine storedFirstLineOf(const TK0SampleRecord& record, std::size_t stage);
 /// Keeps the first line that a person has set for a stage; it is no longer fitted.
 void storeAdjustedT90Line(TK0SampleRecord& record, std::size_t stage, const StraightLine& first);
 

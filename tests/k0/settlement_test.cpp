@@ -4,34 +4,15 @@
 
 #include <cmath>
 #include <limits>
-#include <string>
 #include <vector>
+
+#include "k0/samples.h"
 
 namespace triaxlab {
 namespace {
 
-struct Row {
-  std::int32_t seconds;
-  std::string deformation, pressure;
-};
-
-/// A sample whose first stage of 100 kPa has these rows behind the zero reading.
-TK0SampleRecord withRows(const std::vector<Row>& rows) {
-  TK0SampleRecord record;
-  SetText(record.k0.axialPressure[0], "100.0");
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    record.elapsedSeconds[i + 1] = rows[i].seconds;
-    SetText(record.deformationSeries[i + 1][0], rows[i].deformation);
-    SetText(record.pressureSeries[i + 1][0], rows[i].pressure);
-  }
-  return record;
-}
-
-/// Readings after 1, 4, 9, 16 and 25 minutes on a line of 0.1 mm per root of a minute, then one that falls back.
-std::vector<Row> lineAndBend() {
-  return {{60, "0.100", "10.0"},  {240, "0.200", "20.0"},  {540, "0.300", "30.0"},
-          {960, "0.400", "40.0"}, {1500, "0.500", "50.0"}, {2160, "0.520", "60.0"}};
-}
+using testing::lineAndBend;
+using testing::withRows;
 
 TEST(T90, LiesWhereTheSecondLineMeetsTheCurve) {
   TK0SampleRecord record = withRows(lineAndBend());
@@ -46,7 +27,7 @@ TEST(T90, LiesWhereTheSecondLineMeetsTheCurve) {
 }
 
 TEST(T90, OfReadingsInTheMiddleGoesForward) {
-  std::vector<Row> rows = lineAndBend();
+  std::vector<testing::SettlementRow> rows = lineAndBend();
   rows.push_back({2940, "0.530", "70.0"});  // 7
   TK0SampleRecord record = withRows(rows);
   const T90 t90 = computeStageResults(record)[0];
@@ -63,13 +44,13 @@ TEST(T90, TheZeroReadingNeverCounts) {
 }
 
 TEST(T90, OnlyTheFirst21RowsBehindItCount) {
-  std::vector<Row> rows;
+  std::vector<testing::SettlementRow> rows;
   for (int i = 1; i <= 30; ++i) rows.push_back({60 * i * i, "0.1", "5.0"});
   EXPECT_EQ(settlementOf(withRows(rows), 0).count, 21U);
 }
 
 TEST(T90, RowsWithoutATimeAreLeftOut) {
-  std::vector<Row> rows = lineAndBend();
+  std::vector<testing::SettlementRow> rows = lineAndBend();
   rows[2].seconds = 0;
   const Settlement settlement = settlementOf(withRows(rows), 0);
   EXPECT_EQ(settlement.count, 5U);
