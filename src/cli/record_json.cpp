@@ -9,6 +9,7 @@
 
 #include "common/field_sink.h"
 #include "common/gbk.h"
+#include "shell/document_kinds.h"
 #include "store/project/header_fields.h"
 
 namespace triaxlab::cli {
@@ -75,6 +76,7 @@ Json jsonOf(std::size_t fileRow, const Workspace& workspace, ProjectKind kind, s
   JsonFields fields(object);
   const ProjectKindInfo& info = infoOf(kind);
   info.tellFields(info.table.record(workspace, row), fields);
+  if (const auto tellDerived = documentOfTests(kind).tellDerived) tellDerived(workspace, row, fields);
   const SampleLocation& location = workspace.SampleDisplayTable[row];
   // A K0 record has a depth of its own, which stands already.
   object.emplace("boreholeNo", jsonText(location.boreholeNo.view()));

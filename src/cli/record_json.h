@@ -14,8 +14,8 @@ namespace triaxlab::cli {
 
 nlohmann::ordered_json jsonOf(const ProjectHeader& header);
 
-/// The record in a row of the kind's table with the location beside it, under its row in the file. A field that the
-/// record has itself, as a K0 record its depth, is the record's.
+/// The record in a row of the kind's table with what the formulas give besides and the location beside it, under its
+/// row in the file. A field that the record has itself, as a K0 record its depth, is the record's.
 nlohmann::ordered_json jsonOf(std::size_t fileRow, const Workspace& workspace, ProjectKind kind, std::size_t row);
 
 /// One text as it stands in the objects.

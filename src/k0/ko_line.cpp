@@ -28,8 +28,7 @@ void store(K0SampleRecord& record, const StraightLine& line) {
 
 }  // namespace
 
-void fitKoLine(K0SampleRecord& record, std::string_view samplingDepth) {
-  SetText(record.samplingDepth, samplingDepth);
+void fitKoLine(K0SampleRecord& record) {
   const Fit fit = fitOf(record);
   if (record.koAdjusted != 0) return;
   if (fit.count > 1) {
@@ -38,6 +37,11 @@ void fitKoLine(K0SampleRecord& record, std::string_view samplingDepth) {
     record.koIntercept.clear();
     record.koValue.clear();
   }
+}
+
+void fitKoLine(K0SampleRecord& record, std::string_view samplingDepth) {
+  SetText(record.samplingDepth, samplingDepth);
+  fitKoLine(record);
 }
 
 StraightLine koLineOf(const K0SampleRecord& record) { return {record.koValue.number(), record.koIntercept.number()}; }

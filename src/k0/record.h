@@ -44,4 +44,17 @@ struct TK0SampleRecord {                                       // offset
   std::array<Little<std::int32_t>, kTimeRows> elapsedSeconds;  // 4757
 };                                                             // 4881
 
+// What is true of both records is said of the head that they share.
+inline K0SampleRecord& headOf(K0SampleRecord& record) { return record; }
+inline const K0SampleRecord& headOf(const K0SampleRecord& record) { return record; }
+inline K0SampleRecord& headOf(TK0SampleRecord& record) { return record.k0; }
+inline const K0SampleRecord& headOf(const TK0SampleRecord& record) { return record.k0; }
+
+/// A stage without axial pressure was not run.
+inline bool isLoaded(const K0SampleRecord& head, std::size_t stage) { return head.axialPressure[stage].number() != 0; }
+
+/// A slot without project or sample number is empty.
+inline bool isLive(const K0SampleRecord& record) { return !record.projectNo.isBlank() && !record.sampleNo.isBlank(); }
+inline bool isLive(const TK0SampleRecord& record) { return isLive(record.k0); }
+
 }  // namespace triaxlab

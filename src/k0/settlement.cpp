@@ -131,7 +131,7 @@ T90 constructT90(const Settlement& settlement, const StraightLine& first) {
 }
 
 T90 computeStageResult(TK0SampleRecord& record, std::size_t stage) {
-  if (record.k0.axialPressure[stage].number() == 0) return {};
+  if (!isLoaded(record.k0, stage)) return {};
   const Settlement settlement = settlementOf(record, stage);
   if (record.t90Adjusted[stage] != 1) {
     const StraightLine fitted = firstLineOf(settlement);

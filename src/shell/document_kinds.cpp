@@ -4,6 +4,8 @@
 #include <array>
 #include <stdexcept>
 
+#include "k0/opening_pass.h"
+#include "k0/settlement.h"
 #include "shell/printing.h"
 #include "shell/result_lines.h"
 #include "triaxial/opening_pass.h"
@@ -40,6 +42,18 @@ void showTriaxialPage(Workspace& workspace, CurvePage page) {
 constexpr std::array<Name, 4> kForm4Commands{"RZMSAVE", "RZMPRINT", "ZMPRINT", "PEXCEL"};
 constexpr std::array<Name, 3> kForm6Commands{"RZMSAVE", "RZMPRINT", "ZMPRINT"};
 constexpr std::array<Name, 4> kForm9Commands{"RZMSAVE", "RZMPRINT", "ZMPRINT", "PTK0"};
+
+void reduceK0(Workspace& workspace) { reduceAllK0Samples(workspace.K0SampleTable.used()); }
+void reduceTK0(Workspace& workspace) { reduceAllTK0Samples(workspace.TK0SampleTable.used()); }
+
+/// The record keeps the lines of the construction, but not where they meet the curve.
+void tellT90(const Workspace& workspace, std::size_t row, FieldSink& sink) {
+  TK0SampleRecord record = workspace.TK0SampleTable[row];
+  sink.name("t90Minutes");
+  sink.beginArray();
+  for (const T90& t90 : computeStageResults(record)) sink.number(t90.minutes());
+  sink.endArray();
+}
 
 constexpr Name kTriaxialSaved = "三轴试验数据保存完毕";
 constexpr Name kChangedFirst = "   数据已修改\n保存修改后数据吗？";
@@ -92,7 +106,9 @@ constexpr std::array kDocumentKinds{
                  .activation = {kForm6Commands, kImportAndTK0Curves},
                  .close = {kImport, kForm6Commands},
                  .leavesNoDocument = true,
-                 .intervention = kForm6},
+                 .intervention = kForm6,
+                 .reduce = reduceK0,
+                 .results = k0ResultLines},
     DocumentKind{.document = kForm9,
                  .tests = ProjectKind::TK0,
                  .master = kForm9,
@@ -101,7 +117,10 @@ constexpr std::array kDocumentKinds{
                  .activation = {kForm9Commands, kImport},
                  .close = {kImport, kForm9Commands},
                  .leavesNoDocument = true,
-                 .intervention = std::nullopt},
+                 .intervention = std::nullopt,
+                 .reduce = reduceTK0,
+                 .results = tk0ResultLines,
+                 .tellDerived = tellT90},
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -7,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "common/field_sink.h"
 #include "common/user_error.h"
 #include "platform/dialogs.h"
 #include "shell/shell_windows.h"
@@ -48,6 +50,8 @@ struct DocumentKind {
   void (*showPage)(Workspace&, CurvePage) = nullptr;
   /// What the tests were made for, a line a sample; null: this version can't tell it.
   ResultLines (*results)(const Workspace&) = nullptr;
+  /// What the formulas give for the sample in a row beside what its record holds; null: nothing.
+  void (*tellDerived)(const Workspace&, std::size_t row, FieldSink&) = nullptr;
 
   /// Shows the print dialog of the window, which is loaded; what the status bar is to say of it. Null: this version
   /// prints nothing of it, and 打印 is off.

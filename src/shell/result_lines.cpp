@@ -1,6 +1,9 @@
 #include "shell/result_lines.h"
 
+#include <fmt/core.h>
+
 #include "common/gbk.h"
+#include "k0/settlement.h"
 #include "triaxial/method_names.h"
 
 namespace triaxlab {
@@ -29,12 +32,40 @@ std::vector<std::string> resultLine(const TriaxialSampleRecord& record) {
   return line;
 }
 
+std::vector<std::string> koLine(const K0SampleRecord& record) {
+  return {gbkToUtf8(record.sampleNo.trimmed()), std::string(record.koValue.trimmed())};
+}
+
+std::vector<std::string> t90Line(const TK0SampleRecord& record) {
+  std::vector<std::string> line = koLine(record.k0);
+  TK0SampleRecord constructed = record;
+  const PerLoadStage<T90> results = computeStageResults(constructed);
+  for (std::size_t stage = 0; stage < kLoadStages; ++stage)
+    line.push_back(isLoaded(record.k0, stage) ? FormatNumber(results[stage].minutes(), NumberFormat::Tenths) : "");
+  return line;
+}
+
 }  // namespace
 
 ResultLines triaxialResultLines(const Workspace& workspace) {
   ResultLines lines{{workspace.settings.habits.sampleNoLabel, "方法", "围压 kPa", "C kPa", "φ °", "C′ kPa", "φ′ °"}};
   for (const TriaxialSampleRecord& record : workspace.TriaxialSampleTable.used())
     if (isLive(record)) lines.push_back(resultLine(record));
+  return lines;
+}
+
+ResultLines k0ResultLines(const Workspace& workspace) {
+  ResultLines lines{{workspace.settings.habits.sampleNoLabel, "Ko"}};
+  for (const K0SampleRecord& record : workspace.K0SampleTable.used())
+    if (isLive(record)) lines.push_back(koLine(record));
+  return lines;
+}
+
+ResultLines tk0ResultLines(const Workspace& workspace) {
+  ResultLines lines{{workspace.settings.habits.sampleNoLabel, "Ko"}};
+  for (std::size_t stage = 1; stage <= kLoadStages; ++stage) lines.front().push_back(fmt::format("T90({}) min", stage));
+  for (const TK0SampleRecord& record : workspace.TK0SampleTable.used())
+    if (isLive(record)) lines.push_back(t90Line(record));
   return lines;
 }
 

@@ -85,7 +85,6 @@ TEST_F(CommandLine, WhatThisVersionLacksIsSaidInOneSentence) {
       {"import", "unconfined-win", "x.dat"},
       {"import", "tk0-hgj", "x.ku"},
       {"open", "k0", "KO1.txt", "--show", "1"},
-      {"results", "tk0", "TKO1.txt"},
       {"print", "triaxial", "WKSZ1.txt", "--layout", "chart", "--out", "x.pdf"},
       {"print", "k0", "KO1.txt", "--layout", "k0", "--out", "x.pdf"},
       {"workbook", "WKSZ1.txt", "--out", "x.xls"},

@@ -27,6 +27,12 @@ class ProjectKinds : public CliTest {
            "\0\0"s;
   }
   static std::string names(std::string_view sampleNo) { return field("P1", 15) + field(sampleNo, 15); }
+  /// A TK0 record without readings.
+  static std::string tk0Record(std::string_view sampleNo) {
+    std::string record = names(sampleNo) + std::string(4851, ' ');
+    record[30] = '\0';
+    return record.replace(4583, 298, std::string(298, '\0'));  // lines, counts and times
+  }
   void write(const std::string& name, const std::string& bytes) { folder.write("app/HSZS/" + name, bytes); }
   std::string read(const std::string& name) const { return folder.read("app/HSZS/" + name); }
   nlohmann::json show(const std::string& kind, const std::string& name) {
@@ -101,7 +107,7 @@ TEST_F(ProjectKinds, AnUnconfinedSampleIsShownByItsFields) {
 }
 
 TEST_F(ProjectKinds, ATK0SampleIsShownWithTheFieldsOfK0First) {
-  std::string record = names("S1") + std::string(4851, ' ');
+  std::string record = tk0Record("S1");
   record[30] = 1;
   record.replace(223, 15, field("3.0-3.2", 15));                 // samplingDepth
   record.replace(243 + (2 * 10 + 9) * 7, 7, field("88.1", 7));   // pressureSeries, row 2, stage 9
@@ -111,11 +117,62 @@ TEST_F(ProjectKinds, ATK0SampleIsShownWithTheFieldsOfK0First) {
   write("TKOP1.txt", header("0001", "") + record);
   const nlohmann::json sample = show("tk0", "TKOP1.txt")["samples"][0];
   EXPECT_EQ(sample["koAdjusted"], 1);
-  EXPECT_EQ(sample["samplingDepth"], "3.0-3.2") << "the record's own";
+  EXPECT_EQ(sample["samplingDepth"], "") << "no summary file has a depth";
   EXPECT_EQ(sample["pressureSeries"][2][9], "88.1");
   EXPECT_EQ(sample["t90Slope"][0], 1.5);
   EXPECT_EQ(sample["stageCount"], 10);
   EXPECT_EQ(sample["elapsedSeconds"][0], 300);
+  EXPECT_EQ(sample["t90Minutes"], nlohmann::json(std::vector<double>(10, 0))) << "no stage is loaded";
+}
+
+/// Readings after 1, 4, 9, 16 and 25 minutes on a line of 0.1 mm per root of a minute, then one that falls back. The
+/// second line rises by 0.1 / 1.15; the parabola through the last three is -0.04 x² + 0.46 x - 0.8, so they meet at
+/// (0.3730435 + sqrt(0.3730435² - 0.128)) / 0.08 = 5.98364, and T90 is 35.80 minutes.
+void putStage(std::string& record, std::size_t stage, std::string_view load, std::string_view pressure) {
+  record.replace(91 + 6 * stage, 6, field(load, 6));
+  const char* const deformations[] = {"0.1", "0.2", "0.3", "0.4", "0.5", "0.52"};
+  for (std::size_t row = 1; row <= 6; ++row) {
+    const std::size_t seconds = 60 * row * row;
+    record.replace(243 + (row * 10 + stage) * 7, 7, field(pressure, 7));
+    record.replace(2413 + (row * 10 + stage) * 7, 7, field(deformations[row - 1], 7));
+    record[4757 + 4 * row] = static_cast<char>(seconds & 0xFF);
+    record[4757 + 4 * row + 1] = static_cast<char>(seconds >> 8);
+  }
+}
+
+TEST_F(ProjectKinds, KoAndT90AreTheResultsOfATK0Sample) {
+  std::string first = tk0Record("S1"), second = tk0Record("S2");
+  putStage(first, 0, "100", "60.0");
+  putStage(first, 1, "200", "110.0");
+  putStage(second, 0, "100", "60.0");
+  write("TKOP1.txt", header("0001", "") + first);
+  write("TKOP2.txt", header("0001", "") + second);
+  const std::string head =
+      "土样编号\tKo\tT90(1) min\tT90(2) min\tT90(3) min\tT90(4) min\tT90(5) min\tT90(6) min\tT90(7) min"
+      "\tT90(8) min\tT90(9) min\tT90(10) min\n";
+  const ProgramRun ran = run({"results", "tk0", "TKOP1.txt", "TKOP2.txt"});
+  EXPECT_EQ(ran.status, 0) << ran.err;
+  EXPECT_EQ(ran.out, head + "S1\t0.500\t35.8\t35.8\t\t\t\t\t\t\t\t\nS2\t\t35.8\t\t\t\t\t\t\t\t\t\n");
+  const nlohmann::json t90 = show("tk0", "TKOP1.txt")["samples"][0]["t90Minutes"];
+  EXPECT_NEAR(t90[1].get<double>(), 5.98364 * 5.98364, 0.001);
+  EXPECT_EQ(t90[2], 0);
+}
+
+TEST_F(ProjectKinds, KoIsTheResultOfAK0Sample) {
+  std::string record = names("S1") + std::string(213, ' ');
+  record[30] = '\0';
+  for (const std::size_t stage : {0, 1}) {
+    record.replace(91 + 6 * stage, 6, field(stage == 0 ? "100" : "200", 6));
+    record.replace(151 + 6 * stage, 6, field(stage == 0 ? "60.0" : "110.0", 6));
+  }
+  write("KOP1.txt", header("0001", "") + record);
+  const std::string before = read("KOP1.txt");
+  EXPECT_EQ(run({"results", "k0", "KOP1.txt", "kop1.txt"}).out, "土样编号\tKo\nS1\t0.500\nS1\t0.500\n");
+  EXPECT_EQ(show("k0", "KOP1.txt")["samples"][0]["koIntercept"], "10.0");
+  EXPECT_EQ(read("KOP1.txt"), before);
+  EXPECT_EQ(run({"open", "k0", "KOP1.txt", "--save"}).err, "[保存数据] K0试验数据保存完毕\n");
+  EXPECT_EQ(read("KOP1.txt").substr(81 + 211, 12), field("0.500", 6) + field("10.0", 6));
+  EXPECT_EQ(folder.read("app/ZMSJ/KHZP1.txt").substr(600 + 1137, 6), field("0.500", 6));
 }
 
 TEST_F(ProjectKinds, TheOldestTriaxialFilesAreListedShownAndSavedAsTodays) {

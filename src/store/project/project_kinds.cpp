@@ -39,6 +39,11 @@ void tellFieldsAs(RecordBytes record, FieldSink& sink) {
   tellFields(as<Record>(record), sink);
 }
 
+template <auto Table>
+void takeDepthInto(Workspace& workspace, std::size_t row, const FixedText<15>& samplingDepth) {
+  headOf((workspace.*Table)[row]).samplingDepth = samplingDepth;
+}
+
 /// A save that knows nothing of its kind's records.
 template <ProjectKind kind>
 std::unique_ptr<ProjectSave> plainSave(Workspace& workspace) {
@@ -84,6 +89,7 @@ constinit const std::array<ProjectKindInfo, 5> kProjectKinds{{
         .oldFormat = &kOldTriaxialFormat,
         .table = doorTo<&Workspace::TriaxialSampleTable, TriaxialSampleRecord, takeOldValues>(),
         .results = kTriaxialResults,
+        .takeDepth = nullptr,
         .tellFields = tellFieldsAs<TriaxialSampleRecord>,
         .makeSave = [](Workspace& workspace) -> std::unique_ptr<ProjectSave> {
           return std::make_unique<TriaxialSave>(workspace);
@@ -104,6 +110,7 @@ constinit const std::array<ProjectKindInfo, 5> kProjectKinds{{
         .oldFormat = &kOldUnconfinedFormat,
         .table = doorTo<&Workspace::UnconfinedSampleTable, UnconfinedSampleRecord>(),
         .results = {nullptr, putAs<UnconfinedSampleRecord, putUnconfined>, blankUnconfined},
+        .takeDepth = nullptr,
         .tellFields = tellFieldsAs<UnconfinedSampleRecord>,
         .makeSave = plainSave<ProjectKind::Unconfined>,
         .rewriteTitle = "保存无侧限文件",
@@ -122,6 +129,7 @@ constinit const std::array<ProjectKindInfo, 5> kProjectKinds{{
         .oldFormat = nullptr,
         .table = doorTo<&Workspace::K0SampleTable, K0SampleRecord>(),
         .results = {nullptr, putAs<K0SampleRecord, putK0>, blankK0},
+        .takeDepth = takeDepthInto<&Workspace::K0SampleTable>,
         .tellFields = tellFieldsAs<K0SampleRecord>,
         .makeSave = plainSave<ProjectKind::K0>,
         .rewriteTitle = "保存K0文件",
@@ -140,6 +148,7 @@ constinit const std::array<ProjectKindInfo, 5> kProjectKinds{{
         .oldFormat = nullptr,
         .table = doorTo<&Workspace::TK0SampleTable, TK0SampleRecord>(),
         .results = {nullptr, putAs<TK0SampleRecord, putTK0>, blankK0},
+        .takeDepth = takeDepthInto<&Workspace::TK0SampleTable>,
         .tellFields = tellFieldsAs<TK0SampleRecord>,
         .makeSave = plainSave<ProjectKind::TK0>,
         .rewriteTitle = "保存TK0文件",
@@ -158,6 +167,7 @@ constinit const std::array<ProjectKindInfo, 5> kProjectKinds{{
         .oldFormat = nullptr,
         .table = doorTo<&Workspace::TriaxialSampleTable, OldTriaxialRecord, takeOldValues>(),
         .results = kTriaxialResults,
+        .takeDepth = nullptr,
         .tellFields = tellFieldsAs<TriaxialSampleRecord>,
         .makeSave = nullptr,
         .rewriteTitle = "",

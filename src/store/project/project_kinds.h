@@ -8,6 +8,8 @@
 #include <span>
 #include <string_view>
 
+#include "common/fixed_text.h"
+
 namespace triaxlab {
 
 class FieldSink;
@@ -64,6 +66,8 @@ struct ProjectKindInfo {
   const OldFormat* oldFormat;   // null: the files have had one format only
   SampleTableDoor table;
   SampleResults results;
+  /// Into a record of the table that repeats the sampling depth of the summary file; null: the records have none.
+  void (*takeDepth)(Workspace&, std::size_t row, const FixedText<15>& samplingDepth);
   void (*tellFields)(RecordBytes record, FieldSink& sink);  // of a record of the table
   std::unique_ptr<ProjectSave> (*makeSave)(Workspace&);     // null: its files are never written
   std::string_view rewriteTitle;                            // of what a rewrite of such a file asks and says

@@ -1,6 +1,7 @@
 #include "store/summary/summary_file.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <optional>
 #include <unordered_map>
@@ -34,6 +35,20 @@ void readTitles(Workspace& workspace, const std::string& projectNo) {
   workspace.projectName.typed = workspace.secondTitleLine.typed = false;
 }
 
+/// The sampling depths of some samples: of several records of one number the first counts, where of the locations the
+/// last does.
+class FirstDepths {
+ public:
+  explicit FirstDepths(std::size_t sampleCount) : m_depths(sampleCount) {}
+  void add(std::size_t sample, const SampleLocation& location) {
+    if (!m_depths[sample]) m_depths[sample] = location.samplingDepth;
+  }
+  FixedText<15> of(std::size_t sample) const { return m_depths[sample].value_or(FixedText<15>()); }
+
+ private:
+  std::vector<std::optional<FixedText<15>>> m_depths;
+};
+
 /// The live rows of one project.
 struct ProjectRows {
   std::vector<std::size_t> rows;
@@ -63,8 +78,17 @@ void visitLocations(const Workspace& workspace, std::string_view projectNo, std:
   });
 }
 
+std::string lookupSamplingDepth(const Workspace& workspace, std::string_view projectNo, std::string_view sampleNo) {
+  const std::array sampleNumbers{std::string(Trim(sampleNo))};
+  FirstDepths depths(sampleNumbers.size());
+  visitLocations(workspace, Trim(projectNo), sampleNumbers,
+                 [&](std::size_t i, const SampleLocation& location) { depths.add(i, location); });
+  return std::string(depths.of(0).trimmed());
+}
+
 Remarks readLocations(Workspace& workspace, ProjectKind kind) {
   const SampleRows table(workspace, kind);
+  const auto takeDepth = infoOf(kind).takeDepth;
   std::map<std::string, ProjectRows, std::less<>> projects;
   std::optional<std::string> firstProject;
   for (std::size_t row = 0; row < table.size(); ++row) {
@@ -84,10 +108,16 @@ Remarks readLocations(Workspace& workspace, ProjectKind kind) {
   };
   if (firstProject) remarkOn([&] { readTitles(workspace, *firstProject); });
   for (const auto& [projectNo, found] : projects) {
-    const auto fillRow = [&workspace, &rows = found.rows](std::size_t i, const SampleLocation& location) {
-      workspace.SampleDisplayTable[rows[i]] = location;
+    FirstDepths depths(found.rows.size());
+    const auto fillRow = [&](std::size_t i, const SampleLocation& location) {
+      workspace.SampleDisplayTable[found.rows[i]] = location;
+      depths.add(i, location);
     };
-    remarkOn([&] { visitLocations(workspace, projectNo, found.sampleNumbers, fillRow); });
+    remarkOn([&] {
+      visitLocations(workspace, projectNo, found.sampleNumbers, fillRow);
+      if (takeDepth == nullptr) return;
+      for (std::size_t i = 0; i < found.rows.size(); ++i) takeDepth(workspace, found.rows[i], depths.of(i));
+    });
   }
   return remarks;
 }

@@ -22,9 +22,14 @@ std::filesystem::path summaryPath(const Workspace& workspace, std::string_view p
 void visitLocations(const Workspace& workspace, std::string_view projectNo, std::span<const std::string> sampleNumbers,
                     const std::function<void(std::size_t, const SampleLocation&)>& visit);
 
+/// The sampling depth that the project's summary file has for a sample, GBK, trimmed; when it holds several records of
+/// one number, the first counts. Empty without such a file or sample. UserError as `visitLocations`.
+std::string lookupSamplingDepth(const Workspace& workspace, std::string_view projectNo, std::string_view sampleNo);
+
 /// Fills the display table from the summary files of the projects in the table of a kind, and the title texts from that
 /// of the first live row's project. Rows that no file knows stay as they are, which an open and an import left blank.
-/// A summary file that can't be read is a remark.
+/// Records that have a sampling depth of their own take that of `lookupSamplingDepth`.
+/// A summary file that can't be read is a remark, and the depths of its project stay as the records have them.
 Remarks readLocations(Workspace& workspace, ProjectKind kind);
 
 }  // namespace triaxlab

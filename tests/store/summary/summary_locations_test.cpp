@@ -56,6 +56,34 @@ TEST_F(SummaryLocations, OfSeveralRecordsOfANumberTheLastCounts) {
   EXPECT_EQ(boreholeOf(1), "ZK2");
 }
 
+TEST_F(SummaryLocations, OfSeveralRecordsOfANumberTheFirstGivesTheDepthOfAK0Record) {
+  for (const std::size_t row : {0, 1}) {
+    SetText(workspace.K0SampleTable[row].projectNo, "P1");
+    SetText(workspace.K0SampleTable[row].sampleNo, row == 0 ? "S1" : "S2");
+    SetText(workspace.K0SampleTable[row].samplingDepth, "9.9");
+  }
+  write("ZMSJ/KHZP1.txt", newSummaryHeaderBytes("0002", "P1") + locatedRecord(" S1", "ZK1", "1.0", "") +
+                              locatedRecord("S1", "ZK2", "2.0", ""));
+  readLocations(workspace, ProjectKind::K0);
+  EXPECT_EQ(workspace.K0SampleTable[0].samplingDepth.trimmed(), "1.0");
+  EXPECT_EQ(workspace.SampleDisplayTable[0].samplingDepth.trimmed(), "2.0");
+  EXPECT_TRUE(workspace.K0SampleTable[1].samplingDepth.isBlank()) << "the file doesn't know it";
+  EXPECT_EQ(lookupSamplingDepth(workspace, "P1", "S1"), "1.0");
+  EXPECT_EQ(lookupSamplingDepth(workspace, "P1", "S2"), "");
+  EXPECT_EQ(lookupSamplingDepth(workspace, "P2", "S1"), "") << "no such file";
+}
+
+TEST_F(SummaryLocations, AFileThatCanNotBeReadSaysNothingOfADepth) {
+  SetText(workspace.TK0SampleTable[0].k0.projectNo, "P1");
+  SetText(workspace.TK0SampleTable[0].k0.sampleNo, "S1");
+  SetText(workspace.TK0SampleTable[0].k0.samplingDepth, "9.9");
+  write("ZMSJ/KHZP1.txt", "damaged");
+  const Remarks remarks = readLocations(workspace, ProjectKind::TK0);
+  EXPECT_THAT(remarks, ElementsAre(HasSubstr("KHZP1.txt"))) << "once";
+  EXPECT_EQ(workspace.TK0SampleTable[0].k0.samplingDepth.trimmed(), "9.9") << "as the record has it";
+  EXPECT_THROW(lookupSamplingDepth(workspace, "P1", "S1"), UserError);
+}
+
 TEST_F(SummaryLocations, RecordsBehindTheCountOrTheEndAreNotThere) {
   setRow(0, triaxialBytes("P1", "S1"));
   setRow(1, triaxialBytes("P1", "S2"));
