@@ -164,12 +164,13 @@ void saveIntoLongProject(benchmark::State& state) {
     table[row] = fullSample(row);
     SetText(table[row].sampleNo, LongProject::sampleNo(4000 + static_cast<int>(row)));
   }
-  saveTriaxial(project.workspace, {});
+  saveProject(project.workspace, ProjectKind::Triaxial, {});
   const Bytes bytes(table.size() * (sizeof(TriaxialSampleRecord) + sizeof(SummaryRecord)), std::byte{'5'});
   const std::filesystem::path standing = project.scratchFile(), journal = standing.string() + "2";
   writeAndSync(standing, bytes);
   compare(
-      state, [&] { std::filesystem::remove(journal); }, [&] { saveTriaxial(project.workspace, {}); },
+      state, [&] { std::filesystem::remove(journal); },
+      [&] { saveProject(project.workspace, ProjectKind::Triaxial, {}); },
       [&] {
         writeAndSync(journal, bytes);
         writeAndSync(standing, bytes);

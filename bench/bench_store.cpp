@@ -45,7 +45,7 @@ class SavedWorkspace {
     for (const char* name : {"HSZS", "ZMSJ"}) std::filesystem::create_directories(m_folder / name);
     workspace.applicationFolder = workspace.dataFolder = m_folder;
     fillTable(workspace.TriaxialSampleTable);
-    saveTriaxial(workspace, {});
+    saveProject(workspace, ProjectKind::Triaxial, {});
   }
   SavedWorkspace(const SavedWorkspace&) = delete;
   SavedWorkspace& operator=(const SavedWorkspace&) = delete;
@@ -118,7 +118,7 @@ void SaveAgainstWritingTwice(benchmark::State& state) {
   const Bytes content = readWholeFile(saved.projectFile(), std::uint64_t{1} << 30);
   writeAndSync(saved.scratchFile("standing"), content);
   compare(
-      state, [&] { saveTriaxial(saved.workspace, {}); }, [&] { writeTwice(saved, content); });
+      state, [&] { saveProject(saved.workspace, ProjectKind::Triaxial, {}); }, [&] { writeTwice(saved, content); });
 }
 BENCHMARK(SaveAgainstWritingTwice)->Unit(benchmark::kMillisecond);
 

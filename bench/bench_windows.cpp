@@ -194,7 +194,7 @@ void FullProject(benchmark::State& state) {
   folder.play("");
   Workspace workspace = fullWorkspace(kTableRows);
   workspace.applicationFolder = workspace.dataFolder = folder.path();
-  saveTriaxial(workspace, {});
+  saveProject(workspace, ProjectKind::Triaxial, {});
   double peak = 0;
   for (auto _ : state)
     peak = folder.play(
@@ -212,12 +212,12 @@ void OpenToPictureAgainstReadAndPass(benchmark::State& state) {
   Workspace& workspace = window.workspace;
   workspace.applicationFolder = workspace.dataFolder = folder.path();
   for (const char* const name : {"HSZS", "ZMSJ"}) std::filesystem::create_directories(folder.path() / name);
-  saveTriaxial(workspace, {});
+  saveProject(workspace, ProjectKind::Triaxial, {});
   const auto all = [](int count) { return SampleRange{1, count}; };
   Clock::duration opened{}, least{};
   for (auto _ : state) {
     const auto begin = Clock::now();
-    openTriaxialDocument(workspace, "WKSZBENCH.txt", all);
+    openDocument(workspace, ProjectKind::Triaxial, "WKSZBENCH.txt", all);
     window.form->load();
     window.picture();
     const auto middle = Clock::now();

@@ -17,10 +17,6 @@ namespace triaxlab {
 Remarks openDocument(Workspace& workspace, ProjectKind kind, std::string_view fileName,
                      const RangeChooser& chooseRange);
 
-inline Remarks openTriaxialDocument(Workspace& workspace, std::string_view fileName, const RangeChooser& chooseRange) {
-  return openDocument(workspace, ProjectKind::Triaxial, fileName, chooseRange);
-}
-
 /// Goes on behind an importer that has filled the table of the document: locations, English labels, reduction; the
 /// controlledDocNo of the document before is dropped.
 Remarks importedDocument(Workspace& workspace, const DocumentKind& document);

@@ -34,7 +34,7 @@ void save(Workspace& workspace, const Projects& projects) {
   SetText(workspace.processingDate.year, "2024");
   SetText(workspace.controlledDocNo, "NEW");
   // A project that can't be read is named and the others are saved.
-  for (const std::string& error : saveTriaxial(workspace, nullptr).errors) throw UserError(error);
+  for (const std::string& error : saveProject(workspace, ProjectKind::Triaxial, nullptr).errors) throw UserError(error);
 }
 
 void rewrite(Workspace& workspace, const Projects& projects) {
@@ -77,7 +77,8 @@ void share(Workspace& workspace, const Projects& projectAndLetter) {
     TriaxialSampleRecord record = crash::sample(project, number, number);
     SetText(record.sampleNo, projectAndLetter[1] + std::to_string(number));
     workspace.TriaxialSampleTable[0] = record;
-    for (const std::string& error : saveTriaxial(workspace, nullptr).errors) throw UserError(error);
+    for (const std::string& error : saveProject(workspace, ProjectKind::Triaxial, nullptr).errors)
+      throw UserError(error);
     if (number % 3 == 0) turnRound(workspace, fileOf(project));
   }
 }

@@ -261,7 +261,7 @@ class Crash : public ::testing::TestWithParam<Scene> {
       crash::fill(workspace, projectNo, rowsUsed, 10, 55);
       rowsUsed += 10;
     }
-    if (rowsUsed > 0) saveTriaxial(workspace, nullptr);
+    if (rowsUsed > 0) saveProject(workspace, ProjectKind::Triaxial, nullptr);
     if (GetParam().oldFormat)
       for (const std::string& projectNo : GetParam().existing) makeOldFormat("HSZS/WKSZ" + projectNo + ".txt");
   }

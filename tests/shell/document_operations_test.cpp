@@ -27,7 +27,7 @@ TEST(DocumentOperations, AnOpenedDocumentIsReduced) {
   Lab lab;
   lab.writeProject("P1", {sample("P1", "A-1"), sample("P1", "A-2")});
   lab.folder.write("esz.ini", *utf8ToGbkExactly("[工程名称]=[Job]"));
-  EXPECT_EQ(openTriaxialDocument(lab.workspace, "WKSZP1.txt", kWholeFile), Remarks{});
+  EXPECT_EQ(openDocument(lab.workspace, ProjectKind::Triaxial, "WKSZP1.txt", kWholeFile), Remarks{});
   for (const std::size_t row : {0, 1}) {
     const TriaxialSampleRecord& record = lab.workspace.TriaxialSampleTable[row];
     EXPECT_EQ(record.failureRadius[0].trimmed(), "30");   // 60 / 2
@@ -41,7 +41,7 @@ TEST(DocumentOperations, AFileThatIsRefusedLeavesEverythingAsItWas) {
   lab.folder.write("HSZS/WKSZP1.txt", "short");
   lab.workspace.TriaxialSampleTable[0] = sample("P9", "A-1");
   SetText(lab.workspace.processingDate.year, "2012");
-  EXPECT_THROW(openTriaxialDocument(lab.workspace, "WKSZP1.txt", kWholeFile), UserError);
+  EXPECT_THROW(openDocument(lab.workspace, ProjectKind::Triaxial, "WKSZP1.txt", kWholeFile), UserError);
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].projectNo.trimmed(), "P9");
   EXPECT_TRUE(lab.workspace.TriaxialSampleTable[0].failureRadius[0].isBlank()) << "not reduced either";
   EXPECT_EQ(lab.workspace.processingDate.year.trimmed(), "2012");
@@ -51,7 +51,7 @@ TEST(DocumentOperations, ADamagedSummaryFileIsARemark) {
   Lab lab;
   lab.writeProject("P1", {sample("P1", "A-1")});
   lab.folder.write("ZMSJ/khzp1.txt", "short");
-  const Remarks remarks = openTriaxialDocument(lab.workspace, "WKSZP1.txt", kWholeFile);
+  const Remarks remarks = openDocument(lab.workspace, ProjectKind::Triaxial, "WKSZP1.txt", kWholeFile);
   ASSERT_EQ(remarks.size(), 1U);
   EXPECT_NE(remarks[0].find("khzp1.txt"), std::string::npos) << remarks[0];
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].failureRadius[0].trimmed(), "30");

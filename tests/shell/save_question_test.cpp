@@ -23,7 +23,7 @@ class SaveQuestion : public ::testing::Test {
   /// P1 is open with one sample, and another program has added a second.
   SaveQuestion() {
     lab.writeProject("P1", {sample("P1", "A-1")});
-    openTriaxialDocument(lab.workspace, "WKSZP1.txt", {});
+    openDocument(lab.workspace, ProjectKind::Triaxial, "WKSZP1.txt", {});
     windows.form1.emplace();
     windows.form1->changed = true;
     shell.documentActivated(kForm1);

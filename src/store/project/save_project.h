@@ -62,9 +62,4 @@ struct SaveReport {
 SaveReport saveProject(Workspace& workspace, ProjectKind kind, const OverwriteChooser& chooseOverwrites,
                        const ChangeQuestion& mayOverwriteChanges = {});
 
-inline SaveReport saveTriaxial(Workspace& workspace, const OverwriteChooser& chooseOverwrites,
-                               const ChangeQuestion& mayOverwriteChanges = {}) {
-  return saveProject(workspace, ProjectKind::Triaxial, chooseOverwrites, mayOverwriteChanges);
-}
-
 }  // namespace triaxlab

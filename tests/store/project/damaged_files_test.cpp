@@ -112,7 +112,7 @@ TEST_F(DamagedFiles, AnEndTextWhereASampleIsClaimedIsACutSample) {
               ::testing::ElementsAre(HasSubstr("第 2 个只剩一部分")));
   EXPECT_TRUE(workspace.controlledDocNo.isBlank());
   setRow(0, triaxialBytes("P1", "S2"));
-  const SaveReport report = saveTriaxial(workspace, nullptr);
+  const SaveReport report = saveProject(workspace, ProjectKind::Triaxial, nullptr);
   EXPECT_THAT(report.remarks, ::testing::ElementsAre(HasSubstr("第 2 个只剩一部分")));
   EXPECT_SAME_BYTES(read("HSZS/WKSZP1.txt"), headerBytes({"0003", "P1", "2024/01/02", "2024-03-04"}) +
                                                  triaxialBytes("P1", "S1") + emptyTriaxial() +
@@ -145,7 +145,7 @@ TEST_F(DamagedFiles, ASaveLeavesADamagedProjectAlone) {
   setRow(0, triaxialBytes("P1", "S1"));
   for (const std::string& damaged : {std::string(), std::string("0001"), headerBytes({"x", "P1"})}) {
     write("HSZS/WKSZP1.txt", damaged);
-    EXPECT_THAT(sentenceOf([&] { saveTriaxial(workspace, nullptr); }), HasSubstr("WKSZP1.txt"));
+    EXPECT_THAT(sentenceOf([&] { saveProject(workspace, ProjectKind::Triaxial, nullptr); }), HasSubstr("WKSZP1.txt"));
     EXPECT_EQ(read("HSZS/WKSZP1.txt"), damaged);
     EXPECT_FALSE(has("ZMSJ/KHZP1.txt"));
   }
@@ -173,7 +173,7 @@ TEST_F(DamagedFiles, ASummaryCutInsideARecordIsMendedByTheSave) {
   std::string record = siblingRecordBytes("S1");
   write("ZMSJ/KHZP1.txt", newSummaryHeaderBytes("0001", "P1") + record.substr(0, 1000));
   setRow(0, triaxialBytes("P1", "S1"));
-  EXPECT_TRUE(saveTriaxial(workspace, nullptr).errors.empty());
+  EXPECT_TRUE(saveProject(workspace, ProjectKind::Triaxial, nullptr).errors.empty());
   const std::string saved = read("ZMSJ/KHZP1.txt");
   ASSERT_EQ(saved.size(), kSummaryHeaderSize + kSummaryRecordSize);
   EXPECT_EQ(saved.substr(kSummaryHeaderSize + 59, 941), record.substr(59, 941)) << "what was there stays";
@@ -198,7 +198,7 @@ TEST_F(DamagedFiles, NoProjectNumberLeadsOutOfTheDataFolder) {
                                          "x."};
   for (std::size_t i = 0; i < numbers.size(); ++i) setRow(i, triaxialBytes(numbers[i], "S1"));
   const auto before = snapshot();
-  EXPECT_THROW(saveTriaxial(workspace, nullptr), UserError);
+  EXPECT_THROW(saveProject(workspace, ProjectKind::Triaxial, nullptr), UserError);
   auto after = snapshot();
   after.erase((workspace.applicationFolder / "qvb.sys").string());  // the date texts
   EXPECT_EQ(after, before);
@@ -208,7 +208,7 @@ TEST_F(DamagedFiles, NoProjectNumberLeadsOutOfTheDataFolder) {
 TEST_F(DamagedFiles, ARowOfZeroBytesIsNamedAndNotSaved) {
   row(0) = recordOf<TriaxialSampleRecord>(std::string(kTriaxialSize, '\0'));
   setRow(1, triaxialBytes("P1", "S1"));
-  EXPECT_EQ(saveTriaxial(workspace, nullptr).errors.size(), 1U);
+  EXPECT_EQ(saveProject(workspace, ProjectKind::Triaxial, nullptr).errors.size(), 1U);
   EXPECT_TRUE(has("HSZS/WKSZP1.txt"));
 }
 
@@ -216,7 +216,7 @@ TEST_F(DamagedFiles, AFolderInAProjectsPlaceRefusesThatProjectAlone) {
   std::filesystem::create_directory(data("HSZS/WKSZP1.txt"));
   std::filesystem::create_directory(data("ZMSJ/KHZP2.txt"));
   for (std::size_t i = 0; i < 3; ++i) setRow(i, triaxialBytes("P" + std::to_string(i + 1), "S1"));
-  const SaveReport report = saveTriaxial(workspace, nullptr);
+  const SaveReport report = saveProject(workspace, ProjectKind::Triaxial, nullptr);
   EXPECT_THAT(report.errors, ::testing::ElementsAre(HasSubstr("WKSZP1.txt"), HasSubstr("KHZP2.txt")));
   EXPECT_FALSE(has("HSZS/WKSZP2.txt"));
   EXPECT_TRUE(has("HSZS/WKSZP3.txt"));
@@ -226,7 +226,7 @@ TEST_F(DamagedFiles, ADataFolderThatIsAFileIsTold) {
   setRow(0, triaxialBytes("P1", "S1"));
   std::filesystem::remove_all(workspace.dataFolder);
   File(workspace.dataFolder, File::Mode::Create).writeAt(0, std::as_bytes(std::span("file", 4)));
-  EXPECT_THAT(sentenceOf([&] { saveTriaxial(workspace, nullptr); }), HasSubstr("没有保存"));
+  EXPECT_THAT(sentenceOf([&] { saveProject(workspace, ProjectKind::Triaxial, nullptr); }), HasSubstr("没有保存"));
   EXPECT_THROW(openProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", nullptr), UserError);
   EXPECT_TRUE(listProjects(workspace, ProjectKind::Triaxial).empty());
   EXPECT_EQ(std::filesystem::file_size(workspace.dataFolder), 4U);
@@ -256,7 +256,7 @@ TEST_F(DamagedFiles, ADataFolderThatMayNotBeWrittenKeepsItsFiles) {
     fs::permissions(entry.path(), entry.is_directory() ? readOnly : fs::perms::owner_read | fs::perms::others_read);
   const auto before = snapshot();
   EXPECT_TRUE(asNobody([&] {
-    const std::string sentence = sentenceOf([&] { saveTriaxial(workspace, nullptr); });
+    const std::string sentence = sentenceOf([&] { saveProject(workspace, ProjectKind::Triaxial, nullptr); });
     return sentence.find("没有读写权限") != std::string::npos && sentence.find("没有保存") != std::string::npos;
   }));
   EXPECT_TRUE(asNobody([&] {

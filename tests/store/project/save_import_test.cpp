@@ -17,7 +17,7 @@ class SaveImport : public StoreTest {
     workspace.rawImportPending = true;
   }
   SaveReport save() {
-    return saveTriaxial(workspace, [this](Workspace&, const std::vector<KnownSample>& samples) {
+    return saveProject(workspace, ProjectKind::Triaxial, [this](Workspace&, const std::vector<KnownSample>& samples) {
       known.clear();
       for (const KnownSample& sample : samples) {
         known.push_back(sample.row);
@@ -151,7 +151,7 @@ TEST_F(SaveImport, ASampleThatWasNewWhenTheSaveBeganIsNotKept) {
 TEST_F(SaveImport, WithoutAnyoneToAskKnownSamplesAreWrittenOver) {
   workspace.keepExisting.set();
   setRow(0, kNewS1);
-  saveTriaxial(workspace, nullptr);
+  saveProject(workspace, ProjectKind::Triaxial, nullptr);
   EXPECT_SAME_BYTES(read("HSZS/WKSZI1.txt").substr(kHeaderSize, kTriaxialSize), kNewS1);
 }
 

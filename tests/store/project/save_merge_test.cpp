@@ -93,7 +93,7 @@ class SaveMerge : public StoreTest {
   std::string merge(const std::string& stored, const std::string& record) {
     write("HSZS/WKSZM1.txt", headerBytes({"0001", "M1"}) + stored + field("", kEndTextSize));
     setRow(0, record);
-    EXPECT_TRUE(saveTriaxial(workspace, nullptr).errors.empty());
+    EXPECT_TRUE(saveProject(workspace, ProjectKind::Triaxial, nullptr).errors.empty());
     const std::string file = read("HSZS/WKSZM1.txt");
     EXPECT_EQ(file.size(), kHeaderSize + kTriaxialSize + kEndTextSize);
     return file.substr(kHeaderSize, kTriaxialSize);
@@ -172,7 +172,7 @@ TEST_F(SaveMerge, ANewSampleIsSortedAsWithoutMerging) {
   putSpecimen(record, 0, "200", 'a');
   putSpecimen(record, 1, "100", 'b');
   setRow(0, record);
-  saveTriaxial(workspace, nullptr);
+  saveProject(workspace, ProjectKind::Triaxial, nullptr);
   exchangeSpecimens(record, 0, 1);
   EXPECT_SAME_BYTES(read("HSZS/WKSZM1.txt").substr(kHeaderSize, kTriaxialSize), record);
 }
@@ -183,7 +183,7 @@ TEST_F(SaveMerge, TwoRowsOfOneNewSampleMergeWithEachOther) {
   putSpecimen(second, 0, "100", 'b');
   setRow(0, first);
   setRow(1, second);
-  saveTriaxial(workspace, nullptr);
+  saveProject(workspace, ProjectKind::Triaxial, nullptr);
   std::string wanted = first;
   copySpecimen(wanted, 1, second, 0);
   EXPECT_SAME_BYTES(read("HSZS/WKSZM1.txt").substr(kHeaderSize, kTriaxialSize), wanted);
@@ -196,7 +196,7 @@ TEST_F(SaveMerge, ARecordThatTheFileCutsIsNotMergedWith) {
   std::string record = markedSample('n');
   putSpecimen(record, 0, "200", 'b');
   setRow(0, record);
-  saveTriaxial(workspace, nullptr);
+  saveProject(workspace, ProjectKind::Triaxial, nullptr);
   EXPECT_SAME_BYTES(read("HSZS/WKSZM1.txt").substr(kHeaderSize, 2 * kTriaxialSize), emptyTriaxial() + record);
 }
 
@@ -208,7 +208,7 @@ TEST_F(SaveMerge, AFailedSaveLeavesTheRowUnmerged) {
   putSpecimen(record, 0, "200", 'b');
   setRow(0, record);
   std::filesystem::create_directory(data("journal"));
-  EXPECT_THROW(saveTriaxial(workspace, nullptr), UserError);
+  EXPECT_THROW(saveProject(workspace, ProjectKind::Triaxial, nullptr), UserError);
   EXPECT_SAME_BYTES(bytesOfRecord(row(0)), record);
 }
 

@@ -12,7 +12,7 @@ using ::testing::IsEmpty;
 
 class SaveProject : public StoreTest {
  protected:
-  SaveReport save() { return saveTriaxial(workspace, nullptr); }
+  SaveReport save() { return saveProject(workspace, ProjectKind::Triaxial, nullptr); }
   void setDate(std::string_view year, std::string_view month, std::string_view day) {
     SetText(workspace.processingDate.year, year);
     SetText(workspace.processingDate.month, month);

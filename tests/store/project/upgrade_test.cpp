@@ -133,7 +133,7 @@ TEST_F(Upgrade, ASaveFindsItsSamplesInTheUpgradedFile) {
   write("HSZS/WKSZP1.txt", oldHeader("0001") + stored + endText);
   setRow(0, triaxialBytes("P1", "A-1", static_cast<unsigned char>(stored[32])));
   setRow(1, triaxialBytes("P1", "A-2"));
-  EXPECT_THAT(saveTriaxial(workspace, nullptr).errors, IsEmpty());
+  EXPECT_THAT(saveProject(workspace, ProjectKind::Triaxial, nullptr).errors, IsEmpty());
   EXPECT_SAME_BYTES(read("HSZS/WKSZP1.txt"),
                     oldHeader("0002", "V2.0") + bytesOfRecord(row(0)) + bytesOfRecord(row(1)) + std::string(100, ' '));
 }

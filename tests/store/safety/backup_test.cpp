@@ -25,7 +25,7 @@ class Backup : public StoreTest {
   static std::string project(const std::string& projectNo, const std::string& sample = "S1") {
     return headerBytes({"0001", projectNo}) + triaxialBytes(projectNo, sample) + field("doc", 100);
   }
-  Remarks save() { return saveTriaxial(workspace, nullptr).remarks; }
+  Remarks save() { return saveProject(workspace, ProjectKind::Triaxial, nullptr).remarks; }
   void rewrite(std::vector<std::uint32_t> order) {
     rewriteProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", order);
   }
@@ -100,7 +100,7 @@ TEST_F(Backup, OnlyOfFilesThatAreWritten) {
   write("HSZS/WKSZP1.txt", project("P1"));
   setRow(0, triaxialBytes("P1", "S1"));
   workspace.rawImportPending = true;
-  saveTriaxial(workspace, [](Workspace& asked, const std::vector<KnownSample>& known) {
+  saveProject(workspace, ProjectKind::Triaxial, [](Workspace& asked, const std::vector<KnownSample>& known) {
     for (const KnownSample& sample : known) asked.keepExisting[sample.row] = true;
     return true;
   });

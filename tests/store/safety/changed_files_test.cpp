@@ -34,7 +34,7 @@ class ChangedFilesTest : public StoreTest {
     openProject(workspace, ProjectKind::Triaxial, "WKSZ" + projectNo + ".txt", nullptr);
   }
   void list() { listSamples(workspace, ProjectKind::Triaxial, "WKSZP1.txt"); }
-  SaveReport save() { return saveTriaxial(workspace, nullptr, question()); }
+  SaveReport save() { return saveProject(workspace, ProjectKind::Triaxial, nullptr, question()); }
   RewriteReport rewrite(std::vector<std::uint32_t> order = {1, 0}) {
     return rewriteProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", order, question());
   }
@@ -76,7 +76,7 @@ TEST_F(ChangedFilesTest, WithNobodyToAskItIsARemark) {
   open();
   list();
   changeByAnother();
-  EXPECT_THAT(saveTriaxial(workspace, nullptr).remarks, ElementsAre(HasSubstr("WKSZP1.txt")));
+  EXPECT_THAT(saveProject(workspace, ProjectKind::Triaxial, nullptr).remarks, ElementsAre(HasSubstr("WKSZP1.txt")));
   changeByAnother();
   EXPECT_THAT(rewriteProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", std::array{0U}).remarks,
               ElementsAre(HasSubstr("WKSZP1.txt")));
@@ -115,7 +115,7 @@ TEST_F(ChangedFilesTest, SeveralFilesAreOneQuestion) {
 TEST_F(ChangedFilesTest, AChangeDuringTheAnswerIsAskedAboutAgain) {
   open();
   changeByAnother();
-  saveTriaxial(workspace, nullptr, [this](std::string_view, std::string_view) {
+  saveProject(workspace, ProjectKind::Triaxial, nullptr, [this](std::string_view, std::string_view) {
     questions.emplace_back();
     if (questions.size() == 1) writeProject("P1", {"S1", "S2", "S3", "S4"});
     return true;

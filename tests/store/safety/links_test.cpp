@@ -42,14 +42,14 @@ TEST_F(Links, AProjectFileThatIsOneIsListedByItsNameAndRefused) {
   EXPECT_THAT(sentenceOf([&] { listSamples(workspace, ProjectKind::Triaxial, "WKSZP1.txt"); }), refusal);
   EXPECT_THAT(sentenceOf([&] { rewriteProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", {}); }), refusal);
   setRow(0, triaxialBytes("P1", "A-2"));
-  EXPECT_THAT(sentenceOf([&] { saveTriaxial(workspace, nullptr); }), refusal);
+  EXPECT_THAT(sentenceOf([&] { saveProject(workspace, ProjectKind::Triaxial, nullptr); }), refusal);
   EXPECT_SAME_BYTES(elsewhere(), project());
 }
 
 TEST_F(Links, NoFileIsMadeWhereOneLeads) {
   std::filesystem::create_symlink(folder() / "elsewhere/new", data("HSZS/WKSZP1.txt"));
   setRow(0, triaxialBytes("P1", "A-1"));
-  EXPECT_THAT(sentenceOf([&] { saveTriaxial(workspace, nullptr); }), HasSubstr("链接"));
+  EXPECT_THAT(sentenceOf([&] { saveProject(workspace, ProjectKind::Triaxial, nullptr); }), HasSubstr("链接"));
   EXPECT_FALSE(std::filesystem::exists(folder() / "elsewhere/new"));
 }
 
@@ -57,7 +57,7 @@ TEST_F(Links, ASummaryFileThatIsOneIsNotWritten) {
   link("ZMSJ/KHZP1.txt", "not ours");
   setRow(0, triaxialBytes("P1", "A-1"));
   const std::string told = sentenceOf([&] {
-    const SaveReport report = saveTriaxial(workspace, nullptr);
+    const SaveReport report = saveProject(workspace, ProjectKind::Triaxial, nullptr);
     for (const std::string& error : report.errors) throw UserError(error);
   });
   EXPECT_THAT(told, HasSubstr("链接"));
@@ -71,7 +71,7 @@ TEST_F(Links, TheFoldersOfTheDataAreNoneEither) {
   EXPECT_THAT(sentenceOf([&] { openProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", nullptr); }),
               HasSubstr("链接"));
   setRow(0, triaxialBytes("P2", "A-1"));
-  EXPECT_THAT(sentenceOf([&] { saveTriaxial(workspace, nullptr); }), HasSubstr("链接"));
+  EXPECT_THAT(sentenceOf([&] { saveProject(workspace, ProjectKind::Triaxial, nullptr); }), HasSubstr("链接"));
   EXPECT_FALSE(std::filesystem::exists(folder() / "elsewhere/WKSZP2.txt"));
 }
 
@@ -79,7 +79,7 @@ TEST_F(Links, TheDataFolderMayBeReachedThroughOne) {
   std::filesystem::create_directory_symlink(workspace.dataFolder, folder() / "through");
   workspace.dataFolder = folder() / "through";
   setRow(0, triaxialBytes("P1", "A-1"));
-  EXPECT_TRUE(saveTriaxial(workspace, nullptr).errors.empty());
+  EXPECT_TRUE(saveProject(workspace, ProjectKind::Triaxial, nullptr).errors.empty());
   EXPECT_EQ(openProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", nullptr), Remarks{});
   EXPECT_TRUE(std::filesystem::exists(folder() / "data/HSZS/WKSZP1.txt"));
 }

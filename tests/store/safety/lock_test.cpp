@@ -30,7 +30,7 @@ class Locks : public StoreTest {
     setRow(0, triaxialBytes("P1", "S1", 2, "250"));
   }
 
-  void save() { saveTriaxial(workspace, nullptr); }
+  void save() { saveProject(workspace, ProjectKind::Triaxial, nullptr); }
   void rewrite() { rewriteProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", std::array{1U, 0U}); }
   void open() { openProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", nullptr); }
   /// A sentence that names `file`, and not a byte has changed.
@@ -121,7 +121,8 @@ TEST_F(Locks, EndWithTheSave) {
 TEST_F(Locks, NobodyWaitsForAPerson) {
   workspace.rawImportPending = true;
   bool wasFree = false;
-  saveTriaxial(workspace, [&](Workspace&, const std::vector<KnownSample>&) { return wasFree = folderIsFree(); });
+  saveProject(workspace, ProjectKind::Triaxial,
+              [&](Workspace&, const std::vector<KnownSample>&) { return wasFree = folderIsFree(); });
   EXPECT_TRUE(wasFree);
 }
 
@@ -129,7 +130,7 @@ TEST_F(Locks, AFileThatChangesWhileThePersonAnswersIsReadAgain) {
   workspace.rawImportPending = true;
   setRow(1, triaxialBytes("P1", "S9"));
   std::vector<std::size_t> knownCounts;
-  saveTriaxial(workspace, [&](Workspace&, const std::vector<KnownSample>& known) {
+  saveProject(workspace, ProjectKind::Triaxial, [&](Workspace&, const std::vector<KnownSample>& known) {
     knownCounts.push_back(known.size());
     if (knownCounts.size() > 1) return true;
     // Another program adds sample S9 in the meantime.

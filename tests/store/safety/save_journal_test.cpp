@@ -160,7 +160,7 @@ TEST_F(SaveJournalTest, ASaveThatWaitsKeepsNoOtherProjectFromItsWork) {
 
   setRow(0, triaxialBytes("P2", "S1"));
   setRow(1, triaxialBytes("P1", "S1"));
-  const SaveReport report = saveTriaxial(workspace, nullptr);
+  const SaveReport report = saveProject(workspace, ProjectKind::Triaxial, nullptr);
   EXPECT_THAT(report.errors, ::testing::ElementsAre(AllOf(HasSubstr("工程“P1”"), HasSubstr("没有保存"))));
   EXPECT_EQ(read("HSZS/WKSZP2.txt").substr(0, 4), "0001");
   EXPECT_EQ(read("journal"), whole) << "it waits on";

@@ -24,7 +24,7 @@ std::string sampleBytes(std::string_view sampleNo, int testMethod = 2) {
 
 class SummarySave : public StoreTest {
  protected:
-  SaveReport save() { return saveTriaxial(workspace, nullptr); }
+  SaveReport save() { return saveProject(workspace, ProjectKind::Triaxial, nullptr); }
   std::string summary() const { return read("ZMSJ/KHZP1.txt"); }
   std::string record(std::size_t k) const {
     return summary().substr(kSummaryHeaderSize + k * kSummaryRecordSize, kSummaryRecordSize);
