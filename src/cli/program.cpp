@@ -71,11 +71,14 @@ class Program {
     const Importer& importer = *importerOfId(import.source);
     if (!importer.isBuilt()) refuseForThisVersion(fmt::format("读入 {} 原始数据", import.source));
     ImportSelection selection(importer, m_workspace);
+    m_workspace.sourceFolder = textOfPath(std::filesystem::absolute(import.file).parent_path());
     selection.open(import.file);
     printRemarks(selection.remarks());
     markRows(selection, import);
     if (!selection.state().canRead) return kDone;  // a database without entries: nothing to import
-    printRemarks(selection.read().remarks);
+    const std::optional<ImportReport> report = selection.read(m_dialogs);
+    if (!report) return kDone;
+    printRemarks(report->remarks);
     const DocumentKind& document = documentKindOf(importer.document);
     printRemarks(importedDocument(m_workspace, document));
     if (import.page) showPage(document.tests, *import.page);
@@ -203,6 +206,9 @@ class Program {
       if (row == 0 || row > selection.rowCount())
         throw UserError(fmt::format("文件“{}”中没有第{}行，数据没有读入。", textOfPath(import.file), row));
       if (!selection.isMarked(row)) selection.toggleMark(row, m_dialogs);
+      if (!selection.isMarked(row))
+        throw UserError(fmt::format("文件“{}”的第{}行不能与前面的行一起读入，数据没有读入。请用 --rows 分几次读入。",
+                                    textOfPath(import.file), row));
     }
   }
 

@@ -34,9 +34,10 @@ struct SampleIdentity {
 
 /// What imports into the table of a kind of record need of it. A specialisation has
 ///   static constexpr SampleTable<Record> Workspace::*kTable
+///   static void finish(Record&)                   what a row gets once all its groups are filled in, even axes say
+/// and, when its sources gather specimens (BySample),
 ///   static void blankAgain(Record&)               blanks what a group that joins a row may have filled
 ///   static void join(const Record& from, Record& into)   the specimens of one record go into the other
-///   static void finish(Record&)                   what a row gets once all its groups are filled in, even axes say
 template <class Record>
 struct ImportTarget;
 
@@ -100,14 +101,7 @@ class ImportPlan {
     Record joining;
     // A row is made in the moment when it is filled, while it is at hand: the table is far larger than the caches.
     for (std::size_t group = 0; group < m_places.size(); ++group) {
-      const Place& place = m_places[group];
-      if (place.joins && place.gathering == Gathering::BySample) {
-        Target::blankAgain(joining);
-        fill(group, joining);
-        Target::join(joining, table[place.row]);
-      } else {
-        fill(group, table[place.row]);
-      }
+      fillPlace(group, fill, table[m_places[group].row], joining);
       tell(progress, group + 1, m_places.size());
     }
     if (m_axes == Axes::Even) std::ranges::for_each(table.used(), Target::finish);
@@ -123,6 +117,20 @@ class ImportPlan {
     bool joins;  // an earlier group has this row
     Gathering gathering;
   };
+
+  /// Fills the row of the group, or the record that then joins it.
+  void fillPlace(std::size_t group, const Fill& fill, Record& row, [[maybe_unused]] Record& joining) const {
+    using Target = ImportTarget<Record>;
+    if constexpr (requires { Target::join(joining, row); }) {
+      if (m_places[group].joins && m_places[group].gathering == Gathering::BySample) {
+        Target::blankAgain(joining);
+        fill(group, joining);
+        Target::join(joining, row);
+        return;
+      }
+    }
+    fill(group, row);
+  }
 
   Place placeOf(const SampleIdentity<Record>& identity, Gathering gathering) {
     if (gathering != Gathering::OwnRow)

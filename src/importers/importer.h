@@ -37,6 +37,21 @@ struct SourceSort {
   std::size_t column;
 };
 
+/// Which rows of a grid go together, and what the window says of it. As it begins: all rows do.
+struct Marking {
+  std::span<const std::size_t> sameColumns = {};  // of the importer, in which all marked rows agree
+  std::string_view refusal = {};                  // of a row that doesn't
+  std::string_view label = "选中的试样组数：";    // Label2, in front of the number of marks; of the first of
+                                                  // sameColumns where there is one
+  std::string_view withoutMarks = {};             // what 处理 says when the last mark was taken off again; empty:
+                                                  // it is off then
+};
+
+/// A box that says one sentence.
+struct ImportMessage {
+  std::string_view title = {}, text = {};
+};
+
 /// What reading the marked rows brought.
 struct ImportReport {
   std::size_t sampleRows = 0;  // rows of the sample table that the import filled, from 0 upward
@@ -89,6 +104,8 @@ struct Importer {
   bool fileFromCommand = false;                   // the command asks for the file before it shows the window
   std::span<const SourceSort> sorts = {};
   bool thirdButtonWorks = true;  // false: greyed, its work is not part of this version
+  Marking marking = {};
+  ImportMessage noSamples = {};  // shown when nothing came in; without a text a remark says it
 
   bool isBuilt() const { return open != nullptr; }
 };

@@ -2,9 +2,11 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <deque>
 #include <filesystem>
+#include <iterator>
 #include <memory>
 #include <span>
 #include <utility>
@@ -48,6 +50,10 @@ struct SpecimenBlock {
 ///                                                        each group to both lists; the project date. The groups may
 ///                                                        point into the block
 ///   void fill(const Group&, Record&)                     see ImportPlan::Fill
+/// A source that needs more than its file has also
+///   Aids                                                 made from the workspace when rows are read, and given to
+///                                                        readBlock as a third argument; `Remarks remarks() const`
+///                                                        tells at the end what was missing
 template <class Format>
 class IndexedSource : public RawSource {
  public:
@@ -68,11 +74,19 @@ class IndexedSource : public RawSource {
     std::vector<typename Format::Group> groups;
     ImportPlan<Record> plan;
     Remarks remarks;
+    auto aids = aidsFrom(workspace);
+    const auto readBlock = [&](const typename Format::Entry& entry) {
+      if constexpr (requires { Format::readBlock(file, entry, aids); })
+        return Format::readBlock(file, entry, aids);
+      else
+        return Format::readBlock(file, entry);
+    };
     for (const std::size_t row : marked) {
-      const auto& block = blocks.emplace_back(Format::readBlock(file, m_index.at(row)));
+      const auto& block = blocks.emplace_back(readBlock(m_index.at(row)));
       if (!block.isWhole) remarks.push_back(cutShortRemark(m_path, fmt::format("第{}行的数据", row + 1)));
       Format::addGroups(block, m_rows.at(row), plan, groups);
     }
+    std::ranges::move(aids.remarks(), std::back_inserter(remarks));
     const auto fill = [&](std::size_t number, Record& record) { Format::fill(groups[number], record); };
     ImportReport report = plan.carryOut(workspace, fill, std::move(remarks), progress);
     workspace.rawImportPending = true;
@@ -80,6 +94,16 @@ class IndexedSource : public RawSource {
   }
 
  private:
+  struct NoAids {
+    static Remarks remarks() { return {}; }
+  };
+  static auto aidsFrom([[maybe_unused]] const Workspace& workspace) {
+    if constexpr (requires { typename Format::Aids; })
+      return typename Format::Aids(workspace);
+    else
+      return NoAids();
+  }
+
   std::filesystem::path m_path;
   std::vector<typename Format::Entry> m_index;
   std::vector<SourceRow> m_rows;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "importers/importer.h"
+#include "shell/document_kinds.h"
 #include "store/project/project_kinds.h"
 #include "store/settings/source_folders.h"
 #include "store/workspace.h"
@@ -197,7 +198,7 @@ void addImporters(std::vector<Command>& table) {
     if (importer->menuCaption.empty()) continue;
     Command command =
         dialog(importer->menuCommand, importer->menuCaption, kRawDataMenu, Action::Import, importer->form);
-    command.built = importer->isBuilt();
+    command.built = importer->isBuilt() && documentKindOf(importer->document).built;
     command.lineAbove = importer->lineAbove;
     table.push_back(command);
   }

@@ -204,8 +204,8 @@ void ShellSession::openNanjingFile(const Command& command) {
   ImportSelection file(importer, m_workspace);
   if (!file.choose(m_dialogs)) return;
   file.markAll();
-  showImport(importer.document,
-             file.read([this](std::size_t done, std::size_t total) { m_windows.showProgress(done, total); }).remarks);
+  const auto progress = [this](std::size_t done, std::size_t total) { m_windows.showProgress(done, total); };
+  if (const auto report = file.read(m_dialogs, progress)) showImport(importer.document, report->remarks);
 }
 
 void ShellSession::showImport(ActiveDocument document, Remarks remarks) {

@@ -151,7 +151,7 @@ TEST_F(WindowsEdition, SortsTurnAroundAndMarksGoAlong) {
   EXPECT_EQ(selection.cell(1, 4), "处理");
   selection.toggleMark(1, dialogs);
   selection.toggleMark(3, dialogs);
-  selection.read();
+  selection.read(dialogs);
   EXPECT_EQ(row(0).sampleNo.trimmed(), "S-1");
   EXPECT_TRUE(row(1).sampleNo.isBlank());
 }

@@ -6,6 +6,7 @@
 #include <numeric>
 #include <utility>
 
+#include "common/fixed_text.h"
 #include "common/gbk.h"
 #include "common/text_number.h"
 #include "platform/files.h"
@@ -60,6 +61,7 @@ void ImportSelection::open(const std::filesystem::path& sourcePath) {
   m_marked.clear();
   m_order.clear();
   m_markCount = 0;
+  m_wasMarked = false;
   m_source = openRawSource(m_importer, sourcePath);
   m_path = sourcePath;
   m_marked.assign(m_source->rows().size(), false);
@@ -83,7 +85,27 @@ std::string ImportSelection::cell(std::size_t row, std::size_t column) const {
 
 SelectionState ImportSelection::state() const {
   const std::string fileCount = m_source ? FormatPadded(static_cast<std::int64_t>(rowCount()), 2) : "";
-  return {"文件总数: " + fileCount, fmt::format("选中的试样组数：{}", m_markCount), m_markCount != 0};
+  const bool saysWithoutMarks = m_wasMarked && !m_importer.marking.withoutMarks.empty();
+  return {"文件总数: " + fileCount, markLabel(), m_markCount != 0 || saysWithoutMarks};
+}
+
+std::string ImportSelection::markLabel() const {
+  const Marking& marking = m_importer.marking;
+  if (marking.sameColumns.empty()) return fmt::format("{}{}", marking.label, m_markCount);
+  const auto marked = std::ranges::find(m_marked, true);
+  if (marked == m_marked.end()) return std::string(marking.label);
+  const SourceRow& row = m_source->rows()[static_cast<std::size_t>(marked - m_marked.begin())];
+  return fmt::format("{}{}", marking.label, row.cells.at(marking.sameColumns.front()));
+}
+
+bool ImportSelection::goesWithMarked(std::size_t place) const {
+  const auto marked = std::ranges::find(m_marked, true);
+  if (marked == m_marked.end()) return true;
+  const SourceRow& first = m_source->rows()[static_cast<std::size_t>(marked - m_marked.begin())];
+  const SourceRow& row = m_source->rows()[place];
+  return std::ranges::all_of(m_importer.marking.sameColumns, [&](std::size_t column) {
+    return Trim(row.cells.at(column)) == Trim(first.cells.at(column));
+  });
 }
 
 Remarks ImportSelection::remarks() const { return m_source ? m_source->remarks() : Remarks{}; }
@@ -94,8 +116,11 @@ void ImportSelection::toggleMark(std::size_t row, Dialogs& dialogs) {
   const bool mark = !m_marked[place];
   if (mark && m_markCount == kMostMarks)
     return dialogs.message(m_importer.messageTitle, kTooManyMarks, MessageIcon::Information);
+  if (mark && !goesWithMarked(place))
+    return dialogs.message(m_importer.messageTitle, m_importer.marking.refusal, MessageIcon::None);
   m_marked[place] = mark;
   m_markCount = mark ? m_markCount + 1 : m_markCount - 1;
+  m_wasMarked = true;
 }
 
 void ImportSelection::markAll() {
@@ -113,12 +138,19 @@ void ImportSelection::sort(std::size_t button) {
       m_order, [&](std::size_t a, std::size_t b) { return ascending ? keys[a] < keys[b] : keys[b] < keys[a]; });
 }
 
-ImportReport ImportSelection::read(const Progress& progress) {
+std::optional<ImportReport> ImportSelection::read(Dialogs& dialogs, const Progress& progress) {
+  if (m_markCount == 0) {
+    dialogs.message(m_importer.messageTitle, m_importer.marking.withoutMarks, MessageIcon::None);
+    return std::nullopt;
+  }
   std::vector<std::size_t> marked;
   for (const std::size_t row : m_order)
     if (m_marked[row]) marked.push_back(row);
   ImportReport report = m_source->read(marked, m_workspace, progress);
-  if (report.samples == 0 && report.remarks.empty())
+  const ImportMessage& noSamples = m_importer.noSamples;
+  if (report.samples == 0 && !noSamples.text.empty())
+    dialogs.message(noSamples.title, noSamples.text, MessageIcon::None);
+  else if (report.samples == 0 && report.remarks.empty())
     report.remarks.push_back(fmt::format("文件“{}”选中的数据中没有试样，没有读入任何内容。", textOfPath(m_path)));
   return report;
 }

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,8 +49,8 @@ class ImportSelection {
   /// What was damaged in the index of the open database; for the status bar.
   Remarks remarks() const;
 
-  /// A double click on a row: marks it or takes the mark off. Row 0 and rows past the last are passed over. More than
-  /// 999 marks are refused with a message.
+  /// A double click on a row: marks it or takes the mark off. Row 0 and rows past the last are passed over. A row that
+  /// doesn't go with those that are marked is refused with a message, as are more than 999 marks.
   void toggleMark(std::size_t row, Dialogs& dialogs);
 
   /// Marks every row, as far as the limit allows.
@@ -60,11 +61,14 @@ class ImportSelection {
   void sort(std::size_t button);
 
   /// 处理: reads the marked rows into the tables of the workspace; see RawSource::read. An import that brings no sample
-  /// says so in a remark. The document window is then
-  /// prepared as for an opened project. Pre: state().canRead.
-  ImportReport read(const Progress& progress = {});
+  /// says so. The document window is then prepared as for an opened project. Nothing when no row is marked any more,
+  /// which a message says. Pre: state().canRead.
+  std::optional<ImportReport> read(Dialogs& dialogs, const Progress& progress = {});
 
  private:
+  bool goesWithMarked(std::size_t place) const;
+  std::string markLabel() const;
+
   const Importer& m_importer;
   Workspace& m_workspace;
   std::unique_ptr<RawSource> m_source;  // nothing while no database is open
@@ -73,6 +77,7 @@ class ImportSelection {
   std::vector<bool> m_marked;           // one a row of the source
   std::vector<bool> m_sortsAscending;   // how each of the importer's sorts ran last
   std::size_t m_markCount = 0;
+  bool m_wasMarked = false;  // some row, since the database was opened
 };
 
 }  // namespace triaxlab

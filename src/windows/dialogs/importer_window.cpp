@@ -105,9 +105,10 @@ void ImporterWindow::toggleMark(int row) {
 
 void ImporterWindow::read() {
   actToEnd([this] {
-    const ImportReport report = m_selection.read(m_progress);
+    const std::optional<ImportReport> report = m_selection.read(m_dialogs, m_progress);
+    if (!report) return false;
     m_remarks = m_selection.remarks();
-    m_remarks->insert(m_remarks->end(), report.remarks.begin(), report.remarks.end());
+    m_remarks->insert(m_remarks->end(), report->remarks.begin(), report->remarks.end());
     return true;
   });
 }

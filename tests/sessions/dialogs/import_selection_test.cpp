@@ -122,9 +122,9 @@ TEST_F(Selection, AnImportThatBringsNoSampleSaysSo) {
   selection.open(folder.write("HSZSJ.KU", kuFile({newerEntry({noSpecimen()}), newerEntry({Specimen{}})})));
   selection.toggleMark(1, dialogs);
   const std::string file = (folder.path() / "HSZSJ.KU").string();
-  EXPECT_EQ(selection.read().remarks, Remarks{"文件“" + file + "”选中的数据中没有试样，没有读入任何内容。"});
+  EXPECT_EQ(selection.read(dialogs)->remarks, Remarks{"文件“" + file + "”选中的数据中没有试样，没有读入任何内容。"});
   selection.toggleMark(2, dialogs);
-  EXPECT_TRUE(selection.read().remarks.empty());
+  EXPECT_TRUE(selection.read(dialogs)->remarks.empty());
 }
 
 TEST_F(Selection, ADoubleClickTogglesTheMark) {
@@ -157,7 +157,7 @@ TEST_F(Selection, ReadsTheMarkedRows) {
   selection.open(folder.write("HSZSJ.KU", threeRows()));
   selection.toggleMark(3, dialogs);
   selection.toggleMark(2, dialogs);
-  EXPECT_EQ(selection.read().sampleRows, 2U);
+  EXPECT_EQ(selection.read(dialogs)->sampleRows, 2U);
   EXPECT_EQ(row(0).sampleNo.trimmed(), "S-2");  // in the order of the grid
   EXPECT_EQ(row(1).sampleNo.trimmed(), "S-3");
   EXPECT_TRUE(workspace.rawImportPending);
@@ -177,7 +177,7 @@ TEST_F(Selection, TheImportTellsItsProgressByGroups) {
   selection.open(folder.write("HSZSJ.KU", threeRows()));
   selection.markAll();
   std::vector<std::pair<std::size_t, std::size_t>> told;
-  selection.read([&](std::size_t done, std::size_t total) { told.emplace_back(done, total); });
+  selection.read(dialogs, [&](std::size_t done, std::size_t total) { told.emplace_back(done, total); });
   EXPECT_EQ(told, (std::vector<std::pair<std::size_t, std::size_t>>{{1, 3}, {2, 3}, {3, 3}}));
 }
 
@@ -246,7 +246,7 @@ TEST_F(Selection, MoreThan999MarksAreRefused) {
   selection.toggleMark(500, dialogs);
   selection.toggleMark(1000, dialogs);
   EXPECT_EQ(dialogs.messages.size(), 1U);
-  EXPECT_EQ(selection.read().sampleRows, 999U);
+  EXPECT_EQ(selection.read(dialogs)->sampleRows, 999U);
 }
 
 }  // namespace
