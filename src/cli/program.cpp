@@ -221,12 +221,13 @@ class Program {
   }
 
   int save(ProjectKind kind, bool keepExisting) {
+    const DocumentKind& document = documentOfTests(kind);
     const SaveReport report =
-        saveProject(m_workspace, kind, [=](Workspace& workspace, const std::vector<KnownSample>& known) {
+        saveDocument(m_workspace, document, [=](Workspace& workspace, const std::vector<KnownSample>& known) {
           for (const KnownSample& sample : known) workspace.keepExisting[sample.row] = keepExisting;
           return true;
         });
-    m_dialogs.message(kSaveTitle, documentOfTests(kind).savedMessage, MessageIcon::None);
+    m_dialogs.message(kSaveTitle, document.savedMessage, MessageIcon::None);
     printRemarks(report.remarks);
     const std::vector<std::string> failures = report.failures();
     printRemarks(failures);

@@ -52,6 +52,7 @@ struct LaboratoryHabits {
   std::string boreholeLabel;                 // [钻孔号] of sz.ini; empty: the usual labels
 
   NumberFormat cohesionFormat() const { return static_cast<NumberFormat>(cohesionDecimals); }
+  NumberFormat sensitivityFormat() const { return static_cast<NumberFormat>(sensitivityDecimals); }
 };
 
 /// Report labels in English, from esz.ini.

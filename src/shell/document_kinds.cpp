@@ -9,6 +9,7 @@
 #include "shell/printing.h"
 #include "shell/result_lines.h"
 #include "triaxial/opening_pass.h"
+#include "unconfined/reduction.h"
 
 namespace triaxlab {
 namespace {
@@ -43,6 +44,9 @@ constexpr std::array<Name, 4> kForm4Commands{"RZMSAVE", "RZMPRINT", "ZMPRINT", "
 constexpr std::array<Name, 3> kForm6Commands{"RZMSAVE", "RZMPRINT", "ZMPRINT"};
 constexpr std::array<Name, 4> kForm9Commands{"RZMSAVE", "RZMPRINT", "ZMPRINT", "PTK0"};
 
+void reduceUnconfined(Workspace& workspace) {
+  reduceAllUnconfinedSamples(workspace.UnconfinedSampleTable.used(), workspace.settings.habits.sensitivityFormat());
+}
 void reduceK0(Workspace& workspace) { reduceAllK0Samples(workspace.K0SampleTable.used()); }
 void reduceTK0(Workspace& workspace) { reduceAllTK0Samples(workspace.TK0SampleTable.used()); }
 
@@ -97,7 +101,10 @@ constexpr std::array kDocumentKinds{
                  .activation = {kForm4Commands, kImportAndTK0Curves},
                  .close = {kImport, kForm4Commands},
                  .leavesNoDocument = true,
-                 .intervention = kForm1},
+                 .intervention = kForm1,
+                 .reduce = reduceUnconfined,
+                 .reducesForSave = true,
+                 .results = unconfinedResultLines},
     DocumentKind{.document = kForm6,
                  .tests = ProjectKind::K0,
                  .master = kForm6,

@@ -46,6 +46,7 @@ struct DocumentKind {
 
   /// Brings freshly filled tables to what the window shows; null: they are shown as they stand.
   void (*reduce)(Workspace&) = nullptr;
+  bool reducesForSave = false;  // a save, too: what was typed since counts
   /// Shows a curve page of every sample, as paging through them would; null: it has none.
   void (*showPage)(Workspace&, CurvePage) = nullptr;
   /// What the tests were made for, a line a sample; null: this version can't tell it.

@@ -44,4 +44,10 @@ Remarks newDocument(Workspace& workspace, const DocumentKind& document) {
   return ReadEnglishLabels(workspace);
 }
 
+SaveReport saveDocument(Workspace& workspace, const DocumentKind& document, const OverwriteChooser& chooseOverwrites,
+                        const ChangeQuestion& mayOverwriteChanges) {
+  if (document.reducesForSave) document.reduce(workspace);
+  return saveProject(workspace, document.tests, chooseOverwrites, mayOverwriteChanges);
+}
+
 }  // namespace triaxlab

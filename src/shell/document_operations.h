@@ -5,6 +5,7 @@
 #include "common/user_error.h"
 #include "shell/document_kinds.h"
 #include "store/project/project_file.h"
+#include "store/project/save_project.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
@@ -23,5 +24,9 @@ Remarks importedDocument(Workspace& workspace, const DocumentKind& document);
 
 /// An empty document for typing in.
 Remarks newDocument(Workspace& workspace, const DocumentKind& document);
+
+/// Saves the table of the document, reduced first where its row says so; see saveProject.
+SaveReport saveDocument(Workspace& workspace, const DocumentKind& document, const OverwriteChooser& chooseOverwrites,
+                        const ChangeQuestion& mayOverwriteChanges = {});
 
 }  // namespace triaxlab

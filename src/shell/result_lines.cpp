@@ -5,6 +5,7 @@
 #include "common/gbk.h"
 #include "k0/settlement.h"
 #include "triaxial/method_names.h"
+#include "unconfined/reduction.h"
 
 namespace triaxlab {
 namespace {
@@ -32,6 +33,13 @@ std::vector<std::string> resultLine(const TriaxialSampleRecord& record) {
   return line;
 }
 
+std::vector<std::string> resultLine(const UnconfinedSampleRecord& record) {
+  const std::optional<double> strain = strainAtPeak(record, Specimen::Undisturbed);
+  return {gbkToUtf8(record.sampleNo.trimmed()), std::string(record.qu.trimmed()),
+          std::string(record.quRemoulded.trimmed()), std::string(record.sensitivity.trimmed()),
+          strain ? FormatNumber(*strain, NumberFormat::Tenths) : ""};
+}
+
 std::vector<std::string> koLine(const K0SampleRecord& record) {
   return {gbkToUtf8(record.sampleNo.trimmed()), std::string(record.koValue.trimmed())};
 }
@@ -50,6 +58,13 @@ std::vector<std::string> t90Line(const TK0SampleRecord& record) {
 ResultLines triaxialResultLines(const Workspace& workspace) {
   ResultLines lines{{workspace.settings.habits.sampleNoLabel, "方法", "围压 kPa", "C kPa", "φ °", "C′ kPa", "φ′ °"}};
   for (const TriaxialSampleRecord& record : workspace.TriaxialSampleTable.used())
+    if (isLive(record)) lines.push_back(resultLine(record));
+  return lines;
+}
+
+ResultLines unconfinedResultLines(const Workspace& workspace) {
+  ResultLines lines{{workspace.settings.habits.sampleNoLabel, "qu kPa", "qu′ kPa", "St", "峰值应变 %"}};
+  for (const UnconfinedSampleRecord& record : workspace.UnconfinedSampleTable.used())
     if (isLive(record)) lines.push_back(resultLine(record));
   return lines;
 }

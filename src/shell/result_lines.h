@@ -7,6 +7,9 @@ namespace triaxlab {
 /// Sample, method, cell pressures, C, φ, C′, φ′ of each live triaxial sample.
 ResultLines triaxialResultLines(const Workspace& workspace);
 
+/// Sample, qu, qu′, St of each live unconfined sample, and the strain at which qu stands.
+ResultLines unconfinedResultLines(const Workspace& workspace);
+
 /// Sample and Ko of each live K0 sample.
 ResultLines k0ResultLines(const Workspace& workspace);
 

@@ -131,8 +131,8 @@ bool ShellSession::save() { return save(documentKindOf(documentKindOf(m_workspac
 bool ShellSession::save(const DocumentKind& document) {
   bool complete = false;
   run([&] {
-    const SaveReport report = saveProject(
-        m_workspace, document.tests,
+    const SaveReport report = saveDocument(
+        m_workspace, document,
         [&](Workspace& workspace, const std::vector<KnownSample>& known) {
           OverwriteSession session(workspace, known);
           m_windows.showOverwriteDialog(session);

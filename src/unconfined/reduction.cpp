@@ -61,13 +61,22 @@ void computeStresses(UnconfinedSampleRecord& record, Specimen specimen) {
   }
 }
 
-double largestStress(const UnconfinedSampleRecord& record, Specimen specimen, double limit) {
-  double peak = 0;
+/// Of rows with the same stress the first counts.
+Point highestRow(const UnconfinedSampleRecord& record, Specimen specimen, double largestStrain) {
+  Point peak{0, 0};
   for (std::size_t row = 0; row < kUnconfinedRows; ++row) {
     const double stress = stressOf(record, specimen)[row].number();
-    if (stress > peak && strainOf(record, specimen)[row].number() <= limit) peak = stress;
+    if (!(stress > peak.y)) continue;
+    const double strain = strainOf(record, specimen)[row].number();
+    if (strain <= largestStrain) peak = {strain, stress};
   }
   return peak;
+}
+
+/// Neither the strain limit of the sample nor the end of the chart's axis counts here.
+Point refinedPeak(const UnconfinedSampleRecord& record, Specimen specimen, Point peak) {
+  constexpr double kLargestStrain = 21.5;
+  return peakOfCurve(curvePoints(record, specimen, kLargestStrain), peak);
 }
 
 void storePeaks(UnconfinedSampleRecord& record, BothSpecimens<double> peaks, NumberFormat sensitivityFormat) {
@@ -93,19 +102,16 @@ void reduceUnconfinedSample(UnconfinedSampleRecord& record, NumberFormat sensiti
   BothSpecimens<double> peaks{};
   for (const Specimen specimen : kSpecimens) {
     computeStresses(record, specimen);
-    peaks[indexOf(specimen)] = largestStress(record, specimen, limits[indexOf(specimen)]);
+    peaks[indexOf(specimen)] = highestRow(record, specimen, limits[indexOf(specimen)]).y;
   }
   storePeaks(record, peaks, sensitivityFormat);
   refineUnconfinedPeaks(record, sensitivityFormat);
 }
 
 void refineUnconfinedPeaks(UnconfinedSampleRecord& record, NumberFormat sensitivityFormat) {
-  // Neither the strain limit of the sample nor the end of the chart's axis counts here.
-  constexpr double kLargestStrain = 21.5;
   BothSpecimens<double> peaks{};
   for (const Specimen specimen : kSpecimens)
-    peaks[indexOf(specimen)] =
-        peakOfCurve(curvePoints(record, specimen, kLargestStrain), strengthOf(record, specimen).number());
+    peaks[indexOf(specimen)] = refinedPeak(record, specimen, {0, strengthOf(record, specimen).number()}).y;
   storePeaks(record, peaks, sensitivityFormat);
 }
 
@@ -114,11 +120,20 @@ void reduceAllUnconfinedSamples(std::span<UnconfinedSampleRecord> table, NumberF
     if (isLive(record)) reduceUnconfinedSample(record, sensitivityFormat);
 }
 
+std::optional<double> strainAtPeak(const UnconfinedSampleRecord& record, Specimen specimen) {
+  if (strengthOf(record, specimen).isBlank()) return std::nullopt;
+  Point peak = highestRow(record, specimen, record.strainLimit[indexOf(specimen)] / 10.0);
+  // The curve has to rise above the strength as the row would have it: one decimal, in six places.
+  FixedText<6> ofRow;
+  peak.y = SetAndRead(ofRow, peak.y, NumberFormat::Tenths);
+  return refinedPeak(record, specimen, peak).x;
+}
+
 HalfPeak halfPeakOf(const UnconfinedSampleRecord& record, Specimen specimen) {
   constexpr double kLargestStrain = 15;
   const UnconfinedColumn& strains = strainOf(record, specimen);
   const UnconfinedColumn& stresses = stressOf(record, specimen);
-  HalfPeak half{.stress = largestStress(record, specimen, kLargestStrain) / 2, .strain = 0};
+  HalfPeak half{.stress = highestRow(record, specimen, kLargestStrain).y / 2, .strain = 0};
   if (!(half.stress > 0)) return half;
   for (std::size_t row = 0; row + 1 < kUnconfinedRows; ++row) {
     const double strain = strains[row].number(), nextStrain = strains[row + 1].number();

@@ -22,6 +22,9 @@ void refineUnconfinedPeaks(UnconfinedSampleRecord& record, NumberFormat sensitiv
 /// `reduceUnconfinedSample` for every row with a project and a sample number.
 void reduceAllUnconfinedSamples(std::span<UnconfinedSampleRecord> table, NumberFormat sensitivityFormat);
 
+/// The strain, %, at which the strength of a reduced sample stands on its curve; nothing without a strength.
+std::optional<double> strainAtPeak(const UnconfinedSampleRecord& record, Specimen specimen);
+
 /// Half the peak stress and where the curve first reaches it.
 struct HalfPeak {
   double stress = 0;  // kPa

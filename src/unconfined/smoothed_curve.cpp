@@ -16,12 +16,12 @@ std::vector<Point> curvePoints(const UnconfinedSampleRecord& record, Specimen sp
   return points;
 }
 
-double peakOfCurve(std::span<const Point> points, double peak) {
+Point peakOfCurve(std::span<const Point> points, Point peak) {
   constexpr double kLastSegmentStart = 15;
   walkCurve(points, [&peak](const CurveChord& chord) {
     if (!chord.isSmooth || !(chord.segmentStart < kLastSegmentStart)) return;
-    for (const double stress : {chord.from.y, chord.to.y})
-      if (std::isfinite(stress) && stress > peak) peak = stress;
+    for (const Point point : {chord.from, chord.to})
+      if (std::isfinite(point.y) && point.y > peak.y) peak = point;
   });
   return peak;
 }

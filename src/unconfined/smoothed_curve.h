@@ -51,8 +51,7 @@ void walkCurve(std::span<const Point> points, const Visit& visit) {
   walkSegment(points[points.size() - 2], points.back(), last);
 }
 
-/// The largest stress of the parabolas whose segments begin below 15 % of strain, or `peak` (kPa) where none is above
-/// it.
-double peakOfCurve(std::span<const Point> points, double peak);
+/// The highest point of the parabolas whose segments begin below 15 % of strain, or `peak` where none is above it.
+Point peakOfCurve(std::span<const Point> points, Point peak);
 
 }  // namespace triaxlab

@@ -106,6 +106,29 @@ TEST_F(ProjectKinds, AnUnconfinedSampleIsShownByItsFields) {
   EXPECT_EQ(sample["boreholeNo"], "");
 }
 
+TEST_F(ProjectKinds, ResultsOfUnconfinedSamplesAreThoseOfTheirCurves) {
+  std::string record = names("S1") + std::string(1894, ' ');
+  // The parabola 20 x - 5 x² through the origin has its top of 20 kPa at 2 %.
+  record.replace(30, 12, field("15.0", 6) + field("15.0", 6));              // undisturbedStress
+  record.replace(336, 6, field("7.5", 6));                                  // remouldedStress
+  record.replace(642, 12, field("1.0", 6) + field("3.0", 6));               // undisturbedStrain
+  record.replace(948, 6, field("1.0", 6));                                  // remouldedStrain
+  record.replace(1894, 18, field("1", 6) + field("2", 6) + field("3", 6));  // as an older program left them
+  std::string remouldedAlone = names("S2") + std::string(1894, ' ');
+  remouldedAlone.replace(336, 6, field("7.5", 6));
+  remouldedAlone.replace(948, 6, field("1.0", 6));
+  write("KWCXP1.txt", header("0002") + record + remouldedAlone);
+  write("KWCXP2.txt", header("0001") + record);
+  const ProgramRun ran = run({"results", "unconfined", "KWCXP1.txt", "KWCXP2.txt"});
+  EXPECT_EQ(ran.status, 0) << ran.err;
+  EXPECT_EQ(ran.out,
+            "土样编号\tqu kPa\tqu′ kPa\tSt\t峰值应变 %\n"
+            "S1\t20.0\t7.5\t2.67\t2.0\n"
+            "S2\t\t7.5\t\t\n"
+            "S1\t20.0\t7.5\t2.67\t2.0\n");
+  EXPECT_EQ(show("unconfined", "KWCXP1.txt")["samples"][0]["qu"], "20.0");
+}
+
 TEST_F(ProjectKinds, ATK0SampleIsShownWithTheFieldsOfK0First) {
   std::string record = tk0Record("S1");
   record[30] = 1;

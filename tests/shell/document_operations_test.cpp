@@ -93,5 +93,42 @@ TEST(DocumentOperations, ShowingAPagePassesOverEmptySlots) {
   EXPECT_TRUE(std::ranges::equal(bytesOf(lab.workspace.TriaxialSampleTable[3]), bytesOf(before)));
 }
 
+/// A reading of 100 divisions at 1 %: 1.25 x 10 x 100 x 0.99 / 12 = 103.125 kPa.
+UnconfinedSampleRecord unconfinedSample() {
+  UnconfinedSampleRecord record;
+  SetText(record.projectNo, "P1");
+  SetText(record.sampleNo, "U-1");
+  SetText(record.sampleArea[0], "12.00");
+  record.ringCoefficient[0] = 1250;
+  SetText(record.undisturbedStrain[0], "1.0");
+  SetText(record.undisturbedReading[0], "100");
+  return record;
+}
+
+TEST(DocumentOperations, ASaveOfUnconfinedSamplesTakesWhatWasTypedSinceTheyWereShown) {
+  Lab lab;
+  lab.workspace.UnconfinedSampleTable[0] = unconfinedSample();
+  importedDocument(lab.workspace, documentKindOf(kForm4));
+  EXPECT_EQ(lab.workspace.UnconfinedSampleTable[0].qu.trimmed(), "103.1");
+  SetText(lab.workspace.UnconfinedSampleTable[0].undisturbedReading[0], "200.0");
+  UnconfinedSampleRecord& withoutNumber = lab.workspace.UnconfinedSampleTable[1] = unconfinedSample();
+  withoutNumber.sampleNo.clear();
+  EXPECT_TRUE(saveDocument(lab.workspace, documentKindOf(kForm4), {}).errors.empty());
+  EXPECT_EQ(lab.workspace.UnconfinedSampleTable[0].qu.trimmed(), "206.3") << "206.25, away from zero";
+  EXPECT_TRUE(withoutNumber.qu.isBlank()) << "an empty slot is left alone";
+  EXPECT_EQ(lab.folder.read("HSZS/KWCXP1.txt").substr(81 + 1894, 6), "206.3 ");
+  EXPECT_EQ(lab.folder.read("ZMSJ/KHZP1.txt").substr(600 + 2735, 10), "206.3     ") << "qu and qu'";
+}
+
+TEST(DocumentOperations, TheSensitivityHasTheDecimalsOfTheLaboratory) {
+  Lab lab;
+  lab.workspace.settings.habits.sensitivityDecimals = 3;
+  UnconfinedSampleRecord& record = lab.workspace.UnconfinedSampleTable[0] = unconfinedSample();
+  SetText(record.remouldedStrain[0], "1.0");
+  SetText(record.remouldedStress[0], "30.0");
+  importedDocument(lab.workspace, documentKindOf(kForm4));
+  EXPECT_EQ(record.sensitivity.trimmed(), "3.437") << "103.1 / 30";
+}
+
 }  // namespace
 }  // namespace triaxlab

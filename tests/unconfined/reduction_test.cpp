@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstring>
 #include <initializer_list>
 #include <string>
@@ -206,7 +207,7 @@ TEST(SmoothedCurve, ThreePointsAtTwoStrainsHaveNoParabola) {
   });
   EXPECT_EQ(smooth, 0);
   EXPECT_THAT(straight, ::testing::ElementsAre(Point{2, 10}, Point{2, 12}, Point{4, 20}));
-  EXPECT_EQ(peakOfCurve(points, 3), 3);
+  EXPECT_EQ(peakOfCurve(points, {1, 3}), (Point{1, 3}));
 }
 
 TEST(SmoothedCurve, TwoPointsAreOneChord) {
@@ -243,6 +244,47 @@ TEST(UnconfinedTable, LeavesRowsWithoutNumbersAlone) {
   reduceAllUnconfinedSamples(table, kSt);
   EXPECT_EQ(table[0].strainLimit[0], 150);
   EXPECT_EQ(std::memcmp(&table[1], &blank, sizeof blank), 0);
+}
+
+TEST(StrainAtPeak, IsWhereTheCurveOrItsRowIsHighest) {
+  // The parabola 20 x - 5 x² has its top at 2, between the rows.
+  UnconfinedSampleRecord smooth = withStresses({{"1.0", "15.0", ""}, {"3.0", "15.0", ""}});
+  reduceUnconfinedSample(smooth, kSt);
+  ASSERT_TRUE(strainAtPeak(smooth, Specimen::Undisturbed));
+  EXPECT_NEAR(*strainAtPeak(smooth, Specimen::Undisturbed), 2.0, 1e-5);
+  EXPECT_FALSE(strainAtPeak(smooth, Specimen::Remoulded)) << "it has no strength";
+
+  UnconfinedSampleRecord row = withStresses({{"2.5", "31.5", ""}});
+  reduceUnconfinedSample(row, kSt);
+  EXPECT_EQ(strainAtPeak(row, Specimen::Undisturbed), 2.5);
+
+  UnconfinedSampleRecord ties = withStresses({{"2.0", "9.0", ""}, {"2.0", "9.0", ""}, {"4.0", "9.0", ""}});
+  reduceUnconfinedSample(ties, kSt);
+  EXPECT_EQ(strainAtPeak(ties, Specimen::Undisturbed), 2.0) << "of equal rows the first";
+}
+
+/// Strains that no apparatus writes: the walk along them ends, and what has no value leaves no text.
+TEST(OddStrains, EndTheWalk) {
+  const std::initializer_list<std::initializer_list<Row>> columns{
+      {{"1e-30", "5", ""}, {"2e-30", "6", ""}, {"3e-30", "7", ""}},
+      {{"1e30", "5", ""}, {"2e30", "6", ""}, {"1e999", "7", ""}},
+      {{"1e-30", "5", ""}, {"21.5", "6", ""}, {"1e-30", "7", ""}, {"21.5", "8", ""}},
+      {{"3", "5", ""}, {"2", "6", ""}, {"1", "7", ""}},
+      {{"2", "5", ""}, {"2", "6", ""}, {"2", "7", ""}},
+      {{"-1e-3", "5", ""}, {"x", "6", ""}, {"", "7", ""}},
+  };
+  for (const auto& rows : columns) {
+    UnconfinedSampleRecord record = withStresses(rows, rows);
+    reduceUnconfinedSample(record, kSt);
+    EXPECT_TRUE(std::isfinite(record.qu.number()));
+  }
+}
+
+TEST(OddStresses, BeyondAnyNumberLeaveNoStrength) {
+  UnconfinedSampleRecord record = withStresses({{"1", "1e999", ""}, {"2", "1e999", ""}, {"3", "1e999", ""}});
+  reduceUnconfinedSample(record, kSt);
+  EXPECT_TRUE(record.qu.isBlank());
+  EXPECT_TRUE(record.sensitivity.isBlank());
 }
 
 TEST(HalfPeak, LiesWhereTheCurveFirstCrossesHalfItsPeak) {
