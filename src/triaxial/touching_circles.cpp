@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "common/conversions.h"
+#include "triaxial/effective_curves.h"
 
 namespace triaxlab {
 namespace {
@@ -45,6 +46,7 @@ void rescaleToEnvelope(TriaxialSampleRecord& record, const Envelope& envelope) {
     if (!(radius > 0)) continue;
     if (const auto factor = factorToReach(record, stage, 2 * radius)) scaleCurve(record, stage, *factor);
   }
+  storeEffectiveCurves(record);
 }
 
 }  // namespace triaxlab

@@ -48,6 +48,18 @@ TEST(TouchingCircles, OfEqualStressesTheFirstIsTheLargest) {
   EXPECT_EQ(text(record.deviatorStress[1][0]), "80") << "largest on the first row";
 }
 
+TEST(TouchingCircles, TheEffectiveStressesFollowTheNewCurve) {
+  TriaxialSampleRecord record = tests::sampleOf(kCU);
+  tests::setStage(record, 0, "100");
+  tests::setRow(record, 0, 0, 0.5F, "20", "10");
+  tests::setRow(record, 0, 1, 1.0F, "80", "30");
+  rescaleToEnvelope(record, kEnvelope);
+  // The factor is 5: 100 + 100 - 10 and 400 + 100 - 30.
+  EXPECT_EQ(text(record.sigma1Eff[0][0]), "190");
+  EXPECT_EQ(text(record.sigma1Eff[1][0]), "470");
+  EXPECT_EQ(text(record.sigma3Eff[1][0]), "70");
+}
+
 TEST(TouchingCircles, ACurveWithoutStressOrCircleStays) {
   TriaxialSampleRecord record = tests::sampleOf(kUU);
   tests::setStage(record, 0, "100");

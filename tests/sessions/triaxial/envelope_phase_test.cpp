@@ -190,6 +190,7 @@ TEST_F(EnvelopePhaseTest, AcceptedOnPage3TheReadingsFollowIfTheLaboratoryWantsIt
   EXPECT_EQ(sample().deviatorStress[0][1].trimmed(), "45.8");  // 45.75
   EXPECT_EQ(sample().failureRadius[0].trimmed(), "45") << "drawn once more";
   EXPECT_EQ(sample().failureRadius[1].trimmed(), "45");
+  EXPECT_EQ(sample().sigma1FailureEff[0].trimmed(), "160") << "90 + 100 - 30, as when the file is opened again";
   const TriaxialSampleRecord once = sample();
   session.showPage(3);
   EXPECT_EQ(sample().deviatorStress, once.deviatorStress) << "it happens once";
