@@ -34,7 +34,8 @@ struct SampleIdentity {
 
 /// What imports into the table of a kind of record need of it. A specialisation has
 ///   static constexpr SampleTable<Record> Workspace::*kTable
-///   static void finish(Record&)                   what a row gets once all its groups are filled in, even axes say
+/// where its axes are even,
+///   static void finish(Record&)                   writes them once all groups of a row are filled in
 /// and, when its sources gather specimens (BySample),
 ///   static void blankAgain(Record&)               blanks what a group that joins a row may have filled
 ///   static void join(const Record& from, Record& into)   the specimens of one record go into the other
@@ -104,7 +105,8 @@ class ImportPlan {
       fillPlace(group, fill, table[m_places[group].row], joining);
       tell(progress, group + 1, m_places.size());
     }
-    if (m_axes == Axes::Even) std::ranges::for_each(table.used(), Target::finish);
+    if constexpr (requires(Record & row) { Target::finish(row); })
+      if (m_axes == Axes::Even) std::ranges::for_each(table.used(), Target::finish);
     ImportReport report{.sampleRows = m_rowCount, .remarks = std::move(remarks)};
     report.samples =
         static_cast<std::size_t>(std::ranges::count_if(table.used(), [](const Record& row) { return isLive(row); }));

@@ -5,9 +5,7 @@
 #include <string>
 
 #include "importers/importer.h"
-#include "importers/windows_edition.h"
 #include "platform/files.h"
-#include "store/settings/source_folders.h"
 
 namespace triaxlab {
 
@@ -25,38 +23,25 @@ extern const Importer kUnconfinedHwxImporter;
 extern const Importer kUnconfinedKzjImporter;
 extern const Importer kWindowsTriaxialDatxImporter;
 extern const Importer kWindowsTriaxialImporter;
+extern const Importer kWindowsUnconfinedDatxImporter;
+extern const Importer kWindowsUnconfinedImporter;
 
 namespace {
 
-/// The databases of the Windows edition for the unconfined test, whose reader is yet to come, have a table of this
-/// name.
-Recognition recogniseWindowsUnconfined(const FileHead& head) { return recogniseJet(head, "Data_Collection"); }
-
-constexpr Importer kUnconfinedWin{.id = "unconfined-win",
-                                  .menuCommand = "OWINWCX",
-                                  .menuCaption = "WIN版无侧限",
-                                  .form = "OPENFORMWINWCX",
-                                  .title = "WIN版无侧限试验原始数据库",
-                                  .defaultFile = "WCX.dat",
-                                  .folderField = sourceFolderField(11),
-                                  .document = kForm4,
-                                  .recognise = recogniseWindowsUnconfined};
-constexpr Importer kUnconfinedDatx{.id = "unconfined-datx",
-                                   .menuCommand = "OWINWCXDAT",
-                                   .menuCaption = "WIN版无侧限WCX(X).DATX",
-                                   .form = "OPENFORMWINWCXDAT",
-                                   .title = "WIN版无侧限试验原始数据库",
-                                   .defaultFile = "WCX*.DATX",
-                                   .document = kForm4,
-                                   .recognise = recogniseWindowsUnconfined};
-
-constexpr std::array kImporters{&kWindowsTriaxialImporter, &kWindowsTriaxialDatxImporter,
-                                &kQvb98Importer,           &kAutomaticOldImporter,
-                                &kAutomaticImporter,       &kNewQvbImporter,
-                                &kManualImporter,          &kUnconfinedKzjImporter,
-                                &kUnconfinedHwxImporter,   &kUnconfinedWin,
-                                &kUnconfinedDatx,          &kK0KgjImporter,
-                                &kK0HgjImporter,           &kTK0HgjImporter,
+constexpr std::array kImporters{&kWindowsTriaxialImporter,
+                                &kWindowsTriaxialDatxImporter,
+                                &kQvb98Importer,
+                                &kAutomaticOldImporter,
+                                &kAutomaticImporter,
+                                &kNewQvbImporter,
+                                &kManualImporter,
+                                &kUnconfinedKzjImporter,
+                                &kUnconfinedHwxImporter,
+                                &kWindowsUnconfinedImporter,
+                                &kWindowsUnconfinedDatxImporter,
+                                &kK0KgjImporter,
+                                &kK0HgjImporter,
+                                &kTK0HgjImporter,
                                 &kNanjingImporter};
 
 const Importer* find(std::string_view Importer::*column, std::string_view wanted) {

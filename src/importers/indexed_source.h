@@ -3,6 +3,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <deque>
 #include <filesystem>
@@ -12,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "common/gbk.h"
 #include "importers/import_plan.h"
 #include "importers/importer.h"
 #include "importers/ku_file.h"
@@ -133,5 +135,26 @@ void addEachSpecimen(const SpecimenBlock<RawSpecimen>& block, const SourceRow& s
 /// Columns of the grid that many sources share.
 inline constexpr SourceColumn kProjectNoColumn{"工程编号", 1500}, kDateColumn{"试验日期", 1500},
     kGroupsColumn{"组 数", 800}, kSpecimensColumn{"试样个数", 1000};
+
+/// The row of an entry that shows project, date and number of groups.
+inline constexpr std::array kGroupsRowColumns{kProjectNoColumn, kDateColumn, kGroupsColumn};
+template <class Entry>
+SourceRow groupsRow(const Entry& entry) {
+  SourceRow row;
+  row.projectNo = shownText(entry.entryProjectNo.view());
+  row.testDate = slashedEntryDate(entry.entryDate);
+  row.cells = {gbkToUtf8(row.projectNo), gbkToUtf8(row.testDate), fmt::format("{}", entry.entryGroupCount)};
+  return row;
+}
+
+/// What a Format takes over whose index has nothing of its own in it.
+struct GroupsIndex {
+  using Entry = KuIndexEntry<FixedText<8>>;  // the tail is not used
+
+  static std::vector<Entry> readIndex(const File& file, Remarks& remarks) {
+    return readKuIndex<FixedText<8>>(file, remarks);
+  }
+  static SourceRow gridRow(const Entry& entry) { return groupsRow(entry); }
+};
 
 }  // namespace triaxlab

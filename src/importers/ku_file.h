@@ -83,6 +83,16 @@ bool readRecords(const File& file, std::uint64_t offset, std::vector<Record>& re
   return file.readAt(offset, bytes) == bytes.size();
 }
 
+/// The records of a block that begins with a byte that counts them. True when the file has them all.
+template <class Record, class Entry>
+bool readCounted(const File& file, const Entry& entry, std::vector<Record>& records) {
+  const std::uint64_t start = entry.entryDataOffset.value();
+  std::uint8_t count = 0;
+  const bool hasCount = file.readAt(start, writableBytesOf(count)) == sizeof count;
+  records.resize(count);
+  return readRecords(file, start + sizeof count, records) && hasCount;
+}
+
 /// The entries that the count promises, at most 100, and the file holds. An entry that the end cuts counts.
 template <class Tail>
 std::vector<KuIndexEntry<Tail>> readKuIndex(const File& file, Remarks& remarks) {

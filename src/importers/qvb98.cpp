@@ -5,8 +5,6 @@
 // ring's coefficient is the load, which is put over the section that the specimen has at the strain of the reading. No
 // unit factor is applied, so the stress has the unit that the stored coefficient gives it. Sample numbers are packed
 // decimals. Not known: the first 20 bytes of a group and the reserved places of a specimen.
-#include <fmt/core.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -21,12 +19,12 @@
 #include <vector>
 
 #include "common/conversions.h"
-#include "common/gbk.h"
 #include "importers/area_correction.h"
 #include "importers/field_fill.h"
 #include "importers/importer.h"
 #include "importers/indexed_source.h"
 #include "importers/ku_file.h"
+#include "importers/numbered_groups.h"
 #include "importers/raw_layouts.h"
 #include "importers/reading_words.h"
 #include "importers/triaxial_import.h"
@@ -34,7 +32,7 @@
 namespace triaxlab {
 namespace {
 
-using QvbEntry = KuIndexEntry<FixedText<8>>;  // the tail is not used
+using QvbEntry = GroupsIndex::Entry;
 
 constexpr std::size_t kSlots = 4;
 constexpr std::size_t kReadings = 50;
@@ -91,38 +89,9 @@ struct QvbGroupRecord {                             // offset
 };                                                  // 1364
 static_assert(sizeof(QvbGroupRecord) == 1364 && offsetof(QvbGroupRecord, specimens) == 20);
 
-/// Behind the groups: "zmgj", then ten places for each group.
-using LongSampleNumbers = FixedText<644>;
-
-// ---- the index
-
-SourceRow rowOf(const QvbEntry& entry) {
-  SourceRow row;
-  row.projectNo = shownText(entry.entryProjectNo.view());
-  row.testDate = slashedEntryDate(entry.entryDate);
-  row.cells = {gbkToUtf8(row.projectNo), gbkToUtf8(row.testDate), fmt::format("{}", entry.entryGroupCount)};
-  return row;
-}
-
 // ---- the data blocks
 
-struct QvbBlock {
-  std::vector<QvbGroupRecord> groups;
-  LongSampleNumbers longSampleNumbers;
-  bool isWhole = true;
-};
-
-QvbBlock blockOf(const File& file, const QvbEntry& entry) {
-  QvbBlock block;
-  const std::uint64_t start = entry.entryDataOffset.value();
-  std::uint8_t groupCount = 0;
-  block.isWhole = file.readAt(start, writableBytesOf(groupCount)) == sizeof groupCount;
-  block.groups.resize(groupCount);
-  if (!readRecords(file, start + 1, block.groups)) block.isWhole = false;
-  // A database without long numbers may end behind its last group.
-  file.readAt(start + 1 + block.groups.size() * sizeof(QvbGroupRecord), writableBytesOf(block.longSampleNumbers));
-  return block;
-}
+using QvbBlock = NumberedGroups<QvbGroupRecord>;
 
 bool isSpecimen(const QvbSpecimenRecord& raw) { return raw.rawCellPressure != 0; }
 
@@ -134,33 +103,6 @@ BlockPlace judgeBlock(const QvbEntry& entry, const FileHead& head, Evidence& evi
 }
 
 Recognition recogniseQvb98(const FileHead& head) { return recogniseKu<FixedText<8>>(head, judgeBlock); }
-
-/// Two digits a byte, the high nibble first. 10 is a dash; what lies above adds no character.
-std::string unpacked(const std::array<std::uint8_t, 4>& packed) {
-  std::string number;
-  const auto add = [&number](int nibble) {
-    if (nibble < 10) number += static_cast<char>('0' + nibble);
-    if (nibble == 10) number += '-';
-  };
-  for (const std::uint8_t byte : packed) {
-    add(byte >> 4);
-    add(byte & 0xF);
-  }
-  return number;
-}
-
-/// The long number of a group is taken with the blanks around it, if it has more than six characters within them.
-std::optional<std::string> longSampleNo(const LongSampleNumbers& numbers, std::size_t group) {
-  constexpr std::string_view kMark = "zmgj";
-  constexpr std::size_t kWidth = 10, kMostPacked = 6;
-  const std::string_view text = numbers.view();
-  const std::size_t at = kMark.size() + group * kWidth;
-  if (!text.starts_with(kMark) || at >= text.size()) return std::nullopt;
-  std::string_view number = text.substr(at, kWidth);
-  number = number.substr(0, number.find('\0'));
-  if (Trim(number).size() <= kMostPacked) return std::nullopt;
-  return std::string(number);
-}
 
 /// The load on the section that a specimen has at a strain.
 class RingStress {
@@ -294,22 +236,20 @@ TriaxialIdentity identityOf(const QvbBlock& block, std::size_t group, const Sour
   TriaxialIdentity identity;
   if (!isSpecimen(first)) return identity;
   SetText(identity.projectNo, source.projectNo);
-  SetText(identity.sampleNo, longSampleNo(block.longSampleNumbers, group).value_or(unpacked(first.packedSampleNo)));
+  SetText(identity.sampleNo,
+          longSampleNo(block.longSampleNumbers, group).value_or(unpackedNumber(first.packedSampleNo)));
   identity.testMethod = first.testMethod;
   return identity;
 }
 
-struct Qvb98Format {
+struct Qvb98Format : GroupsIndex {
   using Record = TriaxialSampleRecord;
-  using Entry = QvbEntry;
   using Block = QvbBlock;
   using Group = QvbGroup;
 
-  static std::vector<Entry> readIndex(const File& file, Remarks& remarks) {
-    return readKuIndex<FixedText<8>>(file, remarks);
+  static Block readBlock(const File& file, const Entry& entry) {
+    return readNumberedGroups<QvbGroupRecord>(file, entry);
   }
-  static SourceRow gridRow(const Entry& entry) { return rowOf(entry); }
-  static Block readBlock(const File& file, const Entry& entry) { return blockOf(file, entry); }
 
   /// A group without a specimen takes a row that stays blank.
   static void addGroups(const Block& block, const SourceRow& source, TriaxialImportPlan& plan,
@@ -331,8 +271,6 @@ struct Qvb98Format {
   }
 };
 
-constexpr std::array kColumns{kProjectNoColumn, kDateColumn, kGroupsColumn};
-
 std::vector<RawLayout> layouts() {
   return {rawLayout<QvbEntry>("Index entry"), rawLayout<QvbSpecimenRecord>("Specimen")};
 }
@@ -348,7 +286,7 @@ extern constinit const Importer kQvb98Importer{.id = "qvb98",
                                                .folderField = sourceFolderField(3),
                                                .messageTitle = "打开三轴试验数据",
                                                .document = kForm1,
-                                               .columns = kColumns,
+                                               .columns = kGroupsRowColumns,
                                                .recognise = recogniseQvb98,
                                                .open = openIndexed<Qvb98Format>,
                                                .formatPage = "qvb98-triaxial-ku.md",

@@ -7,19 +7,20 @@
 namespace triaxlab {
 
 std::vector<SourceRow> projectRows(const JetDatabase& database, std::string_view projectNumbers,
-                                   std::string_view rowsOfProject) {
+                                   std::string_view rowsOfProject, std::string (*describe)(const JetRows& rows)) {
   std::vector<SourceRow> rows;
   const JetRows projects = database.run(projectNumbers);
   for (std::size_t i = 0; i < projects.count(); ++i) {
     const std::string number = projects.at(i, "GCBH").text();
     const JetRows found = database.run(std::string(rowsOfProject) + JetDatabase::quoted(number) + "'");
     const std::string date = found.count() == 0 ? "" : dateOf(found.at(0, "BCSJ"));
-    rows.push_back({{number, std::to_string(found.count()), date},
-                    std::string(Trim(utf8ToGbk(number))),
-                    std::string(Trim(utf8ToGbk(date)))});
+    rows.push_back(
+        {{number, describe(found), date}, std::string(Trim(utf8ToGbk(number))), std::string(Trim(utf8ToGbk(date)))});
   }
   return rows;
 }
+
+std::string projectNameOf(const JetRows& rows) { return rows.count() == 0 ? "" : rows.at(0, "GCMC").text(); }
 
 Recognition recogniseJet(const FileHead& head, std::string_view table) {
   constexpr std::string_view kSignature = "Standard Jet DB", kLaterSignature = "Standard ACE DB";

@@ -20,16 +20,15 @@ inline constexpr double kNoReadingMark = 60000;
 /// A number of a reading; a null counts as the mark.
 inline double readingOf(const JetValue& value) { return value.number().value_or(kNoReadingMark); }
 
-/// The rows of the grid: each project number that the database has, in ascending order, with the number of its rows and
-/// the date of the first. `rowsOfProject` is a query up to the apostrophe in front of the number.
+/// The rows of the grid: each project number that the database has, in ascending order, what `describe` tells of its
+/// rows, and the date of the first. `rowsOfProject` is a query up to the apostrophe in front of the number.
 std::vector<SourceRow> projectRows(const JetDatabase& database, std::string_view projectNumbers,
-                                   std::string_view rowsOfProject);
-/// Columns and buttons of such a grid.
-enum ProjectColumn : std::size_t { kProjectColumn, kGroupCountColumn, kTestDateColumn };
-inline constexpr std::array kProjectColumns{SourceColumn{"工程编号", 1500}, SourceColumn{"组数", 800},
-                                            SourceColumn{"试验日期", 1500}};
-inline constexpr std::array kProjectSorts{SourceSort{"Command4", "工程编号排序", kProjectColumn},
-                                          SourceSort{"Command5", "试验日期排序", kTestDateColumn}};
+                                   std::string_view rowsOfProject, std::string (*describe)(const JetRows& rows));
+/// Its columns.
+enum ProjectColumn : std::size_t { kProjectColumn, kDescriptionColumn, kTestDateColumn };
+
+/// What the first of the rows calls its project; empty without rows.
+std::string projectNameOf(const JetRows& rows);
 
 /// A Jet database by its signature; one with this table if its name stands in the head, where the catalog lies as a
 /// rule.

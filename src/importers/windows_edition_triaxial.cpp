@@ -235,10 +235,17 @@ class SampleFiller {
 
 // ---- the source
 
+std::string countOf(const JetRows& rows) { return std::to_string(rows.count()); }
+
+constexpr std::array kProjectColumns{SourceColumn{"工程编号", 1500}, SourceColumn{"组数", 800},
+                                     SourceColumn{"试验日期", 1500}};
+constexpr std::array kProjectSorts{SourceSort{"Command4", "工程编号排序", kProjectColumn},
+                                   SourceSort{"Command5", "试验日期排序", kTestDateColumn}};
+
 class WindowsTriaxialSource : public RawSource {
  public:
   explicit WindowsTriaxialSource(const std::filesystem::path& path)
-      : m_database(path, kTables), m_rows(projectRows(m_database, kProjectNumbers, kRowsForGrid)) {}
+      : m_database(path, kTables), m_rows(projectRows(m_database, kProjectNumbers, kRowsForGrid, countOf)) {}
 
   std::span<const SourceRow> rows() const override { return m_rows; }
   const Remarks& remarks() const override { return m_remarks; }
@@ -268,7 +275,7 @@ class WindowsTriaxialSource : public RawSource {
       if (found.at(i, "SYLX").number() != kOrdinaryTest || !(anyDate || date == shownDate)) continue;
       plan.addGroup({}, TriaxialImportPlan::Gathering::OwnRow);
       plan.projects.setOnlyDate({{}, row.projectNo, utf8ToGbk(date)});
-      plan.projects.setName(row.projectNo, utf8ToGbk(found.at(0, "GCMC").text()));
+      plan.projects.setName(row.projectNo, utf8ToGbk(projectNameOf(found)));
       samples.push_back(sampleOf(m_database, found, i, date));
     }
   }

@@ -162,28 +162,45 @@ Known by its layout, so that another reader refuses it by name; its own reader i
 taken from descriptions and has not yet met a file of the apparatus.
 )";
 
+constexpr std::string_view kUnconfinedReadings = R"(
+Word i of the readings is row i of the sample's record. The word −30000 stands for a reading that was not taken: reading,
+strain and stress of its row stay blank.
+)";
+
 std::string kzjPage() {
   Page page("KZJSJ.KU: the unconfined compression apparatus");
   page.text(R"(
-Told in `src/importers/unconfined_ku.cpp`. The index is that of [HSZSJ.KU](automatic-triaxial-ku.md).
+Read by `src/importers/unconfined_kzj.cpp`. Never written. The index is that of [HSZSJ.KU](automatic-triaxial-ku.md).
 
     block = groups byte, groups x group, long numbers
     long numbers = text 644: "zmgj", then ten places for each group
 )");
-  page.text(kYetToCome);
   addLayouts(page, "unconfined-kzj");
+  page.text(R"(
+The bytes of a packed number stand in reverse: 0x10, 0x1F, 0xFF from the last to the first are the number 101. A long
+number of more than six characters takes the place of both packed numbers of its group. Each side goes to the row of its
+own number; a side whose packed number is zero bytes alone, or has no characters, is no specimen.
+)");
+  page.text(kUnconfinedReadings);
   return page.markdown();
 }
 
 std::string hwxPage() {
   Page page("HWXSJ.KU: the newer unconfined compression apparatus");
   page.text(R"(
-Told in `src/importers/unconfined_ku.cpp`. The index is that of [HSZSJ.KU](automatic-triaxial-ku.md).
+Read by `src/importers/unconfined_hwx.cpp`. Never written. The index is that of [HSZSJ.KU](automatic-triaxial-ku.md).
 
     block = specimens byte, specimens
+
+Which words of a specimen hold height, area and ring coefficient, what the byte of its side says and how its readings are
+counted is settled by our own reading of descriptions alone: no file of the apparatus has shown it yet. When one does, the
+table `HwxSpecimenRecord` and the constants in front of it are corrected, and nothing else has to be.
 )");
-  page.text(kYetToCome);
   addLayouts(page, "unconfined-hwx");
+  page.text(R"(
+A specimen replaces its side of the row of its sample whole; a later one of the same side holds.
+)");
+  page.text(kUnconfinedReadings);
   return page.markdown();
 }
 
@@ -223,9 +240,8 @@ constexpr std::array kRawPages{
     FormatPage{"new-qvb-triaxial-ku.md", "`RSZSJ.KU`: newer QVB triaxial apparatus (read only)", newQvbPage},
     FormatPage{"manual-triaxial-ku.md", "`SDSZSJ.KU`: triaxial tests entered by hand (read only)", manualPage},
     FormatPage{"nanjing-triaxial-szd.md", "`*.SZD`: Nanjing triaxial apparatus (read only)", nanjingPage},
-    FormatPage{"unconfined-kzj-ku.md", "`KZJSJ.KU`: unconfined compression apparatus (known, not yet read)", kzjPage},
-    FormatPage{"unconfined-hwx-ku.md", "`HWXSJ.KU`: newer unconfined compression apparatus (known, not yet read)",
-               hwxPage},
+    FormatPage{"unconfined-kzj-ku.md", "`KZJSJ.KU`: unconfined compression apparatus (read only)", kzjPage},
+    FormatPage{"unconfined-hwx-ku.md", "`HWXSJ.KU`: newer unconfined compression apparatus (read only)", hwxPage},
     FormatPage{"k0-kgj-ku.md", "`KGJSJ.KU`: K0 apparatus (known, not yet read)", kgjPage},
     FormatPage{"k0-hgj-ku.md", "`HGJSJ.KU`: newer K0 apparatus (known, not yet read)", hgjPage},
 };

@@ -1,26 +1,30 @@
-// KZJSJ.KU and HWXSJ.KU, the databases of the two unconfined compression apparatus.
+// KZJSJ.KU, the database of the unconfined compression apparatus.
 //
-// Both are .KU files (see ku_file.h). A data block is a count byte and then its records. Those of KZJSJ.KU are groups,
-// of which the first two sides are the undisturbed and the remoulded specimen of one sample; those of HWXSJ.KU are
-// specimens one by one. The readers are yet to come: this file knows the layouts, and so whose a database is.
+// A .KU file (see ku_file.h). A data block is a group count, groups, and behind them a text with long sample numbers; a
+// group has an undisturbed and a remoulded specimen, which go to the row of their number each. As a rule that is one
+// sample. The apparatus keeps dial readings of a load ring at even strains. Sample numbers are packed decimals. Not
+// known: the first byte of a group, the two specimens behind the first of each side, the rest of a specimen.
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <tuple>
 #include <vector>
 
 #include "importers/importer.h"
+#include "importers/indexed_source.h"
 #include "importers/ku_file.h"
+#include "importers/numbered_groups.h"
 #include "importers/raw_layouts.h"
 #include "importers/reading_words.h"
+#include "importers/unconfined_import.h"
 #include "store/settings/source_folders.h"
 
 namespace triaxlab {
 namespace {
 
-using UnconfinedEntry = KuIndexEntry<FixedText<8>>;  // the tail is not used
-
-// ---- KZJSJ.KU
+using KzjEntry = GroupsIndex::Entry;
 
 constexpr std::size_t kKzjReadings = 23;
 
@@ -84,7 +88,7 @@ Likeness likenessOf(const KzjSideRecord& side) {
   return fits ? Likeness::Sure : Likeness::Possible;
 }
 
-BlockPlace judgeKzjBlock(const UnconfinedEntry& entry, const FileHead& head, Evidence& evidence) {
+BlockPlace judgeKzjBlock(const KzjEntry& entry, const FileHead& head, Evidence& evidence) {
   return judgeCountedRecords<KzjGroupRecord>(head, entry, [&](const KzjGroupRecord& group) {
     for (const KzjSideRecord& side : group.sides) evidence.add(likenessOf(side));
   });
@@ -92,61 +96,66 @@ BlockPlace judgeKzjBlock(const UnconfinedEntry& entry, const FileHead& head, Evi
 
 Recognition recogniseKzj(const FileHead& head) { return recogniseKu<FixedText<8>>(head, judgeKzjBlock); }
 
-std::vector<RawLayout> kzjLayouts() {
-  return {rawLayout<UnconfinedEntry>("Index entry"), rawLayout<KzjGroupRecord>("Group")};
+// ---- a specimen fills its side of a row
+
+using KzjBlock = NumberedGroups<KzjGroupRecord>;
+
+struct KzjSpecimen {
+  const KzjGroupRecord* group;
+  Specimen side;
+  UnconfinedIdentity identity;
+};
+
+/// The bytes of a packed number stand in reverse. One of zero bytes, as in a file that was cut, is no number, and there
+/// is no specimen; nor is there one whose number has no characters.
+std::string sampleNoOf(const KzjBlock& block, std::size_t group, Specimen side) {
+  const KzjGroupRecord& raw = block.groups[group];
+  auto packed = side == Specimen::Undisturbed ? raw.packedSampleNo : raw.packedRemouldedNo;
+  if (std::ranges::all_of(packed, [](std::uint8_t byte) { return byte == 0; })) return {};
+  std::ranges::reverse(packed);
+  return longSampleNo(block.longSampleNumbers, group).value_or(unpackedNumber(packed));
 }
 
-// ---- HWXSJ.KU
-
-constexpr std::size_t kHwxReadings = 42;
-
-// Which words hold height, area and coefficient is settled here alone, as long as no apparatus's file has shown it.
-struct HwxSpecimenRecord {                  // offset
-  std::uint8_t reserved0 = 0;               //   0
-  FixedText<10> recordProjectNo;            //   1  blank: that of the index
-  FixedText<10> recordSampleNo;             //  11  empty: no specimen
-  std::uint8_t specimenSide = 0;            //  21  1: undisturbed
-  FixedText<4> reserved22;                  //  22
-  Little<std::int16_t> rawHeight;           //  26  0.01 cm
-  Little<std::int16_t> rawArea;             //  28  0.01 cm2
-  Little<std::int16_t> rawRingCoefficient;  //  30  0.001 N/0.01mm
-  FixedText<4> reserved32;                  //  32
-  Words<kHwxReadings> rawReading;           //  36  0.1 division, each 0.5 %
-};                                          // 120
-
-constexpr auto fieldsOf(RecordTag<HwxSpecimenRecord> /*record*/) {
-  return std::tuple{
-      TRIAXLAB_FIELD(HwxSpecimenRecord, reserved0, "", "not used"),
-      TRIAXLAB_FIELD(HwxSpecimenRecord, recordProjectNo, "", "project number; blank: that of the index"),
-      TRIAXLAB_FIELD(HwxSpecimenRecord, recordSampleNo, "", "sample number; empty: no specimen"),
-      TRIAXLAB_FIELD(HwxSpecimenRecord, specimenSide, "", "1: undisturbed, else remoulded"),
-      TRIAXLAB_FIELD(HwxSpecimenRecord, reserved22, "", "not used"),
-      TRIAXLAB_FIELD(HwxSpecimenRecord, rawHeight, "0.01 cm", "height"),
-      TRIAXLAB_FIELD(HwxSpecimenRecord, rawArea, "0.01 cm²", "area"),
-      TRIAXLAB_FIELD(HwxSpecimenRecord, rawRingCoefficient, "0.001 N/0.01mm", "coefficient of the load ring"),
-      TRIAXLAB_FIELD(HwxSpecimenRecord, reserved32, "", "not used"),
-      TRIAXLAB_FIELD(HwxSpecimenRecord, rawReading, "0.1 division", "readings of the load ring, one each 0.5 %"),
-  };
-}
-static_assert(tiles<HwxSpecimenRecord>(120));
-
-Likeness likenessOf(const HwxSpecimenRecord& raw) {
-  if (shownText(raw.recordSampleNo.view()).empty()) return Likeness::Unused;
-  if (!isPlainText(raw.recordSampleNo.view()) || !isPlainText(raw.recordProjectNo.view())) return Likeness::Impossible;
-  const bool fits = raw.rawRingCoefficient > 0 && isSizeOfSpecimen(raw.rawHeight, raw.rawArea);
-  return fits ? Likeness::Sure : Likeness::Possible;
+RawUnconfinedSide sideOf(const KzjGroupRecord& group, Specimen specimen) {
+  constexpr std::uint8_t kEachPercent = 5;
+  const KzjSideRecord& raw = group.sides[indexOf(specimen)];
+  return {.height = raw.rawHeightWhole + raw.rawHeightFraction / 100.0,
+          .area = raw.rawAreaWhole + raw.rawAreaFraction / 100.0,
+          .ringCoefficient = raw.rawRingCoefficient,
+          .reading = raw.rawReading,
+          .strainStep = group.recordKind == kEachPercent ? 1.0 : 0.5};
 }
 
-BlockPlace judgeHwxBlock(const UnconfinedEntry& entry, const FileHead& head, Evidence& evidence) {
-  return judgeCountedRecords<HwxSpecimenRecord>(head, entry,
-                                                [&](const HwxSpecimenRecord& raw) { evidence.add(likenessOf(raw)); });
-}
+struct KzjFormat : GroupsIndex {
+  using Record = UnconfinedSampleRecord;
+  using Block = KzjBlock;
+  using Group = KzjSpecimen;
 
-Recognition recogniseHwx(const FileHead& head) { return recogniseKu<FixedText<8>>(head, judgeHwxBlock); }
+  static Block readBlock(const File& file, const Entry& entry) {
+    return readNumberedGroups<KzjGroupRecord>(file, entry);
+  }
+  static void addGroups(const Block& block, const SourceRow& source, UnconfinedImportPlan& plan,
+                        std::vector<Group>& groups) {
+    plan.projects.addDate(source);
+    for (std::size_t i = 0; i < block.groups.size(); ++i) {
+      for (const Specimen side : kSpecimens) {
+        const std::string sampleNo = sampleNoOf(block, i, side);
+        if (sampleNo.empty()) continue;
+        UnconfinedIdentity identity;
+        SetText(identity.projectNo, source.projectNo);
+        SetText(identity.sampleNo, sampleNo);
+        plan.addGroup(identity, UnconfinedImportPlan::Gathering::InPlace);
+        groups.push_back({&block.groups[i], side, identity});
+      }
+    }
+  }
+  static void fill(const Group& specimen, Record& row) {
+    setIdentity(row, specimen.identity);
+    fillSide(row, specimen.side, sideOf(*specimen.group, specimen.side));
+  }
+};
 
-std::vector<RawLayout> hwxLayouts() {
-  return {rawLayout<UnconfinedEntry>("Index entry"), rawLayout<HwxSpecimenRecord>("Specimen")};
-}
+std::vector<RawLayout> layouts() { return {rawLayout<KzjEntry>("Index entry"), rawLayout<KzjGroupRecord>("Group")}; }
 
 }  // namespace
 
@@ -157,22 +166,14 @@ extern constinit const Importer kUnconfinedKzjImporter{.id = "unconfined-kzj",
                                                        .title = "无侧限抗压强度试验原始数据库",
                                                        .defaultFile = "KZJSJ.KU",
                                                        .folderField = sourceFolderField(2),
+                                                       .messageTitle = "打开无侧限试验数据",
                                                        .document = kForm4,
+                                                       .columns = kGroupsRowColumns,
                                                        .recognise = recogniseKzj,
+                                                       .open = openIndexed<KzjFormat>,
                                                        .formatPage = "unconfined-kzj-ku.md",
-                                                       .layouts = kzjLayouts,
-                                                       .lineAbove = true};
-
-extern constinit const Importer kUnconfinedHwxImporter{.id = "unconfined-hwx",
-                                                       .menuCommand = "XWUCEXIAN",
-                                                       .menuCaption = "新无侧限",
-                                                       .form = "OPENFORM30",
-                                                       .title = "新无侧限抗压强度试验原始数据库",
-                                                       .defaultFile = "HWXSJ.KU",
-                                                       .folderField = sourceFolderField(6),
-                                                       .document = kForm4,
-                                                       .recognise = recogniseHwx,
-                                                       .formatPage = "unconfined-hwx-ku.md",
-                                                       .layouts = hwxLayouts};
+                                                       .layouts = layouts,
+                                                       .lineAbove = true,
+                                                       .noSamples = kNoUnconfinedSamples};
 
 }  // namespace triaxlab
