@@ -98,6 +98,11 @@ void drawNumbersAtEdges(DrawingSurface& surface, const PlotScale& scale, const C
   }
 }
 
+std::string readoutOf(Point value, const AxisReading& x, const AxisReading& y) {
+  return "x:" + FormatNumber(value.x, x.format).append(x.unit) +
+         "   y:" + FormatNumber(value.y, y.format).append(y.unit);
+}
+
 Font sizedFont(const Font& font, double size) {
   Font sized = font;
   sized.size = font.size * size / kUsualSize;

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "charts/plot.h"
@@ -44,6 +45,14 @@ struct ChartView {
 /// there is room every line has one.
 void drawNumbersAtEdges(DrawingSurface& surface, const PlotScale& scale, const ChartView& view,
                         const AxisNumbers& below, const AxisNumbers& left, const Font& font);
+
+/// How a readout tells the values of an axis.
+struct AxisReading {
+  NumberFormat format;
+  std::string_view unit;
+};
+/// The values of a place of a plot with their units, UTF-8.
+std::string readoutOf(Point value, const AxisReading& x, const AxisReading& y);
 
 /// A font for a text that has `size` where all others have 10.5 point.
 Font sizedFont(const Font& font, double size);

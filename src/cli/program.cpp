@@ -241,7 +241,8 @@ class Program {
       throw UserError(fmt::format("文件“{}”中没有第{}个试样。", show.name, *show.sample));
     std::cout << R"({"kind": )" << nlohmann::json(infoOf(show.kind).id).dump() << R"(, "file": )"
               << nlohmann::json(show.name).dump() << R"(, "header": )" << jsonOf(m_workspace.projectHeader).dump()
-              << R"(, "controlledDocNo": )" << nlohmann::json(jsonText(m_workspace.controlledDocNo.view())).dump()
+              << R"(, "controlledDocNo": )"
+              << nlohmann::json(jsonText(m_workspace.textsOf(show.kind).controlledDocNo.view())).dump()
               << ", \"samples\": [";
     const char* separator = "";
     for (std::size_t row = 0; row < table.size(); ++row) {

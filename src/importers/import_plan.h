@@ -15,6 +15,7 @@
 #include "common/progress.h"
 #include "common/user_error.h"
 #include "importers/importer.h"
+#include "store/project/project_kinds.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
@@ -96,7 +97,7 @@ class ImportPlan {
     using Target = ImportTarget<Record>;
     auto& table = workspace.*Target::kTable;
     table.clear();
-    workspace.clearLocations();
+    workspace.textsOf(kTestsOf<Record>).clearLocations();
     projects.carryOut(workspace);
 
     Record joining;

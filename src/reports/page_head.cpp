@@ -17,10 +17,10 @@ std::string nameAt(const Workspace& workspace, SettingsField field) {
   return ParseNumber(text) == 0 ? gbkToUtf8(text) : std::string();
 }
 
-std::string controlNumber(const Workspace& workspace) {
+std::string controlNumber(const Workspace& workspace, ProjectKind tests) {
   const LaboratoryHabits& habits = workspace.settings.habits;
   if (!habits.controlledDocNo) return {};
-  const auto number = workspace.controlledDocNo.trimmed();
+  const auto number = workspace.textsOf(tests).controlledDocNo.trimmed();
   return number.empty() ? habits.formNumber : gbkToUtf8(number);
 }
 
@@ -35,15 +35,15 @@ std::string reportDate(const Workspace& workspace) {
 
 }  // namespace
 
-PageHeads::PageHeads(const PrintJob& job, const Workspace& workspace, const PageLabels& labels)
+PageHeads::PageHeads(const PrintJob& job, const Workspace& workspace, ProjectKind tests, const PageLabels& labels)
     : m_workspace(workspace),
       m_labels(labels),
       m_pageNumbers(job.printPageNumbers),
       m_firstPageNumber(job.firstPageNumber),
-      m_titles(workspace) {
+      m_titles(workspace, tests) {
   const LaboratoryHabits& habits = workspace.settings.habits;
   m_ofJob.title = labels.title;
-  m_ofJob.controlNumber = controlNumber(workspace);
+  m_ofJob.controlNumber = controlNumber(workspace, tests);
   m_ofJob.wideProjectNo = habits.wideProjectNo;
   m_ofJob.tester = labels.testedBy + nameAt(workspace, kYearField);
   m_ofJob.checker = labels.checkedBy + nameAt(workspace, kMonthField);

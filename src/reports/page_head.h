@@ -6,6 +6,7 @@
 #include "reports/page_labels.h"
 #include "reports/print_job.h"
 #include "reports/project_titles.h"
+#include "store/project/project_kinds.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
@@ -31,7 +32,7 @@ struct FirstSample {
 class PageHeads {
  public:
   /// The workspace outlives this.
-  PageHeads(const PrintJob& job, const Workspace& workspace, const PageLabels& labels);
+  PageHeads(const PrintJob& job, const Workspace& workspace, ProjectKind tests, const PageLabels& labels);
 
   /// `page` counts from 1 over the whole job.
   PageHead of(int page, FirstSample first);

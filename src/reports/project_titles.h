@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "store/project/project_kinds.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
@@ -18,7 +19,7 @@ struct ProjectTitles {
 /// else what its summary file does. Reads each summary file once.
 class TitlesOfProjects {
  public:
-  explicit TitlesOfProjects(const Workspace& workspace) : m_workspace(workspace) {}
+  TitlesOfProjects(const Workspace& workspace, ProjectKind tests) : m_workspace(workspace), m_tests(tests) {}
   /// `projectNo` is GBK, trimmed. UserError when its summary file can't be read.
   const ProjectTitles& of(std::string_view projectNo);
 
@@ -26,6 +27,7 @@ class TitlesOfProjects {
   ProjectTitles titlesOf(std::string_view projectNo) const;
 
   const Workspace& m_workspace;
+  ProjectKind m_tests;
   std::map<std::string, ProjectTitles, std::less<>> m_known;
 };
 

@@ -54,7 +54,7 @@ class ThreeInOne : public Report {
         m_workspace(workspace),
         m_labels(pageLabels(workspace.settings)),
         m_blocks(blocksOf(job, workspace)),
-        m_heads(job, workspace, m_labels) {}
+        m_heads(job, workspace, ProjectKind::Triaxial, m_labels) {}
 
   PageSize pageSize() const override { return usualPage(m_job); }
   int pageCount() const override { return static_cast<int>(m_blocks.size() + kBlocksPerPage - 1) / kBlocksPerPage; }

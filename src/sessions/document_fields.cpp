@@ -1,23 +1,20 @@
 #include "sessions/document_fields.h"
 
 #include <stdexcept>
+#include <utility>
 
+#include "common/gbk.h"
 #include "common/text_number.h"
+#include "common/user_error.h"
+#include "store/project/sample_rows.h"
+#include "store/settings/settings_file.h"
 
 namespace triaxlab {
 namespace {
 
-constexpr std::size_t kDateTextWidth = 60;  // of the settings file, which remembers it
+constexpr std::array kRememberedTexts{kYearField, kMonthField, kDayField};
 // Of the summary file's header.
 constexpr std::size_t kProjectNameWidth = 120, kSecondTitleLineWidth = 60;
-
-template <std::size_t N>
-EditableField datePart(Workspace& workspace, std::size_t at, FixedText<N>& part) {
-  return {kDateTextWidth, workspace.dateText(at), [&workspace, at, &part](std::string_view gbk) {
-            workspace.typedDateTexts.at(at) = std::string(gbk);
-            SetText(part, ParseNumber(gbk) == 0 ? std::string_view{} : gbk);
-          }};
-}
 
 EditableField titleText(TitleText& title, std::size_t width) {
   return {width, std::string(Trim(title.text)), [&title](std::string_view gbk) {
@@ -26,25 +23,55 @@ EditableField titleText(TitleText& title, std::size_t width) {
           }};
 }
 
+void setPart(ProcessingDate& date, int part, std::string_view gbk) {
+  if (part == 0) SetText(date.year, gbk);
+  if (part == 1) SetText(date.month, gbk);
+  if (part == 2) SetText(date.day, gbk);
+}
+
 }  // namespace
 
-EditableField datePartField(Workspace& workspace, int part) {
-  switch (part) {
-    case 0:
-      return datePart(workspace, 0, workspace.processingDate.year);
-    case 1:
-      return datePart(workspace, 1, workspace.processingDate.month);
-    case 2:
-      return datePart(workspace, 2, workspace.processingDate.day);
-    default:
-      throw std::out_of_range("a date has three parts");
+void DocumentFields::load() {
+  m_workspace.textsOf(m_tests).typedDateTexts = {};
+  m_remembered = {};
+  if (infoOf(m_tests).boxesHoldDate) return;
+  try {
+    const SettingsFile settings = sharedSettings(m_workspace);
+    for (std::size_t box = 0; box < m_remembered.size(); ++box)
+      m_remembered.at(box) = settings.readText(kRememberedTexts.at(box));
+  } catch (const UserError&) {
+    // Told once at the start; a save doesn't write over what it can't read.
   }
 }
 
-EditableField projectNameField(Workspace& workspace) { return titleText(workspace.projectName, kProjectNameWidth); }
+EditableField DocumentFields::dateText(int box) const {
+  const auto at = static_cast<std::size_t>(box);
+  DocumentTexts& texts = m_workspace.textsOf(m_tests);
+  const std::string shown = infoOf(m_tests).boxesHoldDate ? m_workspace.dateText(at)
+                                                          : texts.typedDateTexts.at(at).value_or(m_remembered.at(at));
+  return {kRememberedTexts.at(at).width, shown,
+          [&texts, &date = m_workspace.processingDate, box](std::string_view gbk) {
+            texts.typedDateTexts.at(static_cast<std::size_t>(box)) = std::string(gbk);
+            setPart(date, box, ParseNumber(gbk) == 0 ? std::string_view{} : gbk);
+          }};
+}
 
-EditableField secondTitleLineField(Workspace& workspace) {
-  return titleText(workspace.secondTitleLine, kSecondTitleLineWidth);
+EditableField DocumentFields::projectName() const {
+  return titleText(m_workspace.textsOf(m_tests).projectName, kProjectNameWidth);
+}
+
+EditableField DocumentFields::secondTitleLine() const {
+  return titleText(m_workspace.textsOf(m_tests).secondTitleLine, kSecondTitleLineWidth);
+}
+
+std::array<std::string, 2> statusPanels(const Workspace& workspace, ProjectKind tests, std::size_t row,
+                                        DateFirst first) {
+  const SampleRows rows(workspace, tests);
+  const auto ownDate = infoOf(tests).results.testDate;
+  const std::string_view projectNo = rows.projectNo(row);
+  const std::string_view date =
+      shownTestDate(workspace, projectNo, ownDate != nullptr ? ownDate(rows.record(row)) : std::string_view{}, first);
+  return {workspace.settings.habits.projectNoLabel + ":" + gbkToUtf8(projectNo), "试验日期:" + gbkToUtf8(date)};
 }
 
 std::array<std::string, 3> locationLabels(const LaboratoryHabits& habits) {

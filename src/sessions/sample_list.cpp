@@ -10,12 +10,12 @@ constexpr int kPageStep = 3;  // rows that PageUp and PageDown scroll
 }  // namespace
 
 bool SampleList::select(int cell) {
-  if (cell < kFirstCell || cell > kLastCell) return false;
+  if (cell < firstCell() || cell > lastCell()) return false;
   m_cell = cell;
   return true;
 }
 
-void SampleList::scroll(int top) { m_top = std::clamp(top, 0, kListScrollMax); }
+void SampleList::scroll(int top) { m_top = std::clamp(top, 0, scrollMax()); }
 
 void SampleList::moveLine(int step) {
   if (!select(m_cell + 2 * step)) scroll(m_top + step);

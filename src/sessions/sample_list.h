@@ -3,34 +3,40 @@
 #include <cstddef>
 
 #include "sessions/cell_keys.h"
-#include "store/workspace.h"
+#include "store/sample_table.h"
 
 namespace triaxlab {
 
-inline constexpr int kListLines = 20;
-/// The last value of its scroll bar, at which row 1000 stands on the last line.
-inline constexpr int kListScrollMax = static_cast<int>(kTableRows) - kListLines;
-
-/// Which cell of the sample list is chosen. The cells are counted line by line: two for the heads, then project and
-/// sample of each line.
+/// Which cell of a window's sample list is chosen. The cells are counted line by line, project and sample of each; the
+/// heads of a list count as well where they are cells.
 class SampleList {
  public:
-  static constexpr int kFirstCell = 2;
-  static constexpr int kLastCell = 2 * kListLines + 1;
+  struct Shape {
+    int lines;          // of samples
+    int headLines = 0;  // in front of them
+  };
+  explicit SampleList(Shape shape) : m_shape(shape), m_cell(firstCell()) {}
 
-  /// `currentLabelIndex`.
+  int firstCell() const { return 2 * m_shape.headLines; }
+  int lastCell() const { return firstCell() + 2 * m_shape.lines - 1; }
+  /// The last value of its scroll bar, at which row 1000 stands on the last line.
+  int scrollMax() const { return static_cast<int>(kTableRows) - m_shape.lines; }
+
+  /// `currentLabelIndex` and `currentEditCell`.
   int cell() const { return m_cell; }
+  /// Heads are lines as well.
   int line() const { return m_cell / 2; }
-  bool onProject() const { return m_cell % 2 == 0; }
+  static bool isProject(int cell) { return cell % 2 == 0; }
+  bool onProject() const { return isProject(m_cell); }
   /// The row on the first line.
   int top() const { return m_top; }
   std::size_t row() const { return rowOfLine(line()); }
   std::size_t rowOfLine(int line) const {
-    const int row = line - 1 + m_top;
+    const int row = line - m_shape.headLines + m_top;
     return static_cast<std::size_t>(row);
   }
 
-  void reset() { *this = SampleList(); }
+  void reset() { *this = SampleList(m_shape); }
   /// False for the heads and for what is no cell.
   bool select(int cell);
   /// Held within the range.
@@ -41,7 +47,8 @@ class SampleList {
  private:
   void moveLine(int step);
 
-  int m_cell = kFirstCell;
+  Shape m_shape;
+  int m_cell;
   int m_top = 0;
 };
 

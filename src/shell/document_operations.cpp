@@ -25,7 +25,7 @@ Remarks openDocument(Workspace& workspace, ProjectKind kind, std::string_view fi
 }
 
 Remarks importedDocument(Workspace& workspace, const DocumentKind& document) {
-  workspace.controlledDocNo.clear();
+  workspace.textsOf(document.tests).controlledDocNo.clear();
   Remarks remarks;
   prepareTable(workspace, document, remarks);
   return remarks;
@@ -33,12 +33,9 @@ Remarks importedDocument(Workspace& workspace, const DocumentKind& document) {
 
 Remarks newDocument(Workspace& workspace, const DocumentKind& document) {
   infoOf(document.tests).table.clear(workspace);
-  workspace.clearLocations();
+  workspace.textsOf(document.tests) = {};
   workspace.clearProjectDates();
   workspace.processingDate = {};
-  workspace.controlledDocNo.clear();
-  workspace.projectName = {};
-  workspace.secondTitleLine = {};
   workspace.keepExisting.reset();
   workspace.rawImportPending = false;
   return ReadEnglishLabels(workspace);

@@ -3,10 +3,21 @@
 #include <algorithm>
 
 #include "common/user_error.h"
+#include "store/project/project_kinds.h"
 
 namespace triaxlab {
 
-Workspace::Workspace() : SampleDisplayTable(kTableRows) {}
+DocumentTexts::DocumentTexts() : SampleDisplayTable(kTableRows) {}
+
+void DocumentTexts::clearLocations() { std::ranges::fill(SampleDisplayTable, SampleLocation{}); }
+
+Workspace::Workspace() {
+  for (const ProjectKindInfo& info : kProjectKinds) m_texts.try_emplace(info.savedAs);
+}
+
+DocumentTexts& Workspace::textsOf(ProjectKind tests) { return m_texts.at(infoOf(tests).savedAs); }
+
+const DocumentTexts& Workspace::textsOf(ProjectKind tests) const { return m_texts.at(infoOf(tests).savedAs); }
 
 const std::filesystem::path& Workspace::knownDataFolder() const {
   if (!dataFolderProblem.empty()) throw UserError(dataFolderProblem);
@@ -22,7 +33,7 @@ std::optional<std::string_view> Workspace::projectTestDate(std::string_view proj
 
 std::string Workspace::dateText(std::size_t box) const {
   const std::array shown{processingDate.year.trimmed(), processingDate.month.trimmed(), processingDate.day.trimmed()};
-  return typedDateTexts.at(box).value_or(std::string(shown.at(box)));
+  return textsOf(ProjectKind::Triaxial).typedDateTexts.at(box).value_or(std::string(shown.at(box)));
 }
 
 void Workspace::clearProjectDates() {
@@ -34,7 +45,5 @@ std::string_view Workspace::importedProjectName(std::string_view projectNo) cons
   const auto found = importedProjectNames.find(projectNo);
   return found == importedProjectNames.end() ? std::string_view{} : found->second;
 }
-
-void Workspace::clearLocations() { std::fill(SampleDisplayTable.begin(), SampleDisplayTable.end(), SampleLocation{}); }
 
 }  // namespace triaxlab

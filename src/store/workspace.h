@@ -17,6 +17,7 @@
 #include "k0/record.h"
 #include "platform/files.h"
 #include "store/project/project_header.h"
+#include "store/project/project_kind.h"
 #include "store/safety/data_lock.h"
 #include "store/safety/file_memory.h"
 #include "store/sample_table.h"
@@ -74,6 +75,22 @@ struct TitleText {
   std::string projectNo;  // whose summary file it was read from, or would be if that existed
 };
 
+/// What a document keeps beside its records. The tests of each kind have their own, since several windows may be loaded
+/// at a time: what one of them shows must not go with the save of another.
+struct DocumentTexts {
+  DocumentTexts();
+
+  std::vector<SampleLocation> SampleDisplayTable;  // kTableRows
+  /// Boxes TextW(0) to TextW(2) as last typed, GBK. A text that is no number dates nothing: it is the name that signs
+  /// the report.
+  std::array<std::optional<std::string>, 3> typedDateTexts;
+  FixedText<100> controlledDocNo;  // Text9
+  TitleText projectName;           // Text5
+  TitleText secondTitleLine;       // TextW(3)
+
+  void clearLocations();
+};
+
 /// The tables and variables that all share, alive from start to end. Built by main and handed down by reference;
 /// windows and operations work on the rows in place, and a table outlives the closing of its window.
 struct Workspace {
@@ -99,22 +116,18 @@ struct Workspace {
   SampleTable<UnconfinedSampleRecord> UnconfinedSampleTable;
   SampleTable<K0SampleRecord> K0SampleTable;
   SampleTable<TK0SampleRecord> TK0SampleTable;
-  std::vector<SampleLocation> SampleDisplayTable;  // kTableRows
   std::array<ProjectDate, kProjectDateRows> ProjectDateTable;
   std::bitset<kTableRows> keepExisting;  // rows whose known sample a save of an import leaves alone
 
   ProjectHeader projectHeader;
   ProcessingDate processingDate;
-  /// Boxes TextW(0) to TextW(2) of the document window as last typed, GBK. A text that is no number dates nothing: it
-  /// is the name that signs the report.
-  std::array<std::optional<std::string>, 3> typedDateTexts;
-  FixedText<100> controlledDocNo;  // Text9
-  TitleText projectName;           // Text5
-  TitleText secondTitleLine;       // TextW(3)
-
   /// What the imported database calls its projects, by their numbers, both GBK and trimmed. A save gives the name to
   /// the project's summary file where that has none.
   std::map<std::string, std::string, std::less<>> importedProjectNames;
+
+  /// Of the tests of a kind; those of an old kind of file are those of the kind as which it is saved.
+  DocumentTexts& textsOf(ProjectKind tests);
+  const DocumentTexts& textsOf(ProjectKind tests) const;
 
   /// What a box of the triaxial window shows and a save remembers: the text last typed, else the year, month or day of
   /// the processing date.
@@ -134,7 +147,9 @@ struct Workspace {
   std::string_view importedProjectName(std::string_view projectNo) const;
   /// The imported names of the projects go with their dates.
   void clearProjectDates();
-  void clearLocations();
+
+ private:
+  std::map<ProjectKind, DocumentTexts> m_texts;
 };
 
 }  // namespace triaxlab

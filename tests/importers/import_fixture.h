@@ -67,7 +67,7 @@ inline bool sameBytes(const TriaxialSampleRecord& a, const TriaxialSampleRecord&
 struct ImportedState {
   explicit ImportedState(const Workspace& workspace)
       : samples(bytesOfTable(workspace)),
-        locations(workspace.SampleDisplayTable),
+        locations(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable),
         dates(workspace.ProjectDateTable),
         rawImportPending(workspace.rawImportPending) {}
   bool operator==(const ImportedState&) const = default;

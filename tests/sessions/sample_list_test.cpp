@@ -5,10 +5,13 @@
 namespace triaxlab {
 namespace {
 
+/// 20 lines under two heads.
+constexpr SampleList::Shape kWithHeads{.lines = 20, .headLines = 1};
+
 constexpr CursorPlace kInside{false, false}, kAtStart{true, false}, kAtEnd{false, true};
 
 TEST(SampleListCells, BeginsOnTheFirstProject) {
-  const SampleList list;
+  const SampleList list(kWithHeads);
   EXPECT_EQ(list.cell(), 2);
   EXPECT_EQ(list.line(), 1);
   EXPECT_EQ(list.row(), 0U);
@@ -16,7 +19,7 @@ TEST(SampleListCells, BeginsOnTheFirstProject) {
 }
 
 TEST(SampleListCells, RowIsHalfTheLabelLessOnePlusTheScroll) {
-  SampleList list;
+  SampleList list(kWithHeads);
   ASSERT_TRUE(list.select(3));
   EXPECT_EQ(list.row(), 0U);
   EXPECT_FALSE(list.onProject());
@@ -29,7 +32,7 @@ TEST(SampleListCells, RowIsHalfTheLabelLessOnePlusTheScroll) {
 }
 
 TEST(SampleListCells, HeadsAndWhatIsNoCellAreNotChosen) {
-  SampleList list;
+  SampleList list(kWithHeads);
   ASSERT_TRUE(list.select(9));
   for (const int label : {-1, 0, 1, 42, 1000}) {
     EXPECT_FALSE(list.select(label)) << label;
@@ -38,7 +41,7 @@ TEST(SampleListCells, HeadsAndWhatIsNoCellAreNotChosen) {
 }
 
 TEST(SampleListCells, ScrollIsHeldWhereTheLastRowIsOnTheLastLine) {
-  SampleList list;
+  SampleList list(kWithHeads);
   list.scroll(5000);
   EXPECT_EQ(list.top(), 981);
   ASSERT_TRUE(list.select(40));
@@ -48,7 +51,7 @@ TEST(SampleListCells, ScrollIsHeldWhereTheLastRowIsOnTheLastLine) {
 }
 
 TEST(SampleListCells, DownAndEnterGoTwoCellsOnAndScrollAtTheBottom) {
-  SampleList list;
+  SampleList list(kWithHeads);
   EXPECT_TRUE(list.key(CellKey::Down, kInside));
   EXPECT_EQ(list.cell(), 4);
   EXPECT_TRUE(list.key(CellKey::Enter, kInside));
@@ -64,7 +67,7 @@ TEST(SampleListCells, DownAndEnterGoTwoCellsOnAndScrollAtTheBottom) {
 }
 
 TEST(SampleListCells, UpGoesTwoCellsBackAndScrollsAtTheTop) {
-  SampleList list;
+  SampleList list(kWithHeads);
   ASSERT_TRUE(list.select(5));
   EXPECT_TRUE(list.key(CellKey::Up, kInside));
   EXPECT_EQ(list.cell(), 3);
@@ -77,7 +80,7 @@ TEST(SampleListCells, UpGoesTwoCellsBackAndScrollsAtTheTop) {
 }
 
 TEST(SampleListCells, LeftAndRightLeaveTheCellAtTheEndsOfTheText) {
-  SampleList list;
+  SampleList list(kWithHeads);
   EXPECT_FALSE(list.key(CellKey::Right, kInside));
   EXPECT_FALSE(list.key(CellKey::Right, kAtStart));
   EXPECT_EQ(list.cell(), 2);
@@ -94,7 +97,7 @@ TEST(SampleListCells, LeftAndRightLeaveTheCellAtTheEndsOfTheText) {
 }
 
 TEST(SampleListCells, PageKeysScrollByThreeWithinTheRange) {
-  SampleList list;
+  SampleList list(kWithHeads);
   ASSERT_TRUE(list.select(10));
   EXPECT_TRUE(list.key(CellKey::PageDown, kInside));
   EXPECT_EQ(list.top(), 3);
@@ -105,6 +108,22 @@ TEST(SampleListCells, PageKeysScrollByThreeWithinTheRange) {
   list.scroll(980);
   EXPECT_TRUE(list.key(CellKey::PageDown, kInside));
   EXPECT_EQ(list.top(), 981);
+}
+
+TEST(SampleListCells, FourLinesWithoutHeadsBeginAtTheFirstCell) {
+  SampleList list({.lines = 4});
+  EXPECT_EQ(list.cell(), 0);
+  EXPECT_EQ(list.row(), 0U);
+  EXPECT_EQ(list.scrollMax(), 997);
+  for (const int cell : {-1, 8}) EXPECT_FALSE(list.select(cell)) << cell;
+  ASSERT_TRUE(list.select(7));
+  EXPECT_EQ(list.row(), 3U);
+  EXPECT_FALSE(list.onProject());
+  EXPECT_TRUE(list.key(CellKey::Enter, kInside));
+  EXPECT_EQ(list.cell(), 7);
+  EXPECT_EQ(list.row(), 4U);
+  list.scroll(5000);
+  EXPECT_EQ(list.row(), 1000U);
 }
 
 }  // namespace

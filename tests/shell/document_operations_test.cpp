@@ -61,10 +61,10 @@ TEST(DocumentOperations, AnImportIsReducedAndDropsTheDocumentNumber) {
   Lab lab;
   lab.workspace.TriaxialSampleTable[0] = sample("P1", "A-1");
   lab.workspace.rawImportPending = true;
-  SetText(lab.workspace.controlledDocNo, "QR-07");
+  SetText(lab.workspace.textsOf(ProjectKind::Triaxial).controlledDocNo, "QR-07");
   EXPECT_EQ(importedDocument(lab.workspace, documentKindOf(kForm1)), Remarks{});
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].failureRadius[0].trimmed(), "30");
-  EXPECT_TRUE(lab.workspace.controlledDocNo.isBlank());
+  EXPECT_TRUE(lab.workspace.textsOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
   EXPECT_TRUE(lab.workspace.rawImportPending);
 }
 

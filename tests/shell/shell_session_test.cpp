@@ -125,23 +125,25 @@ TEST_F(Shell, TheMenuFollowsTheDocument) {
 TEST_F(Shell, NewShowsAnEmptyDocument) {
   Workspace& workspace = lab.workspace;
   workspace.TriaxialSampleTable[1000] = sample("P1", "A-1");
-  SetText(workspace.SampleDisplayTable[3].boreholeNo, "ZK1");
+  SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[3].boreholeNo, "ZK1");
   SetText(workspace.ProjectDateTable[100].projectNo, "P1");
   SetText(workspace.processingDate.year, "2012");
-  SetText(workspace.controlledDocNo, "QR-07");
-  workspace.projectName.text = "name";
-  workspace.secondTitleLine.text = "line";
+  SetText(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo, "QR-07");
+  workspace.textsOf(ProjectKind::Triaxial).projectName.text = "name";
+  workspace.textsOf(ProjectKind::Triaxial).secondTitleLine.text = "line";
   workspace.rawImportPending = true;
 
   EXPECT_TRUE(shell.trigger("NEW"));
 
   EXPECT_THAT(windows.take(), ElementsAre("load 1"));
   EXPECT_FALSE(isLive(workspace.TriaxialSampleTable[1000]));
-  EXPECT_EQ(workspace.SampleDisplayTable[3], SampleLocation{});
+  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[3], SampleLocation{});
   EXPECT_EQ(workspace.ProjectDateTable[100], ProjectDate{});
   EXPECT_FALSE(workspace.processingDate.isSet());
-  EXPECT_TRUE(workspace.controlledDocNo.isBlank());
-  EXPECT_EQ(workspace.projectName.text + workspace.secondTitleLine.text, "");
+  EXPECT_TRUE(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
+  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).projectName.text +
+                workspace.textsOf(ProjectKind::Triaxial).secondTitleLine.text,
+            "");
   EXPECT_FALSE(workspace.rawImportPending);
   EXPECT_EQ(workspace.activeDocument, kForm1);
   EXPECT_TRUE(isOn("QUXIAN"));
@@ -292,11 +294,11 @@ TEST_F(Shell, AnImportIsPreparedAndShown) {
     lab.workspace.rawImportPending = true;
     return Remarks{"第 3 组不完整。"};
   };
-  SetText(lab.workspace.controlledDocNo, "QR-07");
+  SetText(lab.workspace.textsOf(ProjectKind::Triaxial).controlledDocNo, "QR-07");
   EXPECT_TRUE(shell.trigger("OLDSZ1"));
   EXPECT_THAT(windows.take(), ElementsAre("OPENFORM0OLD", "load 1"));
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].sigma1Failure[0].trimmed(), "160") << "100 + 60, by the opening pass";
-  EXPECT_TRUE(lab.workspace.controlledDocNo.isBlank());
+  EXPECT_TRUE(lab.workspace.textsOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
   EXPECT_EQ(shell.statusTexts()[0], "第 3 组不完整。");
 }
 
@@ -318,7 +320,7 @@ std::string twoNanjingSamples() {
 
 TEST_F(Shell, ANanjingFileIsReadAsSoonAsItIsChosen) {
   dialogs.file = lab.folder.write("raw/A1.SZD", twoNanjingSamples());
-  SetText(lab.workspace.controlledDocNo, "QR-07");
+  SetText(lab.workspace.textsOf(ProjectKind::Triaxial).controlledDocNo, "QR-07");
   EXPECT_TRUE(shell.trigger("OPENNJ"));
   ASSERT_EQ(dialogs.fileQuestions.size(), 1U);
   EXPECT_EQ(dialogs.fileQuestions[0].title, "打开南京三轴原始数据文件");
@@ -329,7 +331,7 @@ TEST_F(Shell, ANanjingFileIsReadAsSoonAsItIsChosen) {
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[2].sampleNo.trimmed(), "J-2");
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[1].failureStrainLimit[0], 150) << "by the opening pass";
   EXPECT_FALSE(lab.workspace.rawImportPending);
-  EXPECT_TRUE(lab.workspace.controlledDocNo.isBlank());
+  EXPECT_TRUE(lab.workspace.textsOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
   EXPECT_THAT(windows.progress, ElementsAre(std::pair(1U, 2U), std::pair(2U, 2U)));
 }
 

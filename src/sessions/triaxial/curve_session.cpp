@@ -18,7 +18,10 @@ constexpr std::size_t kLimitWidth = 6;  // bytes that a strain limit takes
 
 }  // namespace
 
-CurveSession::CurveSession(Workspace& workspace) : m_workspace(workspace) { load(); }
+CurveSession::CurveSession(Workspace& workspace)
+    : m_workspace(workspace), m_document(workspace, ProjectKind::Triaxial) {
+  load();
+}
 
 TriaxialSampleRecord& CurveSession::record() const { return m_workspace.TriaxialSampleTable.at(sampleRow()); }
 
@@ -31,7 +34,7 @@ void CurveSession::load() {
   m_intervention.reset();
   m_envelopeJustAccepted = false;
   m_changed = false;
-  m_workspace.typedDateTexts = {};
+  m_document.load();
   showSample();
 }
 
@@ -84,8 +87,7 @@ std::string CurveSession::readout(Point place) const {
   if (m_intervention.running() || !kCurvePlot.contains(place)) return {};
   const Point value = scaleOfPage(m_drawn, m_page, chartOptions()).valueAt(place);
   const auto [x, y] = readingsOf(m_page);
-  return "x:" + FormatNumber(value.x, x.format).append(x.unit) +
-         "   y:" + FormatNumber(value.y, y.format).append(y.unit);
+  return readoutOf(value, x, y);
 }
 
 void CurveSession::setTablePage(TablePage page) {
@@ -172,14 +174,13 @@ std::optional<EditableField> CurveSession::fieldOf(Input input) const {
     case InputName::ResultCell:
       return m_table.openCell() ? resultField(record(), *m_table.openCell()) : std::nullopt;
     default:
-      return sampleField(m_workspace, sampleRow(), input);
+      return sampleField(m_workspace, m_document, sampleRow(), input);
   }
 }
 
 std::string CurveSession::inputText(Input input) const {
-  if (m_typed && m_typed->input == input) return m_typed->text;
   const auto field = fieldOf(input);
-  return field ? gbkToUtf8(field->text) : std::string();
+  return field ? m_typing.shown(input, field->text) : std::string();
 }
 
 void CurveSession::edit(Input input, std::string_view utf8) {
@@ -190,12 +191,7 @@ void CurveSession::edit(Input input, std::string_view utf8) {
     return;
   }
   const auto field = fieldOf(input);
-  if (!field) return;
-  const std::string taken = takenText(utf8, field->width);
-  std::string text = gbkToUtf8(taken);
-  if (text == inputText(input)) return;  // nothing of it was taken: bytes that are no GBK stay as they came
-  field->store(taken);
-  m_typed = {input, std::move(text)};
+  if (!field || !m_typing.type(input, *field, utf8)) return;
   m_changed = true;
   if (input.name == InputName::ResultCell) m_table.refresh(record());
 }

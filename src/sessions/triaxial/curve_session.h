@@ -11,11 +11,13 @@
 #include "charts/axes.h"
 #include "platform/dialogs.h"
 #include "platform/drawing_surface.h"
+#include "sessions/document_fields.h"
 #include "sessions/sample_list.h"
 #include "sessions/triaxial/intervention.h"
 #include "sessions/triaxial/page_steps.h"
 #include "sessions/triaxial/result_table.h"
 #include "sessions/triaxial/sample_fields.h"
+#include "sessions/typing.h"
 #include "store/workspace.h"
 #include "triaxial/curve_page.h"
 
@@ -33,11 +35,12 @@ inline constexpr std::array<const char*, kStages> kStageRows{"一", "二", "三"
 inline constexpr const char* kApplyLimits = "确定";                                          // applies them
 inline constexpr const char* kConsolidationTable = "固结表";                                 // opens the table
 inline constexpr const char* kControlledDocNo = "受控文件号：";
-inline constexpr const char* kProjectName = "工程名称：";
-inline constexpr const char* kArchiveNo = "档案号：";
 inline constexpr std::array<const char*, 3> kDateParts{"年", "月", "日"};                       // of processing
 inline constexpr std::array<const char*, kStages> kStageColumns{"P1", "P2", "P3", "P4", "P5"};  // table head
 }  // namespace curve_captions
+
+/// Lines of the list below its heads.
+inline constexpr int kCurveListLines = 20;
 
 /// The two fields that are read only and take keys.
 enum class MethodField : std::uint8_t { ShearMode, TestMethod };
@@ -73,9 +76,9 @@ struct LabelledText {
 /// it becomes widgets. What is being typed in holds what was taken of the typing, all else the record's text.
 struct CurveState {
   // The list
-  std::array<ListLine, kListLines + 1> list;
-  int listTop = 0;       // 0 to kListScrollMax
-  int selectedLine = 1;  // 1 to kListLines
+  std::array<ListLine, kCurveListLines + 1> list;
+  int listTop = 0, listScrollMax = 0;  // from 0
+  int selectedLine = 1;                // 1 to kCurveListLines
   OpenCellState listCell;
 
   // The sample on display
@@ -104,7 +107,7 @@ struct CurveState {
   bool controlledDocNoVisible = false;
   std::string factor, summand;  // of the curve phase
 
-  std::string projectPanel, datePanel;  // second and third panel of the status bar
+  std::array<std::string, 2> statusPanels;  // the second and the third
   MenuEntryState ratioEnvelope, differenceEnvelope;
   std::uint8_t currentCurvePage = 1;
   std::uint8_t currentTablePage = 3;
@@ -170,7 +173,7 @@ class CurveSession {
   /// beyond the field's width; the state tells what was taken. Every change goes into the record at once.
   void edit(Input input, std::string_view utf8);
   /// The typing is at an end: the input shows the stored text again.
-  void finishTyping() { m_typed.reset(); }
+  void finishTyping() { m_typing.finish(); }
   /// False when the key means nothing there.
   bool keyOnMethod(MethodField field, MethodKey key);
   /// applies them: stores the five strain limits and draws the page anew.
@@ -202,12 +205,6 @@ class CurveSession {
   void markSaved();
 
  private:
-  /// What is being typed in, with what it took.
-  struct TypedInput {
-    Input input;
-    std::string text;
-  };
-
   TriaxialSampleRecord& record() const;
   ChartOptions chartOptions() const;
   /// Nothing for the result cell while it is closed.
@@ -225,13 +222,14 @@ class CurveSession {
   void readPhysicalValues();
 
   Workspace& m_workspace;
-  SampleList m_list;
+  DocumentFields m_document;
+  SampleList m_list{{.lines = kCurveListLines, .headLines = 1}};
   bool m_listCellOpen = false;
   CurvePage m_page = CurvePage::StressStrain;
   FailureMode m_checkedMode = FailureMode::PeakStress;  // the menu entry that has the check
   ResultTable m_table;
   PerStage<std::string> m_strainLimitTexts;
-  std::optional<TypedInput> m_typed;
+  Typing<Input> m_typing;
   bool m_changed = false;
   Intervention m_intervention;
   std::vector<LabelledText> m_physicalValues;  // of the sample whose phase runs

@@ -22,13 +22,14 @@ std::array<std::string, N> texts(TextOf textOf) {
 void CurveSession::fillList(CurveState& state) const {
   const LaboratoryHabits& habits = m_workspace.settings.habits;
   state.list[0] = {"序号", habits.projectNoLabel, habits.sampleNoLabel};
-  for (int line = 1; line <= kListLines; ++line) {
+  for (int line = 1; line <= kCurveListLines; ++line) {
     const std::size_t row = m_list.rowOfLine(line);
     const TriaxialSampleRecord& sample = std::as_const(m_workspace).TriaxialSampleTable.at(row);
     state.list[static_cast<std::size_t>(line)] = {std::to_string(row + 1), gbkToUtf8(sample.projectNo.trimmed()),
                                                   gbkToUtf8(sample.sampleNo.trimmed())};
   }
   state.listTop = m_list.top();
+  state.listScrollMax = m_list.scrollMax();
   state.selectedLine = m_list.line();
   state.listCell = {m_listCellOpen && !m_intervention.running(), m_list.cell(), inputText({InputName::ListCell})};
 }
@@ -70,8 +71,7 @@ CurveState CurveSession::state() const {
   fillList(state);
   fillFields(state);
   fillTable(state);
-  state.projectPanel = projectPanel(m_workspace, sampleRow());
-  state.datePanel = datePanel(m_workspace, sampleRow());
+  state.statusPanels = statusPanels(m_workspace, ProjectKind::Triaxial, sampleRow());
   const bool ratioPage = record().testMethod == kCU;
   state.ratioEnvelope = {ratioPage, m_checkedMode == FailureMode::PeakRatio};
   state.differenceEnvelope = {true, m_checkedMode == FailureMode::PeakStress};

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "sessions/document_fields.h"
 #include "sessions/editable_field.h"
 #include "store/workspace.h"
 
@@ -35,12 +36,8 @@ struct Input {
 
 /// The field of an input that belongs to the sample in a table row or to all samples: every one but the cells, the
 /// strain limits and the numbers of the curve phase. An index that the input doesn't have is a std::out_of_range.
-EditableField sampleField(Workspace& workspace, std::size_t row, Input input);
+EditableField sampleField(Workspace& workspace, const DocumentFields& document, std::size_t row, Input input);
 /// The field of the list's cell with the project or sample number of a table row.
 EditableField listField(Workspace& workspace, std::size_t row, bool onProject);
-
-/// The second and third panel of the status bar for the sample on display.
-std::string projectPanel(const Workspace& workspace, std::size_t row);
-std::string datePanel(const Workspace& workspace, std::size_t row);
 
 }  // namespace triaxlab

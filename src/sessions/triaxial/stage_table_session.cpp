@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "common/gbk.h"
-#include "sessions/triaxial/sample_fields.h"
+#include "sessions/document_fields.h"
 #include "store/test_date.h"
 #include "triaxial/curve_page.h"
 #include "triaxial/measures.h"
@@ -94,7 +94,7 @@ TableFoot StageTableSession::foot(std::size_t stage) const {
 }
 
 std::array<std::string, 2> StageTableSession::statusPanels() const {
-  return {projectPanel(m_workspace, m_row), "试验日期:" + testDate(m_workspace, record())};
+  return triaxlab::statusPanels(m_workspace, ProjectKind::Triaxial, m_row, DateFirst::OfProject);
 }
 
 }  // namespace triaxlab

@@ -128,11 +128,12 @@ Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fil
   workspace.fileMemory.remember(FileUse::Document, path, stamp);
   table->install(workspace);
   installDates(workspace, opened.head.header);
-  workspace.clearLocations();
   workspace.projectHeader = opened.head.header;
-  workspace.controlledDocNo = opened.endText;
-  workspace.projectName = {};
-  workspace.secondTitleLine = {};
+  DocumentTexts& texts = workspace.textsOf(kind);
+  texts.clearLocations();
+  texts.controlledDocNo = opened.endText;
+  texts.projectName = {};
+  texts.secondTitleLine = {};
   workspace.rawImportPending = false;
   return opened.remarks;
 }

@@ -9,18 +9,32 @@
 #include <string_view>
 
 #include "common/fixed_text.h"
+#include "store/project/project_kind.h"
 
 namespace triaxlab {
 
 class FieldSink;
 class NewSampleTable;
 class ProjectSave;
+struct K0SampleRecord;
 struct OldFormat;
 struct SummaryRecord;
+struct TK0SampleRecord;
+struct TriaxialSampleRecord;
+struct UnconfinedSampleRecord;
 struct Workspace;
 
-/// The kinds of project file; the values are those of `openDialogKind` for the browser.
-enum class ProjectKind : std::int16_t { Triaxial = 1, Unconfined = 2, K0 = 10, TK0 = 20, OldTriaxial = 101 };
+/// The kind in whose table the records are.
+template <class Record>
+inline constexpr ProjectKind kTestsOf{};
+template <>
+inline constexpr ProjectKind kTestsOf<TriaxialSampleRecord> = ProjectKind::Triaxial;
+template <>
+inline constexpr ProjectKind kTestsOf<UnconfinedSampleRecord> = ProjectKind::Unconfined;
+template <>
+inline constexpr ProjectKind kTestsOf<K0SampleRecord> = ProjectKind::K0;
+template <>
+inline constexpr ProjectKind kTestsOf<TK0SampleRecord> = ProjectKind::TK0;
 
 /// The bytes of one record.
 using RecordBytes = std::span<const std::byte>;

@@ -68,7 +68,7 @@ void ProjectSave::finish() {
   std::vector<std::filesystem::path> written;
   for (const auto& [name, saved] : m_projects) {
     if (!saved.project) continue;
-    saved.project->finish(m_workspace.controlledDocNo);
+    saved.project->finish(m_workspace.textsOf(m_info.kind).controlledDocNo);
     if (saved.summary) saved.summary->finish();
     if (saved.project->isWritten()) written.push_back(saved.path);
     for (const std::string& remark : saved.project->remarks()) m_remarks.push_back(remark);

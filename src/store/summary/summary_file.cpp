@@ -17,22 +17,22 @@ namespace {
 
 /// Until they are typed over, the titles belong to this project: also when its file doesn't exist yet and the name is
 /// that of the imported database, but not when the file can't be read, so that no save blanks what it holds.
-void readTitles(Workspace& workspace, const std::string& projectNo) {
-  workspace.projectName.projectNo.clear();
-  workspace.secondTitleLine.projectNo.clear();
+void readTitles(const Workspace& workspace, DocumentTexts& texts, const std::string& projectNo) {
+  texts.projectName.projectNo.clear();
+  texts.secondTitleLine.projectNo.clear();
   const std::filesystem::path path = summaryPath(workspace, projectNo);
   if (fileExists(path)) {
     const File file = File::below(workspace.dataFolder, path, File::Mode::Read);
     const SummaryHead head = readSummaryHead(readerOf(file), path);
-    workspace.projectName.text = head.header.projectName.trimmed();
-    workspace.secondTitleLine.text = head.header.secondTitleLine.trimmed();
+    texts.projectName.text = head.header.projectName.trimmed();
+    texts.secondTitleLine.text = head.header.secondTitleLine.trimmed();
   } else {
-    workspace.projectName.text.clear();
-    workspace.secondTitleLine.text.clear();
+    texts.projectName.text.clear();
+    texts.secondTitleLine.text.clear();
   }
-  if (Trim(workspace.projectName.text).empty()) workspace.projectName.text = workspace.importedProjectName(projectNo);
-  workspace.projectName.projectNo = workspace.secondTitleLine.projectNo = projectNo;
-  workspace.projectName.typed = workspace.secondTitleLine.typed = false;
+  if (Trim(texts.projectName.text).empty()) texts.projectName.text = workspace.importedProjectName(projectNo);
+  texts.projectName.projectNo = texts.secondTitleLine.projectNo = projectNo;
+  texts.projectName.typed = texts.secondTitleLine.typed = false;
 }
 
 /// The sampling depths of some samples: of several records of one number the first counts, where of the locations the
@@ -89,6 +89,7 @@ std::string lookupSamplingDepth(const Workspace& workspace, std::string_view pro
 Remarks readLocations(Workspace& workspace, ProjectKind kind) {
   const SampleRows table(workspace, kind);
   const auto takeDepth = infoOf(kind).takeDepth;
+  DocumentTexts& texts = workspace.textsOf(kind);
   std::map<std::string, ProjectRows, std::less<>> projects;
   std::optional<std::string> firstProject;
   for (std::size_t row = 0; row < table.size(); ++row) {
@@ -106,11 +107,11 @@ Remarks readLocations(Workspace& workspace, ProjectKind kind) {
       if (std::find(remarks.begin(), remarks.end(), error.what()) == remarks.end()) remarks.emplace_back(error.what());
     }
   };
-  if (firstProject) remarkOn([&] { readTitles(workspace, *firstProject); });
+  if (firstProject) remarkOn([&] { readTitles(workspace, texts, *firstProject); });
   for (const auto& [projectNo, found] : projects) {
     FirstDepths depths(found.rows.size());
     const auto fillRow = [&](std::size_t i, const SampleLocation& location) {
-      workspace.SampleDisplayTable[found.rows[i]] = location;
+      texts.SampleDisplayTable[found.rows[i]] = location;
       depths.add(i, location);
     };
     remarkOn([&] {

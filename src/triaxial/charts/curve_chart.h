@@ -38,11 +38,6 @@ struct ChartOptions {
 /// "主应力差与轴向应变曲线" and its five companions.
 std::string_view titleOf(CurvePage page);
 
-/// How a readout tells the values of an axis.
-struct AxisReading {
-  NumberFormat format;
-  std::string_view unit;
-};
 struct PageReadings {
   AxisReading x, y;
 };

@@ -86,7 +86,7 @@ void ClickLabel::paintEvent(QPaintEvent* event) {
 }
 
 void ClickLabel::paintText(QPaintEvent* event) {
-  if (m_look != Look::Caption) {
+  if (m_look == Look::Head || m_look == Look::Cell) {
     QPainter lines(this);
     lines.setPen(palette().color(QPalette::Midlight));
     lines.drawLine(rect().bottomLeft(), rect().bottomRight());

@@ -17,6 +17,7 @@ class ClickLabel : public QLabel {
     Caption,  // plain text on the window's ground
     Head,     // head of a list's column
     Cell,     // cell of a list
+    Layer,    // over an edit box, whose text it shows in its own way
   };
   explicit ClickLabel(QWidget* parent, const QString& text = {}, Look look = Look::Caption);
 

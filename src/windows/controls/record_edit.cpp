@@ -36,6 +36,11 @@ void RecordEdit::keyPressEvent(QKeyEvent* event) {
   QLineEdit::keyPressEvent(event);
 }
 
+void RecordEdit::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  emit focusEntered();
+}
+
 void RecordEdit::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
   // A text that is cut shows its beginning, unless the person comes back to where the cursor was.

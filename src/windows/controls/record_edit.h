@@ -22,11 +22,13 @@ class RecordEdit : public QLineEdit {
   void showText(const QString& text);
 
  signals:
+  void focusEntered();
   void focusLeft();
 
  protected:
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 };
 

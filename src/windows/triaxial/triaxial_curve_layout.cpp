@@ -4,13 +4,13 @@
 #include <QFrame>
 #include <QGroupBox>
 #include <QPushButton>
-#include <QScrollBar>
 
 #include "platform/drawing_surface.h"
 #include "triaxial/charts/curve_chart.h"
 #include "windows/controls/click_label.h"
 #include "windows/controls/layout.h"
 #include "windows/controls/record_edit.h"
+#include "windows/controls/scroll_bars.h"
 #include "windows/controls/words.h"
 
 namespace triaxlab {
@@ -18,7 +18,7 @@ namespace {
 
 // Twips throughout.
 constexpr Place kWindow{0, 0, 15600, 9000};
-constexpr int kBoxHeight = 300, kButtonHeight = 280, kScrollWidth = 255;
+constexpr int kBoxHeight = 300, kButtonHeight = 280;
 
 // The list: 21 lines, the first has the heads.
 constexpr int kListTop = 60, kListPitch = 270;
@@ -62,14 +62,6 @@ void makeOverlay(RecordEdit* box) {
   box->hide();
 }
 
-QScrollBar* scrollBar(QWidget* window, const char* name, Place place, int page) {
-  auto* const bar = put(new QScrollBar(Qt::Vertical, window), name, place);
-  bar->setPageStep(page);
-  // Tab comes to it; a click leaves the focus to the box that is typed in.
-  bar->setFocusPolicy(Qt::TabFocus);
-  return bar;
-}
-
 }  // namespace
 
 QSize curveWindowSize() { return rectangle(kWindow).size(); }
@@ -106,7 +98,7 @@ QPushButton* CurveControls::button(const char* name, const QString& text, int x,
 }
 
 void CurveControls::makeList() {
-  for (int line = 0; line <= kListLines; ++line) {
+  for (int line = 0; line <= kCurveListLines; ++line) {
     const auto at = static_cast<std::size_t>(line);
     const auto look = line == 0 ? ClickLabel::Look::Head : ClickLabel::Look::Cell;
     const auto cell = [&](const char* name, int index, int x, int width) {
@@ -118,9 +110,9 @@ void CurveControls::makeList() {
   }
   text1 = edit("Text1", {InputName::ListCell}, kProjectX, lineY(1), kCellWidth);
   makeOverlay(text1);
-  vScroll1 = scrollBar(m_window, "VScroll1", {kListScrollX, kListTop, kScrollWidth, kListPitch * (kListLines + 1)},
-                       kListLines);
-  vScroll1->setRange(0, kListScrollMax);
+  vScroll1 =
+      uprightScrollBar(m_window, "VScroll1",
+                       {kListScrollX, kListTop, kScrollBarWidth, kListPitch * (kCurveListLines + 1)}, kCurveListLines);
 }
 
 void CurveControls::makeCurves(CanvasWidget::Drawing drawing) {
@@ -210,13 +202,13 @@ void CurveControls::makeTable() {
   }
   text2 = edit("Text2", {InputName::ResultCell}, kTableX, kTableTop, kFirstColumnWidth);
   makeOverlay(text2);
-  vScroll2 =
-      scrollBar(m_window, "VScroll2", {kTableScrollX, kTableTop, kScrollWidth, kTablePitch * kTableLines}, kTableLines);
+  vScroll2 = uprightScrollBar(m_window, "VScroll2",
+                              {kTableScrollX, kTableTop, kScrollBarWidth, kTablePitch * kTableLines}, kTableLines);
 }
 
 void CurveControls::makeDocumentFields() {
   int y = kDocumentTop;
-  caption(curve_captions::kProjectName, kDocumentX, y, kDocumentFieldX - kDocumentX);
+  caption(document_captions::kProjectName, kDocumentX, y, kDocumentFieldX - kDocumentX);
   text5 = edit("Text5", {InputName::ProjectName}, kDocumentFieldX, y, kDocumentFieldWidth);
   y += kDocumentPitch;
 
@@ -229,7 +221,7 @@ void CurveControls::makeDocumentFields() {
   }
   y += kDocumentPitch;
 
-  caption(curve_captions::kArchiveNo, kDocumentX, y, kDocumentFieldX - kDocumentX);
+  caption(document_captions::kArchiveNo, kDocumentX, y, kDocumentFieldX - kDocumentX);
   textW[3] = edit(arrayName("TextW", 3), {InputName::SecondTitleLine}, kDocumentFieldX, y, kDocumentFieldWidth);
   y += kDocumentPitch;
 

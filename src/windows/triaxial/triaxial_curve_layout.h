@@ -27,8 +27,8 @@ struct CurveControls {
   std::vector<std::pair<RecordEdit*, Input>> edits;
 
   // The list of samples
-  std::array<ClickLabel*, kListLines + 1> label5{};
-  std::array<ClickLabel*, 2 * (kListLines + 1)> label1{};
+  std::array<ClickLabel*, kCurveListLines + 1> label5{};
+  std::array<ClickLabel*, 2 * (kCurveListLines + 1)> label1{};
   RecordEdit* text1 = nullptr;  // lies over a cell of Label1
   QScrollBar* vScroll1 = nullptr;
 

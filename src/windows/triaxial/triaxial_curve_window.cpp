@@ -1,56 +1,27 @@
 #include "windows/triaxial/triaxial_curve_window.h"
 
-#include <QClipboard>
 #include <QContextMenuEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScrollBar>
-#include <QSignalBlocker>
 #include <QWheelEvent>
 #include <optional>
 #include <utility>
 
+#include "windows/controls/cell_keys.h"
 #include "windows/controls/click_label.h"
+#include "windows/controls/copied_table.h"
 #include "windows/controls/record_edit.h"
+#include "windows/controls/scroll_bars.h"
 #include "windows/controls/words.h"
 
 namespace triaxlab {
 namespace {
 
-template <class Key>
-struct KeyRow {
-  int toolkitKey;
-  Key key;
-};
-constexpr KeyRow<CellKey> kCellKeys[] = {
-    {Qt::Key_Up, CellKey::Up},         {Qt::Key_Down, CellKey::Down},         {Qt::Key_Left, CellKey::Left},
-    {Qt::Key_Right, CellKey::Right},   {Qt::Key_Return, CellKey::Enter},      {Qt::Key_Enter, CellKey::Enter},
-    {Qt::Key_PageUp, CellKey::PageUp}, {Qt::Key_PageDown, CellKey::PageDown},
-};
 constexpr KeyRow<MethodKey> kMethodKeys[] = {{Qt::Key_End, MethodKey::End},
                                              {Qt::Key_1, MethodKey::One},
                                              {Qt::Key_2, MethodKey::Two},
                                              {Qt::Key_3, MethodKey::Three}};
-
-constexpr KeyRow<ArrowKey> kArrowKeys[] = {{Qt::Key_Left, ArrowKey::Left},
-                                           {Qt::Key_Right, ArrowKey::Right},
-                                           {Qt::Key_Up, ArrowKey::Up},
-                                           {Qt::Key_Down, ArrowKey::Down}};
-
-template <class Key, std::size_t N>
-std::optional<Key> keyOf(const QKeyEvent& event, const KeyRow<Key> (&table)[N]) {
-  for (const KeyRow<Key>& row : table)
-    if (row.toolkitKey == event.key()) return row.key;
-  return std::nullopt;
-}
-
-void showValue(QScrollBar* bar, int value) {
-  const QSignalBlocker blocked(bar);
-  bar->setValue(value);
-}
 
 /// Lays an edit box over the label that it stands for, or lets Tab come to the label on which the box would open. A box
 /// that goes leaves the focus to the canvas, not to whatever comes next: the person would type there unawares.
@@ -69,10 +40,6 @@ void showOverlay(RecordEdit* box, const OpenCellState& now, const OpenCellState&
     box->showText(words(now.text));
   }
   box->setVisible(now.visible);
-}
-
-CursorPlace cursorOf(const RecordEdit& edit) {
-  return {.atStart = edit.cursorPosition() == 0, .atEnd = edit.cursorPosition() == edit.text().size()};
 }
 
 }  // namespace
@@ -116,8 +83,8 @@ void Form1::connectList() {
 }
 
 bool Form1::keyInCell(RecordEdit* box, const QKeyEvent& event, bool (CurveSession::*keyIn)(CellKey, CursorPlace)) {
-  const std::optional<CellKey> key = keyOf(event, kCellKeys);
-  if (!key || event.modifiers().testFlag(Qt::ShiftModifier)) return false;
+  const std::optional<CellKey> key = cellKeyOf(event);
+  if (!key) return false;
   bool leftCell = false;
   act([&] { leftCell = (m_session.*keyIn)(*key, cursorOf(*box)); });
   if (leftCell) startTyping(box);
@@ -260,24 +227,21 @@ void Form1::keyPressEvent(QKeyEvent* event) {
   const QWidget* const focus = focusWidget();
   const bool ofTable = focus == m_controls.vScroll2 || focus == m_controls.command1 || focus == m_controls.command2;
   if (ofTable)
-    copyTable();
+    copyResults();
   else
     m_controls.picture1->copyPicture();
 }
 
 void Form1::contextMenuEvent(QContextMenuEvent* event) {
   if (!isOnTable(event->pos())) return event->ignore();
-  auto* const menu = new QMenu(this);
-  menu->setAttribute(Qt::WA_DeleteOnClose);
-  menu->addAction("复制数据表\tCtrl+C", this, &Form1::copyTable);
-  menu->popup(event->globalPos());
+  popupTableMenu(this, event->globalPos(), [this] { copyResults(); });
 }
 
 bool Form1::isOnTable(QPoint place) const {
   return m_controls.label2.front()->geometry().united(m_controls.label2.back()->geometry()).contains(place);
 }
 
-void Form1::copyTable() const { QGuiApplication::clipboard()->setText(words(m_session.tableText())); }
+void Form1::copyResults() const { copyTable(m_session.tableText()); }
 
 // ---- what the shell asks
 
@@ -324,7 +288,7 @@ EnvelopeEntries Form1::envelopeEntries() const {
   return {.ratioEnabled = m_shown.ratioEnvelope.enabled, .ratioChecked = m_shown.ratioEnvelope.checked};
 }
 
-std::array<std::string, 2> Form1::statusPanels() const { return {m_shown.projectPanel, m_shown.datePanel}; }
+std::array<std::string, 2> Form1::statusPanels() const { return m_shown.statusPanels; }
 
 // ---- what the window shows
 
@@ -360,7 +324,7 @@ void Form1::showList(const CurveState& now) {
     show(m_controls.label1.at(2 * line), now.list.at(line).project);
     show(m_controls.label1.at(2 * line + 1), now.list.at(line).sample);
   }
-  showValue(m_controls.vScroll1, now.listTop);
+  showScroll(m_controls.vScroll1, now.listTop, now.listScrollMax);
   showOverlay(m_controls.text1, now.listCell, m_shown.listCell, m_controls.label1, m_controls.picture1);
 }
 
@@ -394,9 +358,7 @@ void Form1::showTable(const CurveState& now) {
   };
   show(m_controls.columnHeads, now.columnHeads, m_shown.columnHeads);
   show(m_controls.label2, now.tableCells, m_shown.tableCells);
-  const QSignalBlocker blocked(m_controls.vScroll2);
-  m_controls.vScroll2->setRange(0, now.tableScrollMax);
-  m_controls.vScroll2->setValue(now.tableTop);
+  showScroll(m_controls.vScroll2, now.tableTop, now.tableScrollMax);
   showOverlay(m_controls.text2, now.resultCell, m_shown.resultCell, m_controls.label2, m_controls.picture1);
 }
 

@@ -64,7 +64,7 @@ class Form1 : public DocumentWidget, public CurveDocument {
   void openCell(RecordEdit* overlay, void (CurveSession::*select)(int), int label);
   void tellMouse(std::optional<Point> place);
   bool isOnTable(QPoint place) const;
-  void copyTable() const;
+  void copyResults() const;
 
   void showState() override;
   void showList(const CurveState& now);

@@ -41,7 +41,7 @@ TEST_F(CurveSessionList, HeadsFollowTheLaboratorysLabels) {
   const CurveState now = CurveSession(workspace).state();
   EXPECT_EQ(now.list[0].project, "合同号");
   EXPECT_EQ(now.list[0].sample, "野外编号");
-  EXPECT_EQ(now.projectPanel, "合同号:");
+  EXPECT_EQ(now.statusPanels[0], "合同号:");
 }
 
 TEST_F(CurveSessionList, AnOpenedTableHasNoBoxOverItsFirstCell) {
@@ -63,7 +63,7 @@ TEST_F(CurveSessionList, AClickLaysTheBoxOverTheCellAndShowsItsSample) {
   EXPECT_EQ(session.sampleRow(), 3U);
   session.selectListCell(8);
   EXPECT_EQ(session.state().listCell.text, "GC1");
-  EXPECT_EQ(session.state().projectPanel, "工程编号:GC1");
+  EXPECT_EQ(session.state().statusPanels[0], "工程编号:GC1");
 }
 
 TEST_F(CurveSessionList, AClickOnAHeadDoesNothing) {
@@ -138,8 +138,8 @@ TEST_F(CurveSessionList, AnEmptyTableIsReadyForTyping) {
   EXPECT_EQ(now.listCell.text, "");
   EXPECT_EQ(now.list[1].project, "");
   EXPECT_EQ(now.list[20].number, "20");
-  EXPECT_EQ(now.projectPanel, "工程编号:");
-  EXPECT_EQ(now.datePanel, "试验日期:");
+  EXPECT_EQ(now.statusPanels[0], "工程编号:");
+  EXPECT_EQ(now.statusPanels[1], "试验日期:");
   EXPECT_EQ(now.shearMode, "多样剪");
   EXPECT_EQ(now.testMethod, "");
   EXPECT_FALSE(session.isChanged());
@@ -175,7 +175,7 @@ TEST_F(CurveSessionList, LoadStartsOverOnTheNewTable) {
   EXPECT_EQ(now.currentTablePage, 3);
   EXPECT_FALSE(now.listCell.visible);
   EXPECT_EQ(now.soilName, "");
-  EXPECT_EQ(now.projectPanel, "工程编号:GC2");
+  EXPECT_EQ(now.statusPanels[0], "工程编号:GC2");
   EXPECT_FALSE(session.isChanged());
 }
 
@@ -185,9 +185,9 @@ TEST_F(CurveSessionList, TheDateIsTheRecordsOrElseItsProjects) {
   SetText(workspace.ProjectDateTable[1].projectNo, "GC1");
   SetText(workspace.ProjectDateTable[1].testDate, "2020-01-02");
   CurveSession session(workspace);
-  EXPECT_EQ(session.state().datePanel, "试验日期:2021/03/04");
+  EXPECT_EQ(session.state().statusPanels[1], "试验日期:2021/03/04");
   session.selectListCell(4);
-  EXPECT_EQ(session.state().datePanel, "试验日期:2020-01-02");
+  EXPECT_EQ(session.state().statusPanels[1], "试验日期:2020-01-02");
 }
 
 }  // namespace

@@ -112,7 +112,7 @@ TEST_P(OtherKinds, TheNamesInTheSettingsStayAndNoDateIsStored) {
   EXPECT_EQ(settings.readText({910, 60}), "\xD5\xC5\xC8\xFD");
   EXPECT_EQ(settings.readText({970, 60}), "Li Si");
   EXPECT_EQ(settings.readText({1030, 60}), "");
-  workspace.typedDateTexts[1] = " Wang ";
+  workspace.textsOf(GetParam().kind).typedDateTexts[1] = " Wang ";
   save();
   EXPECT_EQ(settings.readText({910, 60}), "\xD5\xC5\xC8\xFD");
   EXPECT_EQ(settings.readText({970, 60}), "Wang");
@@ -179,7 +179,7 @@ TEST_P(OtherKinds, WhatWasSavedIsOpenedAgain) {
 // ---- The summary file
 
 TEST_P(OtherKinds, ANewSampleGetsASummaryRecordOfNameAndPlace) {
-  SampleLocation& location = workspace.SampleDisplayTable[0];
+  SampleLocation& location = workspace.textsOf(GetParam().kind).SampleDisplayTable[0];
   SetText(location.boreholeNo, "ZK12");
   SetText(location.samplingDepth, "10.2-10.5");
   SetText(location.samplingSpot, "  north bank");
@@ -206,6 +206,32 @@ TEST_P(OtherKinds, AKnownSampleKeepsAllThatIsNotOfThisTest) {
   EXPECT_SAME_BYTES(read("ZMSJ/KHZP1.txt"), newSummaryHeaderBytes("0001", "P1") + wanted);
 }
 
+TEST_P(OtherKinds, WhatTheTriaxialWindowShowsStaysOutOfTheSave) {
+  DocumentTexts& triaxial = workspace.textsOf(ProjectKind::Triaxial);
+  SetText(triaxial.SampleDisplayTable[0].boreholeNo, "ZK9");
+  triaxial.projectName = {.text = "another project", .typed = true, .projectNo = {}};
+  triaxial.typedDateTexts[0] = "Wu";
+  setSample(0, sample("S1"));
+  save();
+  std::string wanted = newSummaryRecordBytes();
+  put(wanted, 3, "0001" + field("S1", 15) + std::string(30, ' '));
+  EXPECT_SAME_BYTES(read("ZMSJ/KHZP1.txt"), newSummaryHeaderBytes("0001", "P1") + wanted);
+  EXPECT_EQ(sharedSettings(workspace).readText({910, 60}), "");
+}
+
+TEST_P(OtherKinds, AnOpenedProjectLeavesTheTextsOfTheTriaxialWindow) {
+  setSample(0, sample("S1"));
+  save();
+  DocumentTexts& triaxial = workspace.textsOf(ProjectKind::Triaxial);
+  SetText(triaxial.SampleDisplayTable[0].boreholeNo, "ZK9");
+  SetText(triaxial.controlledDocNo, "QR-07");
+  triaxial.projectName.text = "another project";
+  EXPECT_THAT(openProject(workspace, GetParam().kind, GetParam().prefix + "P1.txt", nullptr), IsEmpty());
+  EXPECT_EQ(triaxial.SampleDisplayTable[0].boreholeNo.trimmed(), "ZK9");
+  EXPECT_EQ(triaxial.controlledDocNo.trimmed(), "QR-07");
+  EXPECT_EQ(triaxial.projectName.text, "another project");
+}
+
 TEST_P(OtherKinds, LocationsAreReadForTheRowsOfTheTable) {
   std::string known = newSummaryRecordBytes();
   put(known, 7, field("S2", 15) + field("ZK2", 15) + field("3.0", 15));
@@ -213,9 +239,9 @@ TEST_P(OtherKinds, LocationsAreReadForTheRowsOfTheTable) {
   setSample(0, sample("S1"));
   setSample(1, sample("S2"));
   EXPECT_THAT(readLocations(workspace, GetParam().kind), IsEmpty());
-  EXPECT_TRUE(workspace.SampleDisplayTable[0].boreholeNo.isBlank());
-  EXPECT_EQ(workspace.SampleDisplayTable[1].boreholeNo.trimmed(), "ZK2");
-  EXPECT_EQ(workspace.SampleDisplayTable[1].samplingDepth.trimmed(), "3.0");
+  EXPECT_TRUE(workspace.textsOf(GetParam().kind).SampleDisplayTable[0].boreholeNo.isBlank());
+  EXPECT_EQ(workspace.textsOf(GetParam().kind).SampleDisplayTable[1].boreholeNo.trimmed(), "ZK2");
+  EXPECT_EQ(workspace.textsOf(GetParam().kind).SampleDisplayTable[1].samplingDepth.trimmed(), "3.0");
 }
 
 // ---- What differs between them
