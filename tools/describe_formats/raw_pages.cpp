@@ -157,11 +157,6 @@ blocks, or before the first marker, is passed over.
   return page.markdown();
 }
 
-constexpr std::string_view kYetToCome = R"(
-Known by its layout, so that another reader refuses it by name; its own reader is not part of this version. The layout is
-taken from descriptions and has not yet met a file of the apparatus.
-)";
-
 constexpr std::string_view kUnconfinedReadings = R"(
 Word i of the readings is row i of the sample's record. The word −30000 stands for a reading that was not taken: reading,
 strain and stress of its row stay blank.
@@ -207,11 +202,22 @@ A specimen replaces its side of the row of its sample whole; a later one of the 
 std::string kgjPage() {
   Page page("KGJSJ.KU: the K0 apparatus");
   page.text(R"(
-Told in `src/importers/k0_ku.cpp`. The index is that of [HSZSJ.KU](automatic-triaxial-ku.md).
+Told in `src/importers/k0_kgj.cpp`. The index is that of [HSZSJ.KU](automatic-triaxial-ku.md); the first two places of
+the entry's tail are the number of the bench.
 
     block = stations                              as many as the groups of the index entry
+
+Loads, deformations and lateral pressures are written with three decimals, the word divided by 1000: a load of 400 becomes
+0.400, and only a file of the apparatus can tell whether that is kPa or MPa. Ko doesn't depend on it. A word of -30000 is no
+reading. Stages up to the stage count are written, those behind it are blank.
+
+## What a file of the apparatus has yet to settle
+
+That a station has 2136 bytes and counts in thousandths is known. Everything else in the record below, and that the groups
+of the entry are its stations, is this program's own reading, from descriptions. A file of a laboratory would be met by
+moving the members of `KgjStationRecord`, which the compiler then holds to the record's size; divisor and decimals stand in
+`kStageWords` beside it.
 )");
-  page.text(kYetToCome);
   addLayouts(page, "k0-kgj");
   return page.markdown();
 }
@@ -219,17 +225,52 @@ Told in `src/importers/k0_ku.cpp`. The index is that of [HSZSJ.KU](automatic-tri
 std::string hgjPage() {
   Page page("HGJSJ.KU: the newer K0 apparatus");
   page.text(R"(
-Told in `src/importers/k0_ku.cpp`. The index is that of [HSZSJ.KU](automatic-triaxial-ku.md).
+Told in `src/importers/k0_hgj.cpp`, the calibration in `src/importers/pressure_calibration.h`. The index is that of
+[HSZSJ.KU](automatic-triaxial-ku.md).
 
-    block = header, readings
-    readings = 31 x uint32 (elapsed seconds), series        modes 1 and 2
-             | six bytes for each stage of each station     mode 3
+    block = header, [224 bytes], readings         the 224 bytes when sixteen unconfined stations are recorded as well
+    readings = times, series                      modes 1 and 2
+             | stage ends of each station         mode 3
+    times = 31 x int32                            seconds since the beginning of a stage; 0: no reading
+    series: the reading of a row, stage and station (all from 0) lies at ((row x 10 + stage) x 64 + station) x 4
+    stage ends: those of a station (from 0) lie at station x stride, six bytes for each stage
 
 The header has places for 64 stations. Of the ten bytes in `stationFlags` that each has, byte 0 tells its kind: 0 empty,
 1 compression, 2 consolidation, 3 single line of loess, 4 K0, 5 double line of loess. Byte 2, modulo 10, is its row of
-the load table, counted from 1; 0 means no loads. Byte 4 is its recording mode.
+the load table, counted from 1; 0 means no loads. Byte 4 is its recording mode. Only K0 stations whose project number is
+that of the index, or blank, are taken. The first load of 0 ends a row of the load table. Stations of different modes in one
+block all count from the beginning of the readings.
+
+A series goes into the TK0 table up to the last row that has a time. The K0 table takes its last row as the end of each
+stage in mode 2, and in mode 1 nothing but the loads. A word of -30000 is no reading.
+
+## Calibration: KGJYBXL1.TB to KGJYBXL7.TB
+
+Raw lateral pressures go through the table of their channel, which is the station. The files lie in the source folder, are
+text of GBK with LF or CR LF, and are read in the order of their numbers:
+
+    some lines, of which one has 123456 in it
+    a line of 22 raw points, in columns of seven bytes from the fifth byte on
+    a line for each channel with the 22 pressures at these points, in the same columns
+
+The first file gives the raw points of all; the channels of the next follow those of the one before, 64 at most. A file
+without a line with 123456 is passed over; a blank line between channels is a channel of zeros, as is a column that is no
+number. Between two points the pressure goes straight; outside the points, of a channel that doesn't exist and without any
+table it is 0, and a remark says what was missing.
+
+## What a file of the apparatus has yet to settle
+
+Known are the header with the stations, kinds and loads, the 224 bytes, the deformation of a stage end, and of the
+calibration the columns and the line with 123456. This program's own reading, from descriptions, is:
+
+- that the stride of mode 3 is the word at 2174, and the third word of a stage end the raw lateral pressure;
+- the whole of modes 1 and 2: the times in front, the order of the series, its two words;
+- that the channel of a station is its number, the line behind 123456 holds the raw points, and channels run on from file
+  to file.
+
+A file of a laboratory would be met in one place each: the members of `HgjBlockHeader`, `StageEndWords` and `SeriesWords`,
+the functions `readingsOfStageEnds` and `placeInSeries`, and `PressureCalibration::add`.
 )");
-  page.text(kYetToCome);
   addLayouts(page, "k0-hgj");
   return page.markdown();
 }
@@ -242,8 +283,8 @@ constexpr std::array kRawPages{
     FormatPage{"nanjing-triaxial-szd.md", "`*.SZD`: Nanjing triaxial apparatus (read only)", nanjingPage},
     FormatPage{"unconfined-kzj-ku.md", "`KZJSJ.KU`: unconfined compression apparatus (read only)", kzjPage},
     FormatPage{"unconfined-hwx-ku.md", "`HWXSJ.KU`: newer unconfined compression apparatus (read only)", hwxPage},
-    FormatPage{"k0-kgj-ku.md", "`KGJSJ.KU`: K0 apparatus (known, not yet read)", kgjPage},
-    FormatPage{"k0-hgj-ku.md", "`HGJSJ.KU`: newer K0 apparatus (known, not yet read)", hgjPage},
+    FormatPage{"k0-kgj-ku.md", "`KGJSJ.KU`: K0 apparatus (read only)", kgjPage},
+    FormatPage{"k0-hgj-ku.md", "`HGJSJ.KU`: newer K0 apparatus, and its calibration (read only)", hgjPage},
 };
 
 const FormatPage& rawPageOf(const Importer& importer) {

@@ -1,8 +1,11 @@
 #include "sessions/dialogs/import_selection.h"
 
+#include <fmt/core.h>
+
 #include <optional>
 
 #include "importers/import_fixture.h"
+#include "importers/k0_builder.h"
 #include "store/settings/settings_file.h"
 
 namespace triaxlab::testing {
@@ -209,6 +212,90 @@ TEST_F(Selection, TellsWhatIsMissingOfTheIndex) {
   EXPECT_EQ(selection.rowCount(), 2U);
   EXPECT_EQ(selection.state().label1, "文件总数: 02");
   EXPECT_EQ(selection.remarks().size(), 1U);
+}
+
+// ---- a source of which one project can be read at a time
+
+/// Two rows of P1 around one of P2, and one of P1 whose first station is of another kind.
+class OneProject : public Selection {
+ protected:
+  OneProject() : selection(*importerOfId("k0-hgj"), workspace) {
+    workspace.sourceFolder = folder.path().string();
+    std::vector<Entry> entries;
+    for (const char* project : {"P1", "P2", "P1", "P1"}) {
+      HgjBlock block;
+      block.stations = {{.number = 1, .sampleNo = "S" + std::to_string(entries.size() + 1), .mode = 0}};
+      if (entries.size() == 3) block.stations.push_back({.number = 0, .kind = 1});
+      entries.push_back(hgjEntry(block));
+      entries.back().projectNo = project;
+    }
+    selection.open(folder.write("HGJSJ.KU", kuFile(entries)));
+  }
+
+  ImportSelection selection;
+};
+
+TEST_F(OneProject, ARowOfAnotherProjectOrTestIsRefused) {
+  EXPECT_EQ(selection.state().label2, "选中工程:");
+  selection.toggleMark(1, dialogs);
+  EXPECT_EQ(selection.state().label2, "选中工程:P1");
+  for (const std::size_t row : {2, 4}) {
+    selection.toggleMark(row, dialogs);
+    EXPECT_FALSE(selection.isMarked(row));
+  }
+  EXPECT_EQ(dialogs.messages,
+            std::vector<std::string>(2, "打开K0试验原始数据|与已选的工程编号或试验内容不同，不能同时处理"));
+  selection.toggleMark(3, dialogs);
+  EXPECT_TRUE(selection.isMarked(3));
+  // Without marks every row may be the first again.
+  selection.toggleMark(1, dialogs);
+  selection.toggleMark(3, dialogs);
+  selection.toggleMark(2, dialogs);
+  EXPECT_EQ(selection.state().label2, "选中工程:P2");
+}
+
+TEST_F(OneProject, ReadingStaysOnWhenTheLastMarkIsGoneAndSaysSo) {
+  EXPECT_FALSE(selection.state().canRead);
+  selection.toggleMark(1, dialogs);
+  selection.toggleMark(1, dialogs);
+  EXPECT_TRUE(selection.state().canRead);
+  EXPECT_EQ(selection.state().label2, "选中工程:");
+  EXPECT_EQ(selection.read(dialogs), std::nullopt);
+  EXPECT_EQ(dialogs.messages, std::vector<std::string>{"打开K0试验原始数据|对不起，你没有选中数据"});
+  EXPECT_FALSE(workspace.rawImportPending);
+}
+
+TEST_F(OneProject, AnImportWithoutAK0StationShowsItsMessage) {
+  selection.toggleMark(1, dialogs);
+  EXPECT_EQ(selection.read(dialogs)->samples, 1U);
+  EXPECT_TRUE(dialogs.messages.empty());
+  HgjBlock block;
+  block.stations = {{.kind = 1}};
+  selection.open(folder.write("HGJSJ.KU", kuFile({hgjEntry(block)})));
+  EXPECT_FALSE(selection.state().canRead) << "another database";
+  selection.toggleMark(1, dialogs);
+  EXPECT_EQ(selection.read(dialogs)->samples, 0U);
+  EXPECT_EQ(dialogs.messages, std::vector<std::string>{"打开K0试验原始数据|没有K0试验数据..."});
+}
+
+TEST_F(OneProject, TheGridsOfTheSourcesHaveTheirColumns) {
+  const auto headings = [&](const ImportSelection& of) {
+    std::string line;
+    for (const SourceColumn& column : of.columns()) line += fmt::format("{} {};", column.heading, column.width);
+    return line;
+  };
+  EXPECT_EQ(headings(selection), "序号 930;工程编号 1500;试验日期 1500;试验内容 1000;处理选择 1000;");
+  EXPECT_EQ(selection.cell(1, 3), "K0");
+  EXPECT_EQ(selection.cell(4, 3), "压缩");
+  Entry entry = kgjEntry({{.sampleNo = "A"}, {.sampleNo = "B"}});
+  entry.method = '0';  // the first byte of the tail, its second the first place of the project's
+  entry.projectTail = "7";
+  ImportSelection older(*importerOfId("k0-kgj"), workspace);
+  older.open(folder.write("KGJSJ.KU", kuFile({entry})));
+  EXPECT_EQ(headings(older), "序号 930;工程编号 1500;试验日期 1500;Ko试验 900;台号 700;数据特征 1500;处理选择 1000;");
+  EXPECT_EQ(older.cell(1, 3), "2");
+  EXPECT_EQ(older.cell(1, 4), "07");
+  EXPECT_EQ(older.cell(1, 5), "试验数据");
 }
 
 // ---- the limit of marks, with a source of more rows than a .KU index lists
