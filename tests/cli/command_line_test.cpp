@@ -82,7 +82,6 @@ TEST_F(CommandLine, EveryCommandDoesTheStepsOfTheStart) {
 
 TEST_F(CommandLine, WhatThisVersionLacksIsSaidInOneSentence) {
   const std::vector<std::vector<std::string>> lacking{
-      {"import", "unconfined-win", "x.dat"},
       {"open", "k0", "KO1.txt", "--show", "1"},
       {"print", "triaxial", "WKSZ1.txt", "--layout", "chart", "--out", "x.pdf"},
       {"print", "k0", "KO1.txt", "--layout", "k0", "--out", "x.pdf"},
