@@ -35,7 +35,7 @@ bool ListedSession::isEmpty() const {
 void ListedSession::showSample() {
   finishTyping();
   takePicture();
-  ++m_pictureNumber;
+  pictureChanged();
 }
 
 void ListedSession::markSaved() {

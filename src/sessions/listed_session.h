@@ -148,6 +148,8 @@ class ListedSession {
   void markChanged() { m_changed = true; }
   /// Draws the sample on display anew.
   void showSample();
+  /// What is drawn over the sample has changed, the sample hasn't.
+  void pictureChanged() { ++m_pictureNumber; }
 
  private:
   EditableField fieldOf(ListedInput input) const;

@@ -38,6 +38,8 @@ class ShellSession {
   /// F4: leaves the intervention that runs, whichever window is in front, or begins one in the curve window. False when
   /// the key means nothing now.
   bool interventionKey();
+  /// Some window is being worked on by 干预.
+  bool interventionRuns() const { return interventionEntry().running; }
 
   // The status bar
   /// 就绪 or the last remark; project; test date.

@@ -4,6 +4,8 @@
 #include <array>
 #include <stdexcept>
 
+#include "windows/k0/k0_window.h"
+#include "windows/k0/tk0_window.h"
 #include "windows/triaxial/consolidation_table_window.h"
 #include "windows/triaxial/data_table_window.h"
 #include "windows/triaxial/triaxial_curve_window.h"
@@ -18,12 +20,17 @@ FailureMode checkedFailureMode(ShellWindows& windows) {
   return curves != nullptr ? curves->envelopeEntries().checkedMode() : FailureMode::PeakStress;
 }
 
-LoadedDocument makeCurves(const DocumentHost& host) {
-  auto* const form = new Form1(host.workspace, host.dialogs, host.shell);
-  QObject::connect(form, &Form1::closed, form, [closed = host.closed] { closed(kForm1); });
-  QObject::connect(form, &Form1::refreshed, form, [&windows = host.windows] { windows.refresh(); });
-  QObject::connect(form, &Form1::readoutChanged, form, host.showHelp);
+/// What a window of samples with charts tells the main window.
+template <class Form>
+LoadedDocument connectCharts(Form* form, ActiveDocument document, const DocumentHost& host) {
+  QObject::connect(form, &Form::closed, form, [closed = host.closed, document] { closed(document); });
+  QObject::connect(form, &Form::refreshed, form, [&windows = host.windows] { windows.refresh(); });
+  QObject::connect(form, &Form::readoutChanged, form, host.showHelp);
   return {form, form, [form] { form->load(); }, [] {}, [] {}};
+}
+
+LoadedDocument makeCurves(const DocumentHost& host) {
+  return connectCharts(new Form1(host.workspace, host.dialogs, host.shell), kForm1, host);
 }
 
 /// Form2 and Form7 open for the sample that Form1 has on display and stay with its row, which may hold another sample
@@ -51,6 +58,12 @@ LoadedDocument makeConsolidationTable(const DocumentHost& host) {
           [form, &windows] { form->followRecord(checkedFailureMode(windows), windows.curveDocument() != nullptr); }};
 }
 
+/// A window over a list of samples of its own.
+template <class Form, ActiveDocument document>
+LoadedDocument makeListed(const DocumentHost& host) {
+  return connectCharts(new Form(host.workspace, host.shell), document, host);
+}
+
 struct WindowOfDocument {
   ActiveDocument document;
   LoadedDocument (*make)(const DocumentHost& host);
@@ -59,6 +72,8 @@ constexpr std::array kWindows{
     WindowOfDocument{kForm1, makeCurves},
     WindowOfDocument{kForm2, makeDataTable},
     WindowOfDocument{kForm7, makeConsolidationTable},
+    WindowOfDocument{kForm6, makeListed<Form6, kForm6>},
+    WindowOfDocument{kForm9, makeListed<Form9, kForm9>},
 };
 
 }  // namespace

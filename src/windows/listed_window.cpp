@@ -18,8 +18,10 @@ namespace triaxlab {
 namespace {
 
 // Twips throughout.
-constexpr int kBoxHeight = 300, kHeadsY = 5250, kLinesTop = 5600, kLinePitch = 350;
-constexpr int kScrollHeight = 1700;
+constexpr int kBoxHeight = 300;
+// List and readings, from the upper edge of both.
+constexpr Place kTables{0, 5250, 11400, 1750};
+constexpr int kHeadsY = 0, kLinesTop = 350, kLinePitch = 350, kScrollHeight = 1700;
 // The list.
 constexpr int kNumbersX = 1300, kNumberPitch = 1600, kNumberWidth = 1550;
 constexpr int kListRuleX = 800, kListRuleEnd = 4450, kListBarX = 4500;
@@ -67,7 +69,9 @@ std::vector<Place> cellPlaces(int columns, int x, int pitch, int width) {
 }  // namespace
 
 ListedWindow::ListedWindow(ShellSession& shell, ActiveDocument document, std::unique_ptr<ListedSession> session)
-    : DocumentWidget(shell, document), m_session(std::move(session)) {}
+    : DocumentWidget(shell, document), m_session(std::move(session)), m_tables(new QWidget(this)) {
+  m_tables->setGeometry(rectangle(kTables));
+}
 
 ListedWindow::~ListedWindow() {
   // A box that loses the focus while the window goes down has nobody to tell any more.
@@ -90,8 +94,8 @@ CanvasWidget* ListedWindow::addChart(const char* name, Place place, CanvasWidget
   return chart;
 }
 
-ClickLabel* ListedWindow::caption(const QString& text, Place place) {
-  auto* const label = new ClickLabel(this, text);
+ClickLabel* ListedWindow::caption(QWidget* parent, const QString& text, Place place) {
+  auto* const label = new ClickLabel(parent, text);
   label->setGeometry(rectangle(place));
   return label;
 }
@@ -114,10 +118,11 @@ void ListedWindow::makeLowerHalf(ReadingColumns columns) {
 void ListedWindow::makeList() {
   for (int column = 0; column < static_cast<int>(m_listHeads.size()); ++column)
     m_listHeads.at(static_cast<std::size_t>(column)) =
-        caption({}, {kNumbersX + kNumberPitch * column, kHeadsY, kNumberWidth, kBoxHeight});
-  m_list = new CellBlock(this, {"Text1", "Label3"}, cellPlaces(2, kNumbersX, kNumberPitch, kNumberWidth));
-  for (int line = 0; line < kListedLines; ++line) rule(this, kListRuleX, kListRuleEnd, line);
-  m_listBar = uprightScrollBar(this, "VScroll1", {kListBarX, kHeadsY, kScrollBarWidth, kScrollHeight}, kListedLines);
+        caption(m_tables, {}, {kNumbersX + kNumberPitch * column, kHeadsY, kNumberWidth, kBoxHeight});
+  m_list = new CellBlock(m_tables, {"Text1", "Label3"}, cellPlaces(2, kNumbersX, kNumberPitch, kNumberWidth));
+  for (int line = 0; line < kListedLines; ++line) rule(m_tables, kListRuleX, kListRuleEnd, line);
+  m_listBar =
+      uprightScrollBar(m_tables, "VScroll1", {kListBarX, kHeadsY, kScrollBarWidth, kScrollHeight}, kListedLines);
   connect(m_listBar, &QScrollBar::valueChanged, this, [this](int top) { act([&] { m_session->scrollList(top); }); });
   connectBlock(*m_list, ListedInputName::Number, &ListedSession::selectNumber, &ListedSession::keyInList,
                &ListedState::list);
@@ -126,18 +131,19 @@ void ListedWindow::makeList() {
 void ListedWindow::makeReadings(ReadingColumns columns) {
   const std::span<const char* const> heads = m_session->form().readingHeads;
   for (std::size_t column = 0; column < heads.size(); ++column)
-    caption(heads[column], {kReadingsX + columns.pitch * static_cast<int>(column), kHeadsY, columns.width, kBoxHeight});
+    caption(m_tables, heads[column],
+            {kReadingsX + columns.pitch * static_cast<int>(column), kHeadsY, columns.width, kBoxHeight});
   for (int line = 0; line < kListedLines; ++line) {
     ClickLabel*& number = m_lineNumbers.at(static_cast<std::size_t>(line));
-    number = caption({}, {kLineNumberX, lineY(line), kLineNumberWidth, kBoxHeight});
+    number = caption(m_tables, {}, {kLineNumberX, lineY(line), kLineNumberWidth, kBoxHeight});
     number->setObjectName(arrayName("Label1", line));
     number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    rule(this, kReadingsRuleX, kReadingsRuleEnd, line);
+    rule(m_tables, kReadingsRuleX, kReadingsRuleEnd, line);
   }
-  m_readings = new CellBlock(this, {"Text2", "Label2"},
+  m_readings = new CellBlock(m_tables, {"Text2", "Label2"},
                              cellPlaces(static_cast<int>(heads.size()), kReadingsX, columns.pitch, columns.width));
   m_readingsBar =
-      uprightScrollBar(this, "VScroll2", {kReadingsBarX, kHeadsY, kScrollBarWidth, kScrollHeight}, kListedLines);
+      uprightScrollBar(m_tables, "VScroll2", {kReadingsBarX, kHeadsY, kScrollBarWidth, kScrollHeight}, kListedLines);
   connect(m_readingsBar, &QScrollBar::valueChanged, this,
           [this](int top) { act([&] { m_session->scrollReadings(top); }); });
   connectBlock(*m_readings, ListedInputName::Reading, &ListedSession::selectReading, &ListedSession::keyInReadings,
@@ -149,6 +155,12 @@ void ListedWindow::makeDocumentTexts() {
     caption(row.caption, {row.captionX, row.y, row.boxX - row.captionX, kBoxHeight});
     edit(row.name, row.input, {row.boxX, row.y, row.width, kBoxHeight})->setAccessibleName(row.caption);
   }
+}
+
+void ListedWindow::showTables(bool visible) {
+  // A box that goes leaves the focus to the chart, not to whatever comes next.
+  if (!visible && m_tables->isAncestorOf(focusWidget())) m_charts.front()->setFocus();
+  m_tables->setVisible(visible);
 }
 
 // ---- what a person does
@@ -176,8 +188,9 @@ void ListedWindow::tellMouse(const std::string& readout) {
 }
 
 void ListedWindow::wheelEvent(QWheelEvent* event) {
-  if (event->position().y() < m_listBar->y()) return;
-  const bool overList = event->position().x() <= m_listBar->geometry().right();
+  const QPointF place = m_tables->mapFrom(this, event->position());
+  if (m_tables->isHidden() || place.y() < 0) return;
+  const bool overList = place.x() <= m_listBar->geometry().right();
   if (!overList || m_listBar->isEnabled()) (overList ? m_listBar : m_readingsBar)->event(event);
 }
 
@@ -197,7 +210,7 @@ void ListedWindow::contextMenuEvent(QContextMenuEvent* event) {
 
 bool ListedWindow::isOnReadings(QPoint place) const {
   const QRect cells = m_readings->box(0)->geometry().united(m_readings->box(m_readings->count() - 1)->geometry());
-  return cells.contains(place);
+  return m_tables->isVisible() && cells.contains(m_tables->mapFrom(this, place));
 }
 
 void ListedWindow::copyReadings() const { copyTable(m_session->tableText()); }

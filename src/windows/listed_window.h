@@ -56,7 +56,7 @@ class ListedWindow : public DocumentWidget, public DocumentWindow {
   /// A canvas of the session's picture that can be magnified; `readout` tells the values at a place of it.
   CanvasWidget* addChart(const char* name, Place place, CanvasWidget::Drawing drawing, CanvasWidget::Edges edges,
                          std::function<std::string(Point)> readout);
-  ClickLabel* caption(const QString& text, Place place);
+  ClickLabel* caption(const QString& text, Place place) { return caption(this, text, place); }
   /// An edit box for an input of the session.
   RecordEdit* edit(const QString& name, ListedInput input, Place place);
   void makeLowerHalf(ReadingColumns columns);
@@ -64,6 +64,9 @@ class ListedWindow : public DocumentWidget, public DocumentWindow {
   virtual void showUpperHalf(const ListedState& /*now*/) {}
 
   const std::vector<CanvasWidget*>& charts() const { return m_charts; }
+  ListedSession& session() const { return *m_session; }
+  /// List and readings may give way to something else.
+  void showTables(bool visible);
 
   void showState() override;
   void wheelEvent(QWheelEvent* event) override;
@@ -73,6 +76,7 @@ class ListedWindow : public DocumentWidget, public DocumentWindow {
  private:
   using KeyInBlock = bool (ListedSession::*)(CellKey, CursorPlace);
 
+  static ClickLabel* caption(QWidget* parent, const QString& text, Place place);
   void makeList();
   void makeReadings(ReadingColumns columns);
   void makeDocumentTexts();
@@ -91,6 +95,7 @@ class ListedWindow : public DocumentWidget, public DocumentWindow {
   std::vector<CanvasWidget*> m_charts;
   /// The edit boxes with what each of them stands for; those of list and readings are their blocks' own.
   std::vector<std::pair<RecordEdit*, ListedInput>> m_edits;
+  QWidget* m_tables;  // holds list and readings
   CellBlock* m_list = nullptr;
   CellBlock* m_readings = nullptr;
   std::array<ClickLabel*, 2> m_listHeads{};

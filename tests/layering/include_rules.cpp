@@ -51,6 +51,7 @@ constexpr std::array kRooms{
     Room{"windows", 9},
     Room{"windows/controls", 9},
     Room{"windows/dialogs", 9},
+    Room{"windows/k0", 9},
     Room{"windows/play", 9},
     Room{"windows/triaxial", 9},
     Room{"", 10},  // main.cpp, which opens the doors of the house

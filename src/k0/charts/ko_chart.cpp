@@ -85,9 +85,8 @@ void drawKoChartEdges(DrawingSurface& surface, const K0SampleRecord& record, con
 
 std::string koReadout(const K0SampleRecord& record, Point place) {
   if (!kKoPlot.contains(place)) return {};
-  const Point pressures = koScale(record).valueAt(place);
-  return "轴向:" + FormatNumber(pressures.x, NumberFormat::Tenths) +
-         "kPa   侧向:" + FormatNumber(pressures.y, NumberFormat::Tenths) + "kPa";
+  constexpr AxisReading kPressure{NumberFormat::Tenths, "kPa"};
+  return readoutOf(koScale(record).valueAt(place), kPressure, kPressure);
 }
 
 }  // namespace triaxlab

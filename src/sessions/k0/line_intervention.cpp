@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "common/angles.h"
 
@@ -38,14 +39,12 @@ LineGrip gripAt(const std::optional<DrawnLineOnCanvas>& drawn, Point place) {
 void LineIntervention::enter(LineMode mode, const StraightLine& shown) {
   m_mode = mode;
   m_work = WorkingCopy(shown);
-  m_drag.reset();
-  ++m_pictureNumber;
+  letGo();
 }
 
 void LineIntervention::end() {
   m_mode = LineMode::None;
-  m_drag.reset();
-  ++m_pictureNumber;
+  letGo();
 }
 
 std::optional<StraightLine> LineIntervention::line() const {
@@ -53,28 +52,32 @@ std::optional<StraightLine> LineIntervention::line() const {
   return *m_work;
 }
 
-void LineIntervention::noteChange(bool changed) {
-  if (changed) ++m_pictureNumber;
+bool LineIntervention::key(ArrowKey key) {
+  letGo();
+  return running() && m_work.change([&](StraightLine& line) { line = movedLine(line, key, motion()); });
 }
 
-void LineIntervention::key(ArrowKey key) {
-  if (!running()) return;
-  release();
-  noteChange(m_work.change([&](StraightLine& line) { line = movedLine(line, key, motion()); }));
+bool LineIntervention::undo() {
+  letGo();
+  return running() && m_work.undo();
 }
 
-void LineIntervention::undo() {
-  release();
-  if (running()) noteChange(m_work.undo());
+bool LineIntervention::redo() {
+  letGo();
+  return running() && m_work.redo();
 }
 
-void LineIntervention::redo() {
-  release();
-  if (running()) noteChange(m_work.redo());
+bool LineIntervention::mouseAt(const std::optional<DrawnLineOnCanvas>& drawn, Point place, bool buttonDown) {
+  if (!buttonDown) {
+    mouseReleased();
+    return false;
+  }
+  if (!std::exchange(m_buttonDown, true)) takeHold(drawn, place);
+  return drag(place);
 }
 
-void LineIntervention::press(const std::optional<DrawnLineOnCanvas>& drawn, Point place) {
-  m_drag.reset();
+void LineIntervention::takeHold(const std::optional<DrawnLineOnCanvas>& drawn, Point place) {
+  letGo();
   const LineGrip grip = running() ? gripAt(drawn, place) : LineGrip::None;
   if (grip != LineGrip::None) m_drag = Drag{drawn->scale, grip, drawn->scale.valueAt(place), *m_work};
 }
@@ -83,20 +86,20 @@ StraightLine LineIntervention::draggedTo(Point value) const {
   const auto& [scale, grip, from, start, isJoined] = *m_drag;
   if (grip == LineGrip::Move) return raisedLine(start, std::round((value.y - from.y) / motion().raise), motion());
   // All lines go through their intercept, about which they turn.
-  const auto degreesTo = [&start = start](Point end) { return degreesOfTangent((end.y - start.intercept) / end.x); };
+  const auto degreesTo = [&line = start](Point end) { return degreesOfTangent((end.y - line.intercept) / end.x); };
   return turnedLine(start, std::round((degreesTo(value) - degreesTo(from)) / motion().turnUp), motion());
 }
 
-void LineIntervention::drag(Point place) {
-  if (!m_drag) return;
+bool LineIntervention::drag(Point place) {
+  if (!m_drag) return false;
   const Point value = m_drag->scale.valueAt(place);
-  if (m_drag->grip == LineGrip::Turn && (value.x <= 0 || m_drag->from.x <= 0)) return;
+  if (m_drag->grip == LineGrip::Turn && (value.x <= 0 || m_drag->from.x <= 0)) return false;
   const StraightLine dragged = draggedTo(value);
   using Step = WorkingCopy<StraightLine>::Step;
   const bool changed =
       m_work.change([&dragged](StraightLine& line) { line = dragged; }, m_drag->isJoined ? Step::Joined : Step::New);
   m_drag->isJoined = m_drag->isJoined || changed;
-  noteChange(changed);
+  return changed;
 }
 
 bool asksToKeepLine(Dialogs& dialogs) {

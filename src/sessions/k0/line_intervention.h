@@ -32,8 +32,6 @@ class LineIntervention {
  public:
   LineMode mode() const { return m_mode; }
   bool running() const { return m_mode != LineMode::None; }
-  /// Counts the changes of the picture; it never falls.
-  std::uint64_t pictureNumber() const { return m_pictureNumber; }
 
   /// Begins to move a line that is shown. Pre: none is moved yet.
   void enter(LineMode mode, const StraightLine& shown);
@@ -41,14 +39,18 @@ class LineIntervention {
   /// The line as it is now, while one is moved.
   std::optional<StraightLine> line() const;
 
-  void key(ArrowKey key);
-  void undo();
-  void redo();
+  // Each says whether the line has changed.
+  bool key(ArrowKey key);
+  bool undo();
+  bool redo();
 
-  /// Takes hold of the line where it is drawn; beside it nothing happens until the mouse is released.
-  void press(const std::optional<DrawnLineOnCanvas>& drawn, Point place);
-  void drag(Point place);
-  void release() { m_drag.reset(); }
+  /// The mouse stands at a place of the chart on which the line is drawn. Where the button goes down on the line it
+  /// takes hold of it, and the line follows until the button is released.
+  bool mouseAt(const std::optional<DrawnLineOnCanvas>& drawn, Point place, bool buttonDown);
+  void mouseReleased() {
+    m_buttonDown = false;
+    letGo();
+  }
 
  private:
   struct Drag {
@@ -60,13 +62,15 @@ class LineIntervention {
   };
 
   const LineMotion& motion() const { return m_mode == LineMode::Ko ? kKoMotion : kT90Motion; }
+  void takeHold(const std::optional<DrawnLineOnCanvas>& drawn, Point place);
   StraightLine draggedTo(Point value) const;
-  void noteChange(bool changed);
+  bool drag(Point place);
+  void letGo() { m_drag.reset(); }
 
   LineMode m_mode = LineMode::None;
   WorkingCopy<StraightLine> m_work{StraightLine{}};
+  bool m_buttonDown = false;
   std::optional<Drag> m_drag;
-  std::uint64_t m_pictureNumber = 0;
 };
 
 /// Asks whether a corrected line is to be kept.

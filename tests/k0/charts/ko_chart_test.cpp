@@ -167,7 +167,7 @@ TEST(KoLineOnChart, ThatAPersonMovesRunsPastTheTopOfTheFrame) {
 // ---- the mouse
 
 TEST(KoReadout, TellsBothPressures) {
-  EXPECT_EQ(koReadout({}, {5500, 2210}), "轴向:55.0kPa   侧向:35.0kPa");
+  EXPECT_EQ(koReadout({}, {5500, 2210}), "x:55.0kPa   y:35.0kPa");
   EXPECT_EQ(koReadout({}, {2499, 2210}), "");
   EXPECT_EQ(koReadout({}, {5500, 299}), "");
 }

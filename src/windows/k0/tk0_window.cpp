@@ -1,0 +1,80 @@
+#include "windows/k0/tk0_window.h"
+
+#include <QKeyEvent>
+
+#include "windows/controls/canvas_widget.h"
+#include "windows/controls/click_label.h"
+#include "windows/controls/scroll_bars.h"
+#include "windows/controls/words.h"
+
+namespace triaxlab {
+namespace {
+
+// Twips throughout.
+constexpr Place kWindow{0, 0, 14800, 7900};
+constexpr Place kStageCanvas{9000, 0, kStageChartWidth, kStageChartHeight},
+    kStageBar{14450, 300, kScrollBarWidth, 2800};
+/// Over the bar, which is narrower than the text.
+constexpr Place kStageCaption{14150, 20, 600, 260};
+constexpr int kX = 9200, kSecondX = 11300, kTextY = 3900, kButtonY = 4300, kTextWidth = 2000, kButtonWidth = 1700;
+constexpr int kHeight = 300;
+constexpr KoBesideCharts kBeside{.lineNote = {kX, kTextY, kTextWidth, kHeight},
+                                 .samplingDepth = {kSecondX, kTextY, 2 * kTextWidth, kHeight},
+                                 .redraw = {kX, kButtonY, kButtonWidth, kHeight},
+                                 .reprocess = {kSecondX, kButtonY, kButtonWidth, kHeight}};
+
+}  // namespace
+
+Form9::Form9(Workspace& workspace, ShellSession& shell)
+    : KoWindow(shell, kForm9, std::make_unique<TK0Session>(workspace)), m_session(static_cast<TK0Session&>(session())) {
+  setObjectName("Form9");
+  setWindowTitle(words(ko_captions::kTK0Title));
+  setMinimumSize(rectangle(kWindow).size());
+  makeKoChart();
+  makeStage();
+  makeRest(kBeside);
+  load();
+}
+
+void Form9::makeStage() {
+  CanvasWidget* const chart = addChart(
+      "Picture2", kStageCanvas, [this](DrawingSurface& surface) { m_session.drawStage(surface); },
+      [this](DrawingSurface& surface, const ChartView& view) { m_session.drawStageEdges(surface, view); },
+      [this](Point place) { return m_session.stageReadoutAt(place); });
+  connectLine(
+      chart, [this](Point place) { return m_session.gripOnStageChart(place); },
+      [this](Point place, bool buttonDown) { m_session.mouseOnStageChart(place, buttonDown); });
+  m_stageCaption = caption({}, kStageCaption);
+  m_stageCaption->setObjectName("StageNumber");
+  m_stageBar = uprightScrollBar(this, "VScroll3", kStageBar, 1);
+  connect(m_stageBar, &QScrollBar::valueChanged, this, [this](int stage) { act([&] { m_session.showStage(stage); }); });
+}
+
+void Form9::turn(LineMode mode) {
+  if (m_session.mode() == mode) {
+    shell().trigger("RZMGANYU");
+    return;
+  }
+  // Nothing begins as long as the other line is moved.
+  act([&] { mode == LineMode::Ko ? m_session.moveKoLine() : m_session.moveT90Line(); });
+  charts().front()->setFocus();
+}
+
+void Form9::keyPressEvent(QKeyEvent* event) {
+  const LineMode mode = event->key() == Qt::Key_F4   ? LineMode::Ko
+                        : event->key() == Qt::Key_F5 ? LineMode::T90
+                                                     : LineMode::None;
+  // The 干预 of another window is left by the program's own key.
+  const bool isOurs = m_session.mode() != LineMode::None || !shell().interventionRuns();
+  if (mode == LineMode::None || event->modifiers() != Qt::NoModifier || !isOurs) return KoWindow::keyPressEvent(event);
+  turn(mode);
+}
+
+void Form9::showUpperHalf(const ListedState& now) {
+  KoWindow::showUpperHalf(now);
+  showScroll(m_stageBar, m_session.stage(), m_session.lastStage());
+  m_stageBar->setEnabled(m_session.mode() == LineMode::None);
+  m_stageCaption->setText(words(m_session.stageCaption()));
+}
+
+}  // namespace triaxlab
