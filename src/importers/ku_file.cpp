@@ -30,10 +30,13 @@ bool blocksFit(std::vector<BlockPlace> blocks, std::uint64_t fileSize) {
 }
 
 bool areEntryDates(std::string_view places) {
+  constexpr std::size_t kDate = sizeof(KuIndexEntry<FixedText<8>>::entryDate);
   const auto isUsed = [](char c) { return c != ' ' && c != '\0'; };
   const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-  return 2 * std::count_if(places.begin(), places.end(), isDigit) >=
-         std::count_if(places.begin(), places.end(), isUsed);
+  const auto areDigits = [&](std::string_view dates) {
+    return 2 * std::ranges::count_if(dates, isDigit) >= std::ranges::count_if(dates, isUsed);
+  };
+  return areDigits(places) || areDigits(places.substr(0, kDate));
 }
 
 }  // namespace triaxlab

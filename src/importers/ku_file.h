@@ -120,7 +120,7 @@ struct BlockPlace {
 /// True when the blocks lie in the file and none reaches into another.
 bool blocksFit(std::vector<BlockPlace> blocks, std::uint64_t fileSize);
 
-/// Most of what stands in the dates of an index are digits.
+/// Most of what stands in the dates of an index are digits; of one whose count is wrong those of the first entry are.
 bool areEntryDates(std::string_view places);
 
 /// Shows each of the `count` records from `begin` on to `judge`, as far as the head has them, and returns where they

@@ -1,6 +1,7 @@
 // Databases of the Windows edition with bytes that are not what they were: each ends in an import or in a sentence, in
 // this process, which goes on. TRIAXLAB_DAMAGED_FILES sets how many are tried.
 #include <cstdlib>
+#include <ostream>
 #include <random>
 
 #include "importers/import_fixture.h"
@@ -54,28 +55,41 @@ int filesToTry() {
   return asked != nullptr ? std::max(1, static_cast<int>(ParseNumber(asked))) : 200;
 }
 
-class DamagedJet : public ImportTest {
+struct Source {
+  const char *id, *text, *date;  // its databases, one with times as texts, one as dates
+  int share;                     // of the files to try
+};
+
+/// Gives the cases readable names.
+void PrintTo(const Source& source, std::ostream* out) { *out << source.id; }
+
+class DamagedJet : public ImportTest, public ::testing::WithParamInterface<Source> {
  protected:
   /// What an import changes at the least; the whole table would be compared longer than the files are read.
   std::string state() const {
-    constexpr std::size_t kRows = 8;
+    const auto bytesOfRows = [](const auto& table) {
+      constexpr std::size_t kRows = 8;
+      return std::string(reinterpret_cast<const char*>(table.used().data()), kRows * sizeof(table[0]));
+    };
     const std::string dates(reinterpret_cast<const char*>(&workspace.ProjectDateTable), sizeof(ProjectDate));
-    return dates + std::string(reinterpret_cast<const char*>(&row(0)), kRows * sizeof(TriaxialSampleRecord)) +
+    return dates + bytesOfRows(workspace.TriaxialSampleTable) + bytesOfRows(workspace.UnconfinedSampleTable) +
            (workspace.rawImportPending ? "pending" : "");
   }
 };
 
-TEST_F(DamagedJet, EndsInAnImportOrASentence) {
-  const std::string text = sampleFile("SZData.dat"), date = sampleFile("SZ1.DATX");
+TEST_P(DamagedJet, EndsInAnImportOrASentence) {
+  const auto& [source, textFile, dateFile, share] = GetParam();
+  const std::string text = sampleFile(textFile), date = sampleFile(dateFile);
   int imports = 0, sentences = 0, crashes = 0;
-  for (int file = 0; file < filesToTry(); ++file) {
+  for (int file = 0; file < filesToTry() / share; ++file) {
     const std::string name = "D" + std::to_string(file) + ".dat";
     const auto path = folder.write(name, Damage(static_cast<std::uint32_t>(file))(file % 2 == 0 ? text : date));
     SetText(workspace.TriaxialSampleTable[7].sampleNo, name);
+    SetText(workspace.UnconfinedSampleTable[7].sampleNo, name);
     workspace.rawImportPending = false;
     const std::string before = state();
     try {
-      EXPECT_LE(importPath(path, "win").sampleRows, kTableRows) << name;
+      EXPECT_LE(importPath(path, source).sampleRows, kTableRows) << name;
       ++imports;
     } catch (const UserError& error) {
       const std::string sentence = error.what();
@@ -91,6 +105,9 @@ TEST_F(DamagedJet, EndsInAnImportOrASentence) {
   EXPECT_GT(imports, 0);
   EXPECT_GT(sentences, 0);
 }
+INSTANTIATE_TEST_SUITE_P(Windows, DamagedJet,
+                         ::testing::Values(Source{"win", "SZData.dat", "SZ1.DATX", 1},
+                                           Source{"unconfined-win", "WCX.dat", "WCX1.DATX", 4}));
 
 }  // namespace
 }  // namespace triaxlab::testing
