@@ -22,8 +22,7 @@ struct PlayResult {
 class PlayedProgram {
  public:
   PlayedProgram() {
-    for (const auto& entry : std::filesystem::directory_iterator(TRIAXLAB_SAMPLES))
-      if (entry.is_regular_file()) std::filesystem::copy_file(entry.path(), m_folder.path() / entry.path().filename());
+    std::filesystem::copy(TRIAXLAB_SAMPLES, m_folder.path(), std::filesystem::copy_options::recursive);
   }
 
   const TemporaryFolder& folder() const { return m_folder; }
