@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -40,6 +41,23 @@ TEST(StartProgram, AToolMayStandWithoutItsExtension) {
   writeTool(folder / "SZBB", folder / "mark");
   startProgram(folder / "SZBB.exe");
   EXPECT_TRUE(appears(folder / "mark"));
+}
+
+TEST(StartProgram, AToolFindsItsSignalsAsEveryProgramDoes) {
+  const testing::TemporaryFolder folder;
+  std::ofstream(folder / "SZBB.exe") << "#!/bin/sh\ngrep SigIgn /proc/self/status > '" << (folder / "new").string()
+                                     << "' && mv '" << (folder / "new").string() << "' '" << (folder / "mark").string()
+                                     << "'\n";
+  std::filesystem::permissions(folder / "SZBB.exe", std::filesystem::perms::owner_all);
+  const auto pipe = std::signal(SIGPIPE, SIG_IGN), size = std::signal(SIGXFSZ, SIG_IGN);
+  startProgram(folder / "SZBB.exe");
+  ASSERT_TRUE(appears(folder / "mark"));
+  std::signal(SIGPIPE, pipe);
+  std::signal(SIGXFSZ, size);
+  const unsigned long ignored = std::stoul(folder.read("mark").substr(std::string("SigIgn:").size()), nullptr, 16);
+  const auto isIgnored = [ignored](int signal) { return (ignored >> (signal - 1) & 1) != 0; };
+  EXPECT_FALSE(isIgnored(SIGPIPE));
+  EXPECT_FALSE(isIgnored(SIGXFSZ));
 }
 
 TEST(StartProgram, WhatCanNotBeStartedIsSilent) {

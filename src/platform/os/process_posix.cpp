@@ -55,6 +55,30 @@ bool consistsOf(std::string_view text, bool (*isRight)(char)) {
 
 constexpr std::size_t kLotDigits = 8;
 
+/// The signals that this program takes as errors.
+constexpr std::array kErrorSignals{SIGXFSZ, SIGPIPE};
+
+/// How a tool begins: with those signals as every program finds them, for a shell's tool that ends by SIGPIPE would
+/// otherwise go on writing.
+class OrdinarySignals {
+ public:
+  OrdinarySignals() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int signal : kErrorSignals) sigaddset(&signals, signal);
+    posix_spawnattr_init(&m_attributes);
+    posix_spawnattr_setsigdefault(&m_attributes, &signals);
+    posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGDEF);
+  }
+  OrdinarySignals(const OrdinarySignals&) = delete;
+  OrdinarySignals& operator=(const OrdinarySignals&) = delete;
+  ~OrdinarySignals() { posix_spawnattr_destroy(&m_attributes); }
+  const posix_spawnattr_t* get() const { return &m_attributes; }
+
+ private:
+  posix_spawnattr_t m_attributes{};
+};
+
 }  // namespace
 
 std::string ownName() {
@@ -79,7 +103,7 @@ std::filesystem::path executableFolder() {
 }
 
 void takeFailuresAsErrors() {
-  for (const int signal : {SIGXFSZ, SIGPIPE}) std::signal(signal, SIG_IGN);
+  for (const int signal : kErrorSignals) std::signal(signal, SIG_IGN);
   // Opened for the wrong direction, so that what is read or written there fails as it would have.
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
     if (fcntl(stream, F_GETFD) == -1 && open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) != stream)
@@ -93,8 +117,9 @@ void startProgram(const std::filesystem::path& program) {
   if (!fileExists(file) || access(file.c_str(), X_OK) != 0) return;
   std::string name = file.string();
   std::array<char*, 2> arguments{name.data(), nullptr};
+  const OrdinarySignals signals;
   pid_t child = 0;
-  if (posix_spawn(&child, name.c_str(), nullptr, nullptr, arguments.data(), environ) != 0) return;
+  if (posix_spawn(&child, name.c_str(), nullptr, signals.get(), arguments.data(), environ) != 0) return;
   // Nobody waits for the tool itself, but its ended process must be collected.
   std::thread([child] { waitpid(child, nullptr, 0); }).detach();
 }
