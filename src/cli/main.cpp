@@ -1,8 +1,12 @@
 // triaxlab-cli: the laboratory's engine without windows, for batch work.
 #include <fmt/core.h>
 
+#include <cstdlib>
 #include <exception>
 #include <new>
+#include <stdexcept>
+#include <string>
+#include <variant>
 
 #include "cli/command_line.h"
 #include "cli/console_dialogs.h"
@@ -15,7 +19,31 @@
 namespace triaxlab::cli {
 namespace {
 
-int runCommandLine(const CommandLine& line) {
+/// The file that a command works on, as it was named.
+struct FileOfCommand {
+  template <class Work>
+  std::string operator()([[maybe_unused]] const Work& work) const {
+    if constexpr (requires { textOfPath(work.file); }) return textOfPath(work.file);
+    if constexpr (requires { std::string(work.name); }) return work.name;
+    if constexpr (requires { work.names.front(); }) return work.names.empty() ? std::string() : work.names.front();
+    return {};
+  }
+};
+
+int failWithoutMemory(const Command& command) {
+  const std::string file = std::visit(FileOfCommand(), command);
+  printError(
+      fmt::format("{}内存不足，没有做完。请关闭别的程序再试。", file.empty() ? "" : fmt::format("处理“{}”时", file)));
+  return kFailed;
+}
+
+/// Where memory is so short that not even an exception can be made.
+[[noreturn]] void endWithoutException() {
+  printError("程序出错，没有做完，可能是内存不足。请关闭别的程序再试。");
+  std::_Exit(kFailed);
+}
+
+int doWork(const CommandLine& line) {
   const std::optional<std::filesystem::path>& folder = line.start.applicationFolder;
   if (folder && !folderExists(*folder)) throw UserError(fmt::format("没有文件夹“{}”。", textOfPath(*folder)));
   Workspace workspace;
@@ -25,6 +53,16 @@ int runCommandLine(const CommandLine& line) {
   // The remarks have told why; what is asked for can't be looked for anywhere else.
   if (!workspace.dataFolderProblem.empty()) return kFailed;
   return run(workspace, line.command);
+}
+
+int runCommandLine(const CommandLine& line) {
+  try {
+    return doWork(line);
+  } catch (const std::bad_alloc&) {
+    return failWithoutMemory(line.command);
+  } catch (const std::length_error&) {
+    return failWithoutMemory(line.command);
+  }
 }
 
 #ifdef TRIAXLAB_PAGES_PROGRAM
@@ -61,6 +99,7 @@ int runProgram(int argc, char** argv) {
 int main(int argc, char** argv) {
   using namespace triaxlab;
   takeFailuresAsErrors();
+  std::set_terminate(cli::endWithoutException);
   const int status = cli::runProgram(argc, argv);
   if (cli::outputIsWhole()) return status;
   cli::printError("结果没有全部写出：标准输出或标准错误不能写。");

@@ -4,9 +4,7 @@
 
 #include <algorithm>
 #include <iostream>
-#include <new>
 #include <nlohmann/json.hpp>
-#include <stdexcept>
 #include <utility>
 
 #include "cli/command_line.h"
@@ -41,22 +39,6 @@ template <class Column>
 Column require(Column column, ProjectKind kind, std::string_view what) {
   if (column == nullptr) refuseForThisVersion(fmt::format("{} {} 类试样", what, infoOf(kind).id));
   return column;
-}
-
-/// The file that a command works on, as it was named.
-struct FileOfCommand {
-  template <class Work>
-  std::string operator()([[maybe_unused]] const Work& work) const {
-    if constexpr (requires { textOfPath(work.file); }) return textOfPath(work.file);
-    if constexpr (requires { std::string(work.name); }) return work.name;
-    if constexpr (requires { work.names.front(); }) return work.names.empty() ? std::string() : work.names.front();
-    return {};
-  }
-};
-
-[[noreturn]] void failWithoutMemory(const Command& command) {
-  throw UserError(
-      fmt::format("处理“{}”时内存不足，没有做完。请关闭别的程序再试。", std::visit(FileOfCommand(), command)));
 }
 
 constexpr std::string_view kShowing = "显示曲线：";
@@ -286,14 +268,6 @@ class Program {
 
 }  // namespace
 
-int run(Workspace& workspace, const Command& command) {
-  try {
-    return std::visit(Program(workspace), command);
-  } catch (const std::bad_alloc&) {
-    failWithoutMemory(command);
-  } catch (const std::length_error&) {
-    failWithoutMemory(command);
-  }
-}
+int run(Workspace& workspace, const Command& command) { return std::visit(Program(workspace), command); }
 
 }  // namespace triaxlab::cli
