@@ -24,10 +24,12 @@ struct CapturedRun {
     Failed,      // another status, or a crash
     TimedOut,    // stopped
     TooMuch,     // stopped: more output than allowed
-    NotStarted,  // no such program, or no right to run it
+    NotStarted,  // no such program, no right to run it, or no means to
+    Lost,        // stopped: this program could not go on reading from it
   };
   End end = End::NotStarted;
-  Bytes output;  // what it wrote to standard output
+  std::string cause;  // of NotStarted and Lost, in the technician's language
+  Bytes output;       // what it wrote to standard output
 };
 
 /// Runs a program with nothing to read, keeps what it writes to standard output, drops what it writes to standard

@@ -10,7 +10,6 @@
 #include <sys/wait.h>
 
 #include <algorithm>
-#include <array>
 #include <csignal>
 #include <filesystem>
 #include <map>
@@ -19,6 +18,7 @@
 #include <vector>
 
 #include "crash/crash_samples.h"
+#include "crash/failing_calls.h"
 #include "store/project/save_project.h"
 #include "support/temporary_folder.h"
 
@@ -57,15 +57,6 @@ Outcome endOf(pid_t child) {
 
 Outcome runProgram(std::vector<std::string> arguments, std::vector<std::string> environment) {
   return endOf(startProgram(std::move(arguments), std::move(environment)));
-}
-
-/// The setting that loads the library in front of the program.
-std::string preload() {
-#ifdef FAILING_CALLS
-  return "LD_PRELOAD=" FAILING_CALLS;
-#else
-  return {};
-#endif
 }
 
 /// The files of HSZS and ZMSJ, and what lies beside these folders: a save journal, a new content.
@@ -297,21 +288,14 @@ class Crash : public ::testing::TestWithParam<Scene> {
     deed.insert(deed.end(), GetParam().projects.begin(), GetParam().projects.end());
     return runProgram(std::move(deed), std::move(environment));
   }
-  /// Settings of the library: which calls count.
-  static constexpr const char* kChanges = "UNUSED=";
-  static constexpr const char* kLooks = "FAILING_SIDE=looks";
-
-  static std::string errorOfLook(long look) {
-    constexpr std::array kErrors{"EIO", "EMFILE", "EACCES", "ESTALE", "ENOMEM"};
-    return kErrors[static_cast<std::size_t>(look) % kErrors.size()];
-  }
+  static constexpr const char* kChanges = "UNUSED=";  // the library's own choice of calls
   Outcome stop(std::vector<std::string> deed, const std::string& way, long call, const char* side = kChanges) {
     return run(std::move(deed), {preload(), side, "FAILING_WAY=" + way, "FAILING_CALL=" + std::to_string(call)});
   }
   long countCalls(std::vector<std::string> deed, const char* side = kChanges) {
     const std::string count = "CALL_COUNT=" + (m_folder.path() / "calls").string();
     EXPECT_EQ(run(std::move(deed), {preload(), side, count}).exitStatus, kDone);
-    return std::stol(m_folder.read("calls"));
+    return countedCalls(m_folder.read("calls"));
   }
   /// Each file is whole, whatever became of the others.
   bool isOldOrNewFileByFile() const {

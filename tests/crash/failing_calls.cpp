@@ -8,21 +8,26 @@
 //                  tear      a write does half of its work, then the process dies; other calls as kill
 //                  ENOSPC    the call fails once, as on a full disk
 //                  EIO, EMFILE, EACCES, ESTALE, ENOMEM   the call fails once with this error
+//   FAILING_PROGRAM  the name of the program that is meant, where one starts another; without it both
 //   FAILING_FROM   there: every call from that one on fails, as on a disk that is gone for good
 //   FLOCK_IS_LOCAL there: flock keeps nobody out, as on a share that doesn't pass it on to other machines
-//   CALL_COUNT     a file that gets the number of calls when the program ends
+//   CALL_COUNT     a file that gets the number of calls, as the bytes of a long
 //
 // What the calls themselves do stays with the C library.
 
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
 #include <sys/file.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <sys/syscall.h>
 #include <sys/uio.h>
 #include <sys/vfs.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -60,6 +65,8 @@ int errorOf(std::string_view name) {
 
 Order orderOfEnvironment() {
   Order order;
+  const char* const program = std::getenv("FAILING_PROGRAM");
+  if (program != nullptr && program != std::string_view(program_invocation_short_name)) return order;
   order.countFile = std::getenv("CALL_COUNT");
   order.failsFromThereOn = std::getenv("FAILING_FROM") != nullptr;
   order.flockIsLocal = std::getenv("FLOCK_IS_LOCAL") != nullptr;
@@ -79,7 +86,25 @@ const Order& order() {
   return read;
 }
 
-long g_calls = 0;
+/// The file that gets the count is mapped: a program that may write no file is counted as well, and however it ends.
+long* mappedCounter() {
+  static long uncounted = 0;
+  const long file = order().countFile == nullptr
+                        ? -1
+                        : syscall(SYS_openat, AT_FDCWD, order().countFile, O_RDWR | O_CREAT | O_TRUNC, 0666);
+  if (file < 0) return &uncounted;
+  syscall(SYS_ftruncate, file, sizeof(long));
+  void* const place = mmap(nullptr, sizeof(long), PROT_READ | PROT_WRITE, MAP_SHARED, static_cast<int>(file), 0);
+  syscall(SYS_close, file);
+  return static_cast<long*>(place);
+}
+
+long& calls() {
+  static long* const counter = mappedCounter();
+  return *counter;
+}
+// Before the program limits what it may do.
+[[maybe_unused]] const long g_callsAtStart = calls();
 
 void die() { syscall(SYS_kill, getpid(), SIGKILL); }
 
@@ -88,8 +113,8 @@ void die() { syscall(SYS_kill, getpid(), SIGKILL); }
 template <class Tear>
 bool goesWrong(Tear tear, Side side = Side::Changes) {
   if (side != order().side) return false;
-  ++g_calls;
-  if (order().failsFromThereOn ? g_calls < order().call : g_calls != order().call) return false;
+  ++calls();
+  if (order().failsFromThereOn ? calls() < order().call : calls() != order().call) return false;
   if (order().way == Way::Tear) tear();
   if (order().way == Way::Tear || order().way == Way::Kill) die();
   errno = order().error;
@@ -104,17 +129,6 @@ template <class Function>
 Function* original(const char* name) {
   return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
-
-struct CountAtEnd {
-  ~CountAtEnd() {
-    if (order().countFile == nullptr) return;
-    char text[24];
-    const int length = std::snprintf(text, sizeof text, "%ld\n", g_calls);
-    const long file = syscall(SYS_openat, AT_FDCWD, order().countFile, O_WRONLY | O_CREAT | O_TRUNC, 0666);
-    syscall(SYS_write, file, text, length);
-    syscall(SYS_close, file);
-  }
-} g_countAtEnd;
 
 Side sideOfOpen(int flags) { return (flags & (O_CREAT | O_TRUNC)) != 0 ? Side::Changes : Side::Looks; }
 
@@ -200,6 +214,37 @@ extern "C" int fcntl(int file, int command, ...) {
   va_end(more);
   static auto* const next = original<int(int, int, ...)>("fcntl");
   return goesWrong(Side::Looks) ? -1 : next(file, command, argument);
+}
+
+WRAP_LOOK(pipe2, (int ends[2], int flags), (ends, flags))
+WRAP_LOOK(poll, (pollfd * files, nfds_t count, int milliseconds), (files, count, milliseconds))
+WRAP_LOOK(waitpid, (pid_t child, int* status, int options), (child, status, options))
+
+extern "C" int posix_spawn(pid_t* child, const char* path, const posix_spawn_file_actions_t* actions,
+                           const posix_spawnattr_t* attributes, char* const* arguments, char* const* environment) {
+  static auto* const next = original<decltype(posix_spawn)>("posix_spawn");
+  return goesWrong(Side::Looks) ? errno : next(child, path, actions, attributes, arguments, environment);
+}
+
+extern "C" ssize_t read(int file, void* bytes, size_t size) {
+  static auto* const next = original<ssize_t(int, void*, size_t)>("read");
+  return goesWrong(Side::Looks) ? -1 : next(file, bytes, size);
+}
+
+extern "C" FILE* fopen(const char* path, const char* mode) {
+  static auto* const next = original<FILE*(const char*, const char*)>("fopen");
+  return goesWrong(Side::Looks) ? nullptr : next(path, mode);
+}
+
+// Streams over memory don't look at a disk.
+extern "C" size_t fread(void* bytes, size_t size, size_t count, FILE* file) {
+  static auto* const next = original<size_t(void*, size_t, size_t, FILE*)>("fread");
+  return fileno(file) >= 0 && goesWrong(Side::Looks) ? 0 : next(bytes, size, count, file);
+}
+
+extern "C" int fseeko(FILE* file, off_t offset, int from) {
+  static auto* const next = original<int(FILE*, off_t, int)>("fseeko");
+  return fileno(file) >= 0 && goesWrong(Side::Looks) ? -1 : next(file, offset, from);
 }
 
 extern "C" ssize_t pread(int file, void* bytes, size_t size, off_t offset) {

@@ -46,7 +46,10 @@ Bytes runReader(const std::filesystem::path& path, std::span<const JetTable> tab
     case CapturedRun::End::Done:
       return std::move(run.output);
     case CapturedRun::End::NotStarted:
-      throw UserError(fmt::format("程序“{}”不能运行，数据库文件“{}”没有读入。请重新安装。", textOfPath(program), name));
+      throw UserError(fmt::format("程序“{}”不能运行：{}。数据库文件“{}”没有读入。{}", textOfPath(program), run.cause,
+                                  name, fileExists(program) ? "" : "请重新安装。"));
+    case CapturedRun::End::Lost:
+      throw UserError(fmt::format("数据库文件“{}”没有读完：{}。数据没有读入。", name, run.cause));
     case CapturedRun::End::TimedOut:
       throw UserError(fmt::format("数据库文件“{}”读了{}秒没有读完，已经停止，数据没有读入。", name, seconds));
     case CapturedRun::End::TooMuch:
@@ -93,13 +96,11 @@ class JetDatabase::Tables {
   void load(std::span<const std::byte> bytes, std::span<const JetTable> tables) {
     try {
       StreamReader stream(bytes);
-      char mark = stream.mark();
+      char mark = markOf(stream);
       for (const JetTable& table : tables) {
-        if (mark == jet::kRefusalMark) refuse(stream.text());
         if (mark != jet::kTableMark) throw BrokenStream("table");
         mark = loadTable(stream, table);
       }
-      if (mark == jet::kRefusalMark) refuse(stream.text());
       if (mark != jet::kEndMark || !stream.atEnd()) throw BrokenStream("end");
     } catch (const BrokenStream&) {
       refuse("读出的内容不完整");
@@ -131,6 +132,14 @@ class JetDatabase::Tables {
     throw UserError(fmt::format("数据库文件“{}”不能完整读出：{}。数据没有读入。", m_fileName, why));
   }
 
+  /// The next mark; those that tell why there is nothing more are a UserError.
+  char markOf(StreamReader& stream) const {
+    const char mark = stream.mark();
+    if (mark == jet::kFailureMark) throw UserError(std::string(stream.text()));
+    if (mark == jet::kRefusalMark) refuse(stream.text());
+    return mark;
+  }
+
   /// Returns the mark behind the table.
   char loadTable(StreamReader& stream, const JetTable& table) {
     std::string columns, places;
@@ -140,8 +149,8 @@ class JetDatabase::Tables {
     }
     execute(fmt::format(R"(create table "{}" ({}))", table.name, columns));
     const Statement insert = prepare(fmt::format(R"(insert into "{}" values ({}))", table.name, places));
-    char mark = stream.mark();
-    for (; mark == jet::kRowMark; mark = stream.mark()) {
+    char mark = markOf(stream);
+    for (; mark == jet::kRowMark; mark = markOf(stream)) {
       for (int column = 1; column <= static_cast<int>(table.columns.size()); ++column)
         bind(insert.get(), column, stream);
       step(insert.get());

@@ -177,8 +177,8 @@ void readTable(MdbHandle* file, const AskedTable& asked, StreamWriter& into) {
 
 }  // namespace
 
-void readTables(const std::string& path, const std::vector<AskedTable>& tables, StreamWriter& into) {
-  const Handle file(mdb_open(path.c_str(), MDB_NOFLAGS), &mdb_close);
+void readTables(std::span<std::byte> content, const std::vector<AskedTable>& tables, StreamWriter& into) {
+  const Handle file(mdb_open_buffer(content.data(), content.size(), MDB_NOFLAGS), &mdb_close);
   if (!file) throw Refusal("不是这种数据库，或者已损坏");
   if (mdb_read_catalog(file.get(), MDB_TABLE) == nullptr) throw Refusal("数据库的目录已损坏");
   for (const AskedTable& table : tables) readTable(file.get(), table, into);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -21,8 +23,9 @@ class Refusal : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Reads the asked tables of a Jet database whole, the end mark included. Refusal when one of them, or a column, isn't
+/// Reads the asked tables of a Jet database whole, the end mark included. `content` is all of the file: of a file that
+/// it reads itself the library takes a failed read for other contents. Refusal when one of them, or a column, isn't
 /// there or isn't whole. A damaged file may do worse: this runs in a process of its own.
-void readTables(const std::string& path, const std::vector<AskedTable>& tables, StreamWriter& into);
+void readTables(std::span<std::byte> content, const std::vector<AskedTable>& tables, StreamWriter& into);
 
 }  // namespace triaxlab::jet

@@ -2,12 +2,13 @@
 //
 // Reads tables of a Jet database and writes them to standard output (row_stream.h), for the program that started it.
 // The library that knows the format trusts the file; so it runs here, where a crash, an endless loop or a hunger for
-// memory (MEMORY bytes, SECONDS of processor time) ends this process and no other.
+// memory (MEMORY bytes beside the file's content, SECONDS of processor time) ends this process and no other.
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <exception>
 #include <iterator>
@@ -16,12 +17,17 @@
 #include <vector>
 
 #include "common/text_number.h"
+#include "common/user_error.h"
+#include "platform/files.h"
 #include "platform/jet/mdb_tables.h"
 #include "platform/jet/row_stream.h"
 
 namespace {
 
 using triaxlab::jet::AskedTable;
+
+/// The format knows pages of up to 2 GB.
+constexpr std::uint64_t kLargestDatabase = std::uint64_t{2} << 30;
 
 void limit(decltype(RLIMIT_CPU) resource, rlim_t value) {
   const rlimit both{value, value};
@@ -79,19 +85,25 @@ int run(const std::vector<std::string_view>& arguments) {
     if (arguments[i].find('=') == std::string_view::npos) return 2;
     tables.push_back(tableOf(arguments[i]));
   }
-  limitResources(static_cast<rlim_t>(triaxlab::ParseNumber(arguments[1])),
-                 static_cast<rlim_t>(triaxlab::ParseNumber(arguments[2])));
   forgetSettings();
   const int stream = takeStandardOutput();
-  triaxlab::jet::StreamWriter content;
+  triaxlab::jet::StreamWriter answer;
+  const auto answerInstead = [&answer](char mark, const std::exception& why) {
+    answer.bytes().clear();
+    answer.mark(mark);
+    answer.text(why.what());
+  };
   try {
-    readTables(std::string(arguments[0]), tables, content);
+    triaxlab::Bytes content = triaxlab::readWholeFile(arguments[0], kLargestDatabase);
+    limitResources(static_cast<rlim_t>(triaxlab::ParseNumber(arguments[1])) + content.size(),
+                   static_cast<rlim_t>(triaxlab::ParseNumber(arguments[2])));
+    readTables(content, tables, answer);
   } catch (const triaxlab::jet::Refusal& refusal) {
-    content.bytes().clear();
-    content.mark(triaxlab::jet::kRefusalMark);
-    content.text(refusal.what());
+    answerInstead(triaxlab::jet::kRefusalMark, refusal);
+  } catch (const triaxlab::UserError& failure) {
+    answerInstead(triaxlab::jet::kFailureMark, failure);
   }
-  return writeAll(stream, content.bytes()) ? 0 : 1;
+  return writeAll(stream, answer.bytes()) ? 0 : 1;
 }
 
 }  // namespace

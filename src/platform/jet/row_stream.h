@@ -16,10 +16,11 @@ namespace triaxlab::jet {
 //   'T'  a table begins, in the order in which tables were asked for: a ColumnType for each of its asked columns
 //   'R'  a row of it: for each asked column a ValueKind and the value (Integer: 8 bytes; Real: 8 bytes, a double;
 //        Text: 4 bytes of length, UTF-8 without zero bytes)
+//   'F'  the file can't be read: 4 bytes of length, a sentence that names it, UTF-8; the end
 //   'X'  why the database can't be read: 4 bytes of length, part of a sentence, UTF-8; the end
 //   'E'  all was read; the end
 
-inline constexpr char kTableMark = 'T', kRowMark = 'R', kRefusalMark = 'X', kEndMark = 'E';
+inline constexpr char kTableMark = 'T', kRowMark = 'R', kFailureMark = 'F', kRefusalMark = 'X', kEndMark = 'E';
 
 enum class ColumnType : std::uint8_t { Integer, Single, Double, Text };
 enum class ValueKind : std::uint8_t { Null, Integer, Real, Text };

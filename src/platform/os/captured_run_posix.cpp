@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "platform/captured_run.h"
+#include "platform/os/posix_calls.h"
 
 extern char** environ;  // NOLINT(readability-redundant-declaration): POSIX leaves its declaration to the program
 
@@ -57,13 +58,20 @@ class Streams {
   posix_spawn_file_actions_t m_actions{};
 };
 
-bool start(const std::filesystem::path& program, std::span<const std::string> arguments, int output, pid_t& child) {
+/// The error with which it could not be started; 0 when it runs.
+int start(const std::filesystem::path& program, std::span<const std::string> arguments, int output, pid_t& child) {
   std::vector<std::string> words{program.string()};
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> pointers(words.size() + 1);  // the last one stays empty: the end
   std::ranges::transform(words, pointers.begin(), [](std::string& word) { return word.data(); });
   const Streams streams(output);
-  return posix_spawn(&child, words[0].c_str(), streams.get(), nullptr, pointers.data(), environ) == 0;
+  return posix_spawn(&child, words[0].c_str(), streams.get(), nullptr, pointers.data(), environ);
+}
+
+CapturedRun notStarted(int error) {
+  CapturedRun run;
+  run.cause = causeOf(error);
+  return run;
 }
 
 int millisecondsUntil(Clock::time_point deadline) {
@@ -71,39 +79,46 @@ int millisecondsUntil(Clock::time_point deadline) {
   return static_cast<int>(std::clamp<std::int64_t>(left, 0, 60'000));
 }
 
+/// How a run ends whose child this program can't follow any more; errno tells why.
+End lose(CapturedRun& run) {
+  run.cause = causeOf(errno);
+  return End::Lost;
+}
+
 /// Reads to the end of the output; Done when it came.
-End readAll(int from, const RunLimits& limits, Clock::time_point deadline, Bytes& output) {
+End readAll(int from, const RunLimits& limits, Clock::time_point deadline, CapturedRun& run) {
   constexpr std::size_t kPiece = std::size_t{256} << 10;
   while (true) {
     pollfd waited{from, POLLIN, 0};
     const int ready = poll(&waited, 1, millisecondsUntil(deadline));
-    if (ready < 0 && errno != EINTR) return End::Failed;
+    if (ready < 0 && errno != EINTR) return lose(run);
     if (ready <= 0) {
       if (Clock::now() >= deadline) return End::TimedOut;
       continue;
     }
-    const std::size_t held = output.size();
-    output.resize(held + kPiece);
-    const ssize_t got = read(from, output.data() + held, kPiece);
-    output.resize(held + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+    const std::size_t held = run.output.size();
+    run.output.resize(held + kPiece);
+    const ssize_t got = read(from, run.output.data() + held, kPiece);
+    run.output.resize(held + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
     if (got == 0) return End::Done;
-    if (got < 0 && errno != EINTR) return End::Failed;
-    if (output.size() > limits.outputBytes) return End::TooMuch;
+    if (got < 0 && errno != EINTR) return lose(run);
+    if (run.output.size() > limits.outputBytes) return End::TooMuch;
   }
 }
 
-/// Waits for the child's end; one that doesn't come in time is brought about.
-End collect(pid_t child, End end, Clock::time_point deadline) {
+/// Waits for the child's end; one that doesn't come in time is brought about. `end` is how the reading ended.
+End collect(pid_t child, End end, Clock::time_point deadline, CapturedRun& run) {
   int status = 0;
   pid_t ended = 0;
   while (end == End::Done && (ended = waitpid(child, &status, WNOHANG)) == 0) {
     if (Clock::now() >= deadline) end = End::TimedOut;
     std::this_thread::sleep_for(std::chrono::microseconds(200));
   }
+  if (ended < 0) end = lose(run);
   if (ended != child) {
     kill(child, SIGKILL);
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) continue;
-    return end == End::Done ? End::Failed : end;
+    return end;
   }
   return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? End::Done : End::Failed;
 }
@@ -114,14 +129,15 @@ CapturedRun captureProgram(const std::filesystem::path& program, std::span<const
                            const RunLimits& limits) {
   const auto deadline = Clock::now() + limits.time;
   std::array<int, 2> ends{};
-  if (pipe2(ends.data(), O_CLOEXEC) != 0) return {};
+  if (pipe2(ends.data(), O_CLOEXEC) != 0) return notStarted(errno);
   const Descriptor reading(ends[0]);
   Descriptor writing(ends[1]);
-  CapturedRun run;
   pid_t child = 0;
-  if (!start(program, arguments, writing.number(), child)) return run;
+  if (const int error = start(program, arguments, writing.number(), child); error != 0) return notStarted(error);
   writing.reset();
-  run.end = collect(child, readAll(reading.number(), limits, deadline, run.output), deadline);
+  CapturedRun run;
+  const End end = readAll(reading.number(), limits, deadline, run);
+  run.end = collect(child, end, deadline, run);
   return run;
 }
 
