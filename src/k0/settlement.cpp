@@ -92,6 +92,49 @@ double pressureAt(const Settlement& settlement, double rootTime) {
   return pressureAlong(settlement, settlement.count - 2, rootTime);
 }
 
+/// The rows that have a time, the same for all stages of a sample.
+struct TimedRows {
+  Settlement::Rows<float> rootTime{};
+  Settlement::Rows<std::size_t> row{};
+  std::size_t count = 0;
+};
+
+TimedRows timedRowsOf(const TK0SampleRecord& record) {
+  TimedRows rows;
+  for (std::size_t row = 1; row <= kSettlementRows; ++row) {
+    const std::int32_t seconds = record.elapsedSeconds[row];
+    if (seconds == 0) continue;
+    rows.rootTime[rows.count] = rootOfMinutes(seconds);
+    rows.row[rows.count] = row;
+    ++rows.count;
+  }
+  return rows;
+}
+
+Settlement settlementOf(const TK0SampleRecord& record, std::size_t stage, const TimedRows& rows) {
+  Settlement settlement;
+  settlement.rootTime = rows.rootTime;
+  for (std::size_t k = 0; k < rows.count; ++k) {
+    assignIf(settlement.deformation[k], toSingle(record.deformationSeries[rows.row[k]][stage].number()));
+    assignIf(settlement.pressure[k], toSingle(record.pressureSeries[rows.row[k]][stage].number()));
+  }
+  settlement.count = std::max<std::size_t>(rows.count, 1);
+  return settlement;
+}
+
+T90 computeStageResult(TK0SampleRecord& record, std::size_t stage, const TimedRows& rows) {
+  if (!isLoaded(record.k0, stage)) return {};
+  const Settlement settlement = settlementOf(record, stage, rows);
+  if (record.t90Adjusted[stage] != 1) {
+    const StraightLine fitted = firstLineOf(settlement);
+    record.t90Slope[stage] = fitted.slope;
+    record.t90Intercept[stage] = fitted.intercept;
+  }
+  const T90 t90 = constructT90(settlement, storedFirstLineOf(record, stage));
+  SetNumber(record.k0.lateralPressure[stage], t90.pressure, NumberFormat::Tenths);
+  return t90;
+}
+
 }  // namespace
 
 float rootOfMinutes(std::int32_t seconds) {
@@ -100,18 +143,7 @@ float rootOfMinutes(std::int32_t seconds) {
 }
 
 Settlement settlementOf(const TK0SampleRecord& record, std::size_t stage) {
-  Settlement settlement;
-  std::size_t count = 0;
-  for (std::size_t row = 1; row <= kSettlementRows; ++row) {
-    const std::int32_t seconds = record.elapsedSeconds[row];
-    if (seconds == 0) continue;
-    settlement.rootTime[count] = rootOfMinutes(seconds);
-    assignIf(settlement.deformation[count], toSingle(record.deformationSeries[row][stage].number()));
-    assignIf(settlement.pressure[count], toSingle(record.pressureSeries[row][stage].number()));
-    ++count;
-  }
-  settlement.count = std::max<std::size_t>(count, 1);
-  return settlement;
+  return settlementOf(record, stage, timedRowsOf(record));
 }
 
 StraightLine firstLineOf(const Settlement& settlement) {
@@ -131,21 +163,13 @@ T90 constructT90(const Settlement& settlement, const StraightLine& first) {
 }
 
 T90 computeStageResult(TK0SampleRecord& record, std::size_t stage) {
-  if (!isLoaded(record.k0, stage)) return {};
-  const Settlement settlement = settlementOf(record, stage);
-  if (record.t90Adjusted[stage] != 1) {
-    const StraightLine fitted = firstLineOf(settlement);
-    record.t90Slope[stage] = fitted.slope;
-    record.t90Intercept[stage] = fitted.intercept;
-  }
-  const T90 t90 = constructT90(settlement, storedFirstLineOf(record, stage));
-  SetNumber(record.k0.lateralPressure[stage], t90.pressure, NumberFormat::Tenths);
-  return t90;
+  return computeStageResult(record, stage, timedRowsOf(record));
 }
 
 PerLoadStage<T90> computeStageResults(TK0SampleRecord& record) {
+  const TimedRows rows = timedRowsOf(record);
   PerLoadStage<T90> results{};
-  for (std::size_t stage = 0; stage < kLoadStages; ++stage) results[stage] = computeStageResult(record, stage);
+  for (std::size_t stage = 0; stage < kLoadStages; ++stage) results[stage] = computeStageResult(record, stage, rows);
   return results;
 }
 
