@@ -51,8 +51,9 @@ void importAll(const Importer& importer, const std::filesystem::path& path, Work
   std::iota(rows.begin(), rows.end(), std::size_t{0});
   if (rows.size() > 100) std::abort();
   const ImportReport report = source->read(rows, workspace, {});
-  const std::size_t used = std::max({workspace.TriaxialSampleTable.used().size(), workspace.K0SampleTable.used().size(),
-                                     workspace.TK0SampleTable.used().size()});
+  const std::size_t used =
+      std::max({workspace.TriaxialSampleTable.used().size(), workspace.UnconfinedSampleTable.used().size(),
+                workspace.K0SampleTable.used().size(), workspace.TK0SampleTable.used().size()});
   if (report.sampleRows > kTableRows || used > kTableRows) std::abort();
 }
 

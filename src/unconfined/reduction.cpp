@@ -1,6 +1,8 @@
 #include "unconfined/reduction.h"
 
 #include <algorithm>
+#include <cmath>
+#include <initializer_list>
 
 #include "common/conversions.h"
 #include "unconfined/smoothed_curve.h"
@@ -61,6 +63,11 @@ void computeStresses(UnconfinedSampleRecord& record, Specimen specimen) {
   }
 }
 
+/// A text beyond any number has no part in a result.
+bool areNumbers(std::initializer_list<double> values) {
+  return std::ranges::all_of(values, [](double value) { return std::isfinite(value); });
+}
+
 /// Of rows with the same stress the first counts.
 Point highestRow(const UnconfinedSampleRecord& record, Specimen specimen, double largestStrain) {
   Point peak{0, 0};
@@ -68,7 +75,7 @@ Point highestRow(const UnconfinedSampleRecord& record, Specimen specimen, double
     const double stress = stressOf(record, specimen)[row].number();
     if (!(stress > peak.y)) continue;
     const double strain = strainOf(record, specimen)[row].number();
-    if (strain <= largestStrain) peak = {strain, stress};
+    if (strain <= largestStrain && areNumbers({strain, stress})) peak = {strain, stress};
   }
   return peak;
 }
@@ -138,11 +145,13 @@ HalfPeak halfPeakOf(const UnconfinedSampleRecord& record, Specimen specimen) {
   for (std::size_t row = 0; row + 1 < kUnconfinedRows; ++row) {
     const double strain = strains[row].number(), nextStrain = strains[row + 1].number();
     const double stress = stresses[row].number(), nextStress = stresses[row + 1].number();
-    if (!(stress <= half.stress && nextStress >= half.stress)) continue;
+    if (!(stress <= half.stress && nextStress >= half.stress) || !areNumbers({strain, nextStrain, stress, nextStress}))
+      continue;
     half.strain = strain;
     if (strain == nextStrain) continue;
     if (const auto slope = quotient(strain - nextStrain, stress - nextStress))
-      half.strain = strain + *slope * (half.stress - stress);
+      if (const double crossing = strain + *slope * (half.stress - stress); std::isfinite(crossing))
+        half.strain = crossing;
     break;
   }
   return half;

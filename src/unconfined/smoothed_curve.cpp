@@ -11,7 +11,7 @@ std::vector<Point> curvePoints(const UnconfinedSampleRecord& record, Specimen sp
   points.reserve(kUnconfinedRows + 1);
   for (std::size_t row = 0; row < kUnconfinedRows; ++row) {
     const Point point{strains[row].number(), stresses[row].number()};
-    if (point.y != 0 && point.x > 0 && point.x <= largestStrain) points.push_back(point);
+    if (point.y != 0 && std::isfinite(point.y) && point.x > 0 && point.x <= largestStrain) points.push_back(point);
   }
   return points;
 }

@@ -280,6 +280,14 @@ TEST(OddStrains, EndTheWalk) {
   }
 }
 
+TEST(OddStresses, BeyondAnyNumberDoNotCount) {
+  UnconfinedSampleRecord record = withStresses({{"1", "5", ""}, {"2", "1e999", ""}, {"3", "4", ""}});
+  reduceUnconfinedSample(record, kSt);
+  // (0, 0), (1, 5), (3, 4): a = (1 x 4 + (-3) x 5) / 6 = -11/6, b = 5 + 11/6; top at b / (-2 a) = 1.8636.
+  EXPECT_EQ(textOf(record.qu), "6.4") << "41² / 36 / (4 x 11 / 6) = 6.3674";
+  EXPECT_EQ(halfPeakOf(record, Specimen::Undisturbed).stress, 2.5);
+}
+
 TEST(OddStresses, BeyondAnyNumberLeaveNoStrength) {
   UnconfinedSampleRecord record = withStresses({{"1", "1e999", ""}, {"2", "1e999", ""}, {"3", "1e999", ""}});
   reduceUnconfinedSample(record, kSt);
@@ -293,6 +301,12 @@ TEST(HalfPeak, LiesWhereTheCurveFirstCrossesHalfItsPeak) {
   // half of 30; 1 + (1 - 2) / (10 - 30) x (15 - 10)
   EXPECT_EQ(halfPeakOf(record, Specimen::Undisturbed), (HalfPeak{15, 1.25}));
   EXPECT_EQ(halfPeakOf(record, Specimen::Remoulded), HalfPeak{});
+}
+
+TEST(HalfPeak, PassesOverTextsBeyondAnyNumber) {
+  const UnconfinedSampleRecord record = withStresses(
+      {{"1e999", "10.0", ""}, {"1.0", "-1e999", ""}, {"1.5", "10.0", ""}, {"2.0", "30.0", ""}, {"-1e999", "99.0", ""}});
+  EXPECT_EQ(halfPeakOf(record, Specimen::Undisturbed), (HalfPeak{15, 1.625}));
 }
 
 TEST(HalfPeak, ACrossingAtOneStrainIsNotTheLast) {
