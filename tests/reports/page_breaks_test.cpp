@@ -179,6 +179,18 @@ TEST_F(PictureFolder, IsThatOfTheFirstSamplePrinted) {
   EXPECT_EQ(pictureFolder(*report(), job, workspace), folder.path() / "PTU" / "大坝");
 }
 
+TEST_F(PictureFolder, ALinkIsRefusedAsInTheOtherFoldersOfData) {
+  sample(0, kUU, "A-1", "P1");
+  std::filesystem::create_directories(folder / "outside");
+  std::filesystem::create_directories(folder / "PTU");
+  std::filesystem::create_directory_symlink(folder / "outside", folder / "PTU/P1");
+  EXPECT_THROW(pictureFolder(*report(), job, workspace), UserError);
+  std::filesystem::remove(folder / "PTU/P1");
+  std::filesystem::remove(folder / "PTU");
+  std::filesystem::create_directory_symlink(folder / "outside", folder / "PTU");
+  EXPECT_THROW(pictureFolder(*report(), job, workspace), UserError);
+}
+
 TEST_F(PictureFolder, AProjectNumberThatIsNoNameIsRefused) {
   for (const std::string_view number : {"..", "a/b", "a\\b", "NUL", "x\x01"}) {
     sample(0, kUU, "A-1", number);

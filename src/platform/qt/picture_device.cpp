@@ -12,6 +12,7 @@
 #include "platform/qt/application.h"
 #include "platform/qt/page_devices.h"
 #include "platform/qt/painter_surface.h"
+#include "platform/replaced_file.h"
 
 namespace triaxlab {
 namespace {
@@ -44,7 +45,10 @@ class PictureDevice : public PageDevice {
     const std::filesystem::path file = fileOrNew(m_folder, fmt::format("{}{}.BMP", m_prefix, ++m_pages));
     if (!m_image.save(&content, "BMP")) throw UserError(fmt::format("无法生成图片文件“{}”。", textOfPath(file)));
     const QByteArray& bytes = content.data();
-    writeWholeFile(file, std::as_bytes(std::span(bytes.constData(), static_cast<std::size_t>(bytes.size()))));
+    // A link that has the picture's name goes; what it led to stays.
+    ReplacedFile picture(file);
+    picture.write(std::as_bytes(std::span(bytes.constData(), static_cast<std::size_t>(bytes.size()))));
+    picture.finish();
   }
 
   void finish() override {}

@@ -99,6 +99,17 @@ TEST(PictureDevice, WritesOneBitmapAPage) {
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "SZ3.BMP"));
 }
 
+TEST(PictureDevice, TakesThePlaceOfALink) {
+  const TemporaryFolder folder;
+  folder.write("outside", "another file");
+  std::filesystem::create_directory(folder / "pictures");
+  std::filesystem::create_symlink(folder / "outside", folder / "pictures/SZ1.BMP");
+  const auto device = makePictureDevice(folder / "pictures", "SZ");
+  drawPages(*device, 1);
+  EXPECT_EQ(folder.read("outside"), "another file");
+  EXPECT_TRUE(folder.read("pictures/SZ1.BMP").starts_with("BM"));
+}
+
 TEST(PictureDevice, MakesTheFolderButNoParents) {
   const TemporaryFolder folder;
   makePictureDevice(folder.path() / "2024-018", "SZ");
