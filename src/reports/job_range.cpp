@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "store/project/sample_rows.h"
+
 namespace triaxlab {
 
 NumberRange rangeAmong(int from, int to, int count) {
@@ -10,11 +12,11 @@ NumberRange rangeAmong(int from, int to, int count) {
   return {std::min(first, last), std::max(first, last)};
 }
 
-std::vector<std::size_t> chosenRows(const PrintJob& job, const Workspace& workspace) {
-  const auto table = workspace.TriaxialSampleTable.used();
+std::vector<std::size_t> chosenRows(const PrintJob& job, const Workspace& workspace, ProjectKind kind) {
+  const SampleRows table(workspace, kind);
   std::vector<std::size_t> rows;
   for (std::size_t row = 0; row < table.size(); ++row)
-    if (isLive(table[row])) rows.push_back(row);
+    if (table.isLive(row)) rows.push_back(row);
   if (job.scope == PrintScope::Current) std::erase_if(rows, [&](std::size_t row) { return row != job.currentRow; });
   if (job.scope != PrintScope::Range) return rows;
   const auto [first, last] = rangeAmong(job.printRangeFrom, job.printRangeTo, static_cast<int>(rows.size()));

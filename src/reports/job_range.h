@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "reports/print_job.h"
+#include "store/project/project_kinds.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
@@ -17,8 +18,8 @@ struct NumberRange {
 /// count, and the smaller comes first.
 NumberRange rangeAmong(int from, int to, int count);
 
-/// The table rows of the samples that the job prints, in the order of the table.
-std::vector<std::size_t> chosenRows(const PrintJob& job, const Workspace& workspace);
+/// The rows of the samples of a kind that the job prints, in the order of their table.
+std::vector<std::size_t> chosenRows(const PrintJob& job, const Workspace& workspace, ProjectKind kind);
 
 /// The pages that a job of `pageCount` pages sends.
 NumberRange chosenPages(const PrintJob& job, int pageCount);

@@ -40,7 +40,7 @@ bool isWanted(const CurveOptions& options, CurvePage curve) {
 
 std::vector<Block> blocksOf(const PrintJob& job, const Workspace& workspace) {
   std::vector<Block> blocks;
-  for (const std::size_t row : chosenRows(job, workspace))
+  for (const std::size_t row : chosenRows(job, workspace, ProjectKind::Triaxial))
     for (const CurvePage curve : kCurvePages)
       if (isWanted(job.curves, curve) && hasPage(workspace.TriaxialSampleTable[row], curve))
         blocks.push_back({row, curve});

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "store/project/sample_rows.h"
+#include "store/test_date.h"
 
 namespace triaxlab {
 
@@ -15,9 +16,9 @@ void blankResults(SummaryRecord& summary, ProjectKind kind) { infoOf(kind).resul
 
 std::string testDateOf(const Workspace& workspace, ProjectKind kind, std::size_t row) {
   const SampleRows rows(workspace, kind);
-  std::string date;
-  if (const auto ownDate = infoOf(kind).results.testDate) date = ownDate(rows.record(row));
-  if (date.empty()) date = workspace.projectTestDate(rows.projectNo(row)).value_or("");
+  const auto ownDate = infoOf(kind).results.testDate;
+  std::string date(shownTestDate(workspace, rows.projectNo(row),
+                                 ownDate != nullptr ? ownDate(rows.record(row)) : std::string_view{}));
   if (date.empty()) date = slashed(workspace.today());
   std::replace(date.begin(), date.end(), '-', '/');
   return date;

@@ -19,8 +19,7 @@ void putResults(SummaryRecord& summary, const Workspace& workspace, ProjectKind 
 /// of its test methods stay.
 void blankResults(SummaryRecord& summary, ProjectKind kind);
 
-/// The day under which a sample's results stand, yyyy/mm/dd: that of its own record (triaxial), else that of its
-/// project, else today.
+/// The day under which a sample's results stand, yyyy/mm/dd: the one that is shown for it, else today.
 std::string testDateOf(const Workspace& workspace, ProjectKind kind, std::size_t row);
 
 }  // namespace triaxlab
