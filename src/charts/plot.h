@@ -42,13 +42,16 @@ struct CurveReach {
 };
 CurveReach reachOf(std::span<const std::vector<Point>> curves);
 
-/// The number of a field as a chart takes it. Beyond six digits, which only an exponent in a damaged field can make, it
-/// is none and counts as 0.
+/// False beyond six digits, which only an exponent in a damaged field can make, and for what is no number.
+inline bool isPlotted(double value) {
+  constexpr double kSixDigits = 999999;
+  return std::abs(value) <= kSixDigits;
+}
+/// The number of a field as a chart takes it; one that isn't plotted counts as 0.
 template <std::size_t N>
 double plottedNumber(const FixedText<N>& field) {
-  constexpr double kSixDigits = 999999;
   const double value = field.number();
-  return std::abs(value) <= kSixDigits ? value : 0;
+  return isPlotted(value) ? value : 0;
 }
 
 /// Draws curves and lines given in values of a scale, clipped to its frame.

@@ -91,7 +91,7 @@ constexpr std::array kCommands{
     submenu("RZMFILE", "文件"),
     submenu("NEW0", "新建", "RZMFILE"),
     withKey(entry("NEW", "新建WKSZ（X）.TXT", "NEW0", A::NewDocument, kForm1), "Ctrl+N"),
-    later(entry("NEW1", "新建KWCX（X）.TXT", "NEW0", A::NewDocument, kForm4)),
+    entry("NEW1", "新建KWCX（X）.TXT", "NEW0", A::NewDocument, kForm4),
     entry("NK0", "新建K0工程", "NEW0", A::NewDocument, kForm6),
     submenu("DAKAI", "打开", "RZMFILE"),
     withKey(entry("ZMOPEN", "打开WKSZ（X）.TXT", "DAKAI", A::OpenProject, dialogKind(ProjectKind::Triaxial)), "Ctrl+O"),

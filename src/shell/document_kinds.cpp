@@ -94,6 +94,7 @@ constexpr std::array kDocumentKinds{
                  .activation = {{}, kTK0Curves},
                  .intervention = kForm1},
     DocumentKind{.document = kForm4,
+                 .built = true,
                  .tests = ProjectKind::Unconfined,
                  .master = kForm4,
                  .savedMessage = "无侧限试验数据保存完毕",

@@ -9,6 +9,7 @@
 #include "windows/triaxial/consolidation_table_window.h"
 #include "windows/triaxial/data_table_window.h"
 #include "windows/triaxial/triaxial_curve_window.h"
+#include "windows/unconfined/stress_window.h"
 
 namespace triaxlab {
 namespace {
@@ -72,6 +73,7 @@ constexpr std::array kWindows{
     WindowOfDocument{kForm1, makeCurves},
     WindowOfDocument{kForm2, makeDataTable},
     WindowOfDocument{kForm7, makeConsolidationTable},
+    WindowOfDocument{kForm4, makeListed<Form4, kForm4>},
     WindowOfDocument{kForm6, makeListed<Form6, kForm6>},
     WindowOfDocument{kForm9, makeListed<Form9, kForm9>},
 };

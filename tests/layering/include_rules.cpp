@@ -54,6 +54,7 @@ constexpr std::array kRooms{
     Room{"windows/k0", 9},
     Room{"windows/play", 9},
     Room{"windows/triaxial", 9},
+    Room{"windows/unconfined", 9},
     Room{"", 10},  // main.cpp, which opens the doors of the house
 };
 
