@@ -103,6 +103,7 @@ constexpr std::array kDocumentKinds{
                  .close = {kImport, kForm4Commands},
                  .leavesNoDocument = true,
                  .intervention = kForm1,
+                 .readsHabits = true,
                  .reduce = reduceUnconfined,
                  .reducesForSave = true,
                  .results = unconfinedResultLines},

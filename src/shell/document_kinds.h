@@ -44,6 +44,7 @@ struct DocumentKind {
   bool leavesNoDocument = false;               // activeDocument becomes 0 when it has closed
   std::optional<ActiveDocument> intervention;  // where 干预 acts while it is in front; none: nowhere
 
+  bool readsHabits = false;  // the laboratory's habits are read anew when the window gets a table
   /// Brings freshly filled tables to what the window shows; null: they are shown as they stand.
   void (*reduce)(Workspace&) = nullptr;
   bool reducesForSave = false;  // a save, too: what was typed since counts

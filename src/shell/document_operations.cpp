@@ -8,9 +8,15 @@ namespace {
 
 void append(Remarks& remarks, const Remarks& more) { remarks.insert(remarks.end(), more.begin(), more.end()); }
 
+/// What the laboratory has written into its text files since the start.
+void readTextFiles(Workspace& workspace, const DocumentKind& document, Remarks& remarks) {
+  if (document.readsHabits) append(remarks, ReadIniSettings(workspace));
+  append(remarks, ReadEnglishLabels(workspace));
+}
+
 /// What happens to a freshly filled table before it is shown.
 void prepareTable(Workspace& workspace, const DocumentKind& document, Remarks& remarks) {
-  append(remarks, ReadEnglishLabels(workspace));
+  readTextFiles(workspace, document, remarks);
   append(remarks, readLocations(workspace, document.tests));
   if (document.reduce != nullptr) document.reduce(workspace);
 }
@@ -38,7 +44,9 @@ Remarks newDocument(Workspace& workspace, const DocumentKind& document) {
   workspace.processingDate = {};
   workspace.keepExisting.reset();
   workspace.rawImportPending = false;
-  return ReadEnglishLabels(workspace);
+  Remarks remarks;
+  readTextFiles(workspace, document, remarks);
+  return remarks;
 }
 
 SaveReport saveDocument(Workspace& workspace, const DocumentKind& document, const OverwriteChooser& chooseOverwrites,

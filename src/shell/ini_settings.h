@@ -20,8 +20,8 @@ namespace triaxlab {
 
 inline constexpr std::uint64_t kLargestTextFile = 1'000'000;  // bytes
 
-/// Resets the habits and reads zmqvb.ini and sz.ini: at start, and again at each print command, so that an edit of
-/// either file takes effect at the next print.
+/// Resets the habits and reads zmqvb.ini and sz.ini: at start, again at each print command, and when an unconfined
+/// document is loaded, so that an edit of either file takes effect there.
 Remarks ReadIniSettings(Workspace& workspace);
 
 /// Resets the English report labels and reads esz.ini: whenever a triaxial document is loaded.

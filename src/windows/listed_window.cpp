@@ -137,7 +137,7 @@ void ListedWindow::makeReadings(ReadingColumns columns) {
     ClickLabel*& number = m_lineNumbers.at(static_cast<std::size_t>(line));
     number = caption(m_tables, {}, {kLineNumberX, lineY(line), kLineNumberWidth, kBoxHeight});
     number->setObjectName(arrayName("Label1", line));
-    number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    number->setAlignment(Qt::AlignCenter);
     rule(m_tables, kReadingsRuleX, kReadingsRuleEnd, line);
   }
   m_readings = new CellBlock(m_tables, {"Text2", "Label2"},

@@ -122,7 +122,7 @@ TEST(DocumentOperations, ASaveOfUnconfinedSamplesTakesWhatWasTypedSinceTheyWereS
 
 TEST(DocumentOperations, TheSensitivityHasTheDecimalsOfTheLaboratory) {
   Lab lab;
-  lab.workspace.settings.habits.sensitivityDecimals = 3;
+  lab.folder.write("zmqvb.ini", "[无侧限灵敏度]3\n");  // since the start
   UnconfinedSampleRecord& record = lab.workspace.UnconfinedSampleTable[0] = unconfinedSample();
   SetText(record.remouldedStrain[0], "1.0");
   SetText(record.remouldedStress[0], "30.0");

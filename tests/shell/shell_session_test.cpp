@@ -52,7 +52,7 @@ class Shell : public ::testing::Test {
 // ---- Triggering
 
 TEST_F(Shell, AnUnknownCommandOrOneThatIsOffDoesNothing) {
-  for (const char* name : {"NOSUCH", "", "QUXIAN", "ZMPRINT", "RZMSAVE", "NEW1", "PTK0", "RZMYULAN"})
+  for (const char* name : {"NOSUCH", "", "QUXIAN", "ZMPRINT", "RZMSAVE", "PTK0", "RZMYULAN"})
     EXPECT_FALSE(shell.trigger(name)) << name;
   EXPECT_THAT(windows.shown, IsEmpty());
   EXPECT_THAT(dialogs.shown, IsEmpty());

@@ -54,8 +54,8 @@ class ModalWindows {
   QTimer m_timer;
 };
 
-/// The program's main window with this document in front: nothing, or Form1 with a sample that was corrected by hand
-/// and perhaps a window beside it.
+/// The program's main window with this document in front: nothing, Form1 with a sample that was corrected by hand and
+/// perhaps a window beside it, or the window of another test with a sample.
 class Desk {
  public:
   explicit Desk(ActiveDocument front) {
@@ -64,6 +64,14 @@ class Desk {
     // The desktop has made it active.
     inLoop([this] { window.grab(); });
     if (front == kNoDocument) return;
+    if (documentKindOf(front).tests == ProjectKind::Triaxial)
+      openCorrected(front);
+    else
+      open(documentKindOf(front).tests);
+  }
+
+  /// A triaxial sample that was corrected by hand.
+  void openCorrected(ActiveDocument front) {
     TriaxialSampleRecord corrected = sample("P1", "A-1", kCU);
     corrected.adjustedFlag = 1;
     lab.writeProject("P1", {corrected});
@@ -73,6 +81,16 @@ class Desk {
     if (front != kForm1) window.shell().showTable(front);
   }
 
+  /// A project of another kind than the triaxial one, out of the browser.
+  void open(ProjectKind tests) {
+    const auto command = std::ranges::find_if(commandTable(), [tests](const Command& row) {
+      return row.action == Action::OpenProject && row.argument == static_cast<std::int16_t>(tests);
+    });
+    lab.writeSamples(tests, "P1", {"A-1"});
+    modal.pressEnter = true;
+    press(command->name);
+    modal.pressEnter = false;
+  }
   QAction* action(std::string_view name) const { return window.findChild<QAction*>(words(name)); }
   /// In the loop of the program, which 退出 ends.
   void inLoop(const std::function<void()>& operation) {
@@ -178,7 +196,7 @@ TEST_P(EveryCommandOf, IsTheReasonForWhatIsSeen) {
   EXPECT_TRUE(desk.visible() == before);
 }
 
-INSTANTIATE_TEST_SUITE_P(Windows, EveryCommandOf, ::testing::Values(kNoDocument, kForm1, kForm2, kForm7));
+INSTANTIATE_TEST_SUITE_P(Windows, EveryCommandOf, ::testing::Values(kNoDocument, kForm1, kForm2, kForm7, kForm4));
 
 }  // namespace
 }  // namespace triaxlab::testing

@@ -135,23 +135,6 @@ TEST_P(ListOfKind, ScrollsByBarWheelAndKeys) {
 INSTANTIATE_TEST_SUITE_P(Windows, ListOfKind, ::testing::ValuesIn(kKinds),
                          [](const auto& kind) { return std::string(kind.param.command); });
 
-TEST(BrowserOfKind, WhatHasNoWindowSaysSoAndStays) {
-  const PlayedProgram program;
-  std::string script = "menu NEW\ntype Form1.Text1 P9\n", expected;
-  for (const KindOfTest& kind : kKinds) {
-    if (kind.kind != ProjectKind::Unconfined) continue;
-    program.folder().write(kind.file, sampleFileBytes(kind.kind, "P1", {"A"}));
-    // Nothing is asked about the changes in Form1, since its table isn't replaced.
-    script += std::string("menu ") + kind.command +
-              "\nreply OK\ndblcell OPENFORM.MSFlexGrid1 1 1\nget OPENFORM.MSFlexGrid1 1 1\nmessages\nkey Esc\n";
-    expected += "OPENFORM.MSFlexGrid1=P1\n[" + std::string(listKindOf(kind.kind).messageTitle) +
-                "] 本版本还不能显示这类试验的数据，文件没有打开；可以用“土样列表”整理其中土样的顺序。\n";
-  }
-  const PlayResult result = program.play(script + "get Form1.Label1(2)\n");
-  EXPECT_EQ(result.errors, "");
-  EXPECT_EQ(result.out, expected + "Form1.Label1(2)=P9\n");
-}
-
 TEST(BrowserOfKind, TheOldestTriaxialFilesOpenIntoForm1) {
   const PlayedProgram program;
   program.folder().write("HSZS/KSZP1.TXT", sampleFileBytes(ProjectKind::OldTriaxial, "P1", {"A-1", "A-2"}));

@@ -34,11 +34,11 @@ void CellBlock::connectCell(int cell) {
   const auto [box, label] = m_cells.at(static_cast<std::size_t>(cell));
   connect(label, &ClickLabel::clicked, this, [this, cell] { enter(cell); });
   connect(box, &RecordEdit::focusEntered, this, [this, cell, label = label] {
-    label->hide();
+    label->lower();
     emit entered(cell);
   });
   connect(box, &RecordEdit::focusLeft, this, [this, label = label] {
-    label->show();
+    label->raise();
     emit left();
   });
   connect(box, &QLineEdit::textEdited, this, [this, cell](const QString& text) { emit typed(cell, text); });

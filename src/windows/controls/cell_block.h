@@ -15,8 +15,8 @@ namespace triaxlab {
 class ClickLabel;
 class RecordEdit;
 
-/// The cells of a list or of a table: each an edit box, and a label that lies over it until somebody goes there. Tab
-/// comes to the chosen cell alone.
+/// The cells of a list or of a table: each an edit box, and a label that lies over it, and under it while somebody
+/// types there. Tab comes to the chosen cell alone.
 class CellBlock : public QObject {
   Q_OBJECT
 
