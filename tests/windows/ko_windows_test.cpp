@@ -148,7 +148,7 @@ TEST_F(KoWindows, WhileTheLineIsMovedTheTablesGiveWay) {
            "state Form6.Command2\n"),
       "Form6.Text1(0): not visible not enabled not checked\nForm6.VScroll2: not visible enabled not checked\n"
       "Form6.Command2: visible not enabled not checked\nForm6.Frame1: visible enabled not checked\n"
-      "Form6.PhaseSubject=土样编号:A1\nOK0: visible not enabled not checked\n"
+      "Form6.PhaseSubject=土样编号:A1    截距:0.0 kPa    角度:21.8 度\nOK0: visible not enabled not checked\n"
       "Form6.Text1(0): visible enabled not checked\nForm6.Frame1: not visible enabled not checked\n"
       "Form6.Command2: visible enabled not checked\n");
 }

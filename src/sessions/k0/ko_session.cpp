@@ -1,5 +1,6 @@
 #include "sessions/k0/ko_session.h"
 
+#include "common/angles.h"
 #include "common/gbk.h"
 #include "common/user_error.h"
 #include "k0/charts/ko_chart.h"
@@ -19,14 +20,22 @@ constexpr std::array kReadings{Reading{&K0SampleRecord::axialDeformation, Number
                                Reading{&K0SampleRecord::lateralPressure, NumberFormat::Tenths}};
 static_assert(kReadings.size() == ko_captions::kReadings.size());
 
-/// What keys and mouse do, by LineMode.
-constexpr std::array<std::array<const char*, 3>, 3> kHelp{{
-    {},
+/// What is told while a line is moved.
+struct ModeTexts {
+  NumberFormat intercept;
+  const char* unit;
+  std::array<const char*, 3> help;
+};
+constexpr ModeTexts kKoTexts{
+    NumberFormat::Tenths,
+    "kPa",
     {"←、→ 减、加截距 1.0 kPa    ↑、↓ 加、减角度 0.1 度", "鼠标左键 拖动直线中部上下移动，拖动右端转动",
-     "Ctrl+Z 撤销    Ctrl+Y 重做    F4 退出干预"},
-    {"←、→ 加、减截距 0.01 mm    ↑、↓ 减、加角度 0.1 度", "鼠标左键 拖动直线中部上下移动，拖动末端转动",
-     "Ctrl+Z 撤销    Ctrl+Y 重做    F5 退出干预"},
-}};
+     "Ctrl+Z 撤销    Ctrl+Y 重做    F4 退出干预"}};
+constexpr ModeTexts kT90Texts{
+    NumberFormat::Hundredths,
+    "mm",
+    {"←、→ 加、减截距 0.01 mm    ↑、↓ 减、加角度 0.1 度", "鼠标左键 拖动第一条直线中部上下移动，拖动末端转动",
+     "Ctrl+Z 撤销    Ctrl+Y 重做    F5 退出干预"}};
 
 }  // namespace
 
@@ -62,10 +71,13 @@ KoState KoSession::koState() const {
                 .idle = !m_intervention.running(),
                 .subject = {},
                 .help = {}};
-  if (state.idle) return state;
-  state.subject = workspace().settings.habits.sampleNoLabel + ":" + gbkToUtf8(m_drawn.sampleNo.trimmed());
-  const auto& help = kHelp.at(static_cast<std::size_t>(mode()));
-  for (std::size_t i = 0; i < help.size(); ++i) state.help.at(i) = help.at(i);
+  const std::optional<StraightLine> line = m_intervention.line();
+  if (!line) return state;
+  const ModeTexts& texts = mode() == LineMode::Ko ? kKoTexts : kT90Texts;
+  state.subject = workspace().settings.habits.sampleNoLabel + ":" + gbkToUtf8(m_drawn.sampleNo.trimmed()) +
+                  "    截距:" + FormatNumber(line->intercept, texts.intercept) + " " + texts.unit +
+                  "    角度:" + FormatNumber(degreesOfTangent(line->slope), NumberFormat::Tenths) + " 度";
+  for (std::size_t i = 0; i < texts.help.size(); ++i) state.help.at(i) = texts.help.at(i);
   return state;
 }
 

@@ -28,7 +28,7 @@ struct KoState {
   std::string lineNote;  // whether the Ko line was set by hand
   std::string samplingDepth;
   bool idle = true;  // no line is moved: the tables are there, and the buttons are on
-  /// While a line is moved: of which sample, and what keys and mouse do.
+  /// While a line is moved: of which sample, where the line is, and what keys and mouse do.
   std::string subject;
   std::array<std::string, 3> help;
 };

@@ -263,7 +263,9 @@ TEST_F(KoSessionTest, TellsWhatKeysAndMouseDo) {
   EXPECT_EQ(session.koState().help[0], "");
   session.moveKoLine();
   EXPECT_FALSE(session.koState().idle);
-  EXPECT_EQ(session.koState().subject, "土样编号:A1");
+  EXPECT_EQ(session.koState().subject, "土样编号:A1    截距:0.0 kPa    角度:21.8 度");
+  press(ArrowKey::Left, 3);
+  EXPECT_EQ(session.koState().subject, "土样编号:A1    截距:-3.0 kPa    角度:21.8 度");
   EXPECT_NE(session.koState().help[2].find("F4 退出干预"), std::string::npos);
 }
 
