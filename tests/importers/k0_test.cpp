@@ -20,6 +20,8 @@ class K0Import : public ImportTest {
   std::string_view load(std::size_t stage) const { return k0().axialPressure[stage].trimmed(); }
   std::string_view deformation(std::size_t stage) const { return k0().axialDeformation[stage].trimmed(); }
   std::string_view pressure(std::size_t stage) const { return k0().lateralPressure[stage].trimmed(); }
+  void importSeries(int mode);
+  std::size_t remarksOnCutSeries(std::size_t size);
   void calibrate(const std::vector<int>& factors) const { folder.write("KGJYBXL1.TB", calibrationTable(factors)); }
 };
 
@@ -82,23 +84,25 @@ TEST_F(K0Import, EveryShorterFileGivesTheStationsThatAreThere) {
 // ---- HGJSJ.KU: header
 
 TEST_F(K0Import, LoadsComeFromTheRowOfTheTableThatTheStationNames) {
-  HgjBlock block;
-  block.loads = {{0, 125}, {1, 125}, {2, 250}, {10, 50}, {12, 200}, {20, 1000}, {90, 1}};
-  for (int number = 0; number < 6; ++number)
-    block.stations.push_back(
-        {.number = number, .loadRow = std::array{1, 2, 13, 10, 4, 20}[static_cast<std::size_t>(number)], .mode = 0});
-  importAll({hgjEntry(block)}, "k0-hgj");
-  const auto loadsOf = [&](std::size_t row) {
-    std::string loads;
-    for (const auto& text : k0(row).axialPressure) loads += std::string(text.trimmed()) + ";";
-    return loads;
+  struct Case {
+    int loadRow;
+    const char *loads, *why;
   };
-  EXPECT_EQ(loadsOf(0), "12.5;125;250;;;;;;;;") << "a first load of 125 is 12.5";
-  EXPECT_EQ(loadsOf(1), "50;;;;;;;;;;") << "the first 0 ends them";
-  EXPECT_EQ(loadsOf(2), "1000;;;;;;;;;;") << "13 is row 3";
-  EXPECT_EQ(loadsOf(3), ";;;;;;;;;;") << "10 is none";
-  EXPECT_EQ(loadsOf(4), ";;;;;;;;;;") << "an empty row";
-  EXPECT_EQ(loadsOf(5), ";;;;;;;;;;") << "20 is none";
+  const std::array cases{Case{1, "12.5;125;250;;;;;;;;", "a first load of 125 is 12.5"},
+                         Case{2, "50;;;;;;;;;;", "the first 0 ends them"},
+                         Case{13, "1000;;;;;;;;;;", "13 is row 3"},
+                         Case{10, ";;;;;;;;;;", "10 is none"},
+                         Case{4, ";;;;;;;;;;", "an empty row"},
+                         Case{20, ";;;;;;;;;;", "20 is none"}};
+  for (const Case& c : cases) {
+    HgjBlock block;
+    block.loads = {{0, 125}, {1, 125}, {2, 250}, {10, 50}, {12, 200}, {20, 1000}, {90, 1}};
+    block.stations = {{.loadRow = c.loadRow, .mode = 0}};
+    importAll({hgjEntry(block)}, "k0-hgj");
+    std::string loads;
+    for (const auto& text : k0().axialPressure) loads += std::string(text.trimmed()) + ";";
+    EXPECT_EQ(loads, c.loads) << c.why;
+  }
 }
 
 TEST_F(K0Import, OnlyK0StationsOfTheProjectOrOfNoneAreTaken) {
@@ -198,26 +202,39 @@ HgjSeries threeRows() {
                        {{3, 0, 1, 0}, 999}}};
 }
 
-TEST_F(K0Import, ASeriesFillsTheRowsUpToTheLastTime) {
+/// Three rows of station 1, whose channel gives twice the word.
+void K0Import::importSeries(int mode) {
   calibrate({1, 2});
+  HgjBlock block;
+  block.stations = {{.number = 1, .mode = mode}};
+  block.readings = threeRows().bytes();
+  EXPECT_THAT(importAll({hgjEntry(block)}, "tk0-hgj").remarks, IsEmpty());
+}
+
+TEST_F(K0Import, ASeriesFillsTheRowsUpToTheLastTime) {
+  importSeries(1);
+  EXPECT_EQ(tk0().timeRowCount, 3);
+  EXPECT_EQ(tk0().elapsedSeconds[1], 60);
+  EXPECT_EQ(tk0().elapsedSeconds[2], -240);
+  EXPECT_EQ(tk0().deformationSeries[1][0].trimmed(), "0.100");
+  EXPECT_EQ(tk0().pressureSeries[1][0].trimmed(), "80.0") << "twice the word";
+  EXPECT_EQ(tk0().deformationSeries[0][0].trimmed(), "0.000");
+  EXPECT_EQ(tk0().deformationSeries[0][1].trimmed(), "0.005");
+}
+
+TEST_F(K0Import, ASeriesLeavesBlankWhatWasNotRead) {
+  importSeries(1);
+  EXPECT_TRUE(tk0().pressureSeries[2][1].isBlank()) << "no reading";
+  EXPECT_TRUE(tk0().deformationSeries[3][0].isBlank()) << "behind the last time";
+  EXPECT_TRUE(tk0().deformationSeries[2][2].isBlank()) << "no third load";
+  EXPECT_TRUE(tk0().k0.lateralPressure[0].isBlank()) << "that of T90 is yet to be found";
+}
+
+TEST_F(K0Import, TheLastRowOfASeriesIsTheEndOfItsStage) {
   for (const int mode : {1, 2}) {
-    HgjBlock block;
-    block.stations = {{.number = 1, .mode = mode}};
-    block.readings = threeRows().bytes();
-    EXPECT_THAT(importAll({hgjEntry(block)}, "tk0-hgj").remarks, IsEmpty());
-    EXPECT_EQ(tk0().timeRowCount, 3);
-    EXPECT_EQ(tk0().elapsedSeconds[1], 60);
-    EXPECT_EQ(tk0().elapsedSeconds[2], -240);
-    EXPECT_EQ(tk0().deformationSeries[1][0].trimmed(), "0.100");
-    EXPECT_EQ(tk0().pressureSeries[1][0].trimmed(), "80.0") << "twice the word";
-    EXPECT_EQ(tk0().deformationSeries[0][0].trimmed(), "0.000");
-    EXPECT_EQ(tk0().deformationSeries[0][1].trimmed(), "0.005");
-    EXPECT_TRUE(tk0().pressureSeries[2][1].isBlank()) << "no reading";
-    EXPECT_TRUE(tk0().deformationSeries[3][0].isBlank()) << "behind the last time";
-    EXPECT_TRUE(tk0().deformationSeries[2][2].isBlank()) << "no third load";
-    EXPECT_EQ(tk0().k0.axialDeformation[0].trimmed(), "0.200");
-    EXPECT_EQ(tk0().k0.axialDeformation[1].trimmed(), "0.300");
-    EXPECT_TRUE(tk0().k0.lateralPressure[0].isBlank()) << "that of T90 is yet to be found";
+    importSeries(mode);
+    EXPECT_EQ(tk0().k0.axialDeformation[0].trimmed(), "0.200") << mode;
+    EXPECT_EQ(tk0().k0.axialDeformation[1].trimmed(), "0.300") << mode;
   }
 }
 
@@ -248,21 +265,29 @@ TEST_F(K0Import, WithoutATimeThereIsNoSeries) {
   EXPECT_EQ(tk0().stageCount, 2);
 }
 
-TEST_F(K0Import, RowsThatTheEndCutsAreZerosAndOnlyThoseInUseAreMissed) {
+/// Behind index, header and times, the last word of threeRows in use is the pressure of row 2, stage 1, station 1:
+/// ((2 x 10 + 1) x 64 + 1) x 4 bytes and its four.
+constexpr std::size_t kInUse = 32 + 2261 + 124 + 5380 + 4;
+
+/// The remarks on a file of threeRows that ends here.
+std::size_t K0Import::remarksOnCutSeries(std::size_t size) {
   calibrate({1, 2});
   HgjBlock block;
   block.stations = {{.number = 1, .mode = 1}};
-  block.readings = threeRows().bytes(4);
-  const std::string whole = kuFile({hgjEntry(block)});
-  // The last word in use is the pressure of row 2, stage 1, station 1: ((2 x 10 + 1) x 64 + 1) x 4 bytes and its four.
-  const std::size_t inUse = whole.size() - 4 * 2560 + ((2 * 10 + 1) * 64 + 1) * 4 + 4;
-  EXPECT_THAT(importFile(std::string_view(whole).substr(0, inUse), "tk0-hgj").remarks, IsEmpty());
-  EXPECT_EQ(tk0().deformationSeries[2][1].trimmed(), "0.300");
-  EXPECT_EQ(importFile(std::string_view(whole).substr(0, inUse - 4), "tk0-hgj").remarks.size(), 1U);
+  block.readings = threeRows().bytes();
+  return importFile(kuFile({hgjEntry(block)}).substr(0, size), "tk0-hgj").remarks.size();
+}
+
+TEST_F(K0Import, RowsThatTheEndCutsAreZeros) {
+  EXPECT_EQ(remarksOnCutSeries(kInUse - 4), 1U);
   EXPECT_EQ(tk0().deformationSeries[2][0].trimmed(), "0.200");
   EXPECT_EQ(tk0().deformationSeries[2][1].trimmed(), "0.000");
-  for (std::size_t size = 32; size < inUse; size += 67)
-    EXPECT_EQ(importFile(std::string_view(whole).substr(0, size), "tk0-hgj").remarks.size(), 1U) << size;
+  for (std::size_t size = 32; size < kInUse; size += 67) EXPECT_EQ(remarksOnCutSeries(size), 1U) << size;
+}
+
+TEST_F(K0Import, ReadingsThatNobodyTakesAreNotMissed) {
+  EXPECT_EQ(remarksOnCutSeries(kInUse), 0U);
+  EXPECT_EQ(tk0().deformationSeries[2][1].trimmed(), "0.300");
 }
 
 TEST_F(K0Import, SixteenUnconfinedStationsStandInFrontOfTheReadings) {

@@ -120,6 +120,22 @@ TEST(DocumentOperations, ASaveOfUnconfinedSamplesTakesWhatWasTypedSinceTheyWereS
   EXPECT_EQ(lab.folder.read("ZMSJ/KHZP1.txt").substr(600 + 2735, 10), "206.3     ") << "qu and qu'";
 }
 
+TEST(DocumentOperations, ASaveOfK0SamplesFitsNothingThatWasNotShown) {
+  Lab lab;
+  K0SampleRecord& record = lab.workspace.K0SampleTable[0];
+  SetText(record.projectNo, "P1");
+  SetText(record.sampleNo, "S-1");
+  for (const std::size_t stage : {0, 1}) {
+    SetText(record.axialPressure[stage], stage == 0 ? "100" : "200");
+    SetText(record.lateralPressure[stage], stage == 0 ? "50" : "100");
+  }
+  importedDocument(lab.workspace, documentKindOf(kForm6));
+  SetText(record.lateralPressure[1], "150");
+  EXPECT_TRUE(saveDocument(lab.workspace, documentKindOf(kForm6), {}).errors.empty());
+  EXPECT_EQ(lab.folder.read("HSZS/KOP1.txt").substr(81 + 211, 6), "0.500 ");
+  EXPECT_EQ(lab.folder.read("ZMSJ/KHZP1.txt").substr(600 + 1137, 6), "0.500 ");
+}
+
 TEST(DocumentOperations, TheSensitivityHasTheDecimalsOfTheLaboratory) {
   Lab lab;
   lab.folder.write("zmqvb.ini", "[无侧限灵敏度]3\n");  // since the start

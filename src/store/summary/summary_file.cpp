@@ -86,9 +86,23 @@ std::string lookupSamplingDepth(const Workspace& workspace, std::string_view pro
   return std::string(depths.of(0).trimmed());
 }
 
+namespace {
+
+void readProject(Workspace& workspace, ProjectKind kind, std::string_view projectNo, const ProjectRows& project) {
+  FirstDepths depths(project.rows.size());
+  visitLocations(workspace, projectNo, project.sampleNumbers, [&](std::size_t i, const SampleLocation& location) {
+    workspace.textsOf(kind).SampleDisplayTable[project.rows[i]] = location;
+    depths.add(i, location);
+  });
+  const auto takeDepth = infoOf(kind).takeDepth;
+  if (takeDepth == nullptr) return;
+  for (std::size_t i = 0; i < project.rows.size(); ++i) takeDepth(workspace, project.rows[i], depths.of(i));
+}
+
+}  // namespace
+
 Remarks readLocations(Workspace& workspace, ProjectKind kind) {
   const SampleRows table(workspace, kind);
-  const auto takeDepth = infoOf(kind).takeDepth;
   DocumentTexts& texts = workspace.textsOf(kind);
   std::map<std::string, ProjectRows, std::less<>> projects;
   std::optional<std::string> firstProject;
@@ -108,18 +122,7 @@ Remarks readLocations(Workspace& workspace, ProjectKind kind) {
     }
   };
   if (firstProject) remarkOn([&] { readTitles(workspace, texts, *firstProject); });
-  for (const auto& [projectNo, found] : projects) {
-    FirstDepths depths(found.rows.size());
-    const auto fillRow = [&](std::size_t i, const SampleLocation& location) {
-      texts.SampleDisplayTable[found.rows[i]] = location;
-      depths.add(i, location);
-    };
-    remarkOn([&] {
-      visitLocations(workspace, projectNo, found.sampleNumbers, fillRow);
-      if (takeDepth == nullptr) return;
-      for (std::size_t i = 0; i < found.rows.size(); ++i) takeDepth(workspace, found.rows[i], depths.of(i));
-    });
-  }
+  for (const auto& project : projects) remarkOn([&] { readProject(workspace, kind, project.first, project.second); });
   return remarks;
 }
 
