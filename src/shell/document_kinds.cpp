@@ -67,7 +67,6 @@ constexpr Name kQuestionFirst = "保存修改后数据吗？\n\n   数据已修�
 // show what is in the table of Form1, which is saved with it.
 constexpr std::array kDocumentKinds{
     DocumentKind{.document = kForm1,
-                 .built = true,
                  .tests = ProjectKind::Triaxial,
                  .master = kForm1,
                  .savedMessage = kTriaxialSaved,
@@ -80,21 +79,18 @@ constexpr std::array kDocumentKinds{
                  .results = triaxialResultLines,
                  .print = printCurves},
     DocumentKind{.document = kForm2,
-                 .built = true,
                  .tests = ProjectKind::Triaxial,
                  .master = kForm1,
                  .savedMessage = kTriaxialSaved,
                  .activation = {{}, kTK0Curves},
                  .intervention = kForm1},
     DocumentKind{.document = kForm7,
-                 .built = true,
                  .tests = ProjectKind::Triaxial,
                  .master = kForm1,
                  .savedMessage = kTriaxialSaved,
                  .activation = {{}, kTK0Curves},
                  .intervention = kForm1},
     DocumentKind{.document = kForm4,
-                 .built = true,
                  .tests = ProjectKind::Unconfined,
                  .master = kForm4,
                  .savedMessage = "无侧限试验数据保存完毕",
@@ -108,7 +104,6 @@ constexpr std::array kDocumentKinds{
                  .reducesForSave = true,
                  .results = unconfinedResultLines},
     DocumentKind{.document = kForm6,
-                 .built = true,
                  .tests = ProjectKind::K0,
                  .master = kForm6,
                  .savedMessage = "K0试验数据保存完毕",
@@ -120,7 +115,6 @@ constexpr std::array kDocumentKinds{
                  .reduce = reduceK0,
                  .results = k0ResultLines},
     DocumentKind{.document = kForm9,
-                 .built = true,
                  .tests = ProjectKind::TK0,
                  .master = kForm9,
                  .savedMessage = "TK0试验数据保存完毕",
@@ -148,11 +142,6 @@ const DocumentKind& documentKindOf(std::int16_t document) {
 const DocumentKind& documentOfTests(ProjectKind kind) {
   const ProjectKind shown = infoOf(kind).savedAs;
   return *std::ranges::find_if(kDocumentKinds, [shown](const DocumentKind& row) { return row.tests == shown; });
-}
-
-const DocumentKind* documentShowing(ProjectKind kind) {
-  const DocumentKind& row = documentOfTests(kind);
-  return row.built ? &row : nullptr;
 }
 
 }  // namespace triaxlab

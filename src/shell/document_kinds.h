@@ -35,7 +35,6 @@ using ResultLines = std::vector<std::vector<std::string>>;
 /// One row for each document window: what shell, command line and main window do for it.
 struct DocumentKind {
   ActiveDocument document;
-  bool built = false;             // false: this version has no such window
   ProjectKind tests;              // whose table it shows
   ActiveDocument master;          // itself; of a window beside another, that other, on whose table and changes it acts
   std::string_view savedMessage;  // shown when a save is complete
@@ -63,9 +62,7 @@ struct DocumentKind {
 std::span<const DocumentKind> documentKinds();
 /// The row of the document on which commands act: of `kNoDocument` that of the triaxial window.
 const DocumentKind& documentKindOf(std::int16_t document);
-/// The row of the window that shows the tests of a kind; null as long as this version has none.
-const DocumentKind* documentShowing(ProjectKind kind);
-/// The row that tells of the tests of a kind, whether they have a window or not.
+/// The row of the window that shows the tests of a kind.
 const DocumentKind& documentOfTests(ProjectKind kind);
 
 }  // namespace triaxlab

@@ -170,21 +170,20 @@ void ShellSession::newDocument(const Command& command) {
 
 void ShellSession::openProject(const Command& command) {
   m_workspace.openDialogKind = command.argument;
-  const DocumentKind* const document = documentShowing(static_cast<ProjectKind>(command.argument));
-  if (document != nullptr && !mayClose(document->document)) return;
+  const ActiveDocument document = documentOfTests(static_cast<ProjectKind>(command.argument)).document;
+  if (!mayClose(document)) return;
   const auto chooseRange = [&](int sampleCount) {
     RangeDialog range(sampleCount);
     m_windows.showRangeDialog(range);
     return range.range();
   };
-  ProjectOpener open;
-  if (document != nullptr)
-    open = [&](ProjectKind kind, std::string_view name) { return openDocument(m_workspace, kind, name, chooseRange); };
-  BrowserSession browser(m_workspace, m_dialogs, open,
-                         [&](SampleListSession& list) { m_windows.showSampleList(list); });
+  BrowserSession browser(
+      m_workspace, m_dialogs,
+      [&](ProjectKind kind, std::string_view name) { return openDocument(m_workspace, kind, name, chooseRange); },
+      [&](SampleListSession& list) { m_windows.showSampleList(list); });
   m_windows.showBrowser(browser);
-  if (document != nullptr && browser.opened())
-    show(document->document, *browser.opened());
+  if (browser.opened())
+    show(document, *browser.opened());
   else if (!browser.remarks().empty())
     showRemarks(browser.remarks());
 }

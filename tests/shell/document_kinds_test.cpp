@@ -58,10 +58,10 @@ TEST(DocumentKinds, EveryCommandThatIsSwitchedExists) {
 }
 
 TEST(DocumentKinds, EveryTestHasItsWindow) {
-  EXPECT_EQ(documentShowing(ProjectKind::Triaxial)->document, kForm1);
-  EXPECT_EQ(documentShowing(ProjectKind::Unconfined)->document, kForm4);
-  EXPECT_EQ(documentShowing(ProjectKind::K0)->document, kForm6);
-  EXPECT_EQ(documentShowing(ProjectKind::TK0)->document, kForm9);
+  EXPECT_EQ(documentOfTests(ProjectKind::Triaxial).document, kForm1);
+  EXPECT_EQ(documentOfTests(ProjectKind::Unconfined).document, kForm4);
+  EXPECT_EQ(documentOfTests(ProjectKind::K0).document, kForm6);
+  EXPECT_EQ(documentOfTests(ProjectKind::TK0).document, kForm9);
 }
 
 }  // namespace

@@ -196,7 +196,8 @@ TEST_P(EveryCommandOf, IsTheReasonForWhatIsSeen) {
   EXPECT_TRUE(desk.visible() == before);
 }
 
-INSTANTIATE_TEST_SUITE_P(Windows, EveryCommandOf, ::testing::Values(kNoDocument, kForm1, kForm2, kForm7, kForm4));
+INSTANTIATE_TEST_SUITE_P(Windows, EveryCommandOf,
+                         ::testing::Values(kNoDocument, kForm1, kForm2, kForm7, kForm4, kForm6, kForm9));
 
 }  // namespace
 }  // namespace triaxlab::testing

@@ -26,9 +26,6 @@ constexpr std::array kColumns{
     BrowserColumn{"操作者", 1500, &ProjectListRow::operatorName},
 };
 
-constexpr std::string_view kNotShownYet =
-    "本版本还不能显示这类试验的数据，文件没有打开；可以用“土样列表”整理其中土样的顺序。";
-
 }  // namespace
 
 BrowserSession::BrowserSession(Workspace& workspace, Dialogs& dialogs, ProjectOpener openProject,
@@ -79,15 +76,10 @@ bool BrowserSession::open() {
   const ProcessingDate before = std::exchange(m_workspace.processingDate, {});
   const ProjectListRow* const project = chosenProject();
   if (project == nullptr) return false;
-  bool opened = false;
-  if (m_openProject) {
-    opened = runShowingErrors(m_dialogs, [&] {
-      m_opened = m_openProject(m_kind.kind, project->fileName);
-      m_opened->insert(m_opened->begin(), m_remarks.begin(), m_remarks.end());
-    });
-  } else {
-    m_dialogs.message(m_kind.messageTitle, kNotShownYet, MessageIcon::None);
-  }
+  const bool opened = runShowingErrors(m_dialogs, [&] {
+    m_opened = m_openProject(m_kind.kind, project->fileName);
+    m_opened->insert(m_opened->begin(), m_remarks.begin(), m_remarks.end());
+  });
   if (!opened) m_workspace.processingDate = before;
   return opened;
 }

@@ -36,8 +36,7 @@ class BrowserSession {
   /// Shows a sample list (Form13, Form14) until it is left.
   using SampleListShower = std::function<void(SampleListSession&)>;
 
-  /// Lists the project files by file name; row 1, column 1 is current. No `openProject`: there is no window for files
-  /// of this kind yet.
+  /// Lists the project files by file name; row 1, column 1 is current.
   BrowserSession(Workspace& workspace, Dialogs& dialogs, ProjectOpener openProject,
                  SampleListShower showSampleList = {});
 

@@ -29,9 +29,8 @@ class Browser : public ::testing::Test {
  protected:
   Browser() { lab.workspace.openDialogKind = 1; }
   BrowserSession browser() { return {lab.workspace, dialogs, opener()}; }
-  /// As the shell opens files: nothing for a kind that no window shows.
+  /// As the shell opens files.
   ProjectOpener opener() {
-    if (documentShowing(static_cast<ProjectKind>(lab.workspace.openDialogKind)) == nullptr) return {};
     return [this](ProjectKind kind, std::string_view name) { return openDocument(lab.workspace, kind, name, {}); };
   }
   Lab lab;
@@ -186,7 +185,6 @@ const KindOfTest kKinds[] = {
     {ProjectKind::K0, "K0试验数据文件列表", "K0试验数据表KO(X).TXT ", "打开KO数据文件"},
     {ProjectKind::TK0, "TK0试验数据文件列表", "TK0试验数据表TKO(X).TXT ", "打开TKO数据文件"},
 };
-constexpr ProjectKind kWithoutWindow[] = {ProjectKind::Unconfined};
 
 std::vector<std::string> projectsOf(const BrowserSession& session) {
   std::vector<std::string> projects;
@@ -233,25 +231,7 @@ TEST_F(BrowserOfAnyKind, AnOldestTriaxialFileOpensIntoTheTriaxialTable) {
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[1].sampleNo.trimmed(), "A-2");
   EXPECT_FALSE(isLive(lab.workspace.TriaxialSampleTable[2]));
   EXPECT_FALSE(lab.workspace.rawImportPending);
-  EXPECT_EQ(documentShowing(ProjectKind::OldTriaxial)->document, kForm1);
-}
-
-TEST_F(BrowserOfAnyKind, AKindWithoutAWindowIsNotReadAndSaysWhy) {
-  for (const ProjectKind kind : kWithoutWindow) {
-    lab.writeSamples(kind, "P1", {"A-1"});
-    SetText(lab.workspace.processingDate.year, "2012");
-    lab.workspace.rawImportPending = true;
-    BrowserSession session = browserOf(kind);
-    EXPECT_FALSE(session.open());
-    EXPECT_THAT(dialogs.take(),
-                ElementsAre("[" + std::string(listKindOf(kind).messageTitle) +
-                            "] 本版本还不能显示这类试验的数据，文件没有打开；可以用“土样列表”整理其中土样的顺序。"));
-    EXPECT_FALSE(session.opened().has_value());
-    EXPECT_EQ(lab.workspace.processingDate.year.view(), "2012");
-    EXPECT_TRUE(lab.workspace.rawImportPending);
-    EXPECT_EQ(documentShowing(kind), nullptr);
-  }
-  EXPECT_TRUE(lab.workspace.UnconfinedSampleTable[0].sampleNo.isBlank());
+  EXPECT_EQ(documentOfTests(ProjectKind::OldTriaxial).document, kForm1);
 }
 
 // ---- sorts
