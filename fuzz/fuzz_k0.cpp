@@ -10,6 +10,7 @@
 #include "k0/charts/stage_chart.h"
 #include "k0/ko_line.h"
 #include "k0/settlement.h"
+#include "platform/files.h"
 #include "platform/recording_surface.h"
 
 namespace {
@@ -27,7 +28,7 @@ void drawCharts(const TK0SampleRecord& record, const PerLoadStage<T90>& results)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   TK0SampleRecord record;
-  std::memcpy(static_cast<void*>(&record), data, std::min(size, sizeof record));
+  std::copy_n(reinterpret_cast<const std::byte*>(data), std::min(size, sizeof record), writableBytesOf(record).begin());
   const PerLoadStage<T90> results = computeStageResults(record);
   fitKoLine(record.k0);
   for (const T90& t90 : results)
