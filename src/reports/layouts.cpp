@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <array>
 
+#include "reports/consolidation_table.h"
 #include "reports/three_in_one.h"
+#include "reports/triaxial_table.h"
 
 namespace triaxlab {
 namespace {
 
-constexpr std::array kLayouts{&kThreeInOne};
+constexpr std::array kLayouts{&kThreeInOne, &kTriaxialTable, &kConsolidationTable};
 
 }  // namespace
 

@@ -61,11 +61,11 @@ TableFoot tableFoot(const TriaxialSampleRecord& record, std::size_t stage, Failu
   constexpr const char* kNotMeasured = "    ";
   TableFoot foot;
   foot.startPorePressure = tenths(record.consolidationPorePressure[0].at(stage));
-  TriaxialSampleRecord scratch = record;
-  const FailureRows failure = applyFailureMode(scratch, mode);
+  TriaxialSampleRecord shown = record;
+  const FailureRows failure = applyFailureMode(shown, mode);
   foot.failurePorePressure =
       record.testMethod == kCD ? kNotMeasured : gbkToUtf8(failure.failureStressAtPeak.at(stage).trimmed());
-  foot.deviatorStress = FormatNumber(record.sigma1Failure.at(stage).number() - record.cellPressure.at(stage).number(),
+  foot.deviatorStress = FormatNumber(shown.sigma1Failure.at(stage).number() - shown.cellPressure.at(stage).number(),
                                      NumberFormat::Whole);
   return foot;
 }

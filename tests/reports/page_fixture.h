@@ -20,6 +20,7 @@ struct PageTest : ::testing::Test {
   TemporaryFolder folder;
   Workspace workspace;
   PrintJob job;
+  const Layout* layout = &kThreeInOne;
 
   PageTest() {
     workspace.applicationFolder = workspace.dataFolder = folder.path();
@@ -43,7 +44,7 @@ struct PageTest : ::testing::Test {
     return record;
   }
 
-  std::unique_ptr<Report> report() const { return kThreeInOne.make(job, workspace); }
+  std::unique_ptr<Report> report() const { return layout->make(job, workspace); }
   int pageCount() const { return report()->pageCount(); }
   std::vector<RecordingDevice::Page> print() {
     RecordingDevice device;
