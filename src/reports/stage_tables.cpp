@@ -53,7 +53,7 @@ class StageTables : public Report {
         m_job(job),
         m_workspace(workspace),
         m_heads(job, workspace, ProjectKind::Triaxial, labels(form, workspace.settings)) {
-    for (const std::size_t row : chosenRows(job, workspace))
+    for (const std::size_t row : chosenRows(job, workspace, ProjectKind::Triaxial))
       for (std::size_t stage = 0; stage < kStages; ++stage) addStage(row, stage);
   }
 
