@@ -1,7 +1,6 @@
 #include "windows/listed_window.h"
 
 #include <QContextMenuEvent>
-#include <QFrame>
 #include <QKeyEvent>
 #include <QWheelEvent>
 #include <utility>
@@ -52,9 +51,10 @@ constexpr std::array kDocumentBoxes{
 /// The line under a line of cells.
 void rule(QWidget* window, int x, int end, int line) {
   constexpr int kBelow = kBoxHeight + (kLinePitch - kBoxHeight) / 2, kThickness = 15;
-  auto* const made = new QFrame(window);
-  made->setFrameStyle(QFrame::HLine | QFrame::Plain);
-  made->setForegroundRole(QPalette::Mid);
+  // Filled, so that it is there at every scale of the screen.
+  auto* const made = new QWidget(window);
+  made->setAutoFillBackground(true);
+  made->setBackgroundRole(QPalette::Mid);
   made->setGeometry(rectangle({x, lineY(line) + kBelow, end - x, kThickness}));
 }
 
@@ -169,8 +169,11 @@ void ListedWindow::connectBlock(CellBlock& block, ListedInputName input, void (L
                                 KeyInBlock keyIn, CellBlockState ListedState::*shown) {
   connect(&block, &CellBlock::entered, this, [this, select](int cell) { act([&] { (*m_session.*select)(cell); }); });
   connect(&block, &CellBlock::left, this, [this] { act([&] { m_session->finishTyping(); }); });
-  connect(&block, &CellBlock::typed, this, [this, input](int cell, const QString& text) {
-    act([&] { m_session->edit({input, cell}, utf8(text)); });
+  connect(&block, &CellBlock::typed, this, [this, input, select](int cell, const QString& text) {
+    act([&] {
+      (*m_session.*select)(cell);
+      m_session->edit({input, cell}, utf8(text));
+    });
   });
   block.onKey = [this, &block, keyIn, shown](int cell, const QKeyEvent& event) {
     const std::optional<CellKey> key = cellKeyOf(event);

@@ -3,12 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QClipboard>
 #include <QHelpEvent>
 #include <QImage>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QScrollBar>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -16,12 +13,9 @@
 #include <vector>
 
 #include "common/gbk.h"
-#include "lone_application.h"
-#include "shell/fakes.h"
+#include "window_in_hand.h"
 #include "windows/controls/canvas_widget.h"
 #include "windows/controls/grid_view.h"
-#include "windows/controls/words.h"
-#include "windows/play/person.h"
 #include "windows/triaxial/triaxial_curve_window.h"
 
 namespace triaxlab::testing {
@@ -45,46 +39,15 @@ TriaxialSampleRecord sample() {
 }
 
 /// The window on page 3 with one sample.
-class CurveWindow : public ::testing::Test {
+class CurveWindow : public WindowInHand<Form1> {
  protected:
   CurveWindow() {
-    makeApplication();
     workspace.settings.habits.controlledDocNo = true;
     workspace.TriaxialSampleTable[0] = sample();
     form = std::make_unique<Form1>(workspace, dialogs, shell);
     form->show();
     form->showPage(CurvePage::StressDifferenceEnvelope);
   }
-
-  template <class Widget = QLineEdit>
-  Widget* find(const char* name) const {
-    auto* const widget = form->findChild<Widget*>(name);
-    EXPECT_NE(widget, nullptr) << name;
-    return widget;
-  }
-  static void press(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    pressKey(widget, {key, modifiers, {}});
-  }
-  /// Pastes over what the box holds.
-  static void paste(QLineEdit* box, const QString& text) {
-    QGuiApplication::clipboard()->setText(text);
-    box->setFocus();
-    box->selectAll();
-    press(box, Qt::Key_V, Qt::ControlModifier);
-  }
-  /// The tip beside the mouse. One that is shown goes only after a while: ask for the empty ones first.
-  static QString tipOf(QWidget* widget) {
-    const QPoint middle = widget->rect().center();
-    QHelpEvent event(QEvent::ToolTip, middle, widget->mapToGlobal(middle));
-    QApplication::sendEvent(widget, &event);
-    return QToolTip::isVisible() ? QToolTip::text() : QString();
-  }
-
-  Workspace workspace;
-  FakeDialogs dialogs;
-  FakeWindows windows;
-  ShellSession shell{workspace, dialogs, windows};
-  std::unique_ptr<Form1> form;
 };
 
 // ---- bad texts
@@ -282,18 +245,12 @@ TEST_F(CurveWindow, ACellOfAGridThatIsCutIsToldInFull) {
 // ---- the way of Tab
 
 TEST_F(CurveWindow, TabComesToEveryControlInTheOrderOfReading) {
-  std::vector<std::string> way;
-  const QWidget* at = form.get();
-  do {
-    if (at != form.get() && at->isVisible() && at->isEnabled() && (at->focusPolicy() & Qt::TabFocus) != 0)
-      way.push_back(utf8(at->objectName()));
-    at = at->nextInFocusChain();
-  } while (at != form.get());
-  EXPECT_THAT(way, ElementsAre("Label1(2)", "VScroll1", "Picture1", "Command3", "Command4", "Text3", "Text4",
-                               "Text6(0)", "Text6(1)", "Text7(5)", "Text7(6)", "Text7(7)", "Text7(0)", "Text7(1)",
-                               "Text7(2)", "Text7(3)", "Text7(4)", "Text8(0)", "Text8(1)", "Text8(2)", "Text8(3)",
-                               "Text8(4)", "Command8", "Command5", "Command1", "Command2", "Label2(2)", "VScroll2",
-                               "Text5", "TextW(0)", "TextW(1)", "TextW(2)", "TextW(3)", "Text9"));
+  EXPECT_THAT(wayOfTab(),
+              ElementsAre("Label1(2)", "VScroll1", "Picture1", "Command3", "Command4", "Text3", "Text4", "Text6(0)",
+                          "Text6(1)", "Text7(5)", "Text7(6)", "Text7(7)", "Text7(0)", "Text7(1)", "Text7(2)",
+                          "Text7(3)", "Text7(4)", "Text8(0)", "Text8(1)", "Text8(2)", "Text8(3)", "Text8(4)",
+                          "Command8", "Command5", "Command1", "Command2", "Label2(2)", "VScroll2", "Text5", "TextW(0)",
+                          "TextW(1)", "TextW(2)", "TextW(3)", "Text9"));
 }
 
 TEST_F(CurveWindow, TabIntoACellOpensTheBoxThere) {

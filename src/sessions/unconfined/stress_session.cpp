@@ -90,6 +90,8 @@ void StressSession::takePicture() {
 
 void StressSession::draw(DrawingSurface& surface) const { drawStressChart(surface, m_drawn, m_options); }
 
+void StressSession::drawFields(DrawingSurface& surface) const { drawConstants(surface, record()); }
+
 void StressSession::drawEdges(DrawingSurface& surface, const ChartView& view) const {
   drawStressChartEdges(surface, m_drawn, m_options, view);
 }
@@ -155,8 +157,7 @@ EditableField StressSession::ownField(int index) const {
 EditableField StressSession::ringField(Specimen specimen) const {
   Little<std::int16_t>& ring = record().ringCoefficient[indexOf(specimen)];
   std::optional<Little<std::int16_t>>& carriedRing = m_carried.ring[indexOf(specimen)];
-  return {kRingWidth, FormatNumber(ring / 1000.0, NumberFormat::Thousandths),
-          [&ring, &carriedRing](std::string_view gbk) {
+  return {kRingWidth, ringCoefficientText(record(), specimen), [&ring, &carriedRing](std::string_view gbk) {
             constexpr double kNone = 32767;
             const double value = ParseNumber(gbk);
             if (value == 0 || !(std::abs(value * 100) < kNone)) {

@@ -39,6 +39,8 @@ class StressSession : public ListedSession {
   /// Draws the sample on display as it was when it was last shown: an edit of the record alone doesn't change the
   /// picture.
   void draw(DrawingSurface& surface) const;
+  /// What the fields over the picture hold, for a copy of it.
+  void drawFields(DrawingSurface& surface) const;
   /// What stays at the edges of a magnified picture.
   void drawEdges(DrawingSurface& surface, const ChartView& view) const;
   /// The values at a place of the canvas (twips) with their units, UTF-8. Empty beside the plot.

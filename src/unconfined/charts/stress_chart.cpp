@@ -97,6 +97,9 @@ struct ConstantRow {
 constexpr std::array kConstantRows{ConstantRow{"试样高度", "(cm)"}, ConstantRow{"试样面积", "(cm )", "2"},
                                    ConstantRow{"环系数", "N /0.01mm"}};
 
+/// Of a column of the constants table.
+double middleOf(std::size_t column) { return (kConstantColumns.at(column) + kConstantColumns.at(column + 1)) / 2.0; }
+
 void drawConstantsTable(DrawingSurface& surface, const Font& font, int lineWeight) {
   constexpr double kBottomLine = kConstantsTop + kConstantsPitch * (1.0 + kConstantRows.size());
   const Stroke stroke{Colour::Blue, lineWeight};
@@ -104,9 +107,6 @@ void drawConstantsTable(DrawingSurface& surface, const Font& font, int lineWeigh
     surface.line({double{kConstantColumns.front()}, y}, {double{kConstantColumns.back()}, y}, stroke);
   for (const double x : kConstantColumns) surface.line({x, kConstantsTop}, {x, kBottomLine}, stroke);
 
-  const auto middleOf = [](std::size_t column) {
-    return (kConstantColumns.at(column) + kConstantColumns.at(column + 1)) / 2.0;
-  };
   const double headY = kConstantsTop + (kConstantsPitch - textHeight(font)) / 2;
   surface.textCentred(middleOf(1), headY, "原状", font, Colour::Black);
   surface.textCentred(middleOf(2), headY, "重塑", font, Colour::Black);
@@ -147,6 +147,24 @@ void drawStressChart(DrawingSurface& surface, const UnconfinedSampleRecord& reco
   drawResults(surface, record, font, options.lineWeight);
   if (options.halfPeaks) drawHalfPeaks(plot, surface, record, font, options.lineWeight);
   drawConstantsTable(surface, font, options.lineWeight);
+}
+
+void drawConstants(DrawingSurface& surface, const UnconfinedSampleRecord& record) {
+  const Font font;
+  for (const Specimen specimen : kSpecimens) {
+    const std::size_t at = indexOf(specimen);
+    double y = kConstantsTop + (kConstantsPitch - textHeight(font)) / 2;
+    for (const std::string& text :
+         {std::string(record.sampleHeight[at].trimmed()), std::string(record.sampleArea[at].trimmed()),
+          ringCoefficientText(record, specimen)}) {
+      y += kConstantsPitch;
+      surface.textCentred(middleOf(1 + at), y, text, font, Colour::Black);
+    }
+  }
+}
+
+std::string ringCoefficientText(const UnconfinedSampleRecord& record, Specimen specimen) {
+  return FormatNumber(record.ringCoefficient[indexOf(specimen)] / 1000.0, NumberFormat::Thousandths);
 }
 
 void drawStressChartEdges(DrawingSurface& surface, const UnconfinedSampleRecord& record,

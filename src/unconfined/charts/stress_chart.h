@@ -1,5 +1,8 @@
 #pragma once
 
+#include <array>
+#include <string>
+
 #include "charts/axes.h"
 #include "charts/plot.h"
 #include "platform/drawing_surface.h"
@@ -29,6 +32,12 @@ PlotScale stressChartScale(const UnconfinedSampleRecord& record, const StressCha
 /// themselves stand in fields over it. `reduceUnconfinedSample` has run on the record. What lies outside the plot is
 /// clipped away; texts of the record that are no numbers, or beyond all soil, are not drawn.
 void drawStressChart(DrawingSurface& surface, const UnconfinedSampleRecord& record, const StressChartOptions& options);
+
+/// The constants as texts in their table, for pictures that have no fields over it.
+void drawConstants(DrawingSurface& surface, const UnconfinedSampleRecord& record);
+
+/// The ring coefficient as it is shown, N/0.01mm.
+std::string ringCoefficientText(const UnconfinedSampleRecord& record, Specimen specimen);
 
 /// The numbers of the axes at the edges of a magnified picture that doesn't show them.
 void drawStressChartEdges(DrawingSurface& surface, const UnconfinedSampleRecord& record,

@@ -27,7 +27,7 @@ constexpr double kCopyScale = 3;
 }  // namespace
 
 CanvasWidget::CanvasWidget(QWidget* parent, int width, int height, Drawing drawing)
-    : QWidget(parent), m_width(width), m_height(height), m_drawing(std::move(drawing)) {
+    : QWidget(parent), m_width(width), m_height(height), m_zoomWidth(width), m_drawing(std::move(drawing)) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
@@ -42,17 +42,24 @@ void CanvasWidget::drawOn(DrawingSurface& surface) const {
   if (!isZoomed()) return m_drawing(surface);
   PlacedSurface placed(surface, {-m_corner.x * m_zoom, -m_corner.y * m_zoom}, m_zoom);
   m_drawing(placed);
-  if (m_edges) m_edges(surface, {m_corner, m_zoom, static_cast<double>(m_width), static_cast<double>(m_height)});
+  if (m_edges) m_edges(surface, {m_corner, m_zoom, static_cast<double>(m_zoomWidth), static_cast<double>(m_height)});
 }
 
-void CanvasWidget::paintOn(QImage& picture, double scale) const {
+void CanvasWidget::paintOn(QImage& picture, double scale, Fields fields) const {
   // The ground is white whatever the desktop's theme.
   picture.fill(colourOf(Colour::White));
   picture.setDevicePixelRatio(scale);
   QPainter painter(&picture);
   painter.scale(1.0 / kTwipsPerPixel, 1.0 / kTwipsPerPixel);
   PainterSurface surface(painter, PainterSurface::Medium::Screen);
+  if (isZoomed() && m_zoomWidth < m_width) {
+    painter.setClipRect(m_zoomWidth, 0, m_width - m_zoomWidth, m_height);
+    m_drawing(surface);
+    painter.setClipRect(0, 0, m_zoomWidth, m_height);
+  }
   drawOn(surface);
+  painter.setClipping(false);
+  if (fields == Fields::Drawn && m_fieldTexts) m_fieldTexts(surface);
 }
 
 void CanvasWidget::paintEvent(QPaintEvent*) {
@@ -69,13 +76,16 @@ void CanvasWidget::paintEvent(QPaintEvent*) {
 
 // ---- looking closer
 
+bool CanvasWidget::isMagnified(QPointF pixel) const { return isZoomed() && pixel.x() * kTwipsPerPixel < m_zoomWidth; }
+
 Point CanvasWidget::placeAt(QPointF pixel) const {
+  if (!isMagnified(pixel)) return {pixel.x() * kTwipsPerPixel, pixel.y() * kTwipsPerPixel};
   return {m_corner.x + pixel.x() * kTwipsPerPixel / m_zoom, m_corner.y + pixel.y() * kTwipsPerPixel / m_zoom};
 }
 
 void CanvasWidget::show(Point place, QPointF at, double zoom) {
   m_zoom = zoom;
-  m_corner = {std::clamp(place.x - at.x() * kTwipsPerPixel / zoom, 0.0, m_width - m_width / zoom),
+  m_corner = {std::clamp(place.x - at.x() * kTwipsPerPixel / zoom, 0.0, m_zoomWidth - m_zoomWidth / zoom),
               std::clamp(place.y - at.y() * kTwipsPerPixel / zoom, 0.0, m_height - m_height / zoom)};
   if (isZoomed())
     setCursor(Qt::OpenHandCursor);
@@ -95,7 +105,8 @@ void CanvasWidget::showWhole() {
 }
 
 void CanvasWidget::wheelEvent(QWheelEvent* event) {
-  if (!m_zoomable || !event->modifiers().testFlag(Qt::ControlModifier)) return event->ignore();
+  const bool isOnChart = event->position().x() * kTwipsPerPixel < m_zoomWidth;
+  if (!m_zoomable || !isOnChart || !event->modifiers().testFlag(Qt::ControlModifier)) return event->ignore();
   const double zoom = m_zoom * std::pow(kZoomOfNotch, event->angleDelta().y() / kWheelNotch);
   // Turned back as far as it was turned in, the canvas is whole again, whatever the powers leave in the last digits.
   constexpr double kWhole = 1.01;
@@ -113,7 +124,7 @@ void CanvasWidget::tellMouse(const QMouseEvent& event) {
 
 void CanvasWidget::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  if (isZoomed()) m_dragged = placeAt(event->position());
+  if (isMagnified(event->position())) m_dragged = placeAt(event->position());
   tellMouse(*event);
 }
 
@@ -140,7 +151,7 @@ void CanvasWidget::leaveEvent(QEvent*) { emit mouseLeft(); }
 
 void CanvasWidget::copyPicture() const {
   QImage picture((QSizeF(size()) * kCopyScale).toSize(), QImage::Format_RGB32);
-  paintOn(picture, kCopyScale);
+  paintOn(picture, kCopyScale, Fields::Drawn);
   // Programs that take the picture know nothing of the scale.
   picture.setDevicePixelRatio(1);
   QGuiApplication::clipboard()->setImage(picture);

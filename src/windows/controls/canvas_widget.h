@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QWidget>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <utility>
@@ -33,8 +34,14 @@ class CanvasWidget : public QWidget {
   /// What is seen: the whole drawing, or beyond the edges of the canvas the parts that its magnification hides.
   void drawOn(DrawingSurface& surface) const;
 
+  /// What a copied picture shows over the drawing: the texts of fields that lie there.
+  void setFieldTexts(Drawing fieldTexts) { m_fieldTexts = std::move(fieldTexts); }
+
   /// A canvas that can't be magnified shows the whole drawing.
   void setZoomable(bool zoomable);
+  /// Only what lies left of this place (twips) is magnified; what is right of it stays as it is, with the fields over
+  /// it.
+  void setZoomWidth(int width) { m_zoomWidth = width; }
   void showWhole();
   void copyPicture() const;
 
@@ -61,16 +68,19 @@ class CanvasWidget : public QWidget {
 
  private:
   bool isZoomed() const { return m_zoom > 1; }
+  bool isMagnified(QPointF pixel) const;
   /// The place of the drawing that is seen at a place of the widget (pixels).
   Point placeAt(QPointF pixel) const;
   /// Shows a place of the drawing at a place of the widget, as near as the edges of the drawing allow.
   void show(Point place, QPointF at, double zoom);
   void tellMouse(const QMouseEvent& event);
-  void paintOn(QImage& picture, double scale) const;
+  enum class Fields : std::uint8_t { Left, Drawn };
+  void paintOn(QImage& picture, double scale, Fields fields = Fields::Left) const;
 
-  int m_width, m_height;
+  int m_width, m_height, m_zoomWidth;
   Drawing m_drawing;
   Edges m_edges;
+  Drawing m_fieldTexts;
   QImage m_picture;
   bool m_isCurrent = false;
 

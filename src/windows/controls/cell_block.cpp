@@ -46,6 +46,8 @@ void CellBlock::connectCell(int cell) {
 }
 
 void CellBlock::enter(int cell) {
+  // Told here as well: without an active window no box learns that it has the focus.
+  emit entered(cell);
   box(cell)->setFocus();
   box(cell)->selectAll();
 }

@@ -15,6 +15,7 @@ namespace {
 // Twips throughout.
 constexpr Place kWindow{0, 0, 11700, 7900}, kChart{0, 0, kStressChartWidth, kStressChartHeight};
 constexpr Place kShowCurve{8000, 400, 1400, 400}, kPrintTable{9600, 400, 1400, 400};
+constexpr int kChartWidth = 7900;  // of the canvas; then come the fields
 constexpr int kBoxHeight = 300;
 // In the cells of the constants table.
 constexpr int kConstantX = 9450, kConstantY = 1880, kConstantPitch = 800, kConstantWidth = 700;
@@ -32,10 +33,12 @@ Form4::Form4(std::unique_ptr<StressSession> session, ShellSession& shell)
   setObjectName("Form4");
   setWindowTitle(stress_captions::kTitle);
   setMinimumSize(rectangle(kWindow).size());
-  addChart(
+  CanvasWidget* const chart = addChart(
       "Picture1", kChart, [this](DrawingSurface& surface) { m_session.draw(surface); },
       [this](DrawingSurface& surface, const ChartView& view) { m_session.drawEdges(surface, view); },
       [this](Point place) { return m_session.readout(place); });
+  chart->setZoomWidth(kChartWidth);
+  chart->setFieldTexts([this](DrawingSurface& surface) { m_session.drawFields(surface); });
   makeButtons();
   makeConstants();
   makeStrainLimits();

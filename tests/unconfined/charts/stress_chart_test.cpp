@@ -184,6 +184,18 @@ TEST(StressChart, TheConstantsHaveATableBesideThePlot) {
   EXPECT_THAT(all<DrawnText>(drawing), Contains(sized(0.7 * 10.5, "2", 8753, 2518)));
 }
 
+TEST(StressChart, TheConstantsStandAsTextsInTheirTableWhereThereAreNoFields) {
+  UnconfinedSampleRecord record;
+  SetText(record.sampleHeight[0], "8.00");
+  SetText(record.sampleArea[1], "12.00");
+  record.ringCoefficient[0] = 3078;
+  RecordingSurface surface;
+  drawConstants(surface, record);
+  EXPECT_THAT(all<DrawnText>(surface.operations()),
+              IsSupersetOf({words("8.00", 9590, 1945), words("12.00", 10338, 2445), words("3.078", 9538, 2945),
+                            words("0.000", 10338, 2945)}));
+}
+
 TEST(StressChart, AMagnifiedPictureKeepsTheNumbersAtItsEdges) {
   RecordingSurface surface;
   drawStressChartEdges(surface, {}, {}, {.corner = {1500, 300}, .zoom = 4, .width = 11700, .height = 5150});
