@@ -76,7 +76,7 @@ void CanvasWidget::paintEvent(QPaintEvent*) {
 
 // ---- looking closer
 
-bool CanvasWidget::isMagnified(QPointF pixel) const { return isZoomed() && pixel.x() * kTwipsPerPixel < m_zoomWidth; }
+bool CanvasWidget::isMagnified(QPointF pixel) const { return isZoomed() && pixel.x() * kTwipsPerPixel <= m_zoomWidth; }
 
 Point CanvasWidget::placeAt(QPointF pixel) const {
   if (!isMagnified(pixel)) return {pixel.x() * kTwipsPerPixel, pixel.y() * kTwipsPerPixel};
@@ -105,7 +105,7 @@ void CanvasWidget::showWhole() {
 }
 
 void CanvasWidget::wheelEvent(QWheelEvent* event) {
-  const bool isOnChart = event->position().x() * kTwipsPerPixel < m_zoomWidth;
+  const bool isOnChart = event->position().x() * kTwipsPerPixel <= m_zoomWidth;
   if (!m_zoomable || !isOnChart || !event->modifiers().testFlag(Qt::ControlModifier)) return event->ignore();
   const double zoom = m_zoom * std::pow(kZoomOfNotch, event->angleDelta().y() / kWheelNotch);
   // Turned back as far as it was turned in, the canvas is whole again, whatever the powers leave in the last digits.
