@@ -6,6 +6,7 @@
 #include "common/settings.h"
 #include "platform/page_device.h"
 #include "reports/curve_options.h"
+#include "store/settings/page_setup.h"
 
 namespace triaxlab {
 
@@ -36,6 +37,8 @@ struct PrintJob {
 
   // Options that layouts have of their own; each reads its own alone.
   CurveOptions curves;
+  PageSetup sheet;              // paper, margins and grid of chart sheets, as typed
+  bool printDataSheet = false;  // 打印数表: the stages under each chart of a sheet
 
   bool dotMatrix() const { return lineWeight == 2; }
   /// A picture has one page, whatever paper was asked for.
