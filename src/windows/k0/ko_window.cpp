@@ -126,6 +126,7 @@ void KoWindow::enterIntervention() {
 
 void KoWindow::leaveIntervention(Dialogs& dialogs) {
   act([&] { m_session.leaveIntervention(dialogs); });
+  for (CanvasWidget* const chart : charts()) chart->unsetCursor();
   charts().front()->setFocus();
 }
 
@@ -141,10 +142,7 @@ void KoWindow::showUpperHalf(const ListedState& /*listed*/) {
   m_help->setVisible(!now.idle);
   m_subject->setText(words(now.subject));
   for (std::size_t i = 0; i < m_keyHelp.size(); ++i) m_keyHelp.at(i)->setText(words(now.help.at(i)));
-  for (CanvasWidget* const chart : charts()) {
-    chart->setZoomable(now.idle);
-    if (now.idle) chart->unsetCursor();
-  }
+  for (CanvasWidget* const chart : charts()) chart->setZoomable(now.idle);
 }
 
 }  // namespace triaxlab
