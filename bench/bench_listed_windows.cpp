@@ -1,11 +1,12 @@
-// What a person waits for in the windows of K0 and TK0: a key press until the window is drawn. On the platform without
-// a display.
+// What a person waits for in the windows of unconfined, K0 and TK0 samples: a key press until the window is drawn. On
+// the platform without a display.
 
 #include <benchmark/benchmark.h>
 
 #include <QImage>
 #include <QKeyEvent>
 #include <QPixmap>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -15,9 +16,11 @@
 #include "shell/fakes.h"
 #include "store/summary/summary_record.h"
 #include "support/temporary_folder.h"
+#include "unconfined/reduction.h"
 #include "windows/k0/k0_window.h"
 #include "windows/k0/tk0_window.h"
 #include "windows/lone_application.h"
+#include "windows/unconfined/stress_window.h"
 
 namespace triaxlab {
 namespace {
@@ -25,6 +28,24 @@ namespace {
 constexpr const char* kProject = "BENCH";
 
 std::string sampleNo(std::size_t row) { return "ZK" + std::to_string(row + 1); }
+
+/// Two curves of 51 rows.
+UnconfinedSampleRecord fullCurves(std::size_t row) {
+  UnconfinedSampleRecord record;
+  SetText(record.projectNo, kProject);
+  SetText(record.sampleNo, sampleNo(row));
+  for (const Specimen specimen : kSpecimens) {
+    SetText(record.sampleArea[indexOf(specimen)], "12.00");
+    record.ringCoefficient[indexOf(specimen)] = 1250;
+    for (std::size_t reading = 0; reading < kUnconfinedRows; ++reading) {
+      const double strain = 0.4 * static_cast<double>(reading + 1), peak = 8 + static_cast<double>(row % 5);
+      SetNumber(strainOf(record, specimen)[reading], strain, NumberFormat::Tenths);
+      SetNumber(readingOf(record, specimen)[reading], 90 * strain / peak * std::exp(1 - strain / peak),
+                NumberFormat::Tenths);
+    }
+  }
+  return record;
+}
 
 /// Ten stages with a settlement of 22 rows.
 TK0SampleRecord fullSample(std::size_t row) {
@@ -47,11 +68,9 @@ TK0SampleRecord fullSample(std::size_t row) {
   return record;
 }
 
-/// A window over a full project whose summary file has all its samples.
-template <class Form>
-struct Window {
-  Window() {
-    makeApplication();
+/// A full project whose summary file has all its samples, of every kind.
+struct FullProjects {
+  FullProjects() {
     workspace.dataFolder = folder.path();
     std::filesystem::create_directory(folder.path() / "ZMSJ");
     std::ofstream summary(folder.path() / "ZMSJ" / (std::string("KHZ") + kProject + ".txt"), std::ios::binary);
@@ -63,10 +82,23 @@ struct Window {
       SetText(record.sampleNo, sampleNo(row));
       summary.write(reinterpret_cast<const char*>(&record), sizeof record);
       workspace.TK0SampleTable[row] = fullSample(row);
+      workspace.UnconfinedSampleTable[row] = fullCurves(row);
     }
     summary.close();
     reduceAllTK0Samples(workspace.TK0SampleTable.used());
+    reduceAllUnconfinedSamples(workspace.UnconfinedSampleTable.used(), NumberFormat::Hundredths);
     for (std::size_t row = 0; row < kTableRows; ++row) workspace.K0SampleTable[row] = workspace.TK0SampleTable[row].k0;
+  }
+
+  testing::TemporaryFolder folder;
+  Workspace workspace;
+};
+
+/// A window over them.
+template <class Form>
+struct Window : FullProjects {
+  Window() {
+    makeApplication();
     form = std::make_unique<Form>(workspace, shell);
     form->show();
     form->grab();
@@ -79,8 +111,6 @@ struct Window {
   }
   void picture() const { benchmark::DoNotOptimize(form->grab().toImage().constBits()); }
 
-  testing::TemporaryFolder folder;
-  Workspace workspace;
   testing::FakeDialogs dialogs;
   testing::FakeWindows windows;
   ShellSession shell{workspace, dialogs, windows};
@@ -98,6 +128,7 @@ void DownInTheList(benchmark::State& state) {
     window.picture();
   }
 }
+BENCHMARK_TEMPLATE(DownInTheList, Form4)->Unit(benchmark::kMillisecond);
 BENCHMARK_TEMPLATE(DownInTheList, Form6)->Unit(benchmark::kMillisecond);
 BENCHMARK_TEMPLATE(DownInTheList, Form9)->Unit(benchmark::kMillisecond);
 
@@ -115,6 +146,7 @@ void KeyInAReading(benchmark::State& state) {
     types = !types;
   }
 }
+BENCHMARK_TEMPLATE(KeyInAReading, Form4)->Unit(benchmark::kMillisecond);
 BENCHMARK_TEMPLATE(KeyInAReading, Form6)->Unit(benchmark::kMillisecond);
 BENCHMARK_TEMPLATE(KeyInAReading, Form9)->Unit(benchmark::kMillisecond);
 
