@@ -118,6 +118,17 @@ TEST_F(StressWindow, TheFieldsStayInTheirTableOnAMagnifiedChart) {
   EXPECT_EQ(canvas->grab().toImage(), whole);
 }
 
+TEST_F(StressWindow, TheWheelScrollsWhatLiesBelowIt) {
+  turnWheel(find<QWidget>("Label2(9)"), {5, 5}, -1, Qt::NoModifier);
+  EXPECT_GT(find<QScrollBar>("VScroll2")->value(), 0);
+  EXPECT_EQ(find<QScrollBar>("VScroll1")->value(), 0);
+  turnWheel(find<QWidget>("Label3(2)"), {5, 5}, -1, Qt::NoModifier);
+  EXPECT_GT(find<QScrollBar>("VScroll1")->value(), 0);
+  EXPECT_EQ(form->sampleRow(), static_cast<std::size_t>(find<QScrollBar>("VScroll1")->value()));
+  turnWheel(find<QWidget>("Picture1"), {100, 100}, 1, Qt::NoModifier);
+  EXPECT_GT(find<QScrollBar>("VScroll1")->value(), 0) << "over the chart it scrolls nothing";
+}
+
 // ---- tips and Tab
 
 TEST_F(StressWindow, ATextThatIsCutIsToldInFull) {
