@@ -233,6 +233,13 @@ TEST_F(KoWindows, OneWindowAtATimeIsWorkedOn) {
             "Form9.Frame1: not visible enabled not checked\nForm6.Frame1: not visible enabled not checked\n");
 }
 
+TEST_F(KoWindows, F4InFrontOfAnotherWindowLeavesTheModeAndBringsItsWindowForward) {
+  EXPECT_EQ(play("menu NEW\n" + std::string(kOpenTK0) +
+                 "key F5\nkey Left\nclick Form1.Picture1\nreply Yes\nkey F4\nget Form9.Label2(2)\nkey F5\n"
+                 "get Form9.KeyHelp(2)\nreply No\nkey F5\n"),
+            "Form9.Label2(2)=58.9\nForm9.KeyHelp(2)=Ctrl+Z 撤销    Ctrl+Y 重做    F5 退出干预\n");
+}
+
 TEST_F(KoWindows, ConstructionsSetByHandAreKeptWhenTheKoLineIsFittedAgain) {
   play(std::string(kOpenTK0) + "key F5\nkey Left\nreply Yes\nkey F5\nkey F4\nkey Right\nreply Yes\nkey F4\n" +
        "click Form9.Command2\n" + kSave);
