@@ -35,7 +35,7 @@ class FixedText {
   /// What ParseNumber makes of the text.
   double number() const {
     if constexpr (detail::kFitsAWord<N>)
-      if (double whole = 0; detail::readWholeNumber<N>(m_places.data(), whole)) return whole;
+      if (double number = 0; detail::readShortNumber<N>(m_places.data(), number)) return number;
     return ParseNumber(view());
   }
   constexpr void clear() { m_places.fill(' '); }
@@ -52,22 +52,31 @@ class FixedText {
   /// Stores a number through its format and the field's width. A value that is not finite is not stored, as the
   /// statement that would have stored it is abandoned.
   friend void SetNumber(FixedText& field, double value, NumberFormat format) {
-    if (double written = 0; field.setWhole(value, format, written)) return;
+    if (double written = 0; field.setShort(value, format, written)) return;
     if (std::isfinite(value)) SetText(field, FormatNumber(value, format));
   }
 
   /// SetNumber, and the number that the field reads as afterwards: rounded, and cut at the width.
   friend double SetAndRead(FixedText& field, double value, NumberFormat format) {
-    if (double written = 0; field.setWhole(value, format, written)) return written;
+    if (double written = 0; field.setShort(value, format, written)) return written;
     SetNumber(field, value, format);
+    return field.number();
+  }
+
+  /// SetAndRead of a float, which is rendered to its own seven digits; as a double it would have fifteen.
+  friend double SetAndReadSingle(FixedText& field, float value, NumberFormat format) {
+    if (double written = 0; field.setShort(value, format, written)) return written;
+    if (std::isfinite(value)) SetText(field, FormatNumber(value, format));
     return field.number();
   }
 
  private:
   /// False when the number isn't of the short form, and then nothing is stored.
-  bool setWhole(double value, NumberFormat format, double& written) {
-    if constexpr (detail::kFitsAWord<N>)
-      return format == NumberFormat::Whole && detail::writeWholeNumber<N>(m_places.data(), value, written);
+  bool setShort(double value, NumberFormat format, double& written) {
+    if constexpr (detail::kFitsAWord<N>) {
+      if (format == NumberFormat::Whole) return detail::writeWholeNumber<N>(m_places.data(), value, written);
+      if (format == NumberFormat::Tenths) return detail::writeTenths<N>(m_places.data(), value, written);
+    }
     return false;
   }
 

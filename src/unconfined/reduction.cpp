@@ -18,9 +18,12 @@ double workingLimit(UnconfinedSampleRecord& record, Specimen specimen) {
   return limit / 10.0;
 }
 
+/// What the field reads as; it is blanked when that is 0.
 template <std::size_t N>
-void blankIfZero(FixedText<N>& field) {
-  if (field.number() == 0) field.clear();
+double numberOrBlank(FixedText<N>& field) {
+  const double number = field.number();
+  if (number == 0) field.clear();
+  return number;
 }
 
 /// Readings are taken at every half percent, or at every percent when the first two stand further apart.
@@ -29,16 +32,11 @@ double strainStep(const UnconfinedSampleRecord& record) {
   return isWide(record.remouldedStrain) || isWide(record.undisturbedStrain) ? 1.0 : 0.5;
 }
 
-void tidyRows(UnconfinedSampleRecord& record) {
+void fillStrains(UnconfinedSampleRecord& record) {
   const double step = strainStep(record);
-  const bool hasNumber = !record.sampleNo.isBlank();
-  for (std::size_t row = 0; row < kUnconfinedRows; ++row) {
-    for (const Specimen specimen : kSpecimens) {
-      if (!hasNumber)
-        SetNumber(strainOf(record, specimen)[row], static_cast<double>(row + 1) * step, NumberFormat::Tenths);
-      blankIfZero(readingOf(record, specimen)[row]);
-    }
-  }
+  for (const Specimen specimen : kSpecimens)
+    for (std::size_t row = 0; row < kUnconfinedRows; ++row)
+      SetNumber(strainOf(record, specimen)[row], static_cast<double>(row + 1) * step, NumberFormat::Tenths);
 }
 
 /// Force of the load ring over the area that the specimen has at this strain; kPa, in single precision at each step.
@@ -49,18 +47,21 @@ std::optional<float> stressAt(double newtonsPerDivision, double divisions, doubl
   return stress;
 }
 
-void computeStresses(UnconfinedSampleRecord& record, Specimen specimen) {
+/// The stresses of all rows with a reading, and the rows as they then read. Each text is read once.
+CurveRows computeStresses(UnconfinedSampleRecord& record, Specimen specimen) {
   constexpr double kNoReading = 0.01;
-  const double area = record.sampleArea[indexOf(specimen)].number();
-  if (area == 0) return;
+  const double area = numberOrBlank(record.sampleArea[indexOf(specimen)]);
   const double newtonsPerDivision = record.ringCoefficient[indexOf(specimen)] / 1000.0;
+  CurveRows rows;
   for (std::size_t row = 0; row < kUnconfinedRows; ++row) {
-    const double divisions = readingOf(record, specimen)[row].number();
-    if (!(divisions > kNoReading)) continue;
-    const std::optional<float> stress =
-        stressAt(newtonsPerDivision, divisions, strainOf(record, specimen)[row].number(), area);
-    if (stress && *stress != 0) SetText(stressOf(record, specimen)[row], FormatNumber(*stress, NumberFormat::Tenths));
+    const double divisions = numberOrBlank(readingOf(record, specimen)[row]);
+    const double strain = rows.strain[row] = strainOf(record, specimen)[row].number();
+    FixedText<6>& text = stressOf(record, specimen)[row];
+    std::optional<float> stress;
+    if (area != 0 && divisions > kNoReading) stress = stressAt(newtonsPerDivision, divisions, strain, area);
+    rows.stress[row] = stress && *stress != 0 ? SetAndReadSingle(text, *stress, NumberFormat::Tenths) : text.number();
   }
+  return rows;
 }
 
 /// A text beyond any number has no part in a result.
@@ -69,21 +70,19 @@ bool areNumbers(std::initializer_list<double> values) {
 }
 
 /// Of rows with the same stress the first counts.
-Point highestRow(const UnconfinedSampleRecord& record, Specimen specimen, double largestStrain) {
+Point highestRow(const CurveRows& rows, double largestStrain) {
   Point peak{0, 0};
   for (std::size_t row = 0; row < kUnconfinedRows; ++row) {
-    const double stress = stressOf(record, specimen)[row].number();
-    if (!(stress > peak.y)) continue;
-    const double strain = strainOf(record, specimen)[row].number();
-    if (strain <= largestStrain && areNumbers({strain, stress})) peak = {strain, stress};
+    const Point point{rows.strain[row], rows.stress[row]};
+    if (point.y > peak.y && point.x <= largestStrain && areNumbers({point.x, point.y})) peak = point;
   }
   return peak;
 }
 
 /// Neither the strain limit of the sample nor the end of the chart's axis counts here.
-Point refinedPeak(const UnconfinedSampleRecord& record, Specimen specimen, Point peak) {
+Point refinedPeak(const CurveRows& rows, Point peak) {
   constexpr double kLargestStrain = 21.5;
-  return peakOfCurve(curvePoints(record, specimen, kLargestStrain), peak);
+  return peakOfCurve(curvePoints(rows, kLargestStrain), peak);
 }
 
 void storePeaks(UnconfinedSampleRecord& record, BothSpecimens<double> peaks, NumberFormat sensitivityFormat) {
@@ -96,30 +95,32 @@ void storePeaks(UnconfinedSampleRecord& record, BothSpecimens<double> peaks, Num
   if (peaks[0] != 0 && peaks[1] != 0) SetNumber(record.sensitivity, peaks[0] / peaks[1], sensitivityFormat);
 }
 
+void refinePeaks(UnconfinedSampleRecord& record, const BothSpecimens<CurveRows>& rows, NumberFormat sensitivityFormat) {
+  BothSpecimens<double> peaks{};
+  for (const Specimen specimen : kSpecimens)
+    peaks[indexOf(specimen)] = refinedPeak(rows[indexOf(specimen)], {0, strengthOf(record, specimen).number()}).y;
+  storePeaks(record, peaks, sensitivityFormat);
+}
+
 }  // namespace
 
 void reduceUnconfinedSample(UnconfinedSampleRecord& record, NumberFormat sensitivityFormat) {
-  BothSpecimens<double> limits{};
-  for (const Specimen specimen : kSpecimens) {
-    limits[indexOf(specimen)] = workingLimit(record, specimen);
-    blankIfZero(record.sampleArea[indexOf(specimen)]);
-    blankIfZero(record.sampleHeight[indexOf(specimen)]);
-  }
-  tidyRows(record);
+  if (record.sampleNo.isBlank()) fillStrains(record);
+  BothSpecimens<CurveRows> rows;
   BothSpecimens<double> peaks{};
   for (const Specimen specimen : kSpecimens) {
-    computeStresses(record, specimen);
-    peaks[indexOf(specimen)] = highestRow(record, specimen, limits[indexOf(specimen)]).y;
+    const std::size_t side = indexOf(specimen);
+    numberOrBlank(record.sampleHeight[side]);
+    rows[side] = computeStresses(record, specimen);
+    peaks[side] = highestRow(rows[side], workingLimit(record, specimen)).y;
   }
   storePeaks(record, peaks, sensitivityFormat);
-  refineUnconfinedPeaks(record, sensitivityFormat);
+  refinePeaks(record, rows, sensitivityFormat);
 }
 
 void refineUnconfinedPeaks(UnconfinedSampleRecord& record, NumberFormat sensitivityFormat) {
-  BothSpecimens<double> peaks{};
-  for (const Specimen specimen : kSpecimens)
-    peaks[indexOf(specimen)] = refinedPeak(record, specimen, {0, strengthOf(record, specimen).number()}).y;
-  storePeaks(record, peaks, sensitivityFormat);
+  refinePeaks(record, {curveRows(record, Specimen::Undisturbed), curveRows(record, Specimen::Remoulded)},
+              sensitivityFormat);
 }
 
 void reduceAllUnconfinedSamples(std::span<UnconfinedSampleRecord> table, NumberFormat sensitivityFormat) {
@@ -129,22 +130,22 @@ void reduceAllUnconfinedSamples(std::span<UnconfinedSampleRecord> table, NumberF
 
 std::optional<double> strainAtPeak(const UnconfinedSampleRecord& record, Specimen specimen) {
   if (strengthOf(record, specimen).isBlank()) return std::nullopt;
-  Point peak = highestRow(record, specimen, record.strainLimit[indexOf(specimen)] / 10.0);
+  const CurveRows rows = curveRows(record, specimen);
+  Point peak = highestRow(rows, record.strainLimit[indexOf(specimen)] / 10.0);
   // The curve has to rise above the strength as the row would have it: one decimal, in six places.
   FixedText<6> ofRow;
   peak.y = SetAndRead(ofRow, peak.y, NumberFormat::Tenths);
-  return refinedPeak(record, specimen, peak).x;
+  return refinedPeak(rows, peak).x;
 }
 
 HalfPeak halfPeakOf(const UnconfinedSampleRecord& record, Specimen specimen) {
   constexpr double kLargestStrain = 15;
-  const UnconfinedColumn& strains = strainOf(record, specimen);
-  const UnconfinedColumn& stresses = stressOf(record, specimen);
-  HalfPeak half{.stress = highestRow(record, specimen, kLargestStrain).y / 2, .strain = 0};
+  const CurveRows rows = curveRows(record, specimen);
+  HalfPeak half{.stress = highestRow(rows, kLargestStrain).y / 2, .strain = 0};
   if (!(half.stress > 0)) return half;
   for (std::size_t row = 0; row + 1 < kUnconfinedRows; ++row) {
-    const double strain = strains[row].number(), nextStrain = strains[row + 1].number();
-    const double stress = stresses[row].number(), nextStress = stresses[row + 1].number();
+    const double strain = rows.strain[row], nextStrain = rows.strain[row + 1];
+    const double stress = rows.stress[row], nextStress = rows.stress[row + 1];
     if (!(stress <= half.stress && nextStress >= half.stress) || !areNumbers({strain, nextStrain, stress, nextStress}))
       continue;
     half.strain = strain;

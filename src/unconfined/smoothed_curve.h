@@ -1,6 +1,7 @@
 #pragma once
 
-#include <cstdint>
+#include <array>
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <vector>
@@ -15,9 +16,18 @@ namespace triaxlab {
 // curve between points i and i+1, the last one for the last two segments. The peak strength is the top of this curve,
 // so it may lie between the readings and above each of them.
 
+/// The rows of a specimen as their texts read.
+struct CurveRows {
+  std::array<double, kUnconfinedRows> strain, stress;  // %, kPa
+};
+CurveRows curveRows(const UnconfinedSampleRecord& record, Specimen specimen);
+
 /// The origin, then every row with a stress and a strain above 0 and up to `largestStrain` (%), in the order of the
 /// rows: x is the strain in %, y the stress in kPa.
-std::vector<Point> curvePoints(const UnconfinedSampleRecord& record, Specimen specimen, double largestStrain);
+std::vector<Point> curvePoints(const CurveRows& rows, double largestStrain);
+inline std::vector<Point> curvePoints(const UnconfinedSampleRecord& record, Specimen specimen, double largestStrain) {
+  return curvePoints(curveRows(record, specimen), largestStrain);
+}
 
 /// A piece of the curve.
 struct CurveChord {
@@ -29,26 +39,41 @@ struct CurveChord {
 /// From chord to chord along a segment, % of strain.
 inline constexpr double kChordLength = 0.1;
 
-/// Walks the curve from left to right and calls `visit` with each CurveChord. The strain goes on in single precision,
-/// and the last chord of a segment may end behind it. Pre: strains of at most some hundred percent.
-template <class Visit>
-void walkCurve(std::span<const Point> points, const Visit& visit) {
-  const auto walkSegment = [&visit](Point begin, Point end, const std::optional<Parabola>& parabola) {
+/// The curve between two points that follow each other.
+struct CurveSegment {
+  Point begin, end;
+  std::optional<Parabola> parabola;
+
+  /// Calls `visit` with each CurveChord from left to right. The strain goes on in single precision, and the last chord
+  /// may end behind the segment. Pre: strains of at most some hundred percent.
+  template <class Visit>
+  void walk(const Visit& visit) const {
     if (!parabola) {
       visit(CurveChord{begin.x, begin, end, false});
       return;
     }
-    const auto at = [&parabola](double x) { return Point{x, (*parabola)(x)}; };
+    const auto at = [this](double x) { return Point{x, (*parabola)(x)}; };
     for (auto x = static_cast<float>(begin.x); x <= end.x; x = static_cast<float>(x + kChordLength))
       visit(CurveChord{begin.x, at(x), at(x + kChordLength), true});
-  };
+  }
+};
+
+/// Calls `visit` with each CurveSegment, from left to right.
+template <class Visit>
+void forEachSegment(std::span<const Point> points, const Visit& visit) {
   if (points.size() < 2) return;
   std::optional<Parabola> last;
   for (std::size_t i = 0; i + 2 < points.size(); ++i) {
     last = parabolaThrough(points[i], points[i + 1], points[i + 2]);
-    walkSegment(points[i], points[i + 1], last);
+    visit(CurveSegment{points[i], points[i + 1], last});
   }
-  walkSegment(points[points.size() - 2], points.back(), last);
+  visit(CurveSegment{points[points.size() - 2], points.back(), last});
+}
+
+/// Walks the whole curve; see CurveSegment::walk.
+template <class Visit>
+void walkCurve(std::span<const Point> points, const Visit& visit) {
+  forEachSegment(points, [&visit](const CurveSegment& segment) { segment.walk(visit); });
 }
 
 /// The highest point of the parabolas whose segments begin below 15 % of strain, or `peak` where none is above it.

@@ -28,13 +28,15 @@ void expectReadAlike(std::string_view places) {
 /// A number written in one word is the text of FormatNumber, cut at the width.
 template <std::size_t N>
 void expectWrittenAlike(double value) {
-  FixedText<N> field, plain;
-  SetText(field, "#######");
-  SetText(plain, FormatNumber(value, NumberFormat::Whole));
-  SetNumber(field, value, NumberFormat::Whole);
-  ASSERT_EQ(field.view(), plain.view()) << value;
-  ASSERT_EQ(SetAndRead(field, value, NumberFormat::Whole), ParseNumber(plain.view())) << value;
-  ASSERT_EQ(field.view(), plain.view()) << value;
+  for (const NumberFormat format : {NumberFormat::Whole, NumberFormat::Tenths}) {
+    FixedText<N> field, plain;
+    SetText(field, "#######");
+    SetText(plain, FormatNumber(value, format));
+    SetNumber(field, value, format);
+    ASSERT_EQ(field.view(), plain.view()) << value;
+    ASSERT_EQ(SetAndRead(field, value, format), ParseNumber(plain.view())) << value;
+    ASSERT_EQ(field.view(), plain.view()) << value;
+  }
 }
 
 constexpr std::string_view kAlphabet = " +-.0123456789EDx";
@@ -101,6 +103,32 @@ TEST(ShortNumber, ValuesOfAnotherForm) {
     expectWrittenAlike<5>(value);
     expectWrittenAlike<6>(value);
     expectWrittenAlike<7>(value);
+  }
+}
+
+TEST(ShortNumber, EveryTenthThatSixPlacesHoldAndWhatLiesBetween) {
+  for (int hundredths = -1100100; hundredths <= 1100100; hundredths += 1) {
+    expectWrittenAlike<6>(hundredths / 100.0);
+    if (hundredths % 7 == 0) expectWrittenAlike<7>(hundredths / 100.0 + 0.004);
+  }
+}
+
+TEST(ShortNumber, AFloatIsWrittenWithItsSevenDigits) {
+  std::mt19937 random(3);
+  const auto expectAlike = [](float value) {
+    for (const NumberFormat format : {NumberFormat::Whole, NumberFormat::Tenths, NumberFormat::Hundredths}) {
+      FixedText<6> field, plain;
+      SetText(plain, FormatNumber(value, format));
+      ASSERT_EQ(SetAndReadSingle(field, value, format), ParseNumber(plain.view())) << value;
+      ASSERT_EQ(field.view(), plain.view()) << value;
+    }
+  };
+  for (int number = 0; number < 300000; ++number) {
+    const auto tenths = static_cast<float>(random() % 200000) / 10;
+    expectAlike(number % 2 == 0 ? tenths : -tenths);
+    expectAlike(std::nextafter(tenths + 0.05F, 0.0F));
+    expectAlike(tenths + 0.05F);
+    expectAlike(std::nextafter(tenths + 0.05F, 1e9F));
   }
 }
 

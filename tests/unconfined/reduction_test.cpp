@@ -6,8 +6,10 @@
 #include <cmath>
 #include <cstring>
 #include <initializer_list>
+#include <random>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "unconfined/smoothed_curve.h"
 
@@ -226,6 +228,30 @@ TEST(SmoothedCurve, StrainsThatGoBackAreNotWalked) {
   double furthest = 0;
   walkCurve(points, [&](const CurveChord& chord) { furthest = std::max(furthest, chord.segmentStart); });
   EXPECT_EQ(furthest, 0) << "the segment from 3 back to 1 has no step";
+}
+
+/// Segments that can't hold the peak are passed over; the peak is that of the whole walk to the last bit.
+TEST(SmoothedCurve, ThePeakIsThatOfEveryChord) {
+  std::mt19937 random(5);
+  const auto tenths = [&random](unsigned limit) { return static_cast<double>(random() % limit) / 10; };
+  for (int curve = 0; curve < 3000; ++curve) {
+    std::vector<Point> points{{0, 0}};
+    const std::size_t count = 2 + random() % 40;
+    const double scatter = std::pow(10.0, static_cast<double>(random() % 5));
+    double strain = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+      strain = random() % 20 == 0 ? 0.1 + tenths(210) : strain + 0.5;
+      points.push_back({std::min(strain, 21.5), 10 * std::exp(-strain / 8) * strain + tenths(10) * scatter});
+    }
+    Point highest{0, points[1 + random() % count].y};
+    const Point start = highest;
+    walkCurve(points, [&highest](const CurveChord& chord) {
+      if (!chord.isSmooth || chord.segmentStart >= 15) return;
+      for (const Point point : {chord.from, chord.to})
+        if (point.y > highest.y) highest = point;
+    });
+    ASSERT_EQ(peakOfCurve(points, start), highest) << curve;
+  }
 }
 
 TEST(UnconfinedSensitivity, NeedsBothPeaks) {
