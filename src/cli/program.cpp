@@ -51,7 +51,6 @@ class Program {
 
   int operator()(const Import& import) {
     const Importer& importer = *importerOfId(import.source);
-    if (!importer.isBuilt()) refuseForThisVersion(fmt::format("读入 {} 原始数据", import.source));
     ImportSelection selection(importer, m_workspace);
     m_workspace.sourceFolder = textOfPath(std::filesystem::absolute(import.file).parent_path());
     selection.open(import.file);

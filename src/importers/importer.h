@@ -77,8 +77,7 @@ class RawSource {
 struct RawLayout;
 
 /// One source of raw data: all that its window, its menu entry, its name on the command line, its page in docs/formats
-/// and its fuzz target differ in. An importer writes no file. A source whose reader is not part of this version is
-/// known by its names and the look of its files, and can't be opened.
+/// and its fuzz target differ in. An importer writes no file.
 struct Importer {
   std::string_view id = {};            // on the command line; never renamed
   std::string_view menuCommand = {};   // the command that shows the window
@@ -106,8 +105,6 @@ struct Importer {
   bool thirdButtonWorks = true;  // false: greyed, its work is not part of this version
   Marking marking = {};
   ImportMessage noSamples = {};  // shown when nothing came in; without a text a remark says it
-
-  bool isBuilt() const { return open != nullptr; }
 };
 
 /// All sources, in the order of the menu.
@@ -117,7 +114,7 @@ const Importer* importerOfId(std::string_view id);
 const Importer* importerOfMenuCommand(std::string_view menuCommand);
 
 /// Reads the index of a raw file. UserError: the file is missing, a folder, unreadable; or it is none of this source,
-/// and then the sentence says which it looks like. An empty file has no rows. Pre: importer.isBuilt().
+/// and then the sentence says which it looks like. An empty file has no rows.
 std::unique_ptr<RawSource> openRawSource(const Importer& importer, const std::filesystem::path& path);
 
 }  // namespace triaxlab

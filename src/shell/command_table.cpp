@@ -198,7 +198,6 @@ void addImporters(std::vector<Command>& table) {
     if (importer->menuCaption.empty()) continue;
     Command command =
         dialog(importer->menuCommand, importer->menuCaption, kRawDataMenu, Action::Import, importer->form);
-    command.built = importer->isBuilt();
     command.lineAbove = importer->lineAbove;
     table.push_back(command);
   }

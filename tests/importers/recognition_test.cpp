@@ -142,7 +142,7 @@ TEST_F(Recognising, EverySourceIsKnownByNameAndLayout) {
   for (const Importer* importer : importers()) {
     EXPECT_FALSE(importer->id.empty() || importer->title.empty());
     EXPECT_NE(importer->recognise, nullptr) << importer->id;
-    EXPECT_TRUE(importer->isBuilt()) << importer->id;
+    EXPECT_NE(importer->open, nullptr) << importer->id;
   }
   EXPECT_EQ(importers().size(), 15U);
 }
