@@ -240,6 +240,15 @@ TEST_F(KoWindows, F4InFrontOfAnotherWindowLeavesTheModeAndBringsItsWindowForward
             "Form9.Label2(2)=58.9\nForm9.KeyHelp(2)=Ctrl+Z 撤销    Ctrl+Y 重做    F5 退出干预\n");
 }
 
+TEST_F(KoWindows, WhereThereIsNoConstructionF5SaysWhy) {
+  EXPECT_EQ(
+      play(std::string(kOpenTK0) + "type Form9.Text2(1) 0\nkey F5\nstate Form9.Frame1\nget MDIForm1.StatusBar1(1)\n"
+                                   "key F4\nkey F5\nstate Form9.Frame1\nreply No\nkey F4\n"),
+      "Form9.Frame1: not visible enabled not checked\n"
+      "MDIForm1.StatusBar1(1)=这一级没有轴向压力，没有T90直线可以调整。\n"
+      "Form9.Frame1: visible enabled not checked\n");
+}
+
 TEST_F(KoWindows, ConstructionsSetByHandAreKeptWhenTheKoLineIsFittedAgain) {
   play(std::string(kOpenTK0) + "key F5\nkey Left\nreply Yes\nkey F5\nkey F4\nkey Right\nreply Yes\nkey F4\n" +
        "click Form9.Command2\n" + kSave);

@@ -59,7 +59,7 @@ std::string TK0Session::readingText(std::size_t row, std::size_t column) const {
 
 // ---- 干预
 
-bool TK0Session::canMoveT90Line() const { return isLive(record()) && isLoaded(record().k0, stageIndex()); }
+bool TK0Session::canMoveT90Line() const { return isLoaded(record().k0, stageIndex()); }
 
 void TK0Session::moveT90Line() {
   if (isHeld() || !canMoveT90Line()) return;

@@ -95,6 +95,11 @@ bool KoWindow::eventFilter(QObject* watched, QEvent* event) {
   return ListedWindow::eventFilter(watched, event);
 }
 
+void KoWindow::keyPressEvent(QKeyEvent* event) {
+  // Of the window itself: what lies in it was asked before.
+  if (!keyInMode(*event)) ListedWindow::keyPressEvent(event);
+}
+
 bool KoWindow::keyInMode(const QKeyEvent& event) {
   if (m_session.mode() == LineMode::None) return false;
   if (const std::optional<ArrowKey> key = keyOf(event, kArrowKeys)) {

@@ -40,6 +40,7 @@ class KoWindow : public ListedWindow {
 
   void showUpperHalf(const ListedState& now) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void makeHelp();

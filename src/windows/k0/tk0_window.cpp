@@ -23,6 +23,8 @@ constexpr KoBesideCharts kBeside{.lineNote = {kX, kTextY, kTextWidth, kHeight},
                                  .redraw = {kX, kButtonY, kButtonWidth, kHeight},
                                  .reprocess = {kSecondX, kButtonY, kButtonWidth, kHeight}};
 
+constexpr const char* kNoConstruction = "这一级没有轴向压力，没有T90直线可以调整。";
+
 }  // namespace
 
 Form9::Form9(Workspace& workspace, ShellSession& shell)
@@ -51,11 +53,14 @@ void Form9::makeStage() {
 }
 
 void Form9::turn(LineMode mode) {
-  if (m_session.mode() == mode) {
+  if (m_session.mode() == mode)
     shell().trigger("RZMGANYU");
-    return;
-  }
-  // Nothing begins as long as the other line is moved.
+  else if (m_session.mode() == LineMode::None)
+    enter(mode);
+}
+
+void Form9::enter(LineMode mode) {
+  if (mode == LineMode::T90 && !m_session.canMoveT90Line()) return shell().showRemarks({kNoConstruction});
   act([&] { mode == LineMode::Ko ? m_session.moveKoLine() : m_session.moveT90Line(); });
   charts().front()->setFocus();
 }

@@ -23,6 +23,7 @@ class Form9 : public KoWindow {
   void makeStage();
   /// F4 and F5: each begins and leaves the 干预 of its line, and does nothing in that of the other.
   void turn(LineMode mode);
+  void enter(LineMode mode);
 
   TK0Session& m_session;
   QScrollBar* m_stageBar = nullptr;
