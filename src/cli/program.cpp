@@ -152,11 +152,13 @@ class Program {
     if (layout == nullptr) refuseForThisVersion(fmt::format("打印 {} 版式", print.layout));
     if (layout->kind != infoOf(print.kind).savedAs)
       throw UserError(fmt::format("{} 类试样不能用 {} 版式打印。", infoOf(print.kind).id, print.layout));
+    if (layout->picturePrefix.empty() && isPictureFolder(print.out))
+      throw UserError(fmt::format("{} 版式的页面不能存成图片，--out 请给 .pdf 或 .json 文件。", print.layout));
     openFile(print.kind, print.name, {});
     printRemarks(ReadIniSettings(m_workspace));
     const PrintJob job = printJob(print);
     const auto report = layout->make(job, m_workspace);
-    if (report->pageCount() == 0) throw UserError(fmt::format("“{}”中没有可打印的试样或曲线。", print.name));
+    if (report->pagesOf(job).isEmpty()) throw UserError(fmt::format("“{}”中没有可打印的试样或曲线。", print.name));
     sendReport(*report, job, *makePageDevice(print.out, layout->picturePrefix));
     return kDone;
   }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "common/gbk.h"
+#include "reports/table_rules.h"
 #include "triaxial/measures.h"
 #include "triaxial/result_values.h"
 
@@ -20,15 +21,13 @@ constexpr std::array<const char*, kRows> kStageHeads{"围压级号", "一", "二
 double columnX(std::size_t column) { return kLeft + kStageColumn + kValueColumn * static_cast<double>(column); }
 
 void drawRules(DrawingSurface& surface, double top, int lineWeight) {
-  const Stroke rule{Colour::Black, lineWeight};
-  const double right = columnX(kResultValues.size()), bottom = top + kFailureTableHeight;
-  surface.box({kLeft, top}, {right, bottom}, rule, std::nullopt);
-  for (std::size_t row = 1; row < kRows; ++row) {
-    const double y = top + kRowHeight * static_cast<double>(row);
-    surface.line({kLeft, y}, {right, y}, rule);
-  }
-  for (std::size_t column = 0; column < kResultValues.size(); ++column)
-    surface.line({columnX(column), top}, {columnX(column), bottom}, rule);
+  TableRules rules{.corner = {kLeft, top},
+                   .opposite = {columnX(kResultValues.size()), top + kFailureTableHeight},
+                   .rows = {},
+                   .columns = {}};
+  for (std::size_t row = 1; row < kRows; ++row) rules.rows.push_back(top + kRowHeight * static_cast<double>(row));
+  for (std::size_t column = 0; column < kResultValues.size(); ++column) rules.columns.push_back(columnX(column));
+  drawTableRules(surface, rules, {Colour::Black, lineWeight});
 }
 
 std::string valueText(const ResultValue& value, const TriaxialSampleRecord& record, std::size_t stage) {

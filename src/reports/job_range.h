@@ -12,6 +12,8 @@ namespace triaxlab {
 /// Numbers first to last, counted from 1; empty when last is below first.
 struct NumberRange {
   int first = 1, last = 0;
+  bool isEmpty() const { return last < first; }
+  bool operator==(const NumberRange&) const = default;
 };
 
 /// The pair of numbers of a dialog as a range among `count`: a number below 1 counts as 1, one above the count as the

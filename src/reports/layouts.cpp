@@ -4,13 +4,21 @@
 #include <array>
 
 #include "reports/consolidation_table.h"
+#include "reports/ko_results.h"
 #include "reports/three_in_one.h"
 #include "reports/triaxial_table.h"
 
 namespace triaxlab {
 namespace {
 
-constexpr std::array kLayouts{&kThreeInOne, &kTriaxialTable, &kConsolidationTable};
+// In the order of the command line's names.
+constexpr std::array kLayouts{
+    &kThreeInOne,          //
+    &kTriaxialTable,       //
+    &kConsolidationTable,  //
+    &kK0Results,           //
+    &kTK0Results,          //
+};
 
 }  // namespace
 

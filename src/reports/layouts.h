@@ -16,7 +16,7 @@ struct Layout {
   std::string_view id;             // on the command line; never renamed
   std::string_view title;          // of what it prints, UTF-8
   ProjectKind kind;                // whose samples it shows, as they stand in the table
-  std::string_view picturePrefix;  // of the names of its pictures
+  std::string_view picturePrefix;  // of the names of its pictures; empty: it makes none, and goes on paper all the same
   /// Lays the job out. The workspace outlives the report; the settings that act on pages have been read
   /// (ReadIniSettings).
   std::unique_ptr<Report> (*make)(const PrintJob& job, const Workspace& workspace);

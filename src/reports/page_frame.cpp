@@ -21,10 +21,15 @@ void drawPageFrame(DrawingSurface& surface, const FrameForm& form, const PageHea
   print(form.pageNumber, head.pageNumber);
   printFittedCentred(surface, pageWidth / 2, form.methodY, head.method, body);
 
+  const Point sample = head.wideProjectNo ? form.sampleNoAside : form.sampleNo;
   const Point date = head.wideProjectNo ? form.testDateAside : form.testDate;
-  const bool sharesLine = !head.testDate.empty() && date.y == form.projectNo.y;
-  print(form.projectNo, head.projectNo, sharesLine ? date.x : kRightMargin);
+  const auto before = [](Point next, const std::string& text, double y, double right) {
+    return text.empty() || next.y != y ? right : next.x;
+  };
+  const double beforeDate = before(date, head.testDate, form.projectNo.y, kRightMargin);
+  print(form.projectNo, head.projectNo, before(sample, head.sampleNo, form.projectNo.y, beforeDate));
   print(form.projectName, head.projectName);
+  print(sample, head.sampleNo, before(date, head.testDate, sample.y, kRightMargin));
   print(date, head.testDate);
 
   print({kTesterX, form.footY}, head.tester, kCheckerX);

@@ -13,6 +13,7 @@ struct FrameForm {
   Point projectNo, projectName, testDate;
   Point testDateAside;  // when a long project number has the whole line
   double footY;
+  Point sampleNo = {}, sampleNoAside = {};  // of pages that show one sample; aside for the same reason
 };
 
 /// The frame of the triaxial result pages; the date stands aside below the page number.

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <optional>
+
 #include "common/fixed_text.h"
 #include "common/gbk.h"
 #include "store/settings/settings_file.h"
@@ -12,8 +14,9 @@ namespace {
 
 /// What was last entered under 试验 and 校核 stands in the places of a year and a month: a number is none's name, and
 /// leaves room for a hand.
-std::string nameAt(const Workspace& workspace, SettingsField field) {
-  const std::string text = sharedSettings(workspace).readText(field);
+std::string nameAt(const Workspace& workspace, ProjectKind tests, std::size_t box, SettingsField field) {
+  const std::optional<std::string>& typed = workspace.textsOf(tests).typedDateTexts.at(box);
+  const std::string text = typed ? *typed : sharedSettings(workspace).readText(field);
   return ParseNumber(text) == 0 ? gbkToUtf8(text) : std::string();
 }
 
@@ -35,19 +38,21 @@ std::string reportDate(const Workspace& workspace) {
 
 }  // namespace
 
-PageHeads::PageHeads(const PrintJob& job, const Workspace& workspace, ProjectKind tests, const PageLabels& labels)
+PageHeads::PageHeads(const PrintJob& job, const Workspace& workspace, ProjectKind tests, const PageLabels& labels,
+                     PageFamily family)
     : m_workspace(workspace),
       m_labels(labels),
       m_pageNumbers(job.printPageNumbers),
       m_firstPageNumber(job.firstPageNumber),
+      m_withoutPageAndDates(family == PageFamily::Triaxial && workspace.settings.habits.omitPageDateTable),
       m_titles(workspace, tests) {
   const LaboratoryHabits& habits = workspace.settings.habits;
   m_ofJob.title = labels.title;
-  m_ofJob.controlNumber = controlNumber(workspace, tests);
+  if (family == PageFamily::Triaxial) m_ofJob.controlNumber = controlNumber(workspace, tests);
   m_ofJob.wideProjectNo = habits.wideProjectNo;
-  m_ofJob.tester = labels.testedBy + nameAt(workspace, kYearField);
-  m_ofJob.checker = labels.checkedBy + nameAt(workspace, kMonthField);
-  if (!habits.omitPageDateTable) m_ofJob.reportDate = labels.reportDate + reportDate(workspace);
+  m_ofJob.tester = labels.testedBy + nameAt(workspace, tests, 0, kYearField);
+  m_ofJob.checker = labels.checkedBy + nameAt(workspace, tests, 1, kMonthField);
+  if (!m_withoutPageAndDates) m_ofJob.reportDate = labels.reportDate + reportDate(workspace);
 }
 
 PageHead PageHeads::of(int page, FirstSample first) {
@@ -56,7 +61,7 @@ PageHead PageHeads::of(int page, FirstSample first) {
   head.projectNo = m_labels.projectNo + gbkToUtf8(first.projectNo);
   if (!m_workspace.settings.toggles.omitProjectName) head.projectName = m_labels.projectName + titles.projectName;
   if (!titles.archiveNo.empty()) head.archiveNo = m_labels.archiveNo + titles.archiveNo;
-  if (!m_workspace.settings.habits.omitPageDateTable) {
+  if (!m_withoutPageAndDates) {
     head.pageNumber = pageNumber(page);
     head.testDate = m_labels.testDate + gbkToUtf8(shownTestDate(m_workspace, first.projectNo, first.testDate));
   }

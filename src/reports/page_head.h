@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,7 @@ struct PageHead {
   std::string controlNumber, pageNumber;
   std::string projectNo, projectName, testDate;
   bool wideProjectNo = false;  // the project number has its line for itself
+  std::string sampleNo;        // of a page that shows one sample
   std::string tester, checker, reportDate, archiveNo;
 };
 
@@ -27,12 +29,17 @@ struct FirstSample {
   std::string_view testDate;
 };
 
+/// Whose pages they are: a control number stands on those of the triaxial test alone, and they alone can go without
+/// page number and dates.
+enum class PageFamily : std::uint8_t { Triaxial, OtherTests };
+
 /// Makes the heads of a job's pages, of whatever test. What a test has of its own, its method and whether it is dated,
 /// its layout puts in.
 class PageHeads {
  public:
   /// The workspace outlives this.
-  PageHeads(const PrintJob& job, const Workspace& workspace, ProjectKind tests, const PageLabels& labels);
+  PageHeads(const PrintJob& job, const Workspace& workspace, ProjectKind tests, const PageLabels& labels,
+            PageFamily family = PageFamily::Triaxial);
 
   /// `page` counts from 1 over the whole job.
   PageHead of(int page, FirstSample first);
@@ -44,6 +51,7 @@ class PageHeads {
   PageLabels m_labels;
   bool m_pageNumbers;
   int m_firstPageNumber;
+  bool m_withoutPageAndDates;
   TitlesOfProjects m_titles;
   PageHead m_ofJob;  // what is the same on all pages
 };

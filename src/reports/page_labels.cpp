@@ -65,6 +65,15 @@ PageLabels pageLabels(const Settings& settings) {
   return labels;
 }
 
+PageLabels otherTestLabels(const Settings& settings) {
+  PageLabels labels = chineseLabels(settings.habits);
+  labels.projectNo = settings.habits.projectNoLabel + ":";
+  labels.checkedBy = "检查：";
+  if (settings.toggles.english) putIntoEnglish(labels, settings.english);
+  labels.title.clear();
+  return labels;
+}
+
 std::string curveTitle(CurvePage page, const Settings& settings) {
   if (!settings.toggles.english) return {};
   if (page == CurvePage::StressStrain) return settings.english.stressStrainCurve;

@@ -8,7 +8,7 @@
 
 namespace triaxlab {
 
-/// The texts in front of values on triaxial pages, with their colons and blanks, in the laboratory's wording: Chinese
+/// The texts in front of values on pages, with their colons and blanks, in the laboratory's wording: Chinese
 /// or, where there is an English one, English. UTF-8.
 struct PageLabels {
   // Frame
@@ -33,6 +33,8 @@ struct PageLabels {
 };
 
 PageLabels pageLabels(const Settings& settings);
+/// Those of the pages of the other tests, which have no title in common.
+PageLabels otherTestLabels(const Settings& settings);
 
 /// The title of a curve, empty where it is the chart's own.
 std::string curveTitle(CurvePage page, const Settings& settings);

@@ -10,12 +10,14 @@
 
 namespace triaxlab {
 
-/// What of a document goes on paper; the values are those of the option buttons of the print dialogs.
+/// What of a document goes on paper; the values of the first four are those of the option buttons of most dialogs.
 enum class PrintScope : std::uint8_t {
-  All = 1,      // 全部: every live sample
-  Current = 2,  // 当前土样: the sample on display
-  Range = 3,    // 序号: live samples by their number, from 1
-  Pages = 4,    // 页码: pages of the whole job, from 1
+  All = 1,       // 全部: every live sample
+  Current = 2,   // 当前土样: the sample on display
+  Range = 3,     // 序号: live samples by their number, from 1
+  Pages = 4,     // 页码: pages of the whole job, from 1
+  CurrentPage,   // 当前页: the page of the stage curve on display
+  CurrentCurve,  // 当前曲线: that curve alone
 };
 
 /// What a dialog or a command line wants printed. Of a pair of numbers either may be the larger one; a number below 1
@@ -26,7 +28,8 @@ struct PrintJob {
   std::int16_t printRangeTo = 1;
   std::int16_t printAuxFrom = 0;  // pages again, for a job that chooses samples and pages; 0: every page
   std::int16_t printAuxTo = 0;
-  std::size_t currentRow = 0;  // table row of the sample on display, for Current
+  std::size_t currentRow = 0;   // table row of the sample on display, for all that is current
+  std::size_t currentPart = 0;  // of its stage on display
 
   std::int16_t copies = 1;
   std::int16_t lineWeight = 4;       // 1/600 inch; 2 with a dot-matrix printer, whose paper the pages then take

@@ -4,6 +4,7 @@
 
 #include "platform/drawing_surface.h"
 #include "platform/page_device.h"
+#include "reports/job_range.h"
 
 namespace triaxlab {
 
@@ -14,6 +15,8 @@ class Report {
   virtual ~Report() = default;
   virtual PageSize pageSize() const = 0;
   virtual int pageCount() const = 0;
+  /// Those of them that a job sends, which is the one that the report was made of.
+  virtual NumberRange pagesOf(const PrintJob& job) const { return chosenPages(job, pageCount()); }
   virtual void drawPage(DrawingSurface& surface, int page) = 0;
   /// The project of the page's first sample, GBK, trimmed.
   virtual std::string_view projectNo(int page) const = 0;

@@ -6,7 +6,6 @@
 #include "common/user_error.h"
 #include "platform/files.h"
 #include "platform/placed_surface.h"
-#include "reports/job_range.h"
 #include "store/project/project_number.h"
 
 namespace triaxlab {
@@ -22,7 +21,7 @@ PageSize sheetSize(const Report& report, const PrintJob& job) {
 
 int sendReport(Report& report, const PrintJob& job, PageDevice& device) {
   const PageSize size = sheetSize(report, job);
-  const auto [first, last] = chosenPages(job, report.pageCount());
+  const auto [first, last] = report.pagesOf(job);
   DrawingSurface* sheet = nullptr;
   for (int page = first; page <= last; ++page) {
     const bool onTheRight = job.sideBySide() && (page - first) % 2 == 1;
@@ -36,7 +35,7 @@ int sendReport(Report& report, const PrintJob& job, PageDevice& device) {
 }
 
 std::filesystem::path pictureFolder(const Report& report, const PrintJob& job, const Workspace& workspace) {
-  const std::string_view projectNo = report.projectNo(chosenPages(job, report.pageCount()).first);
+  const std::string_view projectNo = report.projectNo(report.pagesOf(job).first);
   if (const auto why = whyNoFileName(projectNo))
     throw UserError("打印到图片文件",
                     fmt::format("工程编号“{}”{}，不能作为图片文件夹的名称。", printableText(projectNo), *why));

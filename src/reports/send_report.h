@@ -19,7 +19,7 @@ PageSize sheetSize(const Report& report, const PrintJob& job);
 int sendReport(Report& report, const PrintJob& job, PageDevice& device);
 
 /// Where the pictures of the job go: the folder below PTU of the project of the first sample sent. UserError when its
-/// project number can't be a folder's name, or the folder is a link or behind one. Pre: the report has a page.
+/// project number can't be a folder's name, or the folder is a link or behind one. Pre: the job sends a page.
 std::filesystem::path pictureFolder(const Report& report, const PrintJob& job, const Workspace& workspace);
 
 }  // namespace triaxlab

@@ -84,7 +84,6 @@ TEST_F(CommandLine, WhatThisVersionLacksIsSaidInOneSentence) {
   const std::vector<std::vector<std::string>> lacking{
       {"open", "k0", "KO1.txt", "--show", "1"},
       {"print", "triaxial", "WKSZ1.txt", "--layout", "chart", "--out", "x.pdf"},
-      {"print", "k0", "KO1.txt", "--layout", "k0", "--out", "x.pdf"},
       {"workbook", "WKSZ1.txt", "--out", "x.xls"},
   };
   for (const auto& words : lacking) {

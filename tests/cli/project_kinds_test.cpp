@@ -198,6 +198,29 @@ TEST_F(ProjectKinds, KoIsTheResultOfAK0Sample) {
   EXPECT_EQ(folder.read("app/ZMSJ/KHZP1.txt").substr(600 + 1137, 6), field("0.500", 6));
 }
 
+TEST_F(ProjectKinds, TheirPagesArePrintedAndTheFilesStayAsTheyWere) {
+  write("KOP1.txt", header("0001", "") + names("S1") + '\0' + std::string(212, ' '));
+  const std::string before = read("KOP1.txt");
+  const std::filesystem::path out = folder.path() / "pages.json";
+  EXPECT_EQ(run({"print", "k0", "KOP1.txt", "--layout", "k0", "--out", out.string()}).err, "");
+  EXPECT_EQ(nlohmann::json::parse(folder.read("pages.json"))["pages"].size(), 1U);
+  EXPECT_EQ(read("KOP1.txt"), before);
+  const ProgramRun wrong = run({"print", "k0", "KOP1.txt", "--layout", "tk0", "--out", out.string()});
+  EXPECT_EQ(wrong.status, 1);
+  EXPECT_EQ(wrong.err, "k0 类试样不能用 tk0 版式打印。\n");
+}
+
+TEST_F(ProjectKinds, PagesWithoutPicturesAreRefusedAFolder) {
+  write("KOP1.txt", header("0001", "") + names("S1") + '\0' + std::string(212, ' '));
+  const std::filesystem::path out = folder.path() / "pictures";
+  const ProgramRun ran = run({"print", "k0", "KOP1.txt", "--layout", "k0", "--out", out.string()});
+  EXPECT_EQ(ran.status, 1);
+#ifdef TRIAXLAB_HAS_QT
+  EXPECT_EQ(ran.err, "k0 版式的页面不能存成图片，--out 请给 .pdf 或 .json 文件。\n");
+#endif
+  EXPECT_FALSE(std::filesystem::exists(out));
+}
+
 TEST_F(ProjectKinds, TheOldestTriaxialFilesAreListedShownAndSavedAsTodays) {
   std::string record = names("A-1").substr(0, 29) + std::string(5966 - 29, '\0');
   record.replace(34, 476 - 34, std::string(476 - 34, ' '));

@@ -15,13 +15,6 @@ const std::vector<CurvePage> kEveryCurve{
     CurvePage::StressStrain, CurvePage::StressRatioEnvelope, CurvePage::StressDifferenceEnvelope,
     CurvePage::StressPath,   CurvePage::PorePressure,        CurvePage::StressRatio};
 
-std::vector<std::string> pageNumbers(const std::vector<RecordingDevice::Page>& pages, int x = 9500) {
-  std::vector<std::string> numbers;
-  for (const auto& page : pages)
-    for (std::string& text : textsAt(page.drawing, x, 300)) numbers.push_back(std::move(text));
-  return numbers;
-}
-
 TEST_F(PageBreaks, OneCurveOfTwoSamplesIsOnePage) {
   sample(0, kUU, "A-1");
   sample(1, kUU, "A-2");

@@ -57,6 +57,9 @@ struct PageTest : ::testing::Test {
   int sent = 0;
 };
 
+/// A text of 10 point, as frames, heads and tables of the other tests have it.
+inline DrawnText small(std::string_view text, int x, int y) { return sized(10, text, x, y); }
+
 /// Tops of the plots of a page, told by their frames: a plot begins 500 twips below its block.
 inline std::vector<int> blockTops(const Drawing& page) {
   std::vector<int> tops;
@@ -70,6 +73,23 @@ inline std::vector<std::string> textsAt(const Drawing& page, int x, int y) {
   for (const DrawnText& text : all<DrawnText>(page))
     if (text.upperLeft == TwipPoint{x, y}) found.push_back(text.text);
   return found;
+}
+
+/// The numbers of the pages, which stand at that place.
+inline std::vector<std::string> pageNumbers(const std::vector<RecordingDevice::Page>& pages, int x = 9500,
+                                            int y = 300) {
+  std::vector<std::string> numbers;
+  for (const auto& page : pages)
+    for (std::string& text : textsAt(page.drawing, x, y)) numbers.push_back(std::move(text));
+  return numbers;
+}
+
+/// The fonts of the texts that begin so.
+inline std::vector<Font> fontsOf(const Drawing& page, std::string_view start) {
+  std::vector<Font> fonts;
+  for (const DrawnText& text : all<DrawnText>(page))
+    if (text.text.starts_with(start)) fonts.push_back(text.font);
+  return fonts;
 }
 
 /// The lines beside the blocks, from top to bottom.

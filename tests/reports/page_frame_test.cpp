@@ -111,14 +111,6 @@ TEST_F(FrameTest, ALongProjectNumberHasTheLineForItself) {
   EXPECT_THAT(textsAt(firstPage(), 7800, 1350), IsEmpty());
 }
 
-/// The fonts of the texts that begin so.
-std::vector<Font> fontsOf(const Drawing& page, std::string_view start) {
-  std::vector<Font> fonts;
-  for (const DrawnText& text : all<DrawnText>(page))
-    if (text.text.starts_with(start)) fonts.push_back(text.font);
-  return fonts;
-}
-
 TEST_F(FrameTest, ALongNameEndsAtTheMargin) {
   workspace.textsOf(ProjectKind::Triaxial).projectName = {std::string(100, 'x'), true, ""};
   // 110 bytes of 105 twips in the 10900 from 600 to 11500; 100 bytes have room.

@@ -12,7 +12,7 @@ namespace triaxlab {
 namespace {
 
 // Twips of the canvas.
-constexpr double kNumbersBelowY = 4160, kNumbersLeftX = 2460, kUnitLeftY = 60, kUnitBelowY = 4380;
+constexpr double kNumbersBelowY = 4160, kNumbersLeftX = 2460, kUnitLeftY = 60, kUnitBelowY = 4380, kStressLeftX = 1780;
 constexpr double kPointRadius = 30;
 constexpr ResultsBox kKoBox{.corner = {3600, 400}, .opposite = {7400, 800}};
 constexpr Point kKoPlace{5000, 500};
@@ -20,19 +20,23 @@ constexpr int kMovedLineWidth = 2;
 
 constexpr AxisNumbers kNumbersBelow{.at = kNumbersBelowY, .every = 5}, kNumbersLeft{.at = kNumbersLeftX, .every = 2};
 
-void drawAxes(DrawingSurface& surface, const PlotScale& scale, const Font& font) {
+void drawAxes(DrawingSurface& surface, const PlotScale& scale, KoAxes axes, const Font& font) {
   constexpr const char* kUnit = "(kPa)";
+  const bool named = axes == KoAxes::Stresses;
   drawNumbersBelow(surface, scale, kNumbersBelow, font);
   drawNumbersLeft(surface, scale, kNumbersLeft, font);
-  surface.textRightAligned(kKoPlot.right, kUnitBelowY, kUnit, font, Colour::Black);
-  surface.textRightAligned(kNumbersLeftX, kUnitLeftY, kUnit, font, Colour::Black);
+  surface.textRightAligned(kKoPlot.right, kUnitBelowY, named ? "σ1(kPa)" : kUnit, font, Colour::Black);
+  if (named)
+    drawTurnedTitle(surface, kStressLeftX, kKoPlot.middle().y, "σ3(kPa)", font);
+  else
+    surface.textRightAligned(kNumbersLeftX, kUnitLeftY, kUnit, font, Colour::Black);
 }
 
 /// The stages that the fit takes.
-void drawPoints(const Plot& plot, const K0SampleRecord& record) {
+void drawPoints(const Plot& plot, const K0SampleRecord& record, int lineWeight) {
   for (std::size_t stage = 0; stage < kLoadStages; ++stage) {
     const Point pressures{plottedNumber(record.axialPressure[stage]), plottedNumber(record.lateralPressure[stage])};
-    if (pressures.x != 0 && pressures.y != 0) plot.dot(pressures, kPointRadius, {Colour::LightRed, 1});
+    if (pressures.x != 0 && pressures.y != 0) plot.dot(pressures, kPointRadius, {Colour::LightRed, lineWeight});
   }
 }
 
@@ -63,17 +67,18 @@ std::optional<Segment> koLineOnCanvas(const PlotScale& scale, const StraightLine
   return clipLine(segment, {kKoPlot.left, moved ? 0 : kKoPlot.top, kKoPlot.right, kKoPlot.bottom});
 }
 
-void drawKoChart(DrawingSurface& surface, const K0SampleRecord& record, const std::optional<StraightLine>& moved) {
+void drawKoChart(DrawingSurface& surface, const K0SampleRecord& record, const KoChartOptions& options) {
+  const auto& [moved, axes, lineWeight] = options;
   const Font font;
   const Plot plot(surface, koScale(record));
   drawGrid(surface, plot.scale());
-  drawFrame(surface, kKoPlot, 1);
-  drawAxes(surface, plot.scale(), font);
-  drawResultsBox(surface, kKoBox, {}, font, 1);
-  drawPoints(plot, record);
+  drawFrame(surface, kKoPlot, lineWeight);
+  drawAxes(surface, plot.scale(), axes, font);
+  drawResultsBox(surface, kKoBox, {}, font, lineWeight);
+  drawPoints(plot, record, lineWeight);
   if (const auto line =
           koLineOnCanvas(plot.scale(), moved.value_or(koLineOf(record)), moved ? KoLineOf::Person : KoLineOf::Record))
-    surface.line(line->from, line->to, {Colour::Black, moved ? kMovedLineWidth : 1});
+    surface.line(line->from, line->to, {Colour::Black, moved ? kMovedLineWidth : lineWeight});
   const std::string ko =
       moved ? FormatNumber(moved->slope, NumberFormat::Thousandths) : gbkToUtf8(record.koValue.trimmed());
   surface.text(kKoPlace, "Ko = " + ko, font, Colour::Black);

@@ -27,9 +27,16 @@ PlotScale koScale(const K0SampleRecord& record);
 /// the plot, to the edge of the canvas.
 std::optional<Segment> koLineOnCanvas(const PlotScale& scale, const StraightLine& line, KoLineOf whose);
 
-/// With `moved`, the line that a person is moving takes the place of the record's.
-void drawKoChart(DrawingSurface& surface, const K0SampleRecord& record,
-                 const std::optional<StraightLine>& moved = std::nullopt);
+/// What stands at the axes: the units alone, or the names of the stresses with them.
+enum class KoAxes : std::uint8_t { Units, Stresses };
+
+/// How the chart is drawn; the defaults are those of a screen.
+struct KoChartOptions {
+  std::optional<StraightLine> moved = std::nullopt;  // by a person; in the place of the record's line
+  KoAxes axes = KoAxes::Units;
+  int lineWeight = 1;  // of line, points, frame and box; grid lines have 1
+};
+void drawKoChart(DrawingSurface& surface, const K0SampleRecord& record, const KoChartOptions& options = {});
 /// What stays at the edges of the magnified chart.
 void drawKoChartEdges(DrawingSurface& surface, const K0SampleRecord& record, const ChartView& view);
 /// The pressures at a place of the canvas, UTF-8; empty beside the plot.

@@ -31,7 +31,7 @@ void PrintDialogSession::send(PageDevices& devices) {
   runShowingErrors(m_dialogs, [&] {
     const PrintJob sent = job();
     const auto report = m_layout.make(sent, m_workspace);
-    if (report->pageCount() == 0) {
+    if (report->pagesOf(sent).isEmpty()) {
       m_remarks.emplace_back(kNoPage);
       return;
     }
@@ -41,7 +41,8 @@ void PrintDialogSession::send(PageDevices& devices) {
 
 std::unique_ptr<PageDevice> PrintDialogSession::deviceFor(const Report& report, const PrintJob& job,
                                                           PageDevices& devices) const {
-  if (job.printToPicture) return devices.pictures(pictureFolder(report, job, m_workspace), m_layout.picturePrefix);
+  if (job.printToPicture && !m_layout.picturePrefix.empty())
+    return devices.pictures(pictureFolder(report, job, m_workspace), m_layout.picturePrefix);
   if (devices.hasPrinter())
     return devices.printer({.title = m_layout.title, .size = sheetSize(report, job), .copies = job.copies}, m_dialogs);
   const auto file = askForPdf(m_workspace, m_dialogs);

@@ -93,7 +93,7 @@ std::optional<DrawnLineOnCanvas> KoSession::koLineDrawn() const {
   return ends ? std::optional<DrawnLineOnCanvas>({scale, *ends}) : std::nullopt;
 }
 
-void KoSession::drawKo(DrawingSurface& surface) const { drawKoChart(surface, m_drawn, movedKoLine()); }
+void KoSession::drawKo(DrawingSurface& surface) const { drawKoChart(surface, m_drawn, {.moved = movedKoLine()}); }
 
 void KoSession::drawKoEdges(DrawingSurface& surface, const ChartView& view) const {
   drawKoChartEdges(surface, m_drawn, view);

@@ -35,7 +35,7 @@ K0SampleRecord withLine(std::string_view slope, std::string_view intercept) {
 
 Drawing draw(const K0SampleRecord& record, const std::optional<StraightLine>& moved = std::nullopt) {
   RecordingSurface surface;
-  drawKoChart(surface, record, moved);
+  drawKoChart(surface, record, {.moved = moved});
   return surface.operations();
 }
 
