@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QKeyEvent>
+#include <array>
 #include <optional>
 
 #include "sessions/cell_keys.h"
@@ -17,20 +18,19 @@ struct KeyRow {
 };
 
 /// Keys in a cell of a list or table that may leave it.
-inline constexpr KeyRow<CellKey> kCellKeys[] = {
-    {Qt::Key_Up, CellKey::Up},         {Qt::Key_Down, CellKey::Down},         {Qt::Key_Left, CellKey::Left},
-    {Qt::Key_Right, CellKey::Right},   {Qt::Key_Return, CellKey::Enter},      {Qt::Key_Enter, CellKey::Enter},
-    {Qt::Key_PageUp, CellKey::PageUp}, {Qt::Key_PageDown, CellKey::PageDown},
+inline constexpr std::array kCellKeys{
+    KeyRow{Qt::Key_Up, CellKey::Up},         KeyRow{Qt::Key_Down, CellKey::Down},
+    KeyRow{Qt::Key_Left, CellKey::Left},     KeyRow{Qt::Key_Right, CellKey::Right},
+    KeyRow{Qt::Key_Return, CellKey::Enter},  KeyRow{Qt::Key_Enter, CellKey::Enter},
+    KeyRow{Qt::Key_PageUp, CellKey::PageUp}, KeyRow{Qt::Key_PageDown, CellKey::PageDown},
 };
 
 /// Keys that move a line by hand.
-inline constexpr KeyRow<ArrowKey> kArrowKeys[] = {{Qt::Key_Left, ArrowKey::Left},
-                                                  {Qt::Key_Right, ArrowKey::Right},
-                                                  {Qt::Key_Up, ArrowKey::Up},
-                                                  {Qt::Key_Down, ArrowKey::Down}};
+inline constexpr std::array kArrowKeys{KeyRow{Qt::Key_Left, ArrowKey::Left}, KeyRow{Qt::Key_Right, ArrowKey::Right},
+                                       KeyRow{Qt::Key_Up, ArrowKey::Up}, KeyRow{Qt::Key_Down, ArrowKey::Down}};
 
 template <class Key, std::size_t N>
-std::optional<Key> keyOf(const QKeyEvent& event, const KeyRow<Key> (&table)[N]) {
+std::optional<Key> keyOf(const QKeyEvent& event, const std::array<KeyRow<Key>, N>& table) {
   for (const KeyRow<Key>& row : table)
     if (row.toolkitKey == event.key()) return row.key;
   return std::nullopt;

@@ -18,10 +18,8 @@
 namespace triaxlab {
 namespace {
 
-constexpr KeyRow<MethodKey> kMethodKeys[] = {{Qt::Key_End, MethodKey::End},
-                                             {Qt::Key_1, MethodKey::One},
-                                             {Qt::Key_2, MethodKey::Two},
-                                             {Qt::Key_3, MethodKey::Three}};
+constexpr std::array kMethodKeys{KeyRow{Qt::Key_End, MethodKey::End}, KeyRow{Qt::Key_1, MethodKey::One},
+                                 KeyRow{Qt::Key_2, MethodKey::Two}, KeyRow{Qt::Key_3, MethodKey::Three}};
 
 /// Lays an edit box over the label that it stands for, or lets Tab come to the label on which the box would open. A box
 /// that goes leaves the focus to the canvas, not to whatever comes next: the person would type there unawares.
