@@ -124,8 +124,8 @@ class ListedSession {
 
   // Unsaved changes
   bool isChanged() const { return m_changed; }
-  /// A save went well. It may have put results into the records.
-  void markSaved();
+  /// A save went well.
+  virtual void markSaved();
 
  protected:
   // What the test has of its own.

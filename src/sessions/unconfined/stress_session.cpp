@@ -88,6 +88,11 @@ void StressSession::takePicture() {
   m_options = {.largestStrain = habits.unconfinedLargestStrain, .halfPeaks = habits.strainAtHalfPeak};
 }
 
+void StressSession::markSaved() {
+  ListedSession::markSaved();
+  showSample();
+}
+
 void StressSession::draw(DrawingSurface& surface) const { drawStressChart(surface, m_drawn, m_options); }
 
 void StressSession::drawFields(DrawingSurface& surface) const { drawConstants(surface, record()); }

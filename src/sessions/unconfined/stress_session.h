@@ -46,6 +46,9 @@ class StressSession : public ListedSession {
   /// The values at a place of the canvas (twips) with their units, UTF-8. Empty beside the plot.
   std::string readout(Point place) const;
 
+  /// A save has reduced the records with what was typed: what is seen is what was saved.
+  void markSaved() override;
+
   /// Reduces the sample on display and draws it anew.
   void showCurve() { showSample(); }
   /// The strain up to which a specimen's peak is looked for, %, as it stands in its box; UTF-8.

@@ -93,6 +93,15 @@ TEST_F(Unconfined, ATypedReadingIsInTheRecordAtOnceAndInTheChartWhenItIsDrawnAne
   EXPECT_THAT(textsWith(drawingOf(session), " qu = "), Not(ElementsAre(" qu = 61.2kpa")));
 }
 
+TEST_F(Unconfined, WhatWasSavedIsSeen) {
+  StressSession session(workspace);
+  session.edit(reading(7), "48");
+  session.markSaved();
+  EXPECT_FALSE(session.isChanged());
+  // Through (0, 0), (5, 50), (10, 48): y = 15.2 x - 1.04 x², 55.538 at 7.3 %.
+  EXPECT_THAT(textsWith(drawingOf(session), " qu = "), ElementsAre(" qu = 55.5kpa"));
+}
+
 TEST_F(Unconfined, AnEmptiedReadingStoresZero) {
   StressSession session(workspace);
   session.edit(reading(7), "");
