@@ -190,6 +190,8 @@ void ShellSession::openProject(const Command& command) {
 
 void ShellSession::import(const Command& command) {
   const Importer& importer = *importerOfMenuCommand(command.name);
+  // The menu of imports is off while a document opens, but comes back when any of them closes.
+  if (!mayClose(importer.document)) return;
   ImportSelection selection(importer, m_workspace);
   if (importer.fileFromCommand && !selection.choose(m_dialogs)) return;
   const std::optional<Remarks> remarks = m_windows.showImporter(selection);

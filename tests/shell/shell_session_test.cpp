@@ -308,6 +308,32 @@ TEST_F(Shell, AnImporterLeftWithoutWorkChangesNothing) {
   EXPECT_EQ(lab.workspace.activeDocument, kNoDocument);
 }
 
+TEST_F(Shell, AnImportOverAChangedDocumentAsksFirst) {
+  for (const bool answer : {false, true}) {
+    openChangedDocument();
+    shell.documentActivated(kForm4);
+    shell.documentClosed(kForm4);  // which brings the menu of imports back
+    windows.take();
+    dialogs.answers = {answer};
+    EXPECT_TRUE(shell.trigger("OLDSZ1"));
+    EXPECT_EQ(dialogs.take().front(), kQuestion);
+    EXPECT_EQ(lab.hasProject("P1"), answer);
+    EXPECT_THAT(windows.take(), ElementsAre("OPENFORM0OLD")) << "after either answer";
+  }
+}
+
+TEST_F(Shell, AnImportDoesNotReplaceADocumentThatCouldNotBeSaved) {
+  openChangedDocument();
+  shell.documentActivated(kForm4);
+  shell.documentClosed(kForm4);
+  windows.take();
+  loseDataFolder();
+  dialogs.answers = {true};
+  shell.trigger("OLDSZ1");
+  EXPECT_THAT(windows.take(), IsEmpty());
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].projectNo.trimmed(), "P1");
+}
+
 /// Two blocks of the Nanjing apparatus without readings, all lines empty but for date, project and sample.
 std::string twoNanjingSamples() {
   std::string file;
