@@ -49,14 +49,15 @@ void drawNumbersBelow(DrawingSurface& surface, const PlotScale& scale, const Axi
 void drawNumbersLeft(DrawingSurface& surface, const PlotScale& scale, const AxisNumbers& numbers, const Font& font) {
   for (int row = 0; row < linesOf(scale.frame.rows, numbers.end); row += numbers.every) {
     const auto [text, rowFont] = rowNumber(scale, row, numbers, font);
-    surface.textRightAligned(numbers.at, scale.frame.rowY(row) - textHeight(rowFont) / 2, text, rowFont, Colour::Blue);
+    const double rise = numbers.firstHangs && row == 0 ? 0 : textHeight(rowFont) / 2;
+    surface.textRightAligned(numbers.at, scale.frame.rowY(row) - rise, text, rowFont, Colour::Blue);
   }
 }
 
 void drawNumbersRight(DrawingSurface& surface, const PlotScale& scale, const AxisNumbers& numbers, const Font& font) {
   for (int row = 0; row < linesOf(scale.frame.rows, numbers.end); row += numbers.every) {
     const auto [text, rowFont] = rowNumber(scale, row, numbers, font);
-    surface.text({numbers.at, scale.frame.rowY(row)}, text, rowFont, Colour::Blue);
+    surface.text({numbers.at, scale.frame.rowY(row) - textHeight(rowFont) / 2}, text, rowFont, Colour::Blue);
   }
 }
 

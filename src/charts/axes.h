@@ -27,12 +27,13 @@ struct AxisNumbers {
   NumberFormat format = NumberFormat::Whole;
   AxisEnd end = AxisEnd::Open;
   std::size_t smallFrom = 0;  // characters from which a number is set smaller, 8 point for 10.5; 0: none is
+  bool firstHangs = false;    // from its line: the name of the axis stands above
 };
 /// Centred under the vertical lines.
 void drawNumbersBelow(DrawingSurface& surface, const PlotScale& scale, const AxisNumbers& numbers, const Font& font);
 /// Right-aligned, centred on the horizontal lines.
 void drawNumbersLeft(DrawingSurface& surface, const PlotScale& scale, const AxisNumbers& numbers, const Font& font);
-/// Of a second axis: their upper edges lie on the horizontal lines.
+/// Of a second axis, left-aligned, centred on the horizontal lines.
 void drawNumbersRight(DrawingSurface& surface, const PlotScale& scale, const AxisNumbers& numbers, const Font& font);
 
 /// What of a canvas is seen: its part from `corner` on, magnified. Width and height are those of the picture.

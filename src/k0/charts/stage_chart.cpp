@@ -25,10 +25,10 @@ constexpr ResultsBox kBox{.corner = {3000, 300},
                           .fill = Colour::White};
 constexpr int kMovedLineWidth = 2;
 
-const Font kAxisFont{.name = kArialNarrow, .size = 9};
+const Font kNumberFont{.name = kArialNarrow, .size = 9};
 constexpr AxisNumbers kNumbersBelow{.at = kNumbersBelowY, .end = AxisEnd::Closed};
 constexpr AxisNumbers kNumbersLeft{
-    .at = kNumbersLeftX, .every = 2, .format = NumberFormat::Hundredths, .end = AxisEnd::Closed};
+    .at = kNumbersLeftX, .every = 2, .format = NumberFormat::Hundredths, .end = AxisEnd::Closed, .firstHangs = true};
 constexpr AxisNumbers kNumbersRight{
     .at = kNumbersRightX, .every = 2, .format = NumberFormat::Tenths, .end = AxisEnd::Closed};
 
@@ -50,6 +50,12 @@ StageCurves curvesOf(const TK0SampleRecord& record, std::size_t stage) {
   return curves;
 }
 
+/// The readings of the construction, after which the axes are laid out; a stage without any counts as one of zeros.
+std::vector<Point> timed(const std::vector<Point>& curve) {
+  if (curve.size() == 1) return {{0, 0}};
+  return {curve.begin() + 1, curve.end()};
+}
+
 /// Millionths of a millimetre. Texts of a record have no further decimals, so steps of the axis that are counted in
 /// these never miss a reading by a rounding.
 using Nanometres = std::int64_t;
@@ -66,18 +72,26 @@ Nanometres startAbove(Nanometres first, Nanometres span) {
   return std::max<Nanometres>(start - 3 * span / kStagePlot.rows, 0);
 }
 
-void drawSeries(const Plot& plot, const std::vector<Point>& values, Colour colour) {
-  plot.curve(values, {colour, 1});
-  for (const Point& value : values) plot.dot(value, kPointRadius, {colour, 1}, colour);
+/// The font in which a text has its own size once the canvas is scaled.
+Font scaledFont(const Font& font, double scale) {
+  Font scaled = font;
+  scaled.size /= scale;
+  return scaled;
 }
 
-void drawAxes(DrawingSurface& surface, const PlotScale& deformations, const PlotScale& pressures) {
-  drawNumbersBelow(surface, deformations, kNumbersBelow, kAxisFont);
-  drawNumbersLeft(surface, deformations, kNumbersLeft, kAxisFont);
-  drawNumbersRight(surface, pressures, kNumbersRight, kAxisFont);
-  surface.textRightAligned(kStagePlot.right, kTimeY, "√t(min)", kAxisFont, Colour::Black);
-  surface.text(kDeformationPlace, "D(mm)", kAxisFont, Colour::Black);
-  surface.text(kPressurePlace, "P(kPa)", kAxisFont, Colour::Black);
+void drawSeries(const Plot& plot, const std::vector<Point>& values, Stroke stroke) {
+  plot.curve(values, stroke);
+  for (const Point& value : values) plot.dot(value, kPointRadius, stroke, stroke.colour);
+}
+
+void drawAxes(DrawingSurface& surface, const PlotScale& deformations, const PlotScale& pressures, double scale) {
+  const Font font = scaledFont(kNumberFont, scale), nameFont = scaledFont({}, scale);
+  drawNumbersBelow(surface, deformations, kNumbersBelow, font);
+  drawNumbersLeft(surface, deformations, kNumbersLeft, font);
+  drawNumbersRight(surface, pressures, kNumbersRight, font);
+  surface.textRightAligned(kStagePlot.right, kTimeY, "√t(min)", nameFont, Colour::Black);
+  surface.text(kDeformationPlace, "D(mm)", nameFont, Colour::Black);
+  surface.text(kPressurePlace, "P(kPa)", nameFont, Colour::Black);
 }
 
 void drawLine(DrawingSurface& surface, const PlotScale& scale, const StraightLine& line, Stroke stroke) {
@@ -85,20 +99,20 @@ void drawLine(DrawingSurface& surface, const PlotScale& scale, const StraightLin
 }
 
 /// In type that leaves the longest line in the box.
-void drawBox(DrawingSurface& surface, const std::array<ResultLine, 3>& lines) {
+void drawBox(DrawingSurface& surface, const std::array<ResultLine, 3>& lines, const StageChartOptions& options) {
   constexpr double kTenth = 10, kRoom = kBox.opposite.x - kBox.firstLine.x;
-  Font font;
+  Font font = scaledFont({}, options.scale);
   double widest = 0;
   for (const ResultLine& line : lines) widest = std::max(widest, textWidth(line.text, font));
   if (widest > kRoom) font.size = std::floor(font.size * kRoom / widest * kTenth) / kTenth;
-  drawResultsBox(surface, kBox, lines, font, 1);
+  drawResultsBox(surface, kBox, lines, font, options.lineWeight);
 }
 
 }  // namespace
 
 PlotScale deformationScale(const TK0SampleRecord& record, std::size_t stage) {
   constexpr Nanometres kSmallRange = 150'000;
-  const std::vector<Point> curve = curvesOf(record, stage).deformation;
+  const std::vector<Point> curve = timed(curvesOf(record, stage).deformation);
   const Nanometres first = nanometres(curve.front().y), last = nanometres(curve.back().y);
   Nanometres span = kSpanStep;
   if (last - first >= kSmallRange) span += stepsAbove(last - first, kSpanStep) * kSpanStep;
@@ -112,7 +126,7 @@ PlotScale deformationScale(const TK0SampleRecord& record, std::size_t stage) {
 PlotScale pressureScale(const TK0SampleRecord& record, std::size_t stage) {
   constexpr double kSmallestReach = 100, kGrain = 12.5;
   double reach = kSmallestReach;
-  for (const Point& reading : curvesOf(record, stage).pressure) reach = std::max(reach, reading.y);
+  for (const Point& reading : timed(curvesOf(record, stage).pressure)) reach = std::max(reach, reading.y);
   return {kPressurePlot, 1, kGrain * stepsToReach(reach, kPressurePlot.rows * kGrain)};
 }
 
@@ -133,25 +147,27 @@ std::optional<Segment> t90LineOnCanvas(const PlotScale& deformations, const Stra
 }
 
 void drawStageChart(DrawingSurface& surface, const TK0SampleRecord& record, std::size_t stage,
-                    const StageConstruction& construction) {
+                    const StageConstruction& construction, const StageChartOptions& options) {
   const PlotScale deformations = deformationScale(record, stage), pressures = pressureScale(record, stage);
   const StageCurves curves = curvesOf(record, stage);
   drawGrid(surface, deformations, AxisEnd::Closed);
-  drawAxes(surface, deformations, pressures);
-  drawSeries({surface, deformations}, curves.deformation, Colour::LightRed);
-  drawSeries({surface, pressures}, curves.pressure, Colour::LightBlue);
-  const int width = construction.isMoved ? kMovedLineWidth : 1;
+  drawAxes(surface, deformations, pressures, options.scale);
+  drawSeries({surface, deformations}, curves.deformation, {Colour::LightRed, options.lineWeight});
+  drawSeries({surface, pressures}, curves.pressure, {Colour::LightBlue, options.lineWeight});
+  const int width = construction.isMoved ? kMovedLineWidth : options.lineWeight;
   drawLine(surface, deformations, construction.first, {Colour::Black, width});
   drawLine(surface, deformations, secondLineOf(construction.first), {Colour::Blue, width});
   const auto tenths = [](double value) { return FormatNumber(value, NumberFormat::Tenths); };
-  drawBox(surface, {ResultLine{"压力：" + gbkToUtf8(record.k0.axialPressure[stage].trimmed()) + "kPa"},
-                    ResultLine{"P" + std::to_string(stage + 1) + "  = " + tenths(construction.t90.pressure) + " kPa"},
-                    ResultLine{"T90 = " + tenths(construction.t90.minutes()) + " min"}});
+  drawBox(surface,
+          {ResultLine{"压力：" + gbkToUtf8(record.k0.axialPressure[stage].trimmed()) + "kPa"},
+           ResultLine{"P" + std::to_string(stage + 1) + "  = " + tenths(construction.t90.pressure) + " kPa"},
+           ResultLine{"T90 = " + tenths(construction.t90.minutes()) + " min"}},
+          options);
 }
 
 void drawStageChartEdges(DrawingSurface& surface, const TK0SampleRecord& record, std::size_t stage,
                          const ChartView& view) {
-  drawNumbersAtEdges(surface, deformationScale(record, stage), view, kNumbersBelow, kNumbersLeft, kAxisFont);
+  drawNumbersAtEdges(surface, deformationScale(record, stage), view, kNumbersBelow, kNumbersLeft, kNumberFont);
 }
 
 std::string stageReadout(const TK0SampleRecord& record, std::size_t stage, Point place) {

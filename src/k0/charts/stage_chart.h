@@ -35,8 +35,13 @@ struct StageConstruction {
   T90 t90;
   bool isMoved = false;
 };
+/// How the chart is drawn; the defaults are those of a screen.
+struct StageChartOptions {
+  int lineWeight = 1;  // of curves, lines and box; grid lines have 1
+  double scale = 1;    // in which the canvas is shown; its texts keep their size there
+};
 void drawStageChart(DrawingSurface& surface, const TK0SampleRecord& record, std::size_t stage,
-                    const StageConstruction& construction);
+                    const StageConstruction& construction, const StageChartOptions& options = {});
 /// What stays at the edges of the magnified chart.
 void drawStageChartEdges(DrawingSurface& surface, const TK0SampleRecord& record, std::size_t stage,
                          const ChartView& view);

@@ -49,16 +49,19 @@ TEST(StageChart, NumbersAreNarrow) {
   // A narrow character of 9 point is 72 wide and 180 high.
   EXPECT_THAT(texts, Contains(label("0", 700 - 36, 3140, Colour::Blue)));
   EXPECT_THAT(texts, Contains(label("10", 4700 - 72, 3140, Colour::Blue)));
-  EXPECT_THAT(texts, Contains(label("0.00", 660 - 288, 300 - 90, Colour::Blue)));
+  EXPECT_THAT(texts, Contains(label("0.00", 660 - 288, 300, Colour::Blue)));
   EXPECT_THAT(texts, Contains(label("0.12", 660 - 288, 650 - 90, Colour::Blue)));
   EXPECT_THAT(texts, Contains(label("0.96", 660 - 288, 3100 - 90, Colour::Blue)));
-  EXPECT_THAT(texts, Contains(label("0.0", 4740, 3100, Colour::Blue)));
-  EXPECT_THAT(texts, Contains(label("25.0", 4740, 2750, Colour::Blue)));
-  EXPECT_THAT(texts, Contains(label("125.0", 4740, 1350, Colour::Blue)));
-  // "√" is a character of two places.
-  EXPECT_THAT(texts, Contains(label("√t(min)", 4700 - 8 * 72, 3340, Colour::Black)));
-  EXPECT_THAT(texts, Contains(label("D(mm)", 100, 60, Colour::Black)));
-  EXPECT_THAT(texts, Contains(label("P(kPa)", 4740, 1060, Colour::Black)));
+  EXPECT_THAT(texts, Contains(label("0.0", 4740, 3100 - 90, Colour::Blue)));
+  EXPECT_THAT(texts, Contains(label("25.0", 4740, 2750 - 90, Colour::Blue)));
+  EXPECT_THAT(texts, Contains(label("125.0", 4740, 1350 - 90, Colour::Blue)));
+}
+
+TEST(StageChart, TheNamesOfTheAxesAreNot) {
+  const auto texts = all<DrawnText>(draw(withRows(lineAndBend())));
+  EXPECT_THAT(texts, Contains(words("√t(min)", 4700 - 8 * 105, 3340)));
+  EXPECT_THAT(texts, Contains(words("D(mm)", 100, 60)));
+  EXPECT_THAT(texts, Contains(words("P(kPa)", 4740, 1060)));
 }
 
 TEST(StageChart, BothSeriesBeginWithTheZeroReading) {
@@ -117,8 +120,7 @@ TEST(StageChart, AStageWithoutReadingsIsAnEmptyGrid) {
 /// The axis of a stage whose deformation goes from one value to another.
 PlotScale axis(std::size_t stage, std::string_view first, std::string last) {
   TK0SampleRecord record;
-  SetText(record.deformationSeries[0][stage], first);
-  setRows(record, stage, {{60, std::move(last), ""}});
+  setRows(record, stage, {{60, std::string(first), ""}, {240, std::move(last), ""}});
   return deformationScale(record, stage);
 }
 double spanOf(std::string last) { return 16 * axis(0, "0", std::move(last)).yStep; }
@@ -132,6 +134,17 @@ TEST(DeformationAxis, SpansMoreThanTheReadings) {
   EXPECT_NEAR(spanOf("0.640"), 1.28, 1e-9);
   EXPECT_NEAR(spanOf("-0.5"), 0.32, 1e-9);
   EXPECT_NEAR(spanOf("999999"), 0.32 * (2 + 3124996), 1e-3);  // 999999 / 0.32 = 3124996.9
+}
+
+TEST(DeformationAxis, TheZeroReadingTakesNoPart) {
+  TK0SampleRecord record;
+  SetText(record.deformationSeries[0][1], "0.863");
+  SetText(record.pressureSeries[0][1], "500.0");
+  setRows(record, 1, {{6, "0.962", "20.0"}, {60, "1.215", "30.0"}});
+  // 0.64 exceeds 0.253 + 0.32; the grain above 0.962 is 0.96, and three divisions more are 0.12.
+  EXPECT_NEAR(deformationScale(record, 1).yStart, 0.84, 1e-9);
+  EXPECT_NEAR(deformationScale(record, 1).yEnd(), 1.48, 1e-9);
+  EXPECT_EQ(pressureScale(record, 1).yEnd(), 100 + 25);
 }
 
 TEST(DeformationAxis, OfTheFirstStageBeginsAtZero) {
@@ -157,10 +170,8 @@ TEST(DeformationAxis, BeginsAtTwentyAtMost) {
 }
 
 TEST(PressureAxis, IsAMultipleOfAHundredAndTwentyFive) {
-  TK0SampleRecord record = withRows({{60, "", "125"}});
-  EXPECT_EQ(pressureScale(record, 0).yStep, 12.5);
-  SetText(record.pressureSeries[0][0], "125.1");
-  EXPECT_EQ(pressureScale(record, 0).yStep, 25);
+  EXPECT_EQ(pressureScale(withRows({{60, "", "125"}}), 0).yStep, 12.5);
+  EXPECT_EQ(pressureScale(withRows({{60, "", "125.1"}}), 0).yStep, 25);
   EXPECT_EQ(pressureScale({}, 0).yStep, 12.5);
 }
 
