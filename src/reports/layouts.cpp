@@ -5,6 +5,7 @@
 
 #include "reports/consolidation_table.h"
 #include "reports/ko_results.h"
+#include "reports/stage_curves.h"
 #include "reports/three_in_one.h"
 #include "reports/triaxial_table.h"
 
@@ -18,6 +19,7 @@ constexpr std::array kLayouts{
     &kConsolidationTable,  //
     &kK0Results,           //
     &kTK0Results,          //
+    &kStageCurves,         //
 };
 
 }  // namespace
