@@ -1,11 +1,10 @@
 // An import without a save, from the file to a table that a window can show, against what no import can do without:
-// reading the bytes and the opening pass over what they became. 999 samples with the stages and readings that the
-// apparatus of the source has: 5 of 51, 4 of 50 (qvb98), 1 of 201 (nanjing). `ratio` is the figure to watch.
+// reading the bytes and the reduction of what they became. 999 samples with the stages and readings that the apparatus
+// of the source has: 5 of 51, 4 of 50 (qvb98), 1 of 201 (nanjing), two sides of 23 (unconfined-kzj) and of 42
+// (unconfined-hwx). `ratio` is the figure to watch.
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <array>
-#include <chrono>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -18,8 +17,11 @@
 
 #include "importers/importer.h"
 #include "importers/source_builders.h"
+#include "importers/unconfined_builders.h"
 #include "platform/files.h"
+#include "timing.h"
 #include "triaxial/opening_pass.h"
+#include "unconfined/reduction.h"
 
 namespace triaxlab {
 namespace {
@@ -158,13 +160,50 @@ std::string nanjingDatabase() {
   return file;
 }
 
+/// A group has both sides, of one number.
+std::string kzjDatabase() {
+  using Groups = std::vector<testing::KzjGroup>;
+  return indexedDatabase<Groups>(
+      [](int sample, Groups& groups) {
+        const std::array packed{0xFF, (sample / 10 % 10) << 4 | sample % 10, 0xF0 | sample / 100};
+        groups.push_back({.packedSampleNo = packed,
+                          .packedRemouldedNo = packed,
+                          .undisturbed = {.readings = curve(1300.0 + sample % 50, 0, 0, 23)},
+                          .remoulded = {.readings = curve(300.0 + sample % 50, 0, 0, 23)}});
+      },
+      [](const Groups& groups) { return testing::kzjEntry(groups); });
+}
+
+std::string hwxDatabase() {
+  using Specimens = std::vector<testing::HwxSpecimen>;
+  return indexedDatabase<Specimens>(
+      [](int sample, Specimens& specimens) {
+        for (const int side : {1, 0})
+          specimens.push_back({.projectNo = "BENCH",
+                               .sampleNo = numberOf(sample),
+                               .side = side,
+                               .readings = curve(300.0 + 1000 * side + sample % 50, 0, 0, 42)});
+      },
+      [](const Specimens& specimens) { return testing::hwxEntry(specimens); });
+}
+
+void reduceTriaxial(Workspace& workspace) { runOpeningPass(workspace.TriaxialSampleTable.used(), NumberFormat::Whole); }
+void reduceUnconfined(Workspace& workspace) {
+  reduceAllUnconfinedSamples(workspace.UnconfinedSampleTable.used(), NumberFormat::Hundredths);
+}
+
 struct Source {
   const char* id;
   std::string (*database)();
+  void (*reduce)(Workspace&) = reduceTriaxial;
 };
-constexpr std::array kSources{Source{"auto", automaticDatabase}, Source{"qvb98", qvbDatabase},
-                              Source{"new-qvb", newQvbDatabase}, Source{"manual", manualDatabase},
-                              Source{"nanjing", nanjingDatabase}};
+constexpr std::array kSources{Source{"auto", automaticDatabase},
+                              Source{"qvb98", qvbDatabase},
+                              Source{"new-qvb", newQvbDatabase},
+                              Source{"manual", manualDatabase},
+                              Source{"nanjing", nanjingDatabase},
+                              Source{"unconfined-kzj", kzjDatabase, reduceUnconfined},
+                              Source{"unconfined-hwx", hwxDatabase, reduceUnconfined}};
 
 /// The database in the folder for temporary files, gone at the end.
 class Database {
@@ -185,24 +224,14 @@ class Database {
   std::filesystem::path m_path;
 };
 
-std::size_t liveRows(const Workspace& workspace) {
-  return static_cast<std::size_t>(
-      std::ranges::count_if(workspace.TriaxialSampleTable.used(), [](const auto& record) { return isLive(record); }));
-}
-
-void import(const Source& from, const std::filesystem::path& path, Workspace& workspace) {
+/// The number of samples that came in.
+std::size_t import(const Source& from, const std::filesystem::path& path, Workspace& workspace) {
   const auto source = openRawSource(*importerOfId(from.id), path);
   std::vector<std::size_t> rows(source->rows().size());
   std::iota(rows.begin(), rows.end(), std::size_t{0});
-  source->read(rows, workspace, {});
-  runOpeningPass(workspace.TriaxialSampleTable.used(), NumberFormat::Whole);
-}
-
-template <class Work>
-double secondsOf(Work&& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  const std::size_t samples = source->read(rows, workspace, {}).samples;
+  from.reduce(workspace);
+  return samples;
 }
 
 void ImportAgainstReadingAndPass(benchmark::State& state) {
@@ -210,14 +239,13 @@ void ImportAgainstReadingAndPass(benchmark::State& state) {
   state.SetLabel(source.id);
   const Database database(source.database());
   Workspace workspace;
-  import(source, database.path(), workspace);
-  if (liveRows(workspace) != kGroups) state.SkipWithError("the database lost samples");
+  if (import(source, database.path(), workspace) != kGroups) state.SkipWithError("the database lost samples");
   double whole = 0, least = 0;
   for (auto _ : state) {
     const double seconds = secondsOf([&] { import(source, database.path(), workspace); });
     least += secondsOf([&] {
       benchmark::DoNotOptimize(readWholeFile(database.path(), 100'000'000));
-      runOpeningPass(workspace.TriaxialSampleTable.used(), NumberFormat::Whole);
+      source.reduce(workspace);
     });
     whole += seconds;
     state.SetIterationTime(seconds);

@@ -4,13 +4,12 @@
 #include <benchmark/benchmark.h>
 #include <fmt/core.h>
 
-#include <charconv>
-#include <chrono>
 #include <cmath>
 #include <vector>
 
 #include "k0/opening_pass.h"
 #include "k0/settlement.h"
+#include "timing.h"
 
 namespace triaxlab {
 namespace {
@@ -49,31 +48,17 @@ Table fullTable() {
   return table;
 }
 
-template <std::size_t N>
-double read(const FixedText<N>& field) {
-  double value = 0;
-  const std::string_view places = field.view();
-  std::from_chars(places.data(), places.data() + places.size(), value);
-  return value;
-}
-
 /// Loads, series and the pressures that the line is fitted through.
 double parseOnce(const Table& table) {
   double sum = 0;
   for (const TK0SampleRecord& record : table)
     for (std::size_t stage = 0; stage < kLoadStages; ++stage) {
-      sum += read(record.k0.axialPressure[stage]) + read(record.k0.lateralPressure[stage]);
+      sum += readByFromChars(record.k0.axialPressure[stage]) + readByFromChars(record.k0.lateralPressure[stage]);
       for (std::size_t row = 1; row <= kSettlementRows; ++row)
-        sum += read(record.deformationSeries[row][stage]) + read(record.pressureSeries[row][stage]);
+        sum +=
+            readByFromChars(record.deformationSeries[row][stage]) + readByFromChars(record.pressureSeries[row][stage]);
     }
   return sum;
-}
-
-template <class Work>
-double secondsOf(Work&& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
 void ReductionAgainstParsing(benchmark::State& state) {

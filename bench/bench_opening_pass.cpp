@@ -3,12 +3,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include <charconv>
-#include <chrono>
 #include <string>
 #include <vector>
 
 #include "full_sample.h"
+#include "timing.h"
 #include "triaxial/opening_pass.h"
 
 namespace triaxlab {
@@ -28,12 +27,7 @@ Table fullTable() {
 double sumOf(const ShearRows<FixedText<6>>& column) {
   double sum = 0;
   for (const auto& row : column)
-    for (const FixedText<6>& field : row) {
-      double value = 0;
-      const std::string_view places = field.view();
-      std::from_chars(places.data(), places.data() + places.size(), value);
-      sum += value;
-    }
+    for (const FixedText<6>& field : row) sum += readByFromChars(field);
   return sum;
 }
 
@@ -43,13 +37,6 @@ double parseOnce(const Table& table) {
     sum +=
         sumOf(record.deviatorStress) + sumOf(record.porePressure) + sumOf(record.sigma1Eff) + sumOf(record.sigma3Eff);
   return sum;
-}
-
-template <class Work>
-double secondsOf(Work&& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
 void OpeningPassAgainstParsing(benchmark::State& state) {

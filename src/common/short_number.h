@@ -62,19 +62,17 @@ bool readShortNumber(const char* places, double& value) {
   // Digits become 0 to 9. The lowest byte above 9 ends them; carries out of it reach only bytes behind it.
   std::uint64_t digits = text ^ kEachByte * '0';
   const std::uint64_t others = (digits + kEachByte * (0x7F - 9)) & kEachByte * 0x80;
-  auto bits = static_cast<unsigned>(std::countr_zero(others | (digits & kEachByte * 0x80))) & ~7U;
+  const auto bits = static_cast<unsigned>(std::countr_zero(others | (digits & kEachByte * 0x80))) & ~7U;
   if (bits == 0) return false;
-  double unit = 1;
-  if ((text >> bits & 0xFF) == '.') {
+  double magnitude = 0;
+  if ((text >> bits & 0xFF) == ' ') {
+    magnitude = numberOfDigits(digits << (64 - bits));  // with zeros in front
+  } else {
     const std::uint64_t decimal = digits >> bits >> 8 & 0xFF;
-    if (decimal > 9 || (text >> bits >> 16 & 0xFF) != ' ') return false;
+    if ((text >> bits & 0xFF) != '.' || decimal > 9 || (text >> bits >> 16 & 0xFF) != ' ') return false;
     digits = (digits & ((std::uint64_t{1} << bits) - 1)) | decimal << bits;  // into the place of the point
-    bits += 8;
-    unit = 10;
-  } else if ((text >> bits & 0xFF) != ' ') {
-    return false;
+    magnitude = numberOfDigits(digits << (56 - bits)) / 10;
   }
-  const double magnitude = numberOfDigits(digits << (64 - bits)) / unit;  // with zeros in front
   value = negative ? -magnitude : magnitude;
   return true;
 }
@@ -115,10 +113,8 @@ bool writeTenths(char* places, double value, double& written) {
   constexpr double kMost = N == 7 ? 9999.8 : 999.8;  // behind a minus, too
   const double scaled = std::fabs(value) * 10;
   if (N < 6 || !(scaled < kMost * 10)) return false;
-  auto tenths = static_cast<std::int32_t>(scaled);
-  const double fraction = scaled - tenths;
-  if (std::fabs(fraction - 0.5) < 0.01) return false;
-  if (fraction > 0.5) ++tenths;
+  if (std::fabs(scaled - static_cast<std::int32_t>(scaled) - 0.5) < 0.01) return false;
+  const auto tenths = static_cast<std::int32_t>(scaled + 0.5);
   const bool negative = value < 0 && tenths != 0;
   written = (negative ? -tenths : tenths) / 10.0;
   const int whole = tenths / 10;

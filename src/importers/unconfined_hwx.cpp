@@ -28,7 +28,7 @@ constexpr std::size_t kHwxReadings = 42;
 
 // Which words hold height, area and coefficient, what they count and which byte is the undisturbed side is settled here
 // alone, as long as no apparatus's file has shown it.
-constexpr double kHwxWordsPerCm = 100, kHwxStrainStep = 0.5;
+constexpr double kHwxWordsPerCm = 100;
 constexpr std::uint8_t kHwxUndisturbed = 1;
 
 struct HwxSpecimenRecord {                  // offset
@@ -92,7 +92,7 @@ RawUnconfinedSide contentOf(const HwxSpecimenRecord& raw) {
           .area = raw.rawArea / kHwxWordsPerCm,
           .ringCoefficient = raw.rawRingCoefficient,
           .reading = raw.rawReading,
-          .strainStep = kHwxStrainStep};
+          .strain = strainsEachHalfPercent()};
 }
 
 UnconfinedIdentity identityOf(const HwxSpecimenRecord& raw, const SourceRow& source) {

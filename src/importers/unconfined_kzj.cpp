@@ -123,7 +123,7 @@ RawUnconfinedSide sideOf(const KzjGroupRecord& group, Specimen specimen) {
           .area = raw.rawAreaWhole + raw.rawAreaFraction / 100.0,
           .ringCoefficient = raw.rawRingCoefficient,
           .reading = raw.rawReading,
-          .strainStep = group.recordKind == kEachPercent ? 1.0 : 0.5};
+          .strain = group.recordKind == kEachPercent ? strainsEachPercent() : strainsEachHalfPercent()};
 }
 
 struct KzjFormat : GroupsIndex {
