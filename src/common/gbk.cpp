@@ -1,11 +1,11 @@
 #include "common/gbk.h"
 
-#include <fmt/core.h>
 #include <iconv.h>
 
 #include <array>
 #include <cerrno>
 #include <cstdint>
+#include <string>
 #include <system_error>
 #include <vector>
 
@@ -28,7 +28,7 @@ struct CodePage {
   CodePage() {
     const iconv_t converter = iconv_open("UTF-16LE", "GBK");
     if (converter == iconv_t(-1))  // NOLINT(performance-no-int-to-ptr): as POSIX has it
-      throw UserError(fmt::format("系统的 GBK 字符转换不能用：{}。", std::generic_category().message(errno)));
+      throw UserError("系统的 GBK 字符转换不能用：" + std::generic_category().message(errno) + "。");
     for (unsigned lead = 0; lead < kLeads; ++lead) fillRow(converter, lead);
     iconv_close(converter);
     fromUnicode[kEuro] = 0x80;

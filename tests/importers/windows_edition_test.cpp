@@ -195,7 +195,7 @@ TEST_F(WindowsEdition, IdentityOfASample) {
 }
 
 TEST_F(WindowsEdition, ALongProjectNumberKeepsItsName) {
-  database.projects = {{"2020-工程-0123456789", "滨江路"}};
+  database.projects.clear();
   database.sample(1, "2020-工程-0123456789", "S-1");
   import();
   const std::string_view projectNo = row(0).projectNo.trimmed();
