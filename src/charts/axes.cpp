@@ -20,7 +20,10 @@ struct RowNumber {
 RowNumber rowNumber(const PlotScale& scale, int row, const AxisNumbers& numbers, const Font& font) {
   std::string text = FormatNumber(valueOfRow(scale, row), numbers.format);
   const bool isLong = numbers.smallFrom != 0 && text.size() >= numbers.smallFrom;
-  return {std::move(text), isLong ? sizedFont(font, kLongNumberSize) : font};
+  Font set = isLong ? sizedFont(font, kLongNumberSize) : font;
+  if (const double width = textWidth(text, set); numbers.room != 0 && width > numbers.room)
+    set.stretch = numbers.room / width;
+  return {std::move(text), set};
 }
 
 }  // namespace

@@ -28,6 +28,7 @@ struct AxisNumbers {
   AxisEnd end = AxisEnd::Open;
   std::size_t smallFrom = 0;  // characters from which a number is set smaller, 8 point for 10.5; 0: none is
   bool firstHangs = false;    // from its line: the name of the axis stands above
+  double room = 0;            // twips into which a number on the left is set narrower; 0: as many as it takes
 };
 /// Centred under the vertical lines.
 void drawNumbersBelow(DrawingSurface& surface, const PlotScale& scale, const AxisNumbers& numbers, const Font& font);

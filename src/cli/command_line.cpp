@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
+#include <map>
 #include <memory>
 #include <utility>
 
@@ -163,7 +164,14 @@ void describe(CLI::App& app, Print& print) {
   addParsedOption(app, "--curves", "1,3 of 1 to 6", "curve pages to print", parseCurves);
   app.add_option("--rows", print.rows, "curves below each other on a chart page");
   app.add_option("--columns", print.columns, "curves beside each other");
-  app.add_flag("--data-sheet", print.dataSheet, "prints the table of readings");
+  app.add_flag("--data-sheet", print.dataSheet, "prints the stages below each chart");
+  static const std::map<std::string, SheetPaper> kPapers{{"A4", SheetPaper::A4},
+                                                         {"A3", SheetPaper::A3},
+                                                         {"wide", SheetPaper::WideForm},
+                                                         {"narrow", SheetPaper::NarrowForm}};
+  app.add_option("--paper", print.paper, "A4, A3, wide or narrow")->transform(CLI::CheckedTransformer(kPapers));
+  app.add_flag("--landscape", print.landscape, "turns the paper of a chart page");
+  app.add_option("--copies", print.copies, "copies on a printer")->check(CLI::Range(1, 99));
   app.add_option("--out", print.out, "FILE.pdf, FILE.json, or a folder for one BMP a page")->required();
 }
 

@@ -11,6 +11,7 @@
 
 #include "shell/start_options.h"
 #include "store/project/project_kinds.h"
+#include "store/settings/page_setup.h"
 #include "triaxial/curve_page.h"
 
 namespace triaxlab::cli {
@@ -83,6 +84,9 @@ struct Print {
   std::vector<CurvePage> curves{CurvePage::StressStrain, CurvePage::StressDifferenceEnvelope};
   int rows = 1, columns = 1;
   bool dataSheet = false;
+  std::optional<SheetPaper> paper;  // none: as stored for the layout
+  bool landscape = false;
+  int copies = 1;
   std::filesystem::path out;
 };
 

@@ -11,6 +11,7 @@
 #include "cli/console_dialogs.h"
 #include "cli/grid.h"
 #include "cli/page_devices.h"
+#include "cli/print_job.h"
 #include "cli/record_json.h"
 #include "common/gbk.h"
 #include "common/user_error.h"
@@ -155,8 +156,8 @@ class Program {
     if (layout->picturePrefix.empty() && isPictureFolder(print.out))
       throw UserError(fmt::format("{} 版式的页面不能存成图片，--out 请给 .pdf 或 .json 文件。", print.layout));
     openFile(print.kind, print.name, {});
-    printRemarks(ReadIniSettings(m_workspace));
-    const PrintJob job = printJob(print);
+    printRemarks(ReadPageSettings(m_workspace));
+    const PrintJob job = jobOf(print, *layout, m_workspace);
     const auto report = layout->make(job, m_workspace);
     if (report->pagesOf(job).isEmpty()) throw UserError(fmt::format("“{}”中没有可打印的试样或曲线。", print.name));
     sendReport(*report, job, *makePageDevice(print.out, layout->picturePrefix));
@@ -241,26 +242,6 @@ class Program {
     if (number < 1) return false;
     const std::size_t row = static_cast<std::size_t>(number) - 1 - firstRow;
     return row < table.size() && table.isLive(row);
-  }
-
-  PrintJob printJob(const Print& print) const {
-    PrintJob job = defaultPrintJob(m_workspace.settings);
-    job.curves.pages = print.curves;
-    job.printToPicture = isPictureFolder(print.out);
-    const auto limited = [](int number) { return static_cast<std::int16_t>(std::clamp(number, 1, 32767)); };
-    const auto put = [&limited](const std::optional<Span>& span, std::int16_t& from, std::int16_t& to) {
-      from = limited(span->from);
-      to = limited(span->to);
-    };
-    if (print.samples) {
-      job.scope = PrintScope::Range;
-      put(print.samples, job.printRangeFrom, job.printRangeTo);
-      if (print.pages) put(print.pages, job.printAuxFrom, job.printAuxTo);
-    } else if (print.pages) {
-      job.scope = PrintScope::Pages;
-      put(print.pages, job.printRangeFrom, job.printRangeTo);
-    }
-    return job;
   }
 
   Workspace& m_workspace;

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "reports/chart_sheets.h"
 #include "reports/consolidation_table.h"
 #include "reports/ko_results.h"
+#include "reports/single_page.h"
 #include "reports/stage_curves.h"
 #include "reports/three_in_one.h"
 #include "reports/triaxial_table.h"
@@ -15,6 +17,8 @@ namespace {
 // In the order of the command line's names.
 constexpr std::array kLayouts{
     &kThreeInOne,          //
+    &kChartSheets,         //
+    &kSinglePage,          //
     &kTriaxialTable,       //
     &kConsolidationTable,  //
     &kK0Results,           //

@@ -17,8 +17,9 @@ struct Layout {
   std::string_view title;          // of what it prints, UTF-8
   ProjectKind kind;                // whose samples it shows, as they stand in the table
   std::string_view picturePrefix;  // of the names of its pictures; empty: it makes none, and goes on paper all the same
+  bool hasPageSetup = false;       // sheets as PrintJob::sheet has them; else the usual page
   /// Lays the job out. The workspace outlives the report; the settings that act on pages have been read
-  /// (ReadIniSettings).
+  /// (ReadPageSettings).
   std::unique_ptr<Report> (*make)(const PrintJob& job, const Workspace& workspace);
 };
 

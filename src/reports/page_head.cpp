@@ -27,16 +27,31 @@ std::string controlNumber(const Workspace& workspace, ProjectKind tests) {
   return number.empty() ? habits.formNumber : gbkToUtf8(number);
 }
 
-std::string reportDate(const Workspace& workspace) {
+/// The date of the report in the form for three texts; empty when nobody has entered one.
+std::string reportDate(const Workspace& workspace, std::string_view form) {
   const std::string year = gbkToUtf8(workspace.processingDate.year.trimmed());
   const std::string month = gbkToUtf8(workspace.processingDate.month.trimmed());
   const std::string day = gbkToUtf8(workspace.processingDate.day.trimmed());
-  const bool blank = year.empty() && month.empty() && day.empty();
-  if (workspace.settings.toggles.english) return blank ? "      /    /" : fmt::format("{} / {} / {}", year, month, day);
-  return blank ? "     年    月    日" : fmt::format("{} 年 {} 月 {} 日", year, month, day);
+  if (year.empty() && month.empty() && day.empty()) return {};
+  return fmt::format(fmt::runtime(form), year, month, day);
+}
+
+constexpr std::string_view kEnglishDate = "{} / {} / {}";
+
+/// With room for a hand where there is no date.
+std::string reportDateWithRoom(const Workspace& workspace) {
+  const bool english = workspace.settings.toggles.english;
+  const std::string date = reportDate(workspace, english ? kEnglishDate : "{} 年 {} 月 {} 日");
+  if (!date.empty()) return date;
+  return english ? "      /    /" : "     年    月    日";
 }
 
 }  // namespace
+
+std::string reportDay(const Workspace& workspace) {
+  if (workspace.settings.habits.omitPageDateTable) return {};
+  return reportDate(workspace, workspace.settings.toggles.english ? kEnglishDate : "{}年{}月{}日");
+}
 
 PageHeads::PageHeads(const PrintJob& job, const Workspace& workspace, ProjectKind tests, const PageLabels& labels,
                      PageFamily family)
@@ -52,7 +67,7 @@ PageHeads::PageHeads(const PrintJob& job, const Workspace& workspace, ProjectKin
   m_ofJob.wideProjectNo = habits.wideProjectNo;
   m_ofJob.tester = labels.testedBy + nameAt(workspace, tests, 0, kYearField);
   m_ofJob.checker = labels.checkedBy + nameAt(workspace, tests, 1, kMonthField);
-  if (!m_withoutPageAndDates) m_ofJob.reportDate = labels.reportDate + reportDate(workspace);
+  if (!m_withoutPageAndDates) m_ofJob.reportDate = labels.reportDate + reportDateWithRoom(workspace);
 }
 
 PageHead PageHeads::of(int page, FirstSample first) {
@@ -68,9 +83,14 @@ PageHead PageHeads::of(int page, FirstSample first) {
   return head;
 }
 
+std::optional<int> PageHeads::numberOf(int page) const {
+  if (!m_pageNumbers || m_withoutPageAndDates) return std::nullopt;
+  return m_firstPageNumber + page - 1;
+}
+
 std::string PageHeads::pageNumber(int page) const {
-  if (!m_pageNumbers) return m_workspace.settings.habits.pageLabel;
-  return fmt::format("第  {}  页", m_firstPageNumber + page - 1);
+  const std::optional<int> number = numberOf(page);
+  return number ? fmt::format("第  {}  页", *number) : m_workspace.settings.habits.pageLabel;
 }
 
 }  // namespace triaxlab

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,6 +34,10 @@ struct FirstSample {
 /// page number and dates.
 enum class PageFamily : std::uint8_t { Triaxial, OtherTests };
 
+/// The date of the report as it stands at the foot of charts: 2024年05月09日, in English 2024 / 05 / 09. Empty when
+/// there is none, or when pages are not dated.
+std::string reportDay(const Workspace& workspace);
+
 /// Makes the heads of a job's pages, of whatever test. What a test has of its own, its method and whether it is dated,
 /// its layout puts in.
 class PageHeads {
@@ -43,6 +48,8 @@ class PageHeads {
 
   /// `page` counts from 1 over the whole job.
   PageHead of(int page, FirstSample first);
+  /// The number of a page; nothing when pages are not numbered.
+  std::optional<int> numberOf(int page) const;
 
  private:
   std::string pageNumber(int page) const;

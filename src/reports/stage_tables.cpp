@@ -24,19 +24,11 @@ constexpr std::array kHeadingX{600.0, 4500.0, 7800.0}, kFootX{600.0, 3600.0, 660
 
 double lineY(std::size_t line) { return kFirstLineY + kLinePitch * static_cast<double>(line); }
 
-/// Three texts of a line, each ending before the next begins.
-void printInThree(DrawingSurface& surface, const std::array<double, 3>& x, double y,
-                  const std::array<std::string, 3>& texts, const Font& font) {
-  for (std::size_t i = 0; i < texts.size(); ++i)
-    printFitted(surface, {x[i], y}, texts[i], font, i + 1 < x.size() ? x[i + 1] : kTableRight);
-}
-
 void drawFoot(DrawingSurface& surface, double y, const TableFoot& foot) {
-  printInThree(
-      surface, kFootX, y,
-      {kStartPorePressure + foot.startPorePressure + kTableUnit,
-       kFailurePorePressure + foot.failurePorePressure + kTableUnit, kFailureStress + foot.deviatorStress + kTableUnit},
-      kTableFont);
+  const std::array texts{kStartPorePressure + foot.startPorePressure + kTableUnit,
+                         kFailurePorePressure + foot.failurePorePressure + kTableUnit,
+                         kFailureStress + foot.deviatorStress + kTableUnit};
+  printInLine(surface, kFootX, y, texts, kTableFont);
 }
 
 /// Which readings a page has: `count` of those of the stage, from the `first` on.
@@ -101,8 +93,8 @@ void StageTables::drawHeading(DrawingSurface& surface, const TriaxialSampleRecor
       shownTestDate(m_workspace, record.projectNo.trimmed(), record.testDate.trimmed(), DateFirst::OfProject);
   TableHeading heading = tableHeading(record, stage, m_workspace.settings.habits.projectNoLabel, gbkToUtf8(date));
   if (!isDated()) heading.date.clear();
-  printInThree(surface, kHeadingX, kHeadingY, {heading.project, heading.sample, heading.pressure}, {});
-  printInThree(surface, kHeadingX, kSecondHeadingY, {heading.date, heading.test, heading.rate}, {});
+  printInLine(surface, kHeadingX, kHeadingY, std::array{heading.project, heading.sample, heading.pressure}, {});
+  printInLine(surface, kHeadingX, kSecondHeadingY, std::array{heading.date, heading.test, heading.rate}, {});
 }
 
 void StageTables::drawPage(DrawingSurface& surface, int page) {

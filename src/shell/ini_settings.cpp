@@ -163,17 +163,6 @@ void applyChartLayout(std::span<const std::byte> szshezhi, ChartLayout& layout) 
   });
 }
 
-ChartLayout defaultChartLayout(const LaboratoryHabits& habits) {
-  ChartLayout layout;
-  layout.slot[1] = "三  轴  试  验  成  果  图  表";
-  layout.slot[2] = ":" + habits.projectNoLabel;
-  layout.slot[6] = "试验审核人:";
-  layout.slot[7] = "试验负责人:";
-  layout.slot[8] = "日期：";
-  layout.slot[9] = habits.sampleNoLabel + ":";
-  return layout;
-}
-
 Remarks ReadIniSettings(Workspace& workspace) {
   Remarks remarks;
   LaboratoryHabits habits;
@@ -196,6 +185,13 @@ Remarks ReadChartLayout(Workspace& workspace) {
   ChartLayout layout = defaultChartLayout(workspace.settings.habits);
   if (const auto content = contentOf(workspace, "szshezhi.txt", remarks)) applyChartLayout(*content, layout);
   workspace.settings.chart = layout;
+  return remarks;
+}
+
+Remarks ReadPageSettings(Workspace& workspace) {
+  Remarks remarks = ReadIniSettings(workspace);
+  const Remarks more = ReadChartLayout(workspace);
+  remarks.insert(remarks.end(), more.begin(), more.end());
   return remarks;
 }
 

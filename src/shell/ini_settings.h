@@ -6,6 +6,7 @@
 
 #include "common/settings.h"
 #include "common/user_error.h"
+#include "store/settings/chart_layout.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
@@ -27,9 +28,12 @@ Remarks ReadIniSettings(Workspace& workspace);
 /// Resets the English report labels and reads esz.ini: whenever a triaxial document is loaded.
 Remarks ReadEnglishLabels(Workspace& workspace);
 
-/// Resets texts and margins of the result chart and reads szshezhi.txt: before a chart is printed. The label of the
+/// Resets texts and margins of the result chart and reads szshezhi.txt. The label of the
 /// project number and that of the sample number in its defaults are those of ReadIniSettings.
 Remarks ReadChartLayout(Workspace& workspace);
+
+/// Both that act on pages, before each print.
+Remarks ReadPageSettings(Workspace& workspace);
 
 // The same over the bytes of one file, for what has no folder. Each changes what the file names and nothing else.
 
@@ -38,7 +42,5 @@ void applyHabits(std::span<const std::byte> zmqvb, LaboratoryHabits& habits);
 void applyListLabels(std::span<const std::byte> sz, LaboratoryHabits& habits);
 void applyEnglishLabels(std::span<const std::byte> esz, EnglishLabels& labels);
 void applyChartLayout(std::span<const std::byte> szshezhi, ChartLayout& layout);
-/// The layout of a laboratory without a szshezhi.txt.
-ChartLayout defaultChartLayout(const LaboratoryHabits& habits);
 
 }  // namespace triaxlab

@@ -216,7 +216,7 @@ void ShellSession::showImport(ActiveDocument document, Remarks remarks) {
 }
 
 void ShellSession::print(const Command& /*command*/) {
-  Remarks remarks = ReadIniSettings(m_workspace);
+  Remarks remarks = ReadPageSettings(m_workspace);
   const Remarks more = documentKindOf(m_workspace.activeDocument).print(m_workspace, m_dialogs, m_windows);
   remarks.insert(remarks.end(), more.begin(), more.end());
   showRemarks(remarks);

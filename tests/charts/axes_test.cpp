@@ -93,6 +93,15 @@ TEST_F(AxesTest, LongNumbersAreSetSmallerWhereItIsWanted) {
   EXPECT_EQ(texts().back().font.size, 10.5);
 }
 
+TEST_F(AxesTest, NumbersThatHaveLittleRoomAreSetNarrower) {
+  const PlotScale scale{kPressureFrame, 5, 50000};
+  drawNumbersLeft(surface, scale, {.at = 2460, .every = 13, .smallFrom = 5, .room = 450}, Font{});
+  // Six characters of 80 take 480.
+  const Font narrow{.size = 8, .stretch = 450.0 / 480};
+  EXPECT_THAT(texts(), ElementsAre(words("0", 2355, 4015, Colour::Blue),
+                                   DrawnText{{2010, 493}, "650000", narrow, Colour::Blue, false}));
+}
+
 /// The lower right part of a canvas of 8000 x 4700, twice as large: what lies at 4000, 2350 is seen at its upper left.
 constexpr ChartView kMagnified{.corner = {4000, 2350}, .zoom = 2, .width = 8000, .height = 4700};
 

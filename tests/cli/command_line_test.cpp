@@ -32,6 +32,8 @@ TEST_F(CommandLine, AWrongOneGivesTheUsageAndTouchesNothing) {
       {"print", "triaxial", "WKSZ1.txt", "--layout", "three-in-one"},
       {"print", "triaxial", "WKSZ1.txt", "--layout", "three-in-one", "--out", "x.pdf", "--curves", "1,7"},
       {"print", "triaxial", "WKSZ1.txt", "--layout", "three-in-one", "--out", "x.pdf", "--samples", "2-"},
+      {"print", "triaxial", "WKSZ1.txt", "--layout", "three-in-one", "--out", "x.pdf", "--paper", "A5"},
+      {"print", "triaxial", "WKSZ1.txt", "--layout", "three-in-one", "--out", "x.pdf", "--copies", "100"},
       {"rewrite", "triaxial", "WKSZ1.txt"},
       {"rewrite", "triaxial", "WKSZ1.txt", "--order", "3,,1"},
       {"workbook", "WKSZ1.txt"},
@@ -83,7 +85,6 @@ TEST_F(CommandLine, EveryCommandDoesTheStepsOfTheStart) {
 TEST_F(CommandLine, WhatThisVersionLacksIsSaidInOneSentence) {
   const std::vector<std::vector<std::string>> lacking{
       {"open", "k0", "KO1.txt", "--show", "1"},
-      {"print", "triaxial", "WKSZ1.txt", "--layout", "chart", "--out", "x.pdf"},
       {"workbook", "WKSZ1.txt", "--out", "x.xls"},
   };
   for (const auto& words : lacking) {

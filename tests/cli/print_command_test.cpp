@@ -36,6 +36,57 @@ TEST_F(PrintCommand, RowsAndColumnsBelowOneCountAsOne) {
     EXPECT_EQ(pages({"--curves", "1", "--rows", number, "--columns", number}), 2U) << number;
 }
 
+/// The size of the pages, and their number.
+struct Sheets {
+  int width, height;
+  std::size_t pages;
+  bool operator==(const Sheets&) const = default;
+};
+
+class PrintedSheets : public PrintCommand {
+ protected:
+  Sheets sheets(const std::string& layout, const std::vector<std::string>& more = {}) {
+    std::vector<std::string> words{
+        "print", "triaxial", "WKSZDT2-07.txt", "--layout", layout, "--out", (folder.path() / "sheets.json").string()};
+    words.insert(words.end(), more.begin(), more.end());
+    const ProgramRun ran = run(words);
+    EXPECT_EQ(ran.status, 0) << ran.err;
+    const auto drawn = nlohmann::json::parse(folder.read("sheets.json"));
+    return {drawn["width"], drawn["height"], drawn["pages"].size()};
+  }
+};
+
+// Four samples of one curve.
+TEST_F(PrintedSheets, ChartsInRowsAndColumnsOnAPaperOfTheirOwn) {
+  EXPECT_EQ(sheets("chart", {"--curves", "1"}), (Sheets{16838, 11906, 4})) << "as without a stored page setup";
+  EXPECT_EQ(sheets("chart", {"--curves", "1", "--rows", "1", "--columns", "3", "--paper", "A3"}),
+            (Sheets{23811, 16838, 2}));
+  EXPECT_EQ(sheets("chart", {"--curves", "1", "--rows", "2", "--columns", "2", "--paper", "wide", "--data-sheet"}),
+            (Sheets{23816, 15870, 1}));
+}
+
+TEST_F(PrintedSheets, ThePaperOfTheStoredPageSetupStandsUnlessAnotherIsNamed) {
+  std::string setup(83, '\0');
+  setup[9] = 1;   // A3
+  setup[19] = 4;  // rows
+  setup[59] = 1;  // upright
+  folder.write("app/zmsz.sys", setup);
+  EXPECT_EQ(sheets("chart", {"--curves", "1"}), (Sheets{16838, 23811, 4})) << "one row unless more are asked for";
+  EXPECT_EQ(sheets("chart", {"--curves", "1", "--landscape"}), (Sheets{23811, 16838, 4}));
+  EXPECT_EQ(sheets("chart", {"--curves", "1", "--paper", "A4"}), (Sheets{11906, 16838, 4}));
+}
+
+TEST_F(PrintedSheets, PagesOfAFixedFormLieOnA4OrInTwosOnA3) {
+  EXPECT_EQ(sheets("single", {"--curves", "1"}), (Sheets{11906, 16838, 4}));
+  EXPECT_EQ(sheets("three-in-one", {"--curves", "1", "--paper", "A4"}), (Sheets{11906, 16838, 2}));
+  EXPECT_EQ(sheets("three-in-one", {"--curves", "1", "--paper", "A3"}), (Sheets{23810, 16841, 1}));
+  for (const std::vector<std::string>& more : {std::vector<std::string>{"--landscape"}, {"--paper", "wide"}}) {
+    const ProgramRun ran = print(folder.path() / "pages.json", more);
+    EXPECT_EQ(ran.status, 1);
+    EXPECT_EQ(lineCount(ran.err), 1U) << ran.err;
+  }
+}
+
 TEST_F(PrintCommand, LeavesTheProjectAsItWas) {
   const std::string before = folder.read("app/HSZS/WKSZDT2-07.txt");
   pages({"--curves", "1,2,3,4,5,6"});

@@ -44,7 +44,6 @@ constexpr double kTitleY = 150, kXNumbersY = 4310, kXNameY = 4500;
 constexpr double kYNumbersRight = 660, kYNameX = 20;
 constexpr int kXNumberEvery = 5, kYNumberEvery = 2;
 constexpr std::size_t kLongNumber = 5;  // characters: it would run into the turned name
-constexpr double kXNameSize = 9;        // point
 
 // Strain to the right has one percent a division.
 constexpr double kPercent = 1;
@@ -158,14 +157,24 @@ void drawCurves(const Plot& plot, const ChartCurves& curves, const Chart& chart)
 AxisNumbers numbersBelow(const PageForm& form) {
   return {.at = kXNumbersY, .every = kXNumberEvery, .format = form.x.numbers};
 }
-AxisNumbers numbersLeft(const PageForm& form) {
-  return {.at = kYNumbersRight, .every = kYNumberEvery, .format = form.y.numbers, .smallFrom = kLongNumber};
+/// What of the height of a text its characters take, from above.
+constexpr double kInk = 0.9;
+
+/// Up to the name of the axis, which lies on its side.
+AxisNumbers numbersLeft(const PageForm& form, const Font& font) {
+  return {.at = kYNumbersRight,
+          .every = kYNumberEvery,
+          .format = form.y.numbers,
+          .smallFrom = kLongNumber,
+          .room = kYNumbersRight - kYNameX - kInk * textHeight(font)};
 }
 
-void drawAxes(DrawingSurface& surface, const PlotScale& scale, const PageForm& form, const Font& font) {
+void drawAxes(DrawingSurface& surface, const PlotScale& scale, const PageForm& form, const Chart& chart) {
+  const Font& font = chart.font;
   drawNumbersBelow(surface, scale, numbersBelow(form), font);
-  drawNumbersLeft(surface, scale, numbersLeft(form), font);
-  surface.textRightAligned(scale.frame.right, kXNameY, form.x.name, sizedFont(font, kXNameSize), Colour::Black);
+  drawNumbersLeft(surface, scale, numbersLeft(form, font), font);
+  surface.textRightAligned(scale.frame.right, kXNameY, form.x.name, sizedFont(font, chart.options.xNameSize),
+                           Colour::Black);
   if (!form.y.name.empty())
     drawTurnedTitle(surface, kYNameX, scale.frame.middle().y, form.y.name, font, form.y.subscripts);
 }
@@ -201,8 +210,9 @@ PlotScale scaleOfPage(const TriaxialSampleRecord& record, CurvePage page, const 
 void drawPageEdges(DrawingSurface& surface, const TriaxialSampleRecord& record, CurvePage page,
                    const ChartOptions& options, const ChartView& view) {
   const PageForm& form = formOf(page);
-  drawNumbersAtEdges(surface, scaleOfPage(record, page, options), view, numbersBelow(form), numbersLeft(form),
-                     Font{.size = options.textSize});
+  const Font font{.size = options.textSize};
+  drawNumbersAtEdges(surface, scaleOfPage(record, page, options), view, numbersBelow(form), numbersLeft(form, font),
+                     font);
 }
 
 void drawCurvePage(DrawingSurface& surface, const TriaxialSampleRecord& record, CurvePage page,
@@ -216,8 +226,9 @@ void drawCurvePage(DrawingSurface& surface, const TriaxialSampleRecord& record, 
   drawFrame(surface, kCurvePlot, options.lineWeight);
   drawCurves(plot, curves, chart);
   form.lines(plot, chart);
-  drawAxes(surface, plot.scale(), form, chart.font);
-  surface.textCentred(kCurvePlot.middle().x, kTitleY, titleOf(form, options), chart.font, Colour::Black);
+  drawAxes(surface, plot.scale(), form, chart);
+  if (options.titled)
+    surface.textCentred(kCurvePlot.middle().x, kTitleY, titleOf(form, options), chart.font, Colour::Black);
   form.marks(surface, chart);
   drawResults(surface, form.results(chart), chart);
 }

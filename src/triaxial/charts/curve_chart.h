@@ -30,6 +30,8 @@ struct ChartOptions {
   bool totalCircles = true;                     // circles and envelope of total stress
   bool effectiveCircles = true;                 // the same of effective stress; drawn for CU only
   double textSize = 10.5;                       // point
+  double xNameSize = 9;                         // of the name at the end of the x axis where all else has 10.5
+  bool titled = true;                           // false: the caller puts a title elsewhere
   std::string title;                            // empty: the page's own
   const CurveAdjustment* adjustment = nullptr;  // page 1
   MovedLine movedLine = MovedLine::None;        // pages 2 to 4
