@@ -10,6 +10,8 @@
 #include "reports/stage_curves.h"
 #include "reports/three_in_one.h"
 #include "reports/triaxial_table.h"
+#include "reports/unconfined_curves.h"
+#include "reports/unconfined_table.h"
 
 namespace triaxlab {
 namespace {
@@ -21,6 +23,8 @@ constexpr std::array kLayouts{
     &kSinglePage,          //
     &kTriaxialTable,       //
     &kConsolidationTable,  //
+    &kUnconfinedTable,     //
+    &kUnconfinedCurves,    //
     &kK0Results,           //
     &kTK0Results,          //
     &kStageCurves,         //

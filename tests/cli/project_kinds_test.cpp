@@ -221,6 +221,17 @@ TEST_F(ProjectKinds, PagesWithoutPicturesAreRefusedAFolder) {
   EXPECT_FALSE(std::filesystem::exists(out));
 }
 
+#ifdef TRIAXLAB_HAS_QT
+TEST_F(ProjectKinds, UnconfinedPagesAreBitmapsOfTheirTest) {
+  const auto sample = [](std::string_view number) { return names(number) + std::string(1894, ' '); };
+  write("KWCXP1.txt", header("0003") + sample("S1") + sample("S2") + sample("S3"));
+  const std::filesystem::path out = folder.path() / "pictures";
+  EXPECT_EQ(run({"print", "unconfined", "KWCXP1.txt", "--layout", "unconfined-curve", "--out", out.string()}).err, "");
+  for (const char* name : {"WCX1.BMP", "WCX2.BMP"}) EXPECT_EQ(folder.read(out / name).substr(0, 2), "BM") << name;
+  EXPECT_FALSE(std::filesystem::exists(out / "WCX3.BMP"));
+}
+#endif
+
 TEST_F(ProjectKinds, TheOldestTriaxialFilesAreListedShownAndSavedAsTodays) {
   std::string record = names("A-1").substr(0, 29) + std::string(5966 - 29, '\0');
   record.replace(34, 476 - 34, std::string(476 - 34, ' '));

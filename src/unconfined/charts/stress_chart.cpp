@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "charts/results_box.h"
+#include "common/gbk.h"
 #include "unconfined/reduction.h"
 #include "unconfined/smoothed_curve.h"
 
@@ -155,10 +156,10 @@ void drawConstants(DrawingSurface& surface, const UnconfinedSampleRecord& record
     const std::size_t at = indexOf(specimen);
     double y = kConstantsTop + (kConstantsPitch - textHeight(font)) / 2;
     for (const std::string& text :
-         {std::string(record.sampleHeight[at].trimmed()), std::string(record.sampleArea[at].trimmed()),
+         {gbkToUtf8(record.sampleHeight[at].trimmed()), gbkToUtf8(record.sampleArea[at].trimmed()),
           ringCoefficientText(record, specimen)}) {
       y += kConstantsPitch;
-      surface.textCentred(middleOf(1 + at), y, text, font, Colour::Black);
+      if (!text.empty()) surface.textCentred(middleOf(1 + at), y, text, font, Colour::Black);
     }
   }
 }
