@@ -172,7 +172,10 @@ void describe(CLI::App& app, Print& print) {
   app.add_option("--paper", print.paper, "A4, A3, wide or narrow")->transform(CLI::CheckedTransformer(kPapers));
   app.add_flag("--landscape", print.landscape, "turns the paper of a chart page");
   app.add_option("--copies", print.copies, "copies on a printer")->check(CLI::Range(1, 99));
-  app.add_option("--out", print.out, "FILE.pdf, FILE.json, or a folder for one BMP a page")->required();
+  CLI::Option_group* const target = app.add_option_group("target", "where the pages go");
+  target->add_option("--printer", print.printer, "name of a printer");
+  target->add_option("--out", print.out, "FILE.pdf, FILE.json, or a folder for one BMP a page");
+  target->require_option(1, 2);
 }
 
 void describe(CLI::App& app, Workbook& workbook) {

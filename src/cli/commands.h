@@ -87,7 +87,8 @@ struct Print {
   std::optional<SheetPaper> paper;  // none: as stored for the layout
   bool landscape = false;
   int copies = 1;
-  std::filesystem::path out;
+  std::string printer;        // empty: none
+  std::filesystem::path out;  // empty: none; one of the two is named
 };
 
 struct Workbook {

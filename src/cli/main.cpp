@@ -66,10 +66,10 @@ int runCommandLine(const CommandLine& line) {
 }
 
 #ifdef TRIAXLAB_PAGES_PROGRAM
-/// Hands a command that draws PDF or pictures to the program that has the toolkit for it.
+/// Hands a command that prints, or draws PDF or pictures, to the program that has the toolkit for it.
 void handOver(const CommandLine& line, char** argv) {
   const auto* const print = std::get_if<Print>(&line.command);
-  if (print != nullptr && needsToolkit(print->out)) becomeProgram(executableFolder() / TRIAXLAB_PAGES_PROGRAM, argv);
+  if (print != nullptr && needsToolkit(*print)) becomeProgram(executableFolder() / TRIAXLAB_PAGES_PROGRAM, argv);
 }
 #else
 void handOver(const CommandLine& /*line*/, char** /*argv*/) {}

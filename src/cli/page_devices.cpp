@@ -13,6 +13,7 @@
 #include "platform/json_page_device.h"
 #ifdef TRIAXLAB_HAS_QT
 #include "platform/qt/page_devices.h"
+#include "platform/qt/printer_device.h"
 #endif
 
 namespace triaxlab::cli {
@@ -49,16 +50,26 @@ const Format* formatOf(const std::filesystem::path& out) {
 
 }  // namespace
 
-bool isPictureFolder(const std::filesystem::path& out) { return formatOf(out) == nullptr; }
+bool isPictureFolder(const std::filesystem::path& out) { return !out.empty() && formatOf(out) == nullptr; }
 
-bool needsToolkit(const std::filesystem::path& out) {
-  const Format* const format = formatOf(out);
-  return format == nullptr || format->needsToolkit;
+bool needsToolkit(const Print& print) {
+  const Format* const format = formatOf(print.out);
+  return !print.printer.empty() || format == nullptr || format->needsToolkit;
 }
 
 std::unique_ptr<PageDevice> makePageDevice(const std::filesystem::path& out, std::string_view picturePrefix) {
   const Format* const format = formatOf(out);
   return format != nullptr ? format->make(out) : makePictures(out, picturePrefix);
 }
+
+#ifdef TRIAXLAB_HAS_QT
+std::unique_ptr<PageDevice> makePrinter(const PrinterJob& job, Dialogs& dialogs) {
+  return makePrinterDevice(job, dialogs);
+}
+#else
+std::unique_ptr<PageDevice> makePrinter(const PrinterJob& job, Dialogs& /*dialogs*/) {
+  throw UserError(fmt::format("不能打印到打印机“{}”：本程序编译时没有绘图组件。", job.name));
+}
+#endif
 
 }  // namespace triaxlab::cli

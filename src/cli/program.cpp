@@ -160,7 +160,8 @@ class Program {
     const PrintJob job = jobOf(print, *layout, m_workspace);
     const auto report = layout->make(job, m_workspace);
     if (report->pagesOf(job).isEmpty()) throw UserError(fmt::format("“{}”中没有可打印的试样或曲线。", print.name));
-    sendReport(*report, job, *makePageDevice(print.out, layout->picturePrefix));
+    if (!print.out.empty()) sendReport(*report, job, *makePageDevice(print.out, layout->picturePrefix));
+    if (!print.printer.empty()) sendToPrinter(*layout, *report, job, print.printer);
     return kDone;
   }
 
@@ -194,6 +195,13 @@ class Program {
         throw UserError(fmt::format("文件“{}”的第{}行不能与前面的行一起读入，数据没有读入。请用 --rows 分几次读入。",
                                     textOfPath(import.file), row));
     }
+  }
+
+  void sendToPrinter(const Layout& layout, Report& report, PrintJob job, std::string_view printer) {
+    job.printToPicture = false;
+    const PrinterJob printed{
+        .title = layout.title, .size = sheetSize(report, job), .copies = job.copies, .name = printer};
+    if (const auto device = makePrinter(printed, m_dialogs)) sendReport(report, job, *device);
   }
 
   void showPage(ProjectKind kind, CurvePage page) {

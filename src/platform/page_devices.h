@@ -13,7 +13,8 @@ namespace triaxlab {
 struct PrinterJob {
   std::string_view title;  // in the list of the printer's jobs, UTF-8
   PageSize size;
-  int copies = 1;  // 1 to 99
+  int copies = 1;              // 1 to 99
+  std::string_view name = {};  // of the printer, UTF-8; empty: the system's default
 };
 
 /// Where a program with windows can send pages.
@@ -22,8 +23,9 @@ class PageDevices {
   virtual ~PageDevices() = default;
   /// True when the system has a printer to send pages to.
   virtual bool hasPrinter() const = 0;
-  /// The system's default printer, with no further dialog, for pages of one size. When the printer has no such paper,
-  /// the person is asked whether to print all the same; nothing after a No. Pre: hasPrinter().
+  /// The job's printer, with no further dialog, for pages of one size. When it has no such paper, the person is asked
+  /// whether to print all the same; nothing after a No. UserError when there is no printer of the name. Pre: the job
+  /// names one, or hasPrinter().
   virtual std::unique_ptr<PageDevice> printer(PrinterJob job, Dialogs& dialogs) = 0;
   virtual std::unique_ptr<PageDevice> pdf(const std::filesystem::path& file) = 0;
   /// A bitmap a page: `prefix` + n + ".BMP" in the folder, n from 1.

@@ -1,6 +1,9 @@
+#include <gmock/gmock.h>
+
 #include <nlohmann/json.hpp>
 
 #include "cli/cli_fixture.h"
+#include "support/print_server.h"
 
 namespace triaxlab::testing {
 namespace {
@@ -120,6 +123,27 @@ TEST_F(PrintCommand, WritesABitmapForEachPage) {
   for (const char* name : {"SZ1.BMP", "SZ2.BMP"})
     EXPECT_EQ(folder.read(std::filesystem::path("pictures") / name).substr(0, 2), "BM") << name;
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "pictures/SZ3.BMP"));
+}
+
+TEST_F(PrintCommand, GoesToThePrinterOfTheName) {
+  if (!PrintServer::isInstalled()) GTEST_SKIP() << "cups and cups-client are not installed: nothing was printed";
+  PrintServer server;
+  server.addDefaultQueue("Office");
+  server.addDefaultQueue("Lab");
+  const ProgramRun ran = run({"print", "triaxial", "WKSZDT2-07.txt", "--layout", "single", "--curves", "1", "--printer",
+                              "Office", "--copies", "2"});
+  EXPECT_EQ(ran.status, 0) << ran.err;
+  const auto job = server.nextJob();
+  ASSERT_TRUE(job.has_value());
+  EXPECT_THAT(job->options, ::testing::HasSubstr("queue=Office title=三轴试验成果图表（单页） copies=2"));
+  EXPECT_THAT(job->options, ::testing::HasSubstr("media=A4"));
+}
+
+TEST_F(PrintCommand, APrinterThatIsNotThereIsNamed) {
+  const ProgramRun ran = run({"print", "triaxial", "WKSZDT2-07.txt", "--layout", "single", "--printer", "Nowhere-7"});
+  EXPECT_EQ(ran.status, 1);
+  EXPECT_EQ(lineCount(ran.err), 1U) << ran.err;
+  EXPECT_NE(ran.err.find("Nowhere-7"), std::string::npos) << ran.err;
 }
 #else
 TEST_F(PrintCommand, SaysThatItCannotDrawWithoutTheToolkit) {

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "common/user_error.h"
+#include "platform/qt/application.h"
 #include "platform/qt/paged_painting.h"
 
 namespace triaxlab {
@@ -75,13 +76,23 @@ class PrinterDevice : public PageDevice {
   PagedPainting m_painting;
 };
 
-/// A member of this comes before the device that draws on it.
-struct DefaultPrinter {
-  QPrinter printer{QPrinterInfo::defaultPrinter()};
+QPrinterInfo printerOf(const PrinterJob& job) {
+  if (job.name.empty()) return QPrinterInfo::defaultPrinter();
+  const auto named =
+      QPrinterInfo::printerInfo(QString::fromUtf8(job.name.data(), static_cast<qsizetype>(job.name.size())));
+  if (named.isNull()) throw UserError(kTitle, fmt::format("没有名为“{}”的打印机，没有打印。", job.name));
+  return named;
+}
+
+/// Members of this come before the device that draws on the printer.
+struct PrinterOfJob {
+  explicit PrinterOfJob(const PrinterJob& job) : printer(printerOf(job)) {}
+  PaintingApplication application;
+  QPrinter printer;
 };
-class DefaultPrinterDevice : private DefaultPrinter, public PrinterDevice {
+class JobDevice : private PrinterOfJob, public PrinterDevice {
  public:
-  explicit DefaultPrinterDevice(const PrinterJob& job) : PrinterDevice(printer) {
+  explicit JobDevice(const PrinterJob& job) : PrinterOfJob(job), PrinterDevice(printer) {
     printer.setCopyCount(job.copies);
     printer.setDocName(QString::fromUtf8(job.title.data(), static_cast<qsizetype>(job.title.size())));
   }
@@ -96,7 +107,7 @@ class DefaultPrinterDevice : private DefaultPrinter, public PrinterDevice {
 bool hasPrinter() { return !QPrinterInfo::defaultPrinter().isNull(); }
 
 std::unique_ptr<PageDevice> makePrinterDevice(PrinterJob job, Dialogs& dialogs) {
-  auto device = std::make_unique<DefaultPrinterDevice>(job);
+  auto device = std::make_unique<JobDevice>(job);
   return device->takes(job.size, dialogs) ? std::move(device) : nullptr;
 }
 

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "common/user_error.h"
 #include "platform/qt/application.h"
 #include "support/fake_dialogs.h"
 #include "support/print_server.h"
@@ -87,6 +88,18 @@ TEST_F(PrinterDeviceTest, APaperThatThePrinterDoesntHaveIsAskedAbout) {
       "! [打印] "
       "打印机“A4Only”没有A3纸（297×420毫米）。\n仍要打印吗？打印机会用它现有的纸，页面可能被缩小或裁去一部分。";
   EXPECT_THAT(dialogs.take(), ElementsAre(question, question));
+}
+
+TEST_F(PrinterDeviceTest, AJobMayNameItsPrinter) {
+  server().addDefaultQueue("Named", {kA3Paper});
+  server().addDefaultQueue("Usual");
+  const auto device = makePrinterDevice({.title = "k0", .size = kA3, .name = "Named"}, dialogs);
+  ASSERT_NE(device, nullptr);
+  device->beginPage(kA3);
+  device->endPage();
+  device->finish();
+  EXPECT_THAT(server().nextJob().value_or(PrintServer::Job{}).options, HasSubstr("queue=Named title=k0"));
+  EXPECT_THROW(makePrinterDevice({.title = "k0", .size = kA4, .name = "Gone"}, dialogs), UserError);
 }
 
 TEST_F(PrinterDeviceTest, AFormWithoutANameNeedsAPrinterThatTakesAnySize) {
