@@ -12,6 +12,15 @@ const Font kTitle{.size = 19, .bold = true}, kBody{};
 constexpr double kControlNumberLift = 300, kLaboratoryDrop = 350, kProjectDrop = 600, kRuleDrop = 900, kFootDrop = 100;
 constexpr double kIndent = 50;
 
+/// Beside the title rather than under it, as far as setting it narrower does it.
+void printLaboratory(DrawingSurface& surface, Point place, std::string_view name, double right, double titleX) {
+  const double besideTitle = titleX - textWidth(" ", kBody);
+  if (besideTitle > place.x && textWidth(name, kBody) <= right - place.x)
+    printFitted(surface, place, name, kBody, besideTitle, kBody.size);
+  else
+    printFitted(surface, place, name, kBody, right);
+}
+
 /// The number stands in the middle of the seven blanks of "第       页". Returns where all of it begins.
 double printPageNumber(DrawingSurface& surface, double right, double y, const ChartSheetHead& head) {
   if (!head.pageNumber) {
@@ -37,11 +46,12 @@ void printFoot(DrawingSurface& surface, const Rectangle& inside, const ChartShee
   const double thirdX = inside.left + kThirdEnds * width - textWidth("审核人 ", kBody);
   const double middle = (inside.left + inside.right) / 2;
   const auto& [first, second, third] = head.signatures;
-  const double secondRoom = (third.empty() ? labelX : std::min(thirdX, labelX)) - middle;
+  const double gap = textWidth(" ", kBody);
+  const double secondRoom = (third.empty() ? labelX : std::min(thirdX, labelX)) - gap - middle;
   const double secondWidth = textWidth(second, fittedFont(second, kBody, 2 * secondRoom));
-  printFitted(surface, {inside.left + kIndent, y}, first, kBody, middle - secondWidth / 2);
+  printFitted(surface, {inside.left + kIndent, y}, first, kBody, middle - secondWidth / 2 - gap);
   printFittedCentred(surface, middle, y, second, kBody, middle + secondRoom);
-  printFitted(surface, {thirdX, y}, third, kBody, labelX);
+  printFitted(surface, {thirdX, y}, third, kBody, labelX - gap);
   printFitted(surface, {labelX, y}, head.dateLabel, kBody, dateX);
   printFitted(surface, {dateX, y}, head.date, kBody, inside.right);
 }
@@ -55,7 +65,8 @@ void drawChartFrame(DrawingSurface& surface, PageSize paper, const Rectangle& in
   // Nothing stands beside the title: it may pass both margins alike, as far as the paper goes.
   printFittedCentred(surface, middle, top, head.title, kTitle, middle + std::min(middle, paper.width - middle));
   printFitted(surface, {left, top - kControlNumberLift}, head.controlNumber, kBody, right);
-  printFitted(surface, {left + kIndent, top + kLaboratoryDrop}, head.laboratory, kBody, right);
+  printLaboratory(surface, {left + kIndent, top + kLaboratoryDrop}, head.laboratory, right,
+                  middle - textWidth(head.title, kTitle) / 2);
   const double pageX = printPageNumber(surface, right, y, head);
   const double gap = textWidth(" ", kBody);
   printFitted(surface, {left + kIndent, y}, head.projectNo, kBody, (head.projectName.empty() ? pageX : nameX) - gap);

@@ -27,8 +27,9 @@ void printFitted(DrawingSurface& surface, Point place, std::string_view utf8, co
 
 void printInLine(DrawingSurface& surface, std::span<const double> x, double y, std::span<const std::string> texts,
                  const Font& font) {
+  const double gap = textWidth(" ", font);
   for (std::size_t i = 0; i < x.size(); ++i)
-    printFitted(surface, {x[i], y}, texts[i], font, i + 1 < x.size() ? x[i + 1] : kRightMargin);
+    printFitted(surface, {x[i], y}, texts[i], font, i + 1 < x.size() ? x[i + 1] - gap : kRightMargin);
 }
 
 void printFittedCentred(DrawingSurface& surface, double centreX, double y, std::string_view utf8, const Font& font,

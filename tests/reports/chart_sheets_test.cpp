@@ -239,11 +239,15 @@ TEST_F(ChartSheetTest, LongTextsEndBeforeTheirNeighbours) {
   workspace.textsOf(ProjectKind::Triaxial).projectName = {std::string(120, 'x'), false, "P1"};
   SetText(workspace.TriaxialSampleTable[0].sampleNo, "12345678901234");
   SetText(location(0).samplingDepth, "123456789012345");
+  texts.slot[5] = std::string(25, 'l');
+  texts.slot[10] = std::string(15, 's');
   setGrid(2, 2);
   const Drawing page = firstPage();
   const auto endOf = [](const DrawnText& text) { return text.upperLeft.x + textWidth(text.text, text.font); };
   EXPECT_LE(endOf(only(page, "工程名称: " + std::string(120, 'x'))), 10179);
   EXPECT_LE(endOf(only(page, "土样编号:12345678901234  123456789012345")), 697 + 5256);
+  EXPECT_LT(endOf(only(page, std::string(25, 'l'))), 2723) << "where the title begins";
+  EXPECT_LT(endOf(only(page, std::string(15, 's'))), 9234) << "where the date begins";
 }
 
 }  // namespace
