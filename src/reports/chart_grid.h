@@ -22,8 +22,8 @@ struct ChartGrid {
   double fontSize;  // of the heads of the charts: the longest title just fits into half a cell
 
   Point cornerOf(std::size_t place) const {
-    return {corner.x + width * static_cast<double>(place % columns),
-            corner.y + height * static_cast<double>(place / columns)};
+    const std::size_t row = place / columns, column = place % columns;
+    return {corner.x + width * static_cast<double>(column), corner.y + height * static_cast<double>(row)};
   }
 };
 
