@@ -31,7 +31,7 @@ std::string ownText(const Settings& settings, Slot slot) {
   return text == defaultChartLayout(settings.habits).slot.at(slot) ? std::string() : text;
 }
 
-std::string either(std::string own, const std::string& usual) { return own.empty() ? usual : own; }
+std::string either(const std::string& own, const std::string& usual) { return own.empty() ? usual : own; }
 
 }  // namespace
 
