@@ -24,12 +24,12 @@ void listAll(Workspace& workspace, const ProjectKindInfo& info, const std::strin
 }
 
 void open(Workspace& workspace, const ProjectKindInfo& info, const std::string& name) {
-  workspace.rawImportPending = true;
+  workspace.dataOf(info.kind).rawImportPending = true;
   try {
     openProject(workspace, info.kind, name, [](int count) { return limitedRange({count - 3, count + 3}); });
-    if (workspace.rawImportPending) std::abort();
+    if (workspace.dataOf(info.kind).rawImportPending) std::abort();
   } catch (const UserError&) {
-    if (!workspace.rawImportPending) std::abort();
+    if (!workspace.dataOf(info.kind).rawImportPending) std::abort();
   }
   if (workspace.TriaxialSampleTable.used().size() > kTableRows || workspace.K0SampleTable.used().size() > kTableRows)
     std::abort();

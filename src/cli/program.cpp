@@ -216,7 +216,7 @@ class Program {
     const DocumentKind& document = documentOfTests(kind);
     const SaveReport report =
         saveDocument(m_workspace, document, [=](Workspace& workspace, const std::vector<KnownSample>& known) {
-          for (const KnownSample& sample : known) workspace.keepExisting[sample.row] = keepExisting;
+          for (const KnownSample& sample : known) workspace.dataOf(kind).keepExisting[sample.row] = keepExisting;
           return true;
         });
     m_dialogs.message(kSaveTitle, document.savedMessage, MessageIcon::None);
@@ -234,7 +234,7 @@ class Program {
     std::cout << R"({"kind": )" << nlohmann::json(infoOf(show.kind).id).dump() << R"(, "file": )"
               << nlohmann::json(show.name).dump() << R"(, "header": )" << jsonOf(m_workspace.projectHeader).dump()
               << R"(, "controlledDocNo": )"
-              << nlohmann::json(jsonText(m_workspace.textsOf(show.kind).controlledDocNo.view())).dump()
+              << nlohmann::json(jsonText(m_workspace.dataOf(show.kind).controlledDocNo.view())).dump()
               << ", \"samples\": [";
     const char* separator = "";
     for (std::size_t row = 0; row < table.size(); ++row) {

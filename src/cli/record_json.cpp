@@ -77,7 +77,7 @@ Json jsonOf(std::size_t fileRow, const Workspace& workspace, ProjectKind kind, s
   const ProjectKindInfo& info = infoOf(kind);
   info.tellFields(info.table.record(workspace, row), fields);
   if (const auto tellDerived = documentOfTests(kind).tellDerived) tellDerived(workspace, row, fields);
-  const SampleLocation& location = workspace.textsOf(kind).SampleDisplayTable[row];
+  const SampleLocation& location = workspace.dataOf(kind).SampleDisplayTable[row];
   // A K0 record has a depth of its own, which stands already.
   object.emplace("boreholeNo", jsonText(location.boreholeNo.view()));
   object.emplace("samplingDepth", jsonText(location.samplingDepth.view()));

@@ -97,7 +97,7 @@ class ImportPlan {
     using Target = ImportTarget<Record>;
     auto& table = workspace.*Target::kTable;
     table.clear();
-    workspace.textsOf(kTestsOf<Record>).clearLocations();
+    workspace.dataOf(kTestsOf<Record>).clearLocations();
     projects.carryOut(workspace);
 
     Record joining;

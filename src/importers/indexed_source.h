@@ -91,7 +91,7 @@ class IndexedSource : public RawSource {
     std::ranges::move(aids.remarks(), std::back_inserter(remarks));
     const auto fill = [&](std::size_t number, Record& record) { Format::fill(groups[number], record); };
     ImportReport report = plan.carryOut(workspace, fill, std::move(remarks), progress);
-    workspace.rawImportPending = true;
+    workspace.dataOf(kTestsOf<Record>).rawImportPending = true;
     return report;
   }
 

@@ -260,7 +260,7 @@ class WindowsTriaxialSource : public RawSource {
       SampleFiller(samples[number], habits.take50Points, record).fill();
     };
     ImportReport report = plan.carryOut(workspace, fill, {}, progress);
-    workspace.rawImportPending = true;
+    workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
     return report;
   }
 

@@ -105,7 +105,7 @@ class WindowsUnconfinedSource : public RawSource {
       fillReadings(samples[number], record);
     };
     ImportReport report = plan.carryOut(workspace, fill, {}, progress);
-    workspace.rawImportPending = true;
+    workspace.dataOf(ProjectKind::Unconfined).rawImportPending = true;
     return report;
   }
 

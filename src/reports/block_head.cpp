@@ -22,7 +22,7 @@ std::string boreholeLine(const LaboratoryHabits& habits, const PageLabels& label
 std::vector<std::string> blockHead(const Workspace& workspace, const PageLabels& labels, std::size_t row,
                                    BlockPlace place) {
   const TriaxialSampleRecord& record = workspace.TriaxialSampleTable.at(row);
-  const SampleLocation& location = workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable.at(row);
+  const SampleLocation& location = workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable.at(row);
   const LaboratoryHabits& habits = workspace.settings.habits;
   const Toggles& toggles = workspace.settings.toggles;
   const bool everywhere = habits.methodAndDepthOnEverySample;

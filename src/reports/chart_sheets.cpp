@@ -108,7 +108,7 @@ void ChartSheets::print(DrawingSurface& surface, Point place, std::string_view t
 
 std::string ChartSheets::chartHead(const CurveBlock& block) const {
   constexpr std::string_view kGap = "  ";
-  const SampleLocation& location = workspace().textsOf(ProjectKind::Triaxial).SampleDisplayTable.at(block.row);
+  const SampleLocation& location = workspace().dataOf(ProjectKind::Triaxial).SampleDisplayTable.at(block.row);
   std::string head = m_labels.sampleNo + gbkToUtf8(recordOf(block).sampleNo.trimmed());
   const std::string borehole = gbkToUtf8(shownBorehole(location.boreholeNo, settings().habits));
   if (!m_labels.borehole.empty() && !borehole.empty()) head.append(kGap).append(m_labels.borehole).append(borehole);

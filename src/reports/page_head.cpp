@@ -15,7 +15,7 @@ namespace {
 /// What was last entered under 试验 and 校核 stands in the places of a year and a month: a number is none's name, and
 /// leaves room for a hand.
 std::string nameAt(const Workspace& workspace, ProjectKind tests, std::size_t box, SettingsField field) {
-  const std::optional<std::string>& typed = workspace.textsOf(tests).typedDateTexts.at(box);
+  const std::optional<std::string>& typed = workspace.dataOf(tests).typedDateTexts.at(box);
   const std::string text = typed ? *typed : sharedSettings(workspace).readText(field);
   return ParseNumber(text) == 0 ? gbkToUtf8(text) : std::string();
 }
@@ -23,7 +23,7 @@ std::string nameAt(const Workspace& workspace, ProjectKind tests, std::size_t bo
 std::string controlNumber(const Workspace& workspace, ProjectKind tests) {
   const LaboratoryHabits& habits = workspace.settings.habits;
   if (!habits.controlledDocNo) return {};
-  const auto number = workspace.textsOf(tests).controlledDocNo.trimmed();
+  const auto number = workspace.dataOf(tests).controlledDocNo.trimmed();
   return number.empty() ? habits.formNumber : gbkToUtf8(number);
 }
 

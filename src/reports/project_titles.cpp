@@ -32,8 +32,8 @@ const ProjectTitles& TitlesOfProjects::of(std::string_view projectNo) {
 }
 
 ProjectTitles TitlesOfProjects::titlesOf(std::string_view projectNo) const {
-  const TitleText& name = m_workspace.textsOf(m_tests).projectName;
-  const TitleText& archive = m_workspace.textsOf(m_tests).secondTitleLine;
+  const TitleText& name = m_workspace.dataOf(m_tests).projectName;
+  const TitleText& archive = m_workspace.dataOf(m_tests).secondTitleLine;
   SummaryHeader header;
   if (!speaksFor(name, projectNo) || !speaksFor(archive, projectNo)) header = headerOf(m_workspace, projectNo);
   return {gbkToUtf8(speaksFor(name, projectNo) ? Trim(name.text) : header.projectName.trimmed()),

@@ -47,7 +47,7 @@ void SinglePage::drawBlocks(DrawingSurface& surface, int /*page*/, std::span<con
 }
 
 std::array<std::string, 3> SinglePage::headOf(const CurveBlock& block) const {
-  const SampleLocation& location = workspace().textsOf(ProjectKind::Triaxial).SampleDisplayTable.at(block.row);
+  const SampleLocation& location = workspace().dataOf(ProjectKind::Triaxial).SampleDisplayTable.at(block.row);
   const std::string depth = gbkToUtf8(location.samplingDepth.trimmed());
   return {"土样号:" + gbkToUtf8(recordOf(block).sampleNo.trimmed()),
           "孔号:" + gbkToUtf8(shownBorehole(location.boreholeNo, settings().habits)),

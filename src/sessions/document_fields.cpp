@@ -32,7 +32,7 @@ void setPart(ProcessingDate& date, int part, std::string_view gbk) {
 }  // namespace
 
 void DocumentFields::load() {
-  m_workspace.textsOf(m_tests).typedDateTexts = {};
+  m_workspace.dataOf(m_tests).typedDateTexts = {};
   m_remembered = {};
   if (infoOf(m_tests).boxesHoldDate) return;
   try {
@@ -46,22 +46,21 @@ void DocumentFields::load() {
 
 EditableField DocumentFields::dateText(int box) const {
   const auto at = static_cast<std::size_t>(box);
-  DocumentTexts& texts = m_workspace.textsOf(m_tests);
+  DocumentData& data = m_workspace.dataOf(m_tests);
   const std::string shown = infoOf(m_tests).boxesHoldDate ? m_workspace.dateText(at)
-                                                          : texts.typedDateTexts.at(at).value_or(m_remembered.at(at));
-  return {kRememberedTexts.at(at).width, shown,
-          [&texts, &date = m_workspace.processingDate, box](std::string_view gbk) {
-            texts.typedDateTexts.at(static_cast<std::size_t>(box)) = std::string(gbk);
+                                                          : data.typedDateTexts.at(at).value_or(m_remembered.at(at));
+  return {kRememberedTexts.at(at).width, shown, [&data, &date = m_workspace.processingDate, box](std::string_view gbk) {
+            data.typedDateTexts.at(static_cast<std::size_t>(box)) = std::string(gbk);
             setPart(date, box, ParseNumber(gbk) == 0 ? std::string_view{} : gbk);
           }};
 }
 
 EditableField DocumentFields::projectName() const {
-  return titleText(m_workspace.textsOf(m_tests).projectName, kProjectNameWidth);
+  return titleText(m_workspace.dataOf(m_tests).projectName, kProjectNameWidth);
 }
 
 EditableField DocumentFields::secondTitleLine() const {
-  return titleText(m_workspace.textsOf(m_tests).secondTitleLine, kSecondTitleLineWidth);
+  return titleText(m_workspace.dataOf(m_tests).secondTitleLine, kSecondTitleLineWidth);
 }
 
 std::array<std::string, 2> statusPanels(const Workspace& workspace, ProjectKind tests, std::size_t row,

@@ -31,7 +31,7 @@ Remarks openDocument(Workspace& workspace, ProjectKind kind, std::string_view fi
 }
 
 Remarks importedDocument(Workspace& workspace, const DocumentKind& document) {
-  workspace.textsOf(document.tests).controlledDocNo.clear();
+  workspace.dataOf(document.tests).controlledDocNo.clear();
   Remarks remarks;
   prepareTable(workspace, document, remarks);
   return remarks;
@@ -39,11 +39,9 @@ Remarks importedDocument(Workspace& workspace, const DocumentKind& document) {
 
 Remarks newDocument(Workspace& workspace, const DocumentKind& document) {
   infoOf(document.tests).table.clear(workspace);
-  workspace.textsOf(document.tests) = {};
+  workspace.dataOf(document.tests) = {};
   workspace.clearProjectDates();
   workspace.processingDate = {};
-  workspace.keepExisting.reset();
-  workspace.rawImportPending = false;
   Remarks remarks;
   readTextFiles(workspace, document, remarks);
   return remarks;

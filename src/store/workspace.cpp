@@ -7,17 +7,17 @@
 
 namespace triaxlab {
 
-DocumentTexts::DocumentTexts() : SampleDisplayTable(kTableRows) {}
+DocumentData::DocumentData() : SampleDisplayTable(kTableRows) {}
 
-void DocumentTexts::clearLocations() { std::ranges::fill(SampleDisplayTable, SampleLocation{}); }
+void DocumentData::clearLocations() { std::ranges::fill(SampleDisplayTable, SampleLocation{}); }
 
 Workspace::Workspace() {
-  for (const ProjectKindInfo& info : kProjectKinds) m_texts.try_emplace(info.savedAs);
+  for (const ProjectKindInfo& info : kProjectKinds) m_data.try_emplace(info.savedAs);
 }
 
-DocumentTexts& Workspace::textsOf(ProjectKind tests) { return m_texts.at(infoOf(tests).savedAs); }
+DocumentData& Workspace::dataOf(ProjectKind tests) { return m_data.at(infoOf(tests).savedAs); }
 
-const DocumentTexts& Workspace::textsOf(ProjectKind tests) const { return m_texts.at(infoOf(tests).savedAs); }
+const DocumentData& Workspace::dataOf(ProjectKind tests) const { return m_data.at(infoOf(tests).savedAs); }
 
 const std::filesystem::path& Workspace::knownDataFolder() const {
   if (!dataFolderProblem.empty()) throw UserError(dataFolderProblem);
@@ -33,7 +33,7 @@ std::optional<std::string_view> Workspace::projectTestDate(std::string_view proj
 
 std::string Workspace::dateText(std::size_t box) const {
   const std::array shown{processingDate.year.trimmed(), processingDate.month.trimmed(), processingDate.day.trimmed()};
-  return textsOf(ProjectKind::Triaxial).typedDateTexts.at(box).value_or(std::string(shown.at(box)));
+  return dataOf(ProjectKind::Triaxial).typedDateTexts.at(box).value_or(std::string(shown.at(box)));
 }
 
 void Workspace::clearProjectDates() {

@@ -77,8 +77,8 @@ struct TitleText {
 
 /// What a document keeps beside its records. The tests of each kind have their own, since several windows may be loaded
 /// at a time: what one of them shows must not go with the save of another.
-struct DocumentTexts {
-  DocumentTexts();
+struct DocumentData {
+  DocumentData();
 
   std::vector<SampleLocation> SampleDisplayTable;  // kTableRows
   /// Boxes TextW(0) to TextW(2) as last typed, GBK. A text that is no number dates nothing: it is the name that signs
@@ -87,6 +87,9 @@ struct DocumentTexts {
   FixedText<100> controlledDocNo;  // Text9
   TitleText projectName;           // Text5
   TitleText secondTitleLine;       // TextW(3)
+  /// The table holds an import: a save first asks which known samples to overwrite.
+  bool rawImportPending = false;
+  std::bitset<kTableRows> keepExisting;  // rows whose known sample a save of an import leaves alone
 
   void clearLocations();
 };
@@ -110,14 +113,12 @@ struct Workspace {
 
   std::int16_t activeDocument = kNoDocument;
   std::int16_t openDialogKind = 0;
-  bool rawImportPending = false;  // the table holds an import: a save first asks which known samples to overwrite
 
   SampleTable<TriaxialSampleRecord> TriaxialSampleTable;
   SampleTable<UnconfinedSampleRecord> UnconfinedSampleTable;
   SampleTable<K0SampleRecord> K0SampleTable;
   SampleTable<TK0SampleRecord> TK0SampleTable;
   std::array<ProjectDate, kProjectDateRows> ProjectDateTable;
-  std::bitset<kTableRows> keepExisting;  // rows whose known sample a save of an import leaves alone
 
   ProjectHeader projectHeader;
   ProcessingDate processingDate;
@@ -126,8 +127,8 @@ struct Workspace {
   std::map<std::string, std::string, std::less<>> importedProjectNames;
 
   /// Of the tests of a kind; those of an old kind of file are those of the kind as which it is saved.
-  DocumentTexts& textsOf(ProjectKind tests);
-  const DocumentTexts& textsOf(ProjectKind tests) const;
+  DocumentData& dataOf(ProjectKind tests);
+  const DocumentData& dataOf(ProjectKind tests) const;
 
   /// What a box of the triaxial window shows and a save remembers: the text last typed, else the year, month or day of
   /// the processing date.
@@ -149,7 +150,7 @@ struct Workspace {
   void clearProjectDates();
 
  private:
-  std::map<ProjectKind, DocumentTexts> m_texts;
+  std::map<ProjectKind, DocumentData> m_data;
 };
 
 }  // namespace triaxlab

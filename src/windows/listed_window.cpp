@@ -112,7 +112,7 @@ RecordEdit* ListedWindow::edit(const QString& name, ListedInput input, Place pla
 void ListedWindow::makeLowerHalf(ReadingColumns columns) {
   makeList();
   makeReadings(columns);
-  makeDocumentTexts();
+  makeDocumentData();
 }
 
 void ListedWindow::makeList() {
@@ -150,7 +150,7 @@ void ListedWindow::makeReadings(ReadingColumns columns) {
                &ListedState::readings);
 }
 
-void ListedWindow::makeDocumentTexts() {
+void ListedWindow::makeDocumentData() {
   for (const DocumentBox& row : kDocumentBoxes) {
     caption(row.caption, {row.captionX, row.y, row.boxX - row.captionX, kBoxHeight});
     edit(row.name, row.input, {row.boxX, row.y, row.width, kBoxHeight})->setAccessibleName(row.caption);

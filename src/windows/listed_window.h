@@ -79,7 +79,7 @@ class ListedWindow : public DocumentWidget, public DocumentWindow {
   static ClickLabel* caption(QWidget* parent, const QString& text, Place place);
   void makeList();
   void makeReadings(ReadingColumns columns);
-  void makeDocumentTexts();
+  void makeDocumentData();
   void connectBlock(CellBlock& block, ListedInputName input, void (ListedSession::*select)(int), KeyInBlock keyIn,
                     CellBlockState ListedState::*shown);
   void tellMouse(const std::string& readout);

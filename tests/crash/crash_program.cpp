@@ -32,7 +32,7 @@ void save(Workspace& workspace, const Projects& projects) {
   for (std::size_t i = 0; i < projects.size(); ++i)
     crash::fill(workspace, projects[i], static_cast<int>(i) * each, each, kNewReading);
   SetText(workspace.processingDate.year, "2024");
-  SetText(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo, "NEW");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo, "NEW");
   // A project that can't be read is named and the others are saved.
   for (const std::string& error : saveProject(workspace, ProjectKind::Triaxial, nullptr).errors) throw UserError(error);
 }

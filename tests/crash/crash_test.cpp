@@ -246,7 +246,7 @@ class Crash : public ::testing::TestWithParam<Scene> {
     Workspace workspace;
     workspace.applicationFolder = workspace.dataFolder = m_folder.path();
     workspace.fixedToday = Date{2023, 1, 2};
-    SetText(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo, "OLD");
+    SetText(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo, "OLD");
     int rowsUsed = 0;
     for (const std::string& projectNo : GetParam().existing) {
       crash::fill(workspace, projectNo, rowsUsed, 10, 55);

@@ -146,7 +146,7 @@ TEST_F(Gathering, ABlockBehind65535IsFoundByTheHighWord) {
 TEST_F(Gathering, AnImportReplacesTheTablesAndMarksThemAsRaw) {
   SetText(workspace.TriaxialSampleTable[0].sampleNo, "old");
   SetText(workspace.TriaxialSampleTable[1000].sampleNo, "old");
-  SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[1000].boreholeNo, "old");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[1000].boreholeNo, "old");
   SetText(workspace.ProjectDateTable[100].projectNo, "old");
   Entry first = newerEntry({at(100, 11)}), second = newerEntry({at(100, 21, "S-2")});
   second.projectNo = "P2";
@@ -155,10 +155,10 @@ TEST_F(Gathering, AnImportReplacesTheTablesAndMarksThemAsRaw) {
   second.date = "19990914";
   importAll({first, second});
 
-  EXPECT_TRUE(workspace.rawImportPending);
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
   EXPECT_EQ(row(0).sampleNo.trimmed(), "S-1");
   EXPECT_TRUE(sameBytes(row(1000), TriaxialSampleRecord{}));
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[1000], SampleLocation{});
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[1000], SampleLocation{});
   EXPECT_EQ(workspace.ProjectDateTable[0].projectNo.trimmed(), "P1");
   EXPECT_EQ(workspace.ProjectDateTable[0].testDate.view(), "2024/04/12");
   EXPECT_EQ(workspace.ProjectDateTable[1].projectNo.trimmed(), "P2-7");
@@ -188,7 +188,7 @@ TEST_F(Gathering, TheTableHolds1001Samples) {
 
 TEST_F(Gathering, MoreSamplesThanRowsAreAnErrorAndNothingChanges) {
   importAll({newerEntry({at(100, 11)})});
-  workspace.rawImportPending = false;
+  workspace.dataOf(ProjectKind::Triaxial).rawImportPending = false;
   const ImportedState before(workspace);
   const std::vector<Entry> tooMany{crowd(255, 0), crowd(255, 255), crowd(255, 510), crowd(237, 765)};
   for (const std::string_view source : {"auto", "auto-old"}) {

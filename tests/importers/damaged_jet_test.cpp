@@ -73,7 +73,7 @@ class DamagedJet : public ImportTest, public ::testing::WithParamInterface<Sourc
     };
     const std::string dates(reinterpret_cast<const char*>(&workspace.ProjectDateTable), sizeof(ProjectDate));
     return dates + bytesOfRows(workspace.TriaxialSampleTable) + bytesOfRows(workspace.UnconfinedSampleTable) +
-           (workspace.rawImportPending ? "pending" : "");
+           (workspace.dataOf(ProjectKind::Triaxial).rawImportPending ? "pending" : "");
   }
 };
 
@@ -86,7 +86,7 @@ TEST_P(DamagedJet, EndsInAnImportOrASentence) {
     const auto path = folder.write(name, Damage(static_cast<std::uint32_t>(file))(file % 2 == 0 ? text : date));
     SetText(workspace.TriaxialSampleTable[7].sampleNo, name);
     SetText(workspace.UnconfinedSampleTable[7].sampleNo, name);
-    workspace.rawImportPending = false;
+    workspace.dataOf(ProjectKind::Triaxial).rawImportPending = false;
     const std::string before = state();
     try {
       EXPECT_LE(importPath(path, source).sampleRows, kTableRows) << name;

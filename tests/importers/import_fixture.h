@@ -67,9 +67,9 @@ inline bool sameBytes(const TriaxialSampleRecord& a, const TriaxialSampleRecord&
 struct ImportedState {
   explicit ImportedState(const Workspace& workspace)
       : samples(bytesOfTable(workspace)),
-        locations(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable),
+        locations(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable),
         dates(workspace.ProjectDateTable),
-        rawImportPending(workspace.rawImportPending) {}
+        rawImportPending(workspace.dataOf(ProjectKind::Triaxial).rawImportPending) {}
   bool operator==(const ImportedState&) const = default;
 
   std::string samples;

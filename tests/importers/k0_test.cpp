@@ -47,7 +47,7 @@ TEST_F(K0Import, AStationOfTheOlderApparatusIsASample) {
   EXPECT_EQ(deformation(1), "-0.005");
   EXPECT_EQ(pressure(1), "0.104");
   EXPECT_EQ(k0(1).projectNo.trimmed(), "P2-LONG-01") << "its own";
-  EXPECT_TRUE(workspace.rawImportPending);
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::K0).rawImportPending);
   EXPECT_EQ(workspace.ProjectDateTable[0].testDate.trimmed(), "2024/04/12");
 }
 
@@ -325,7 +325,7 @@ TEST_F(K0Import, ACalibrationThatCanNotBeReadChangesNothing) {
   block.stations = {{}};
   EXPECT_THROW(importAll({hgjEntry(block)}, "k0-hgj"), UserError);
   EXPECT_EQ(k0().koAdjusted, 7);
-  EXPECT_FALSE(workspace.rawImportPending);
+  EXPECT_FALSE(workspace.dataOf(ProjectKind::K0).rawImportPending);
 }
 
 }  // namespace

@@ -141,9 +141,9 @@ TEST_F(Nanjing, LeavesThePendingMarkAndClearsTheRest) {
     return text;
   }();
   for (const bool pending : {false, true}) {
-    workspace.rawImportPending = pending;
+    workspace.dataOf(ProjectKind::Triaxial).rawImportPending = pending;
     import(NanjingBlock{});
-    EXPECT_EQ(workspace.rawImportPending, pending);
+    EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).rawImportPending, pending);
   }
   EXPECT_TRUE(row(0).projectNo.isBlank());
   EXPECT_TRUE(row(1000).projectNo.isBlank());

@@ -366,7 +366,7 @@ TEST_F(Qvb98, StrainsAndTimesAreThoseOfTheApparatus) {
   import({{ {.shearMode = 2, .startPore = 25 } }});
   EXPECT_EQ(row(0).axialStrain[0][0], 0.2F);
   EXPECT_EQ(row(0).consolidationTime[1][0], 0);
-  EXPECT_TRUE(workspace.rawImportPending);
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
 }
 
 // ---- damage

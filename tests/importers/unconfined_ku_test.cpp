@@ -105,7 +105,7 @@ TEST_F(UnconfinedKu, EachMarkedRowDatesItsProject) {
   EXPECT_EQ(workspace.projectTestDate("P1"), "2024/04/12");
   EXPECT_EQ(workspace.projectTestDate("P2"), "2024/04/25");
   EXPECT_EQ(samples(), 2U) << "one number in two projects is two samples";
-  EXPECT_TRUE(workspace.rawImportPending);
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Unconfined).rawImportPending);
 }
 
 // ---- KZJSJ.KU

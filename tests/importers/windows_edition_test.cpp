@@ -176,7 +176,7 @@ TEST_F(WindowsEdition, OtherKindsOfTestsComeToNothing) {
   database.sample(1, "P1", "S-1", "2020-05-03", 0.6, 4);
   database.sample(2, "P1", "S-2", "2020-05-03", 0.6, 2);
   EXPECT_EQ(import().sampleRows, 0U);
-  EXPECT_TRUE(workspace.rawImportPending);
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
   EXPECT_TRUE(row(0).sampleNo.isBlank());
 }
 

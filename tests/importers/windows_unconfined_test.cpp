@@ -187,7 +187,7 @@ TEST_F(WindowsUnconfined, TheLastMarkedProjectIsDatedByItsFirstSample) {
   EXPECT_EQ(workspace.ProjectDateTable[0].testDate.trimmed(), "2020-06-09");
   EXPECT_TRUE(workspace.ProjectDateTable[1].projectNo.isBlank());
   EXPECT_EQ(workspace.importedProjectName("P1"), utf8ToGbk("滨江路"));
-  EXPECT_TRUE(workspace.rawImportPending);
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Unconfined).rawImportPending);
 }
 
 TEST_F(WindowsUnconfined, TextsThatNoFieldHoldsAreCut) {

@@ -20,9 +20,9 @@ struct BlockTest : PageTest {
   BlockTest() {
     SetText(sample(0, kCU, "A-1").soilName, "clay");
     SetText(workspace.TriaxialSampleTable[0].density, "1.92");
-    SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].boreholeNo, "TJ-12  ZK-3");
-    SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingDepth, "3.5");
-    SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingSpot, "left bank");
+    SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].boreholeNo, "TJ-12  ZK-3");
+    SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingDepth, "3.5");
+    SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingSpot, "left bank");
   }
 };
 
@@ -62,7 +62,7 @@ TEST_F(BlockTest, BoreholeLines) {
   habits.printBoreholeNumber = true;
   habits.trialPitNumber = true;  // the first seven places, whatever else is wanted
   EXPECT_THAT(headLines(firstPage()), Contains("   探井号: TJ-12"));
-  workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].boreholeNo.clear();
+  workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].boreholeNo.clear();
   EXPECT_THAT(headLines(firstPage()), SizeIs(4));
 }
 
@@ -96,7 +96,7 @@ TEST_F(BlockTest, TheMethodCanBeLeftOutButWhereEverySampleHasIt) {
 TEST_F(BlockTest, LabelsStandWithNothingBehindThem) {
   workspace.TriaxialSampleTable[0].soilName.clear();
   workspace.TriaxialSampleTable[0].density.clear();
-  workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0] = {};
+  workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0] = {};
   toggles.printDensity = toggles.printSamplingSpot = true;
   EXPECT_THAT(headLines(firstPage()),
               ElementsAre("土样编号:A-1", "土样名称:", "密度:", "取样地点:", "取样深度:", "试验方法:固结不排水CU"));
@@ -104,7 +104,7 @@ TEST_F(BlockTest, LabelsStandWithNothingBehindThem) {
 
 TEST_F(BlockTest, ALongLineIsSetNarrowerToEndAtTheMargin) {
   toggles.printSamplingSpot = true;
-  SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingSpot, std::string(30, 'x'));
+  SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingSpot, std::string(30, 'x'));
   // 39 bytes of 105 twips have room in 3600.
   const Font narrow{.stretch = 3600.0 / 4095.0};
   EXPECT_THAT(all<DrawnText>(firstPage()),

@@ -29,7 +29,7 @@ struct ChartSheetTest : PageTest {
     SetText(location(0).samplingDepth, "2.50");
     SetText(location(0).boreholeNo, "ZK3");
   }
-  SampleLocation& location(std::size_t row) { return workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[row]; }
+  SampleLocation& location(std::size_t row) { return workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[row]; }
   void setDate() {
     SetText(workspace.processingDate.year, "2024");
     SetText(workspace.processingDate.month, "05");
@@ -56,7 +56,7 @@ struct ChartSheetTest : PageTest {
 };
 
 TEST_F(ChartSheetTest, TheFrameStandsAtTheMargins) {
-  workspace.textsOf(ProjectKind::Triaxial).projectName = {kGbkName, false, "P1"};
+  workspace.dataOf(ProjectKind::Triaxial).projectName = {kGbkName, false, "P1"};
   setDate();
   const Drawing page = firstPage();
   EXPECT_EQ(only(page, "三  轴  试  验(CU)  成  果  图  表").upperLeft, (TwipPoint{2723, 900}));  // 34 bytes of 190
@@ -236,7 +236,7 @@ TEST_F(ChartSheetTest, MarginsThatLeaveNoRoomAreSaid) {
 }
 
 TEST_F(ChartSheetTest, LongTextsEndBeforeTheirNeighbours) {
-  workspace.textsOf(ProjectKind::Triaxial).projectName = {std::string(120, 'x'), false, "P1"};
+  workspace.dataOf(ProjectKind::Triaxial).projectName = {std::string(120, 'x'), false, "P1"};
   SetText(workspace.TriaxialSampleTable[0].sampleNo, "12345678901234");
   SetText(location(0).samplingDepth, "123456789012345");
   texts.slot[5] = std::string(25, 'l');

@@ -23,8 +23,8 @@ struct FrameTest : PageTest {
 
 TEST_F(FrameTest, EveryTextAtItsPlace) {
   SetText(workspace.TriaxialSampleTable[0].testDate, "2024-05-06");
-  workspace.textsOf(ProjectKind::Triaxial).projectName = {kGbkName, false, "P1"};
-  workspace.textsOf(ProjectKind::Triaxial).secondTitleLine = {"D-7", false, "P1"};
+  workspace.dataOf(ProjectKind::Triaxial).projectName = {kGbkName, false, "P1"};
+  workspace.dataOf(ProjectKind::Triaxial).secondTitleLine = {"D-7", false, "P1"};
   SetText(workspace.processingDate.year, "2024");
   SetText(workspace.processingDate.month, "05");
   SetText(workspace.processingDate.day, "09");
@@ -112,10 +112,10 @@ TEST_F(FrameTest, ALongProjectNumberHasTheLineForItself) {
 }
 
 TEST_F(FrameTest, ALongNameEndsAtTheMargin) {
-  workspace.textsOf(ProjectKind::Triaxial).projectName = {std::string(100, 'x'), true, ""};
+  workspace.dataOf(ProjectKind::Triaxial).projectName = {std::string(100, 'x'), true, ""};
   // 110 bytes of 105 twips in the 10900 from 600 to 11500; 100 bytes have room.
   EXPECT_THAT(fontsOf(firstPage(), "工程名称"), ElementsAre(Font{.stretch = 10900.0 / 11550.0}));
-  workspace.textsOf(ProjectKind::Triaxial).projectName.text = std::string(90, 'x');
+  workspace.dataOf(ProjectKind::Triaxial).projectName.text = std::string(90, 'x');
   EXPECT_THAT(fontsOf(firstPage(), "工程名称"), ElementsAre(Font{}));
 }
 
@@ -150,12 +150,12 @@ TEST_F(FrameTest, TheLaboratorysWordForTheProjectNumber) {
 }
 
 TEST_F(FrameTest, TheControlledNumberElseThatOfTheForm) {
-  SetText(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo, "SK-01");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo, "SK-01");
   habits.formNumber = "B-9";
   EXPECT_THAT(textsAt(firstPage(), 600, 300), IsEmpty());
   habits.controlledDocNo = true;
   EXPECT_THAT(textsAt(firstPage(), 600, 300), ElementsAre("SK-01"));
-  workspace.textsOf(ProjectKind::Triaxial).controlledDocNo.clear();
+  workspace.dataOf(ProjectKind::Triaxial).controlledDocNo.clear();
   EXPECT_THAT(textsAt(firstPage(), 600, 300), ElementsAre("B-9"));
 }
 
@@ -188,7 +188,7 @@ TEST_F(FrameTest, EachPageHasTheTitlesOfItsFirstSamplesProject) {
   sample(1, kCU, "A-2");
   sample(2, kCU, "A-3", "P2");
   writeSummary(folder, "P2", kGbkName, "D-2");
-  workspace.textsOf(ProjectKind::Triaxial).projectName = {"Dam", false, "P1"};
+  workspace.dataOf(ProjectKind::Triaxial).projectName = {"Dam", false, "P1"};
   const auto pages = print();
   EXPECT_THAT(textsAt(pages.at(0).drawing, 600, 1600), ElementsAre("工程名称: Dam"));
   EXPECT_THAT(textsAt(pages.at(0).drawing, 7800, 15350), IsEmpty());
@@ -201,7 +201,7 @@ TEST_F(FrameTest, ATypedTitleIsThatOfEveryProject) {
   sample(1, kCU, "A-2");
   sample(2, kCU, "A-3", "P2");
   writeSummary(folder, "P2", kGbkName, "D-2");
-  workspace.textsOf(ProjectKind::Triaxial).projectName = {"Dam", true, "P1"};
+  workspace.dataOf(ProjectKind::Triaxial).projectName = {"Dam", true, "P1"};
   EXPECT_THAT(textsAt(print().at(1).drawing, 600, 1600), ElementsAre("工程名称: Dam"));
 }
 
@@ -211,8 +211,8 @@ TEST_F(FrameTest, EnglishWhereThereAreEnglishWords) {
   SetText(workspace.processingDate.month, "5");
   SetText(workspace.processingDate.day, "9");
   SetText(workspace.TriaxialSampleTable[0].testDate, "2024-05-06");
-  SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].boreholeNo, "ZK1");
-  SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingDepth, "3.5");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].boreholeNo, "ZK1");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingDepth, "3.5");
   toggles.printSamplingSpot = true;
   const Drawing page = firstPage();
   // 30 letters of 190 twips, as the Chinese title.

@@ -16,7 +16,7 @@ struct SinglePageTest : PageTest {
     layout = &kSinglePage;
     sample(0, kCU, "A-1");
   }
-  SampleLocation& location() { return workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0]; }
+  SampleLocation& location() { return workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0]; }
 };
 
 TEST_F(SinglePageTest, TheTextsOfThePage) {

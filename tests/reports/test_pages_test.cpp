@@ -15,7 +15,7 @@ constexpr const char* kGbkName = "\xB4\xF3\xB0\xD3";  // 大坝
 struct TestPagesTest : PageTest {
   TestPagesTest() { layout = &kK0Results; }
   LaboratoryHabits& habits = workspace.settings.habits;
-  DocumentTexts& texts = workspace.textsOf(ProjectKind::K0);
+  DocumentData& texts = workspace.dataOf(ProjectKind::K0);
 
   void sample(std::size_t row, std::string_view sampleNo, std::string_view projectNo = "P1") {
     SetText(workspace.K0SampleTable[row].projectNo, projectNo);

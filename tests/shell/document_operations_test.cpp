@@ -60,12 +60,12 @@ TEST(DocumentOperations, ADamagedSummaryFileIsARemark) {
 TEST(DocumentOperations, AnImportIsReducedAndDropsTheDocumentNumber) {
   Lab lab;
   lab.workspace.TriaxialSampleTable[0] = sample("P1", "A-1");
-  lab.workspace.rawImportPending = true;
-  SetText(lab.workspace.textsOf(ProjectKind::Triaxial).controlledDocNo, "QR-07");
+  lab.workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
+  SetText(lab.workspace.dataOf(ProjectKind::Triaxial).controlledDocNo, "QR-07");
   EXPECT_EQ(importedDocument(lab.workspace, documentKindOf(kForm1)), Remarks{});
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].failureRadius[0].trimmed(), "30");
-  EXPECT_TRUE(lab.workspace.textsOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
-  EXPECT_TRUE(lab.workspace.rawImportPending);
+  EXPECT_TRUE(lab.workspace.dataOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
+  EXPECT_TRUE(lab.workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
 }
 
 TEST(DocumentOperations, ShowingAPageFindsTheEffectiveEnvelopeOfEverySample) {

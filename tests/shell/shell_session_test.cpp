@@ -125,26 +125,26 @@ TEST_F(Shell, TheMenuFollowsTheDocument) {
 TEST_F(Shell, NewShowsAnEmptyDocument) {
   Workspace& workspace = lab.workspace;
   workspace.TriaxialSampleTable[1000] = sample("P1", "A-1");
-  SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[3].boreholeNo, "ZK1");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[3].boreholeNo, "ZK1");
   SetText(workspace.ProjectDateTable[100].projectNo, "P1");
   SetText(workspace.processingDate.year, "2012");
-  SetText(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo, "QR-07");
-  workspace.textsOf(ProjectKind::Triaxial).projectName.text = "name";
-  workspace.textsOf(ProjectKind::Triaxial).secondTitleLine.text = "line";
-  workspace.rawImportPending = true;
+  SetText(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo, "QR-07");
+  workspace.dataOf(ProjectKind::Triaxial).projectName.text = "name";
+  workspace.dataOf(ProjectKind::Triaxial).secondTitleLine.text = "line";
+  workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
 
   EXPECT_TRUE(shell.trigger("NEW"));
 
   EXPECT_THAT(windows.take(), ElementsAre("load 1"));
   EXPECT_FALSE(isLive(workspace.TriaxialSampleTable[1000]));
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[3], SampleLocation{});
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[3], SampleLocation{});
   EXPECT_EQ(workspace.ProjectDateTable[100], ProjectDate{});
   EXPECT_FALSE(workspace.processingDate.isSet());
-  EXPECT_TRUE(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).projectName.text +
-                workspace.textsOf(ProjectKind::Triaxial).secondTitleLine.text,
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectName.text +
+                workspace.dataOf(ProjectKind::Triaxial).secondTitleLine.text,
             "");
-  EXPECT_FALSE(workspace.rawImportPending);
+  EXPECT_FALSE(workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
   EXPECT_EQ(workspace.activeDocument, kForm1);
   EXPECT_TRUE(isOn("QUXIAN"));
 }
@@ -291,14 +291,14 @@ TEST_F(Shell, SampleListsHaveTheWindowOfTheirKind) {
 TEST_F(Shell, AnImportIsPreparedAndShown) {
   windows.inImporter = [&]() -> std::optional<Remarks> {
     lab.workspace.TriaxialSampleTable[0] = sample("P1", "A-1");
-    lab.workspace.rawImportPending = true;
+    lab.workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
     return Remarks{"第 3 组不完整。"};
   };
-  SetText(lab.workspace.textsOf(ProjectKind::Triaxial).controlledDocNo, "QR-07");
+  SetText(lab.workspace.dataOf(ProjectKind::Triaxial).controlledDocNo, "QR-07");
   EXPECT_TRUE(shell.trigger("OLDSZ1"));
   EXPECT_THAT(windows.take(), ElementsAre("OPENFORM0OLD", "load 1"));
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].sigma1Failure[0].trimmed(), "160") << "100 + 60, by the opening pass";
-  EXPECT_TRUE(lab.workspace.textsOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
+  EXPECT_TRUE(lab.workspace.dataOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
   EXPECT_EQ(shell.statusTexts()[0], "第 3 组不完整。");
 }
 
@@ -346,7 +346,7 @@ std::string twoNanjingSamples() {
 
 TEST_F(Shell, ANanjingFileIsReadAsSoonAsItIsChosen) {
   dialogs.file = lab.folder.write("raw/A1.SZD", twoNanjingSamples());
-  SetText(lab.workspace.textsOf(ProjectKind::Triaxial).controlledDocNo, "QR-07");
+  SetText(lab.workspace.dataOf(ProjectKind::Triaxial).controlledDocNo, "QR-07");
   EXPECT_TRUE(shell.trigger("OPENNJ"));
   ASSERT_EQ(dialogs.fileQuestions.size(), 1U);
   EXPECT_EQ(dialogs.fileQuestions[0].title, "打开南京三轴原始数据文件");
@@ -356,8 +356,8 @@ TEST_F(Shell, ANanjingFileIsReadAsSoonAsItIsChosen) {
   EXPECT_FALSE(isLive(lab.workspace.TriaxialSampleTable[0]));
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[2].sampleNo.trimmed(), "J-2");
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[1].failureStrainLimit[0], 150) << "by the opening pass";
-  EXPECT_FALSE(lab.workspace.rawImportPending);
-  EXPECT_TRUE(lab.workspace.textsOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
+  EXPECT_FALSE(lab.workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
+  EXPECT_TRUE(lab.workspace.dataOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
   EXPECT_THAT(windows.progress, ElementsAre(std::pair(1U, 2U), std::pair(2U, 2U)));
 }
 
@@ -429,7 +429,7 @@ TEST_F(Shell, ASaveOfAnImportAsksAboutKnownSamplesEachTime) {
   lab.writeProject("P1", {sample("P1", "A-1")});
   openDocument();
   lab.workspace.TriaxialSampleTable[1] = sample("P1", "A-2");
-  lab.workspace.rawImportPending = true;
+  lab.workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
   windows.inOverwriteDialog = [](OverwriteSession& session) {
     ASSERT_EQ(session.rowCount(), 1);
     EXPECT_EQ(session.line(0).sampleNo, "A-1");
@@ -438,7 +438,7 @@ TEST_F(Shell, ASaveOfAnImportAsksAboutKnownSamplesEachTime) {
   };
   shell.trigger("ZMSAVE");
   EXPECT_THAT(windows.take(), ElementsAre("Form10"));
-  EXPECT_TRUE(lab.workspace.rawImportPending);
+  EXPECT_TRUE(lab.workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
 
   windows.inOverwriteDialog = [](OverwriteSession& session) { EXPECT_EQ(session.rowCount(), 2); };
   shell.trigger("ZMSAVE");
@@ -447,14 +447,14 @@ TEST_F(Shell, ASaveOfAnImportAsksAboutKnownSamplesEachTime) {
 
 TEST_F(Shell, ADroppedSaveSaysNothingAndKeepsTheWindow) {
   openChangedDocument();
-  lab.workspace.rawImportPending = true;
+  lab.workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
   windows.inOverwriteDialog = [](OverwriteSession& session) { session.drop(); };
   dialogs.answers = {true};
   EXPECT_FALSE(shell.mayClose(kForm1));
   EXPECT_THAT(dialogs.take(), ElementsAre(kQuestion));
   EXPECT_FALSE(lab.hasProject("P1"));
   EXPECT_TRUE(windows.form1->changed);
-  EXPECT_TRUE(lab.workspace.rawImportPending);
+  EXPECT_TRUE(lab.workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
 }
 
 TEST_F(Shell, RowsThatCannotBeSavedAreNamedInOneBoxAndStayUnsaved) {

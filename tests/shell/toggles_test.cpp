@@ -37,8 +37,8 @@ class TogglesMenu : public ::testing::Test {
     TriaxialSampleRecord& record = lab.workspace.TriaxialSampleTable[0];
     record = sample("P1", "A-1");
     SetText(record.density, "1.92");
-    SetText(lab.workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingSpot, "left bank");
-    lab.workspace.textsOf(ProjectKind::Triaxial).projectName = {"Dam", false, "P1"};
+    SetText(lab.workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingSpot, "left bank");
+    lab.workspace.dataOf(ProjectKind::Triaxial).projectName = {"Dam", false, "P1"};
   }
   /// The texts of the first page of a print job.
   std::vector<std::string> pageTexts() const {

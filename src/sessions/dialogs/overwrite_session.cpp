@@ -30,20 +30,20 @@ OverwriteSession::Line OverwriteSession::line(int index) const {
   if (sample == nullptr) return {"", rowCount() == 0 && index == 0 ? std::string(kNothingKnown) : ""};
   return {std::to_string(m_scroll + index + 1),
           gbkToUtf8(m_workspace.TriaxialSampleTable[sample->row].sampleNo.trimmed()), sample->stored, sample->coming,
-          m_workspace.keepExisting[sample->row] ? "不覆盖" : "覆盖"};
+          keepExisting()[sample->row] ? "不覆盖" : "覆盖"};
 }
 
 void OverwriteSession::flip(int index) {
-  if (const KnownSample* const sample = sampleAt(index)) m_workspace.keepExisting.flip(sample->row);
+  if (const KnownSample* const sample = sampleAt(index)) keepExisting().flip(sample->row);
 }
 
 // Only listed rows are set: a sample that is new when the save begins is written even if the import holds it twice.
 void OverwriteSession::keepAll() {
-  for (const KnownSample& sample : m_known) m_workspace.keepExisting.set(sample.row);
+  for (const KnownSample& sample : m_known) keepExisting().set(sample.row);
 }
 
 void OverwriteSession::overwriteAll() {
-  for (const KnownSample& sample : m_known) m_workspace.keepExisting.reset(sample.row);
+  for (const KnownSample& sample : m_known) keepExisting().reset(sample.row);
 }
 
 }  // namespace triaxlab

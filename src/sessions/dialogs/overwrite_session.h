@@ -53,6 +53,9 @@ class OverwriteSession {
   /// Null outside the list and the page.
   const KnownSample* sampleAt(int index) const;
 
+  /// Only triaxial samples are asked about.
+  auto& keepExisting() const { return m_workspace.dataOf(ProjectKind::Triaxial).keepExisting; }
+
   Workspace& m_workspace;
   std::vector<KnownSample> m_known;
   int m_scroll = 0;

@@ -6,8 +6,8 @@ namespace triaxlab {
 
 EditableField sampleField(Workspace& workspace, const DocumentFields& document, std::size_t row, Input input) {
   TriaxialSampleRecord& record = workspace.TriaxialSampleTable.at(row);
-  DocumentTexts& texts = workspace.textsOf(ProjectKind::Triaxial);
-  SampleLocation& location = texts.SampleDisplayTable.at(row);
+  DocumentData& data = workspace.dataOf(ProjectKind::Triaxial);
+  SampleLocation& location = data.SampleDisplayTable.at(row);
   switch (input.name) {
     case InputName::SoilName:
       return editable(record.soilName);
@@ -28,7 +28,7 @@ EditableField sampleField(Workspace& workspace, const DocumentFields& document, 
     case InputName::SecondTitleLine:
       return document.secondTitleLine();
     case InputName::ControlledDocNo:
-      return editable(texts.controlledDocNo);
+      return editable(data.controlledDocNo);
     default:
       throw std::out_of_range("an input over no field of a sample");
   }

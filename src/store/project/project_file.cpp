@@ -129,12 +129,12 @@ Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fil
   table->install(workspace);
   installDates(workspace, opened.head.header);
   workspace.projectHeader = opened.head.header;
-  DocumentTexts& texts = workspace.textsOf(kind);
-  texts.clearLocations();
-  texts.controlledDocNo = opened.endText;
-  texts.projectName = {};
-  texts.secondTitleLine = {};
-  workspace.rawImportPending = false;
+  DocumentData& data = workspace.dataOf(kind);
+  data.clearLocations();
+  data.controlledDocNo = opened.endText;
+  data.projectName = {};
+  data.secondTitleLine = {};
+  data.rawImportPending = false;
   return opened.remarks;
 }
 

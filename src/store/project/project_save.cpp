@@ -49,7 +49,7 @@ bool ProjectSave::begin(const OverwriteChooser& chooseOverwrites, const ChangesO
       continue;
     }
     loadFiles();
-    if (!m_workspace.rawImportPending || askedFor == stamps()) return true;
+    if (!m_workspace.dataOf(m_info.kind).rawImportPending || askedFor == stamps()) return true;
     askedFor = stamps();
     m_update->unlock();
     if (!askOverwrites(chooseOverwrites)) return false;
@@ -57,7 +57,7 @@ bool ProjectSave::begin(const OverwriteChooser& chooseOverwrites, const ChangesO
 }
 
 bool ProjectSave::askOfEmptyTable(const OverwriteChooser& chooseOverwrites) {
-  return !m_workspace.rawImportPending || askOverwrites(chooseOverwrites);
+  return !m_workspace.dataOf(m_info.kind).rawImportPending || askOverwrites(chooseOverwrites);
 }
 
 void ProjectSave::finish() {
@@ -68,7 +68,7 @@ void ProjectSave::finish() {
   std::vector<std::filesystem::path> written;
   for (const auto& [name, saved] : m_projects) {
     if (!saved.project) continue;
-    saved.project->finish(m_workspace.textsOf(m_info.kind).controlledDocNo);
+    saved.project->finish(m_workspace.dataOf(m_info.kind).controlledDocNo);
     if (saved.summary) saved.summary->finish();
     if (saved.project->isWritten()) written.push_back(saved.path);
     for (const std::string& remark : saved.project->remarks()) m_remarks.push_back(remark);
@@ -167,7 +167,7 @@ void ProjectSave::keepCopies() {
   const std::uint64_t room = 2 * m_update->pendingBytes();
   for (const auto& [name, saved] : m_projects) {
     if (!saved.project || !saved.project->isWritten()) continue;
-    const bool replaces = m_workspace.rawImportPending && saved.project->replacesStored();
+    const bool replaces = m_workspace.dataOf(m_info.kind).rawImportPending && saved.project->replacesStored();
     for (const std::string& remark :
          keepCopy(m_workspace, saved.path, room, replaces ? CopyOf::OwnStates : CopyOf::OthersStates))
       m_remarks.push_back(remark);

@@ -18,7 +18,7 @@ constexpr std::array kBoxFields{kYearField, kMonthField, kDayField};
 std::string boxText(const Workspace& workspace, const ProjectKindInfo& info, const SettingsFile& settings,
                     std::size_t box) {
   if (info.boxesHoldDate) return workspace.dateText(box);
-  return workspace.textsOf(info.kind).typedDateTexts.at(box).value_or(settings.readText(kBoxFields.at(box)));
+  return workspace.dataOf(info.kind).typedDateTexts.at(box).value_or(settings.readText(kBoxFields.at(box)));
 }
 
 /// The texts of the boxes go into the settings behind each save. The samples don't depend on it.

@@ -23,7 +23,7 @@ TriaxialSave::~TriaxialSave() {
 }
 
 bool TriaxialSave::askOverwrites(const OverwriteChooser& chooseOverwrites) {
-  workspace().keepExisting.reset();
+  workspace().dataOf(ProjectKind::Triaxial).keepExisting.reset();
   std::vector<KnownSample> known;
   const auto stored = std::make_unique<TriaxialSampleRecord>();
   for (const SaveableRow& row : rows())
@@ -35,7 +35,8 @@ bool TriaxialSave::askOverwrites(const OverwriteChooser& chooseOverwrites) {
 }
 
 void TriaxialSave::overwrite(const SaveableRow& saved, std::uint32_t position) {
-  if (workspace().rawImportPending && workspace().keepExisting[saved.row]) return;
+  const DocumentData& data = workspace().dataOf(ProjectKind::Triaxial);
+  if (data.rawImportPending && data.keepExisting[saved.row]) return;
   if (workspace().settings.toggles.mergePressures) {
     mergeRow(saved, position);
   } else {

@@ -17,22 +17,22 @@ namespace {
 
 /// Until they are typed over, the titles belong to this project: also when its file doesn't exist yet and the name is
 /// that of the imported database, but not when the file can't be read, so that no save blanks what it holds.
-void readTitles(const Workspace& workspace, DocumentTexts& texts, const std::string& projectNo) {
-  texts.projectName.projectNo.clear();
-  texts.secondTitleLine.projectNo.clear();
+void readTitles(const Workspace& workspace, DocumentData& data, const std::string& projectNo) {
+  data.projectName.projectNo.clear();
+  data.secondTitleLine.projectNo.clear();
   const std::filesystem::path path = summaryPath(workspace, projectNo);
   if (fileExists(path)) {
     const File file = File::below(workspace.dataFolder, path, File::Mode::Read);
     const SummaryHead head = readSummaryHead(readerOf(file), path);
-    texts.projectName.text = head.header.projectName.trimmed();
-    texts.secondTitleLine.text = head.header.secondTitleLine.trimmed();
+    data.projectName.text = head.header.projectName.trimmed();
+    data.secondTitleLine.text = head.header.secondTitleLine.trimmed();
   } else {
-    texts.projectName.text.clear();
-    texts.secondTitleLine.text.clear();
+    data.projectName.text.clear();
+    data.secondTitleLine.text.clear();
   }
-  if (Trim(texts.projectName.text).empty()) texts.projectName.text = workspace.importedProjectName(projectNo);
-  texts.projectName.projectNo = texts.secondTitleLine.projectNo = projectNo;
-  texts.projectName.typed = texts.secondTitleLine.typed = false;
+  if (Trim(data.projectName.text).empty()) data.projectName.text = workspace.importedProjectName(projectNo);
+  data.projectName.projectNo = data.secondTitleLine.projectNo = projectNo;
+  data.projectName.typed = data.secondTitleLine.typed = false;
 }
 
 /// The sampling depths of some samples: of several records of one number the first counts, where of the locations the
@@ -91,7 +91,7 @@ namespace {
 void readProject(Workspace& workspace, ProjectKind kind, std::string_view projectNo, const ProjectRows& project) {
   FirstDepths depths(project.rows.size());
   visitLocations(workspace, projectNo, project.sampleNumbers, [&](std::size_t i, const SampleLocation& location) {
-    workspace.textsOf(kind).SampleDisplayTable[project.rows[i]] = location;
+    workspace.dataOf(kind).SampleDisplayTable[project.rows[i]] = location;
     depths.add(i, location);
   });
   const auto takeDepth = infoOf(kind).takeDepth;
@@ -103,7 +103,7 @@ void readProject(Workspace& workspace, ProjectKind kind, std::string_view projec
 
 Remarks readLocations(Workspace& workspace, ProjectKind kind) {
   const SampleRows table(workspace, kind);
-  DocumentTexts& texts = workspace.textsOf(kind);
+  DocumentData& data = workspace.dataOf(kind);
   std::map<std::string, ProjectRows, std::less<>> projects;
   std::optional<std::string> firstProject;
   for (std::size_t row = 0; row < table.size(); ++row) {
@@ -121,7 +121,7 @@ Remarks readLocations(Workspace& workspace, ProjectKind kind) {
       if (std::find(remarks.begin(), remarks.end(), error.what()) == remarks.end()) remarks.emplace_back(error.what());
     }
   };
-  if (firstProject) remarkOn([&] { readTitles(workspace, texts, *firstProject); });
+  if (firstProject) remarkOn([&] { readTitles(workspace, data, *firstProject); });
   for (const auto& project : projects) remarkOn([&] { readProject(workspace, kind, project.first, project.second); });
   return remarks;
 }

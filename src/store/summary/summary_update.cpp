@@ -108,7 +108,7 @@ bool SummaryUpdate::put(const SampleRows& rows, std::size_t row) {
     m_positions.emplace(sampleNo, k);
     SetText(m_head.header.sampleCount, FormatPadded(++m_head.sampleCount, 4));
   }
-  const SampleLocation& location = m_workspace.textsOf(m_kind).SampleDisplayTable[row];
+  const SampleLocation& location = m_workspace.dataOf(m_kind).SampleDisplayTable[row];
   SetText(summary.sequenceNo, FormatPadded(static_cast<std::int64_t>(k) + 1, 4));
   SetText(summary.sampleNo, sampleNo);
   summary.boreholeNo = boreholeOnFile(location, m_workspace.settings.habits.trialPitNumber);
@@ -126,11 +126,11 @@ bool SummaryUpdate::put(const SampleRows& rows, std::size_t row) {
 
 void SummaryUpdate::finish() {
   if (!m_written) return;
-  const DocumentTexts& texts = m_workspace.textsOf(m_kind);
-  setTitle(m_head.header.projectName, texts.projectName, m_projectNo);
-  if (!texts.projectName.typed && m_head.header.projectName.isBlank())
+  const DocumentData& data = m_workspace.dataOf(m_kind);
+  setTitle(m_head.header.projectName, data.projectName, m_projectNo);
+  if (!data.projectName.typed && m_head.header.projectName.isBlank())
     SetText(m_head.header.projectName, m_workspace.importedProjectName(m_projectNo));
-  setTitle(m_head.header.secondTitleLine, texts.secondTitleLine, m_projectNo);
+  setTitle(m_head.header.secondTitleLine, data.secondTitleLine, m_projectNo);
   writeHeader();
 }
 

@@ -105,14 +105,14 @@ TEST_F(Browser, CellsOutsideTheGridAreEmpty) {
 TEST_F(Browser, OpensTheProjectOfTheCurrentRow) {
   lab.writeProject("A1", {sample("A1", "1")});
   lab.writeProject("A2", {sample("A2", "1"), sample("A2", "2")});
-  lab.workspace.rawImportPending = true;
+  lab.workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
   BrowserSession session = browser();
   session.setCurrentCell(2, 4);
   EXPECT_FALSE(session.opened().has_value());
   EXPECT_TRUE(session.open());
   EXPECT_EQ(session.opened(), Remarks{});
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[1].projectNo.trimmed(), "A2");
-  EXPECT_FALSE(lab.workspace.rawImportPending);
+  EXPECT_FALSE(lab.workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
   EXPECT_EQ(lab.workspace.processingDate.year.view(), "2024");
   EXPECT_EQ(lab.workspace.processingDate.month.view(), "03");
 }
@@ -224,13 +224,13 @@ TEST_F(BrowserOfAnyKind, AnEmptyRowShowsTheMessageUnderTheTitleOfItsKind) {
 
 TEST_F(BrowserOfAnyKind, AnOldestTriaxialFileOpensIntoTheTriaxialTable) {
   lab.writeSamples(ProjectKind::OldTriaxial, "P1", {"A-1", "A-2"});
-  lab.workspace.rawImportPending = true;
+  lab.workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
   BrowserSession session = browserOf(ProjectKind::OldTriaxial);
   EXPECT_TRUE(session.open());
   ASSERT_TRUE(session.opened().has_value());
   EXPECT_EQ(lab.workspace.TriaxialSampleTable[1].sampleNo.trimmed(), "A-2");
   EXPECT_FALSE(isLive(lab.workspace.TriaxialSampleTable[2]));
-  EXPECT_FALSE(lab.workspace.rawImportPending);
+  EXPECT_FALSE(lab.workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
   EXPECT_EQ(documentOfTests(ProjectKind::OldTriaxial).document, kForm1);
 }
 

@@ -163,7 +163,7 @@ TEST_F(Selection, ReadsTheMarkedRows) {
   EXPECT_EQ(selection.read(dialogs)->sampleRows, 2U);
   EXPECT_EQ(row(0).sampleNo.trimmed(), "S-2");  // in the order of the grid
   EXPECT_EQ(row(1).sampleNo.trimmed(), "S-3");
-  EXPECT_TRUE(workspace.rawImportPending);
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
 }
 
 TEST_F(Selection, AllRowsAreMarkedAtOnce) {
@@ -262,7 +262,7 @@ TEST_F(OneProject, ReadingStaysOnWhenTheLastMarkIsGoneAndSaysSo) {
   EXPECT_EQ(selection.state().label2, "选中工程:");
   EXPECT_EQ(selection.read(dialogs), std::nullopt);
   EXPECT_EQ(dialogs.messages, std::vector<std::string>{"打开K0试验原始数据|对不起，你没有选中数据"});
-  EXPECT_FALSE(workspace.rawImportPending);
+  EXPECT_FALSE(workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
 }
 
 TEST_F(OneProject, AnImportWithoutAK0StationShowsItsMessage) {

@@ -117,26 +117,28 @@ TEST_F(Overwrite, ShowsNumbersInChinese) {
 TEST_F(Overwrite, AClickTurnsTheAnswerOver) {
   OverwriteSession form10 = session(3);
   form10.flip(1);
-  EXPECT_TRUE(workspace.keepExisting[2]);
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).keepExisting[2]);
   EXPECT_EQ(form10.line(1).answer, "不覆盖");
   form10.flip(1);
-  EXPECT_FALSE(workspace.keepExisting[2]);
+  EXPECT_FALSE(workspace.dataOf(ProjectKind::Triaxial).keepExisting[2]);
   EXPECT_EQ(form10.line(1).answer, "覆盖");
 }
 
 TEST_F(Overwrite, AClickOutsideTheListDoesNothing) {
   OverwriteSession form10 = session(3);
   for (const int index : {-1, 3, 19, 20, 100}) form10.flip(index);
-  EXPECT_TRUE(workspace.keepExisting.none());
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).keepExisting.none());
 }
 
 TEST_F(Overwrite, AllAndNoneReachTheListedRowsAlone) {
   OverwriteSession form10 = session(3);
   form10.keepAll();
-  EXPECT_EQ(workspace.keepExisting.count(), 3U);
-  EXPECT_TRUE(workspace.keepExisting[0] && workspace.keepExisting[2] && workspace.keepExisting[4]);
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).keepExisting.count(), 3U);
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).keepExisting[0] &&
+              workspace.dataOf(ProjectKind::Triaxial).keepExisting[2] &&
+              workspace.dataOf(ProjectKind::Triaxial).keepExisting[4]);
   form10.overwriteAll();
-  EXPECT_TRUE(workspace.keepExisting.none());
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).keepExisting.none());
 }
 
 TEST_F(Overwrite, ScrollsAListOfMoreThanTwentyRows) {
@@ -151,7 +153,7 @@ TEST_F(Overwrite, ScrollsAListOfMoreThanTwentyRows) {
   EXPECT_EQ(form10.line(0), (Line{"6", "11", {}, {}, "覆盖"}));
   EXPECT_EQ(form10.line(19), (Line{"25", "49", {}, {}, "覆盖"}));
   form10.flip(0);
-  EXPECT_TRUE(workspace.keepExisting[10]);
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).keepExisting[10]);
   form10.setScroll(-3);
   EXPECT_EQ(form10.scroll(), 0);
 }
@@ -166,7 +168,7 @@ TEST_F(Overwrite, AShortOrEmptyListDoesNotScroll) {
   EXPECT_EQ(empty.line(1), Line{});
   empty.flip(0);
   empty.keepAll();
-  EXPECT_TRUE(workspace.keepExisting.none());
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).keepExisting.none());
 }
 
 }  // namespace

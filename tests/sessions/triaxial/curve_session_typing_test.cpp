@@ -52,11 +52,11 @@ TEST_F(CurveSessionTyping, LocationBelongsToTheRowOfTheSample) {
   session.edit({InputName::Borehole}, "ZK-12");
   session.edit({InputName::SamplingDepth}, "3.0-3.2");
   session.edit({InputName::SamplingSpot}, "1号楼");
-  const SampleLocation& location = workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[1];
+  const SampleLocation& location = workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[1];
   EXPECT_EQ(location.boreholeNo.view(), padded("ZK-12", 15));
   EXPECT_EQ(location.samplingDepth.view(), padded("3.0-3.2", 15));
   EXPECT_EQ(location.samplingSpot.view(), padded("1\xBA\xC5\xC2\xA5", 30));
-  EXPECT_TRUE(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0] == SampleLocation{});
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0] == SampleLocation{});
   EXPECT_EQ(session.state().samplingSpot, "1号楼");
   session.selectListCell(2);
   EXPECT_EQ(session.state().samplingSpot, "");
@@ -98,16 +98,16 @@ TEST_F(CurveSessionTyping, TheBoxOverAnotherRowShowsThatRow) {
 }
 
 TEST_F(CurveSessionTyping, TitleTextsAreMarkedTyped) {
-  workspace.textsOf(ProjectKind::Triaxial).projectName.text = "\xC0\xB4";
+  workspace.dataOf(ProjectKind::Triaxial).projectName.text = "\xC0\xB4";
   EXPECT_EQ(session.state().projectName, "来");
-  EXPECT_FALSE(workspace.textsOf(ProjectKind::Triaxial).projectName.typed);
+  EXPECT_FALSE(workspace.dataOf(ProjectKind::Triaxial).projectName.typed);
   session.edit({InputName::ProjectName}, std::string(200, 'n'));
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).projectName.text, std::string(120, 'n'));
-  EXPECT_TRUE(workspace.textsOf(ProjectKind::Triaxial).projectName.typed);
-  EXPECT_FALSE(workspace.textsOf(ProjectKind::Triaxial).secondTitleLine.typed);
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectName.text, std::string(120, 'n'));
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).projectName.typed);
+  EXPECT_FALSE(workspace.dataOf(ProjectKind::Triaxial).secondTitleLine.typed);
   session.edit({InputName::SecondTitleLine}, std::string(100, '7'));
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).secondTitleLine.text, std::string(60, '7'));
-  EXPECT_TRUE(workspace.textsOf(ProjectKind::Triaxial).secondTitleLine.typed);
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).secondTitleLine.text, std::string(60, '7'));
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).secondTitleLine.typed);
   EXPECT_EQ(session.state().secondTitleLine, std::string(60, '7'));
 }
 
@@ -135,12 +135,12 @@ TEST_F(CurveSessionTyping, ShowingTheBoxesSetsNoDate) {
 
 TEST_F(CurveSessionTyping, TheDocumentNumberIsKeptWhetherItsBoxShowsOrNot) {
   EXPECT_FALSE(session.state().controlledDocNoVisible);
-  SetText(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo, "QR-7");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo, "QR-7");
   EXPECT_EQ(session.state().controlledDocNo, "QR-7");
   workspace.settings.habits.controlledDocNo = true;
   EXPECT_TRUE(session.state().controlledDocNoVisible);
   session.edit({InputName::ControlledDocNo}, std::string(101, 'd'));
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo.view(), std::string(100, 'd'));
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo.view(), std::string(100, 'd'));
 }
 
 TEST_F(CurveSessionTyping, EveryFieldTakesItsWidthOfAHugePaste) {
@@ -157,7 +157,7 @@ TEST_F(CurveSessionTyping, EveryFieldTakesItsWidthOfAHugePaste) {
   EXPECT_EQ(sample.density.view(), "88888");
   EXPECT_EQ(sample.cellPressure[0].view(), "888888");
   EXPECT_EQ(sample.cellPressure[1].trimmed(), "200");
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingSpot.view(), std::string(30, '8'));
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingSpot.view(), std::string(30, '8'));
 }
 
 TEST_F(CurveSessionTyping, CharactersOutsideGbkAndControlCharactersAreNotTaken) {

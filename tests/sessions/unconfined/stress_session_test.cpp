@@ -263,24 +263,24 @@ TEST_F(Unconfined, TheNamesThatSignComeFromTheSettings) {
   settings.writeText({970, 60}, "Li Si");
   StressSession session(workspace);
   EXPECT_THAT(session.listedState().dateTexts, ElementsAre("Zhang San", "Li Si", ""));
-  EXPECT_FALSE(workspace.textsOf(ProjectKind::Unconfined).typedDateTexts[0]) << "filling a box is no typing";
+  EXPECT_FALSE(workspace.dataOf(ProjectKind::Unconfined).typedDateTexts[0]) << "filling a box is no typing";
   session.edit({ListedInputName::DateText, 0}, "2024 Wang");
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Unconfined).typedDateTexts[0], "2024 Wang");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Unconfined).typedDateTexts[0], "2024 Wang");
   EXPECT_EQ(workspace.processingDate.year.trimmed(), "2024");
   session.edit({ListedInputName::DateText, 0}, "Wang");
   EXPECT_TRUE(workspace.processingDate.year.isBlank());
-  EXPECT_FALSE(workspace.textsOf(ProjectKind::Triaxial).typedDateTexts[0]);
+  EXPECT_FALSE(workspace.dataOf(ProjectKind::Triaxial).typedDateTexts[0]);
   EXPECT_TRUE(session.isChanged());
 }
 
 TEST_F(Unconfined, NameAndArchiveNumberAreThoseOfTheDocument) {
-  workspace.textsOf(ProjectKind::Unconfined).projectName.text = "bridge";
-  workspace.textsOf(ProjectKind::Triaxial).projectName.text = "tunnel";
+  workspace.dataOf(ProjectKind::Unconfined).projectName.text = "bridge";
+  workspace.dataOf(ProjectKind::Triaxial).projectName.text = "tunnel";
   StressSession session(workspace);
   EXPECT_EQ(session.listedState().projectName, "bridge");
   session.edit({ListedInputName::SecondTitleLine}, "A-17");
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Unconfined).secondTitleLine.text, "A-17");
-  EXPECT_TRUE(workspace.textsOf(ProjectKind::Unconfined).secondTitleLine.typed);
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Unconfined).secondTitleLine.text, "A-17");
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Unconfined).secondTitleLine.typed);
 }
 
 // ---- the rest

@@ -54,18 +54,18 @@ TEST_F(DamagedFiles, ATriaxialProjectCutAnywhereOpensWithWhatIsThere) {
     EXPECT_EQ(openProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", nullptr).size(), 1U) << size;
     EXPECT_EQ(isLive(row(0)), size >= second);
     EXPECT_FALSE(isLive(row(1)));
-    EXPECT_TRUE(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
+    EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
   }
   write("HSZS/WKSZP1.txt", whole.substr(0, end + 1));
   EXPECT_TRUE(openProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", nullptr).empty());
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo.trimmed(), "Q") << "what is there of the end text";
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo.trimmed(), "Q") << "what is there of the end text";
 }
 
 TEST_F(DamagedFiles, AProjectThatCanNotBeReadChangesNothing) {
   setRow(0, triaxialBytes("BEFORE", "S1"));
   SetText(workspace.processingDate.year, "1999");
   SetText(workspace.ProjectDateTable[0].projectNo, "BEFORE");
-  workspace.rawImportPending = true;
+  workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
   const std::string blankCount = headerBytes({"", "P1"}), wordCount = headerBytes({"many", "P1"});
   for (const std::string& damaged :
        {std::string(), blankCount, wordCount, blankCount.substr(0, 80), std::string(500, '\0')}) {
@@ -80,7 +80,7 @@ TEST_F(DamagedFiles, AProjectThatCanNotBeReadChangesNothing) {
   EXPECT_EQ(row(0).projectNo.trimmed(), "BEFORE");
   EXPECT_EQ(workspace.processingDate.year.view(), "1999");
   EXPECT_EQ(workspace.ProjectDateTable[0].projectNo.trimmed(), "BEFORE");
-  EXPECT_TRUE(workspace.rawImportPending);
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
 }
 
 TEST_F(DamagedFiles, ACountBeyondTheEndIsBlankRecordsAndARemark) {
@@ -110,7 +110,7 @@ TEST_F(DamagedFiles, AnEndTextWhereASampleIsClaimedIsACutSample) {
   write("HSZS/WKSZP1.txt", content);
   EXPECT_THAT(openProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", nullptr),
               ::testing::ElementsAre(HasSubstr("第 2 个只剩一部分")));
-  EXPECT_TRUE(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
   setRow(0, triaxialBytes("P1", "S2"));
   const SaveReport report = saveProject(workspace, ProjectKind::Triaxial, nullptr);
   EXPECT_THAT(report.remarks, ::testing::ElementsAre(HasSubstr("第 2 个只剩一部分")));
@@ -161,11 +161,11 @@ TEST_F(DamagedFiles, ASummaryCutAnywhereIsReadAsFarAsItGoes) {
   for (std::size_t i = 0; i < 3; ++i) setRow(i, triaxialBytes("P1", "S" + std::to_string(i + 1)));
   for (std::size_t size = 0; size < whole.size(); size += 97) {
     write("ZMSJ/KHZP1.txt", whole.substr(0, size));
-    workspace.textsOf(ProjectKind::Triaxial).clearLocations();
+    workspace.dataOf(ProjectKind::Triaxial).clearLocations();
     EXPECT_EQ(readLocations(workspace, ProjectKind::Triaxial).size(), size < kSummaryHeaderSize ? 1U : 0U) << size;
     const std::size_t records = size < kSummaryHeaderSize ? 0 : (size - kSummaryHeaderSize) / kSummaryRecordSize;
     for (std::size_t i = 0; i < 3; ++i)
-      ASSERT_EQ(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[i].boreholeNo.isBlank(), i >= records)
+      ASSERT_EQ(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[i].boreholeNo.isBlank(), i >= records)
           << size;
   }
 }

@@ -47,7 +47,7 @@ TEST_F(OpenProject, TheRecordsAreTheBytesOfTheFile) {
   put(wanted, 38366, "2024/02/28");
   EXPECT_SAME_BYTES(bytesOfRecord(row(1)), wanted);
   for (std::size_t i = 2; i < kTableRows; ++i) ASSERT_SAME_BYTES(bytesOfRecord(row(i)), emptyTriaxial());
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo.trimmed(), "QC-07");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo.trimmed(), "QC-07");
   EXPECT_EQ(askedWith, std::nullopt) << "nobody is asked for a range up to 100 samples";
 }
 
@@ -64,18 +64,18 @@ TEST_F(OpenProject, TheHeaderGivesTheDates) {
 TEST_F(OpenProject, WhatTheWorkspaceHeldBeforeIsGone) {
   setRow(5, triaxialBytes("OLD", "X"));
   SetText(workspace.ProjectDateTable[7].projectNo, "OLD");
-  SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[5].boreholeNo, "ZK5");
-  SetText(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo, "OLD");
-  workspace.textsOf(ProjectKind::Triaxial).projectName = {"old name", true, "OLD"};
-  workspace.rawImportPending = true;
+  SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[5].boreholeNo, "ZK5");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo, "OLD");
+  workspace.dataOf(ProjectKind::Triaxial).projectName = {"old name", true, "OLD"};
+  workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
   openTriaxial(headerBytes({"0000", "P1"}));
   EXPECT_SAME_BYTES(bytesOfRecord(row(5)), emptyTriaxial());
   EXPECT_TRUE(workspace.ProjectDateTable[7].projectNo.isBlank());
-  EXPECT_TRUE(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[5].boreholeNo.isBlank());
-  EXPECT_TRUE(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).projectName.text, "");
-  EXPECT_FALSE(workspace.textsOf(ProjectKind::Triaxial).projectName.typed);
-  EXPECT_FALSE(workspace.rawImportPending);
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[5].boreholeNo.isBlank());
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectName.text, "");
+  EXPECT_FALSE(workspace.dataOf(ProjectKind::Triaxial).projectName.typed);
+  EXPECT_FALSE(workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
 }
 
 TEST_F(OpenProject, ABlankCohesionTextIsMadeFromTheTenths) {

@@ -112,7 +112,7 @@ TEST_P(OtherKinds, TheNamesInTheSettingsStayAndNoDateIsStored) {
   EXPECT_EQ(settings.readText({910, 60}), "\xD5\xC5\xC8\xFD");
   EXPECT_EQ(settings.readText({970, 60}), "Li Si");
   EXPECT_EQ(settings.readText({1030, 60}), "");
-  workspace.textsOf(GetParam().kind).typedDateTexts[1] = " Wang ";
+  workspace.dataOf(GetParam().kind).typedDateTexts[1] = " Wang ";
   save();
   EXPECT_EQ(settings.readText({910, 60}), "\xD5\xC5\xC8\xFD");
   EXPECT_EQ(settings.readText({970, 60}), "Wang");
@@ -128,9 +128,9 @@ TEST_P(OtherKinds, TheTestDateIsThatOfTheProject) {
 }
 
 TEST_P(OtherKinds, AnImportAndTheTogglesChangeNothing) {
-  workspace.rawImportPending = true;
+  workspace.dataOf(GetParam().kind).rawImportPending = true;
   workspace.settings.toggles.mergePressures = true;
-  workspace.keepExisting.set();
+  workspace.dataOf(GetParam().kind).keepExisting.set();
   write(fileName(), headerBytes({"0001", "P1"}) + sample("S1"));
   std::string changed = sample("S1");
   changed.replace(100, 3, "abc");
@@ -179,7 +179,7 @@ TEST_P(OtherKinds, WhatWasSavedIsOpenedAgain) {
 // ---- The summary file
 
 TEST_P(OtherKinds, ANewSampleGetsASummaryRecordOfNameAndPlace) {
-  SampleLocation& location = workspace.textsOf(GetParam().kind).SampleDisplayTable[0];
+  SampleLocation& location = workspace.dataOf(GetParam().kind).SampleDisplayTable[0];
   SetText(location.boreholeNo, "ZK12");
   SetText(location.samplingDepth, "10.2-10.5");
   SetText(location.samplingSpot, "  north bank");
@@ -207,7 +207,7 @@ TEST_P(OtherKinds, AKnownSampleKeepsAllThatIsNotOfThisTest) {
 }
 
 TEST_P(OtherKinds, WhatTheTriaxialWindowShowsStaysOutOfTheSave) {
-  DocumentTexts& triaxial = workspace.textsOf(ProjectKind::Triaxial);
+  DocumentData& triaxial = workspace.dataOf(ProjectKind::Triaxial);
   SetText(triaxial.SampleDisplayTable[0].boreholeNo, "ZK9");
   triaxial.projectName = {.text = "another project", .typed = true, .projectNo = {}};
   triaxial.typedDateTexts[0] = "Wu";
@@ -222,13 +222,15 @@ TEST_P(OtherKinds, WhatTheTriaxialWindowShowsStaysOutOfTheSave) {
 TEST_P(OtherKinds, AnOpenedProjectLeavesTheTextsOfTheTriaxialWindow) {
   setSample(0, sample("S1"));
   save();
-  DocumentTexts& triaxial = workspace.textsOf(ProjectKind::Triaxial);
+  DocumentData& triaxial = workspace.dataOf(ProjectKind::Triaxial);
   SetText(triaxial.SampleDisplayTable[0].boreholeNo, "ZK9");
   SetText(triaxial.controlledDocNo, "QR-07");
+  triaxial.rawImportPending = true;
   triaxial.projectName.text = "another project";
   EXPECT_THAT(openProject(workspace, GetParam().kind, GetParam().prefix + "P1.txt", nullptr), IsEmpty());
   EXPECT_EQ(triaxial.SampleDisplayTable[0].boreholeNo.trimmed(), "ZK9");
   EXPECT_EQ(triaxial.controlledDocNo.trimmed(), "QR-07");
+  EXPECT_TRUE(triaxial.rawImportPending) << "its import is still to be saved";
   EXPECT_EQ(triaxial.projectName.text, "another project");
 }
 
@@ -239,9 +241,9 @@ TEST_P(OtherKinds, LocationsAreReadForTheRowsOfTheTable) {
   setSample(0, sample("S1"));
   setSample(1, sample("S2"));
   EXPECT_THAT(readLocations(workspace, GetParam().kind), IsEmpty());
-  EXPECT_TRUE(workspace.textsOf(GetParam().kind).SampleDisplayTable[0].boreholeNo.isBlank());
-  EXPECT_EQ(workspace.textsOf(GetParam().kind).SampleDisplayTable[1].boreholeNo.trimmed(), "ZK2");
-  EXPECT_EQ(workspace.textsOf(GetParam().kind).SampleDisplayTable[1].samplingDepth.trimmed(), "3.0");
+  EXPECT_TRUE(workspace.dataOf(GetParam().kind).SampleDisplayTable[0].boreholeNo.isBlank());
+  EXPECT_EQ(workspace.dataOf(GetParam().kind).SampleDisplayTable[1].boreholeNo.trimmed(), "ZK2");
+  EXPECT_EQ(workspace.dataOf(GetParam().kind).SampleDisplayTable[1].samplingDepth.trimmed(), "3.0");
 }
 
 // ---- What differs between them

@@ -14,15 +14,16 @@ class SaveImport : public StoreTest {
     stored =
         headerBytes({"0002", "I1"}) + triaxialBytes("I1", "S1") + triaxialBytes("I1", "S2") + field("QC", kEndTextSize);
     write("HSZS/WKSZI1.txt", stored);
-    workspace.rawImportPending = true;
+    workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
   }
   SaveReport save() {
     return saveProject(workspace, ProjectKind::Triaxial, [this](Workspace&, const std::vector<KnownSample>& samples) {
       known.clear();
       for (const KnownSample& sample : samples) {
         known.push_back(sample.row);
-        EXPECT_FALSE(workspace.keepExisting[sample.row]) << "writing over is the first state";
-        if (keepAll) workspace.keepExisting.set(sample.row);
+        EXPECT_FALSE(workspace.dataOf(ProjectKind::Triaxial).keepExisting[sample.row])
+            << "writing over is the first state";
+        if (keepAll) workspace.dataOf(ProjectKind::Triaxial).keepExisting.set(sample.row);
       }
       ++timesAsked;
       return !drop;
@@ -42,7 +43,7 @@ TEST_F(SaveImport, AsksAboutTheKnownSamples) {
   setRow(1, triaxialBytes("I1", "S1", 1));  // known with another method only
   setRow(2, kNewS3);
   setRow(3, triaxialBytes("I1", "S2"));
-  workspace.keepExisting.set();  // from the save before
+  workspace.dataOf(ProjectKind::Triaxial).keepExisting.set();  // from the save before
   save();
   EXPECT_THAT(known, ElementsAre(0U, 3U));
   EXPECT_EQ(timesAsked, 1);
@@ -56,11 +57,11 @@ TEST_F(SaveImport, AsksAlsoWhenNoSampleIsKnown) {
 }
 
 TEST_F(SaveImport, AsksOverAnEmptyTableToo) {
-  workspace.keepExisting.set();
+  workspace.dataOf(ProjectKind::Triaxial).keepExisting.set();
   save();
   EXPECT_EQ(timesAsked, 1);
   EXPECT_TRUE(known.empty());
-  EXPECT_TRUE(workspace.keepExisting.none());
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).keepExisting.none());
   EXPECT_SAME_BYTES(read("HSZS/WKSZI1.txt"), stored);
 }
 
@@ -76,12 +77,12 @@ TEST_F(SaveImport, AsksAgainAtTheNextSave) {
   save();
   save();
   EXPECT_EQ(timesAsked, 2);
-  EXPECT_TRUE(workspace.rawImportPending);
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
 }
 
 TEST_F(SaveImport, OtherSavesDoNotAsk) {
-  workspace.rawImportPending = false;
-  workspace.keepExisting.set();
+  workspace.dataOf(ProjectKind::Triaxial).rawImportPending = false;
+  workspace.dataOf(ProjectKind::Triaxial).keepExisting.set();
   setRow(0, kNewS1);
   save();
   EXPECT_EQ(timesAsked, 0);
@@ -96,7 +97,7 @@ TEST_F(SaveImport, ADroppedSaveWritesNothingAndLeavesTheImportPending) {
   drop = true;
   EXPECT_TRUE(save().isDropped);
   EXPECT_EQ(snapshot(), before);
-  EXPECT_TRUE(workspace.rawImportPending);
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
   drop = false;
   EXPECT_FALSE(save().isDropped);
   EXPECT_NE(snapshot(), before);
@@ -149,7 +150,7 @@ TEST_F(SaveImport, ASampleThatWasNewWhenTheSaveBeganIsNotKept) {
 }
 
 TEST_F(SaveImport, WithoutAnyoneToAskKnownSamplesAreWrittenOver) {
-  workspace.keepExisting.set();
+  workspace.dataOf(ProjectKind::Triaxial).keepExisting.set();
   setRow(0, kNewS1);
   saveProject(workspace, ProjectKind::Triaxial, nullptr);
   EXPECT_SAME_BYTES(read("HSZS/WKSZI1.txt").substr(kHeaderSize, kTriaxialSize), kNewS1);

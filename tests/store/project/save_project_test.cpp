@@ -30,7 +30,7 @@ TEST_F(SaveProject, ThreeSamplesMakeAFile) {
   setRow(0, first);
   setRow(1, second);
   setRow(7, third);
-  SetText(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo, "  QC-07");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo, "  QC-07");
   const SaveReport report = save();
   EXPECT_THAT(report.errors, IsEmpty());
   EXPECT_THAT(report.remarks, IsEmpty());
@@ -58,7 +58,7 @@ TEST_F(SaveProject, ASecondSaveWritesOverTheRecordInItsPlace) {
   std::string changed = triaxialBytes("P1", "A-2", 2, "300");
   put(changed, 306, "clay");
   setRow(0, changed);
-  SetText(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo, "NEW");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo, "NEW");
   save();
   EXPECT_SAME_BYTES(read("HSZS/WKSZP1.txt"), headerBytes({"2", "P1"}) + kept + changed + field("NEW", kEndTextSize))
       << "count and processing date stay as they were";
@@ -93,7 +93,7 @@ TEST_F(SaveProject, TheSameNumberWithAnotherMethodIsAnotherRecord) {
   const std::string stored = triaxialBytes("P1", "A-1", 2), other = triaxialBytes("P1", "A-1", 3);
   write("HSZS/WKSZP1.txt", headerBytes({"0001", "P1"}) + stored + field("TAIL", kEndTextSize));
   setRow(0, other);
-  SetText(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo, "TAIL");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo, "TAIL");
   save();
   EXPECT_SAME_BYTES(read("HSZS/WKSZP1.txt"), headerBytes({"0002", "P1"}) + stored + other + field("TAIL", kEndTextSize))
       << "the end text moves on";
@@ -225,7 +225,7 @@ TEST_F(SaveProject, TheDateTextsGoIntoTheSettings) {
 TEST_F(SaveProject, ANameTypedInADateBoxGoesIntoTheSettings) {
   setRow(0, triaxialBytes("N1", "A-1"));
   setDate("", "5", "6");
-  workspace.textsOf(ProjectKind::Triaxial).typedDateTexts[0] = "\xD5\xC5\xC8\xFD ";  // a name and a blank
+  workspace.dataOf(ProjectKind::Triaxial).typedDateTexts[0] = "\xD5\xC5\xC8\xFD ";  // a name and a blank
   save();
   const SettingsFile settings = sharedSettings(workspace);
   EXPECT_EQ(settings.readText({910, 60}), "\xD5\xC5\xC8\xFD");

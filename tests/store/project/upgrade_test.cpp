@@ -68,7 +68,7 @@ TEST_F(Upgrade, ATriaxialFileKeepsItsFieldsAndItsEndText) {
   EXPECT_SAME_BYTES(read("HSZS/WKSZP1.TXT"), oldHeader("0002", "V2.0") + upgradedTriaxial(oldTriaxial("A-1")) +
                                                  upgradedTriaxial(oldTriaxial("A-2", 5)) + endText);
   EXPECT_EQ(row(1).sampleNo.trimmed(), "A-2");
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).controlledDocNo.trimmed(), "doc 17");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo.trimmed(), "doc 17");
   EXPECT_FALSE(hasTemporary());
   EXPECT_THAT(listFiles(data("HSZS"), "", ""), ElementsAre("WKSZP1.TXT"));
 }

@@ -99,9 +99,9 @@ TEST_F(Backup, NothingForAFileThatTheRunMade) {
 TEST_F(Backup, OnlyOfFilesThatAreWritten) {
   write("HSZS/WKSZP1.txt", project("P1"));
   setRow(0, triaxialBytes("P1", "S1"));
-  workspace.rawImportPending = true;
+  workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
   saveProject(workspace, ProjectKind::Triaxial, [](Workspace& asked, const std::vector<KnownSample>& known) {
-    for (const KnownSample& sample : known) asked.keepExisting[sample.row] = true;
+    for (const KnownSample& sample : known) asked.dataOf(ProjectKind::Triaxial).keepExisting[sample.row] = true;
     return true;
   });
   EXPECT_FALSE(has("HSZS/backup"));

@@ -119,7 +119,7 @@ TEST_F(Locks, EndWithTheSave) {
 }
 
 TEST_F(Locks, NobodyWaitsForAPerson) {
-  workspace.rawImportPending = true;
+  workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
   bool wasFree = false;
   saveProject(workspace, ProjectKind::Triaxial,
               [&](Workspace&, const std::vector<KnownSample>&) { return wasFree = folderIsFree(); });
@@ -127,7 +127,7 @@ TEST_F(Locks, NobodyWaitsForAPerson) {
 }
 
 TEST_F(Locks, AFileThatChangesWhileThePersonAnswersIsReadAgain) {
-  workspace.rawImportPending = true;
+  workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
   setRow(1, triaxialBytes("P1", "S9"));
   std::vector<std::size_t> knownCounts;
   saveProject(workspace, ProjectKind::Triaxial, [&](Workspace&, const std::vector<KnownSample>& known) {

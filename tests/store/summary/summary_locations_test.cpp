@@ -22,7 +22,7 @@ std::string locatedRecord(std::string_view sampleNo, std::string_view borehole, 
 class SummaryLocations : public StoreTest {
  protected:
   std::string boreholeOf(std::size_t index) const {
-    return std::string(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[index].boreholeNo.trimmed());
+    return std::string(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[index].boreholeNo.trimmed());
   }
 };
 
@@ -33,8 +33,8 @@ TEST_F(SummaryLocations, FillTheRowsOfTheTable) {
                               locatedRecord("  S2", "ZK2", "2.0", "  south"));
   EXPECT_THAT(readLocations(workspace, ProjectKind::Triaxial), IsEmpty());
   EXPECT_EQ(boreholeOf(3), "ZK1");
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[3].samplingDepth.trimmed(), "1.0");
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingSpot.view(), field("  south", 30))
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[3].samplingDepth.trimmed(), "1.0");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingSpot.view(), field("  south", 30))
       << "copied as it stands";
 }
 
@@ -67,7 +67,7 @@ TEST_F(SummaryLocations, OfSeveralRecordsOfANumberTheFirstGivesTheDepthOfAK0Reco
                               locatedRecord("S1", "ZK2", "2.0", ""));
   readLocations(workspace, ProjectKind::K0);
   EXPECT_EQ(workspace.K0SampleTable[0].samplingDepth.trimmed(), "1.0");
-  EXPECT_EQ(workspace.textsOf(ProjectKind::K0).SampleDisplayTable[0].samplingDepth.trimmed(), "2.0");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::K0).SampleDisplayTable[0].samplingDepth.trimmed(), "2.0");
   EXPECT_TRUE(workspace.K0SampleTable[1].samplingDepth.isBlank()) << "the file doesn't know it";
   EXPECT_EQ(lookupSamplingDepth(workspace, "P1", "S1"), "1.0");
   EXPECT_EQ(lookupSamplingDepth(workspace, "P1", "S2"), "");
@@ -123,23 +123,23 @@ TEST_F(SummaryLocations, TheTitlesAreThoseOfTheFirstLiveRowsProject) {
   std::string header = newSummaryHeaderBytes("0000", "P2");
   put(header, 416, field("Bridge", 120) + field("Lot 7", 60));
   write("ZMSJ/KHZP2.txt", header);
-  workspace.textsOf(ProjectKind::Triaxial).projectName.typed = true;
+  workspace.dataOf(ProjectKind::Triaxial).projectName.typed = true;
   readLocations(workspace, ProjectKind::Triaxial);
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).projectName.text, "Bridge");
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).secondTitleLine.text, "Lot 7");
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).projectName.projectNo, "P2");
-  EXPECT_FALSE(workspace.textsOf(ProjectKind::Triaxial).projectName.typed);
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectName.text, "Bridge");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).secondTitleLine.text, "Lot 7");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectName.projectNo, "P2");
+  EXPECT_FALSE(workspace.dataOf(ProjectKind::Triaxial).projectName.typed);
 }
 
 TEST_F(SummaryLocations, WithoutAFileTheNameIsTheImporters) {
   setRow(0, triaxialBytes("P1", "S1"));
-  workspace.textsOf(ProjectKind::Triaxial).projectName.text =
-      workspace.textsOf(ProjectKind::Triaxial).secondTitleLine.text = "of the document before";
+  workspace.dataOf(ProjectKind::Triaxial).projectName.text =
+      workspace.dataOf(ProjectKind::Triaxial).secondTitleLine.text = "of the document before";
   workspace.importedProjectNames["P1"] = "from the database";
   EXPECT_THAT(readLocations(workspace, ProjectKind::Triaxial), IsEmpty());
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).projectName.text, "from the database");
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).secondTitleLine.text, "");
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).projectName.projectNo, "P1");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectName.text, "from the database");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).secondTitleLine.text, "");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectName.projectNo, "P1");
 }
 
 TEST_F(SummaryLocations, TheNameInTheFileGoesBeforeTheImporters) {
@@ -148,11 +148,11 @@ TEST_F(SummaryLocations, TheNameInTheFileGoesBeforeTheImporters) {
   std::string header = newSummaryHeaderBytes("0000", "P1");
   write("ZMSJ/KHZP1.txt", header);
   readLocations(workspace, ProjectKind::Triaxial);
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).projectName.text, "from the database") << "the file has none";
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectName.text, "from the database") << "the file has none";
   put(header, 416, field("Bridge", 120));
   write("ZMSJ/KHZP1.txt", header);
   readLocations(workspace, ProjectKind::Triaxial);
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).projectName.text, "Bridge");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectName.text, "Bridge");
 }
 
 TEST_F(SummaryLocations, AFileThatCanNotBeReadIsARemarkAndItsTitleBelongsToNobody) {
@@ -162,7 +162,7 @@ TEST_F(SummaryLocations, AFileThatCanNotBeReadIsARemarkAndItsTitleBelongsToNobod
   write("ZMSJ/KHZP2.txt", newSummaryHeaderBytes("0001", "P2") + locatedRecord("S1", "ZK2", "", ""));
   EXPECT_THAT(readLocations(workspace, ProjectKind::Triaxial), ElementsAre(HasSubstr("KHZP1.txt")));
   EXPECT_EQ(boreholeOf(1), "ZK2");
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).projectName.projectNo, "");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectName.projectNo, "");
 }
 
 TEST_F(SummaryLocations, AProjectNumberThatIsNoFileNameHasNone) {

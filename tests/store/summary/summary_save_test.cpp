@@ -40,10 +40,10 @@ class SummarySave : public StoreTest {
 
 TEST_F(SummarySave, AFirstSaveMakesTheFile) {
   setRow(0, sampleBytes("S1"));
-  workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0] = {};
-  SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].boreholeNo, "ZK12");
-  SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingDepth, "10.2-10.5");
-  SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingSpot, "  north bank");
+  workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0] = {};
+  SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].boreholeNo, "ZK12");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingDepth, "10.2-10.5");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingSpot, "  north bank");
   save();
 
   std::string header = newSummaryHeaderBytes("0001", "P1");
@@ -194,12 +194,12 @@ TEST_F(SummarySave, TheToolsDateIsThatOfTheLastSample) {
 TEST_F(SummarySave, TrialPitsStandInFrontOfTheBorehole) {
   workspace.settings.habits.trialPitNumber = true;
   setRow(0, sampleBytes("S1"));
-  SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].boreholeNo, "ZK12-ABCDEF");
-  SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingSpot, "TJ0012 northern bank");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].boreholeNo, "ZK12-ABCDEF");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingSpot, "TJ0012 northern bank");
   save();
   EXPECT_EQ(record(0).substr(22, 15), "TJ0012 ZK12-ABC");
   readLocations(workspace, ProjectKind::Triaxial);
-  EXPECT_EQ(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].boreholeNo.view(), "TJ0012 ZK12-ABC");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].boreholeNo.view(), "TJ0012 ZK12-ABC");
   save();
   EXPECT_EQ(record(0).substr(22, 15), "TJ0012 ZK12-ABC") << "what was read from the file is written as it stands";
 }
@@ -207,8 +207,8 @@ TEST_F(SummarySave, TrialPitsStandInFrontOfTheBorehole) {
 TEST_F(SummarySave, ATrialPitIsNotCutInsideAChineseCharacter) {
   workspace.settings.habits.trialPitNumber = true;
   setRow(0, sampleBytes("S1"));
-  SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].boreholeNo, "1234567\xD1\xD2");
-  SetText(workspace.textsOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingSpot,
+  SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].boreholeNo, "1234567\xD1\xD2");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[0].samplingSpot,
           "\xD1\xD2\xCD\xC1\xBF\xB1\xB2\xEC");
   save();
   EXPECT_EQ(record(0).substr(22, 15), "\xD1\xD2\xCD\xC1\xBF\xB1 1234567 ");
@@ -220,8 +220,8 @@ TEST_F(SummarySave, ATrialPitIsNotCutInsideAChineseCharacter) {
 TEST_F(SummarySave, ATypedTitleGoesToEveryProject) {
   setRow(0, sampleBytes("S1"));
   setRow(1, triaxialBytes("P2", "S1"));
-  workspace.textsOf(ProjectKind::Triaxial).projectName = {"Dam", true, "P1"};
-  workspace.textsOf(ProjectKind::Triaxial).secondTitleLine = {"Lot 7", true, "P1"};
+  workspace.dataOf(ProjectKind::Triaxial).projectName = {"Dam", true, "P1"};
+  workspace.dataOf(ProjectKind::Triaxial).secondTitleLine = {"Lot 7", true, "P1"};
   save();
   for (const char* name : {"ZMSJ/KHZP1.txt", "ZMSJ/KHZP2.txt"}) {
     EXPECT_EQ(read(name).substr(416, 120), field("Dam", 120));
@@ -235,7 +235,7 @@ TEST_F(SummarySave, AnUntouchedTitleStaysWithItsProject) {
   write("ZMSJ/KHZP2.txt", header);
   setRow(0, sampleBytes("S1"));
   setRow(1, triaxialBytes("P2", "S1"));
-  workspace.textsOf(ProjectKind::Triaxial).projectName = {"Dam", false, "P1"};
+  workspace.dataOf(ProjectKind::Triaxial).projectName = {"Dam", false, "P1"};
   save();
   EXPECT_EQ(read("ZMSJ/KHZP1.txt").substr(416, 120), field("Dam", 120));
   EXPECT_EQ(read("ZMSJ/KHZP2.txt").substr(416, 120), field("  Bridge", 120));
