@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "common/gbk.h"
 #include "common/user_error.h"
 #include "platform/files.h"
@@ -19,19 +21,29 @@ PageSize sheetSize(const Report& report, const PrintJob& job) {
   return job.sideBySide() ? kA3SideBySide : report.pageSize();
 }
 
-int sendReport(Report& report, const PrintJob& job, PageDevice& device) {
-  const PageSize size = sheetSize(report, job);
-  const auto [first, last] = report.pagesOf(job);
-  DrawingSurface* sheet = nullptr;
-  for (int page = first; page <= last; ++page) {
-    const bool onTheRight = job.sideBySide() && (page - first) % 2 == 1;
-    if (!onTheRight) sheet = &device.beginPage(size);
-    PlacedSurface half(*sheet, {onTheRight ? kRightHalf : 0, 0});
-    report.drawPage(half, page);
-    if (!job.sideBySide() || onTheRight || page == last) device.endPage();
+Sheets::Sheets(Report& report, const PrintJob& job) : m_report(report), m_job(job), m_pages(report.pagesOf(job)) {}
+
+int Sheets::count() const { return (m_pages.last - m_pages.first + pagesOfSheet()) / pagesOfSheet(); }
+
+int Sheets::pagesOn(int sheets) const { return std::min(sheets * pagesOfSheet(), m_pages.last - m_pages.first + 1); }
+
+void Sheets::draw(DrawingSurface& surface, int sheet) const {
+  const int before = pagesOn(sheet - 1);
+  for (int page = before; page < pagesOn(sheet); ++page) {
+    PlacedSurface half(surface, {page == before ? 0 : kRightHalf, 0});
+    m_report.drawPage(half, m_pages.first + page);
+  }
+}
+
+int sendReport(Report& report, const PrintJob& job, PageDevice& device, const SheetProgress& goesOn) {
+  const Sheets sheets(report, job);
+  for (int sheet = 1; sheet <= sheets.count(); ++sheet) {
+    sheets.draw(device.beginPage(sheets.size()), sheet);
+    device.endPage();
+    if (goesOn && !goesOn(sheet, sheets.count())) return sheets.pagesOn(sheet);
   }
   device.finish();
-  return last - first + 1;
+  return sheets.pagesOn(sheets.count());
 }
 
 std::filesystem::path pictureFolder(const Report& report, const PrintJob& job, const Workspace& workspace) {

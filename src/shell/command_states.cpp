@@ -5,6 +5,7 @@
 #include <span>
 
 #include "shell/document_kinds.h"
+#include "shell/printing.h"
 #include "store/settings/toggles.h"
 
 namespace triaxlab {
@@ -71,7 +72,7 @@ CommandState CommandStates::of(const Command& command, const CommandContext& con
                      .checked = isChecked(command, context),
                      .caption = command.caption};
   if (command.kind == CommandKind::Submenu && !hasEntries(command)) state.visible = false;
-  if (command.action == Action::Print && !context.canPrint) state.enabled = false;
+  if (isPrintAction(command.action) && !context.hasPages(command.action)) state.enabled = false;
   if (command.name == kRatioEnvelope && !context.envelopes.ratioEnabled) state.enabled = false;
   if (command.action == Action::Intervene) {
     state.enabled = command.built && (context.intervention.possible || context.intervention.running);

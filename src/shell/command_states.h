@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -25,7 +26,8 @@ struct CommandContext {
   Toggles toggles;
   EnvelopeEntries envelopes;
   InterventionEntry intervention = {};  // of the window on which RZMGANYU acts
-  bool canPrint = true;                 // the document in front
+  /// Whether a print command has pages behind it.
+  std::function<bool(Action)> hasPages = [](Action) { return true; };
 };
 
 /// Which commands are on. Start, activation and closing of document windows each switch the commands of one table and

@@ -137,8 +137,8 @@ constexpr std::array kCommands{
 
     submenu("RZMPRINT0", "打印"),
     entry("RZMPRINT", "打印", "RZMPRINT0", A::Print),
-    later(dialog("RZMPRINT1", "设置打印", "RZMPRINT0", A::PrintSheets, "SETPRINTFORM3")),
-    later(dialog("PTK0", "打印TK0曲线", "RZMPRINT0", A::PrintTK0Curves, "SETPRINTFORM0")),
+    dialog("RZMPRINT1", "设置打印", "RZMPRINT0", A::PrintSheets, "SETPRINTFORM3"),
+    dialog("PTK0", "打印TK0曲线", "RZMPRINT0", A::PrintTK0Curves, "SETPRINTFORM0"),
     later(belowLine(entry("PEXCEL", "Excel模板输出/打印", "RZMPRINT0", A::FillTemplates))),
     submenu("RZMYULAN", "预览", "RZMPRINT0"),
 

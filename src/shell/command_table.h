@@ -23,6 +23,7 @@ enum class Action : std::uint8_t {
   Print,             // the dialog for activeDocument
   PrintSheets,       // target: dialog
   PrintTK0Curves,    // target: dialog
+  PrintTable,        // of the unconfined test; a button of its window
   SaveAsWorkbook,    //
   Save,              //
   SetSourceFolder,   // argument: openDialogKind of Form5

@@ -6,7 +6,6 @@
 
 #include "k0/opening_pass.h"
 #include "k0/settlement.h"
-#include "shell/printing.h"
 #include "shell/result_lines.h"
 #include "triaxial/opening_pass.h"
 #include "unconfined/reduction.h"
@@ -76,8 +75,7 @@ constexpr std::array kDocumentKinds{
                  .intervention = kForm1,
                  .reduce = reduceTriaxial,
                  .showPage = showTriaxialPage,
-                 .results = triaxialResultLines,
-                 .print = printCurves},
+                 .results = triaxialResultLines},
     DocumentKind{.document = kForm2,
                  .tests = ProjectKind::Triaxial,
                  .master = kForm1,

@@ -53,10 +53,6 @@ struct DocumentKind {
   ResultLines (*results)(const Workspace&) = nullptr;
   /// What the formulas give for the sample in a row beside what its record holds; null: nothing.
   void (*tellDerived)(const Workspace&, std::size_t row, FieldSink&) = nullptr;
-
-  /// Shows the print dialog of the window, which is loaded; what the status bar is to say of it. Null: this version
-  /// prints nothing of it, and 打印 is off.
-  Remarks (*print)(Workspace&, Dialogs&, ShellWindows&) = nullptr;
 };
 
 std::span<const DocumentKind> documentKinds();

@@ -14,6 +14,7 @@
 #include "sessions/dialogs/source_folder_session.h"
 #include "shell/document_operations.h"
 #include "shell/ini_settings.h"
+#include "shell/printing.h"
 #include "shell/start_up.h"
 #include "shell/tools.h"
 #include "store/project/save_project.h"
@@ -23,6 +24,7 @@ namespace triaxlab {
 namespace {
 
 constexpr std::string_view kReady = "就绪";
+constexpr std::string_view kFileMenu = "RZMFILE";
 
 }  // namespace
 
@@ -37,7 +39,9 @@ ShellSession::ShellSession(Workspace& workspace, Dialogs& dialogs, ShellWindows&
 CommandState ShellSession::commandState(const Command& command) const {
   const CurveDocument* const curves = m_windows.curveDocument();
   return m_commands.of(command, {m_workspace.settings.toggles, curves ? curves->envelopeEntries() : EnvelopeEntries{},
-                                 interventionEntry(), documentKindOf(m_workspace.activeDocument).print != nullptr});
+                                 interventionEntry(), [this](Action action) {
+                                   return printEntryOf(action, m_workspace.activeDocument) != nullptr;
+                                 }});
 }
 
 bool ShellSession::trigger(std::string_view name) {
@@ -45,6 +49,8 @@ bool ShellSession::trigger(std::string_view name) {
       Work{Action::NewDocument, &ShellSession::newDocument},
       Work{Action::OpenProject, &ShellSession::openProject},
       Work{Action::Print, &ShellSession::print},
+      Work{Action::PrintSheets, &ShellSession::print},
+      Work{Action::PrintTK0Curves, &ShellSession::print},
       Work{Action::Save, &ShellSession::saveCommand},
       Work{Action::SetSourceFolder, &ShellSession::setSourceFolder},
       Work{Action::Exit, &ShellSession::exitCommand},
@@ -215,11 +221,30 @@ void ShellSession::showImport(ActiveDocument document, Remarks remarks) {
   show(document, remarks);
 }
 
-void ShellSession::print(const Command& /*command*/) {
+void ShellSession::print(const Command& command) {
+  const PrintEntry& entry = *printEntryOf(command.action, m_workspace.activeDocument);
+  if (command.parent == kFileMenu && !entry.fileMenuRemark.empty())
+    showRemarks({std::string(entry.fileMenuRemark)});
+  else
+    print(entry);
+}
+
+void ShellSession::print(const PrintEntry& entry) {
   Remarks remarks = ReadPageSettings(m_workspace);
-  const Remarks more = documentKindOf(m_workspace.activeDocument).print(m_workspace, m_dialogs, m_windows);
+  const Remarks more = showPrintDialog(entry, m_workspace, m_dialogs, m_windows);
   remarks.insert(remarks.end(), more.begin(), more.end());
   showRemarks(remarks);
+}
+
+bool ShellSession::canPrintTable() const {
+  return printEntryOf(Action::PrintTable, m_workspace.activeDocument) != nullptr;
+}
+
+void ShellSession::printTable() {
+  m_remark.clear();
+  finishTyping();
+  run([this] { print(*printEntryOf(Action::PrintTable, m_workspace.activeDocument)); });
+  m_windows.refresh();
 }
 
 void ShellSession::saveCommand(const Command& /*command*/) { save(); }

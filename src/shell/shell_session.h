@@ -17,6 +17,8 @@
 
 namespace triaxlab {
 
+struct PrintEntry;
+
 /// The session behind the main window: what the menu offers, what a command does, which document is active, what a
 /// closing window asks.
 ///
@@ -65,6 +67,9 @@ class ShellSession {
   bool save();
   /// Opens the table of readings, Form2 or Form7, of the sample on display.
   void showTable(ActiveDocument table);
+  /// 打印数表 of the window of unconfined samples. Pre for the second: the first.
+  bool canPrintTable() const;
+  void printTable();
   /// Runs an operation; a UserError ends it, is shown, and gives false.
   template <class Operation>
   bool run(Operation&& operation) {
@@ -79,6 +84,7 @@ class ShellSession {
   void import(const Command& command);
   void openNanjingFile(const Command& command);
   void print(const Command& command);
+  void print(const PrintEntry& entry);
   void saveCommand(const Command& command);
   void exitCommand(const Command& command);
   void showCurves(const Command& command);

@@ -21,7 +21,7 @@ class OverwriteSession;
 class RangeDialog;
 class SourceFolderSession;
 class SampleListSession;
-class ThreeInOnePrintSession;
+class PrintDialogSession;
 
 /// 干预 in a document window.
 struct InterventionEntry {
@@ -42,6 +42,8 @@ class DocumentWindow {
   virtual std::array<std::string, 2> statusPanels() const = 0;
   /// The table row of the sample on display.
   virtual std::size_t sampleRow() const = 0;
+  /// Which of its load stages has a chart of its own on display, from 0.
+  virtual std::size_t stageOnDisplay() const { return 0; }
 
   virtual InterventionEntry interventionEntry() const { return {}; }
   virtual void enterIntervention() {}
@@ -75,12 +77,12 @@ class ShellWindows {
  public:
   virtual ~ShellWindows() = default;
 
-  virtual void showBrowser(BrowserSession& session) = 0;              // OPENFORM
-  virtual void showSampleList(SampleListSession& session) = 0;        // Form14, Form13
-  virtual void showRangeDialog(RangeDialog& dialog) = 0;              // Form21
-  virtual void showSourceFolder(SourceFolderSession& session) = 0;    // Form5
-  virtual void showOverwriteDialog(OverwriteSession& session) = 0;    // Form10
-  virtual void showPrintDialog(ThreeInOnePrintSession& session) = 0;  // SETPRINTFORM
+  virtual void showBrowser(BrowserSession& session) = 0;            // OPENFORM
+  virtual void showSampleList(SampleListSession& session) = 0;      // Form14, Form13
+  virtual void showRangeDialog(RangeDialog& dialog) = 0;            // Form21
+  virtual void showSourceFolder(SourceFolderSession& session) = 0;  // Form5
+  virtual void showOverwriteDialog(OverwriteSession& session) = 0;  // Form10
+  virtual void showPrintDialog(PrintDialogSession& session) = 0;    // SETPRINTFORM and its kin
   /// OPENFORM0 and its kin; a selection with nothing open is loaded. The remarks of the import; nothing when the dialog
   /// was left without 处理.
   virtual std::optional<Remarks> showImporter(ImportSelection& selection) = 0;

@@ -20,11 +20,11 @@
 #include "windows/controls/words.h"
 #include "windows/dialogs/importer_window.h"
 #include "windows/dialogs/overwrite_window.h"
+#include "windows/dialogs/print_window.h"
 #include "windows/dialogs/project_browser_window.h"
 #include "windows/dialogs/range_window.h"
 #include "windows/dialogs/sample_list_window.h"
 #include "windows/dialogs/source_folder_window.h"
-#include "windows/dialogs/triaxial_print_window.h"
 #include "windows/first_place.h"
 #include "windows/menu_bar.h"
 
@@ -113,7 +113,7 @@ void MDIForm1::showSourceFolder(SourceFolderSession& session) { Form5(this, sess
 
 void MDIForm1::showOverwriteDialog(OverwriteSession& session) { Form10(this, session).exec(); }
 
-void MDIForm1::showPrintDialog(ThreeInOnePrintSession& session) { SETPRINTFORM(this, session, m_pageDevices).exec(); }
+void MDIForm1::showPrintDialog(PrintDialogSession& session) { PrintWindow(this, session, m_pageDevices).exec(); }
 
 std::optional<Remarks> MDIForm1::showImporter(ImportSelection& selection) {
   ImporterWindow window(this, selection, m_dialogs,

@@ -46,7 +46,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   void showRangeDialog(RangeDialog& dialog) override;
   void showSourceFolder(SourceFolderSession& session) override;
   void showOverwriteDialog(OverwriteSession& session) override;
-  void showPrintDialog(ThreeInOnePrintSession& session) override;
+  void showPrintDialog(PrintDialogSession& session) override;
   std::optional<Remarks> showImporter(ImportSelection& selection) override;
   void showDocument(ActiveDocument document) override;
   void raiseDocument(ActiveDocument document) override;

@@ -14,10 +14,10 @@
 #include "sessions/dialogs/browser_session.h"
 #include "sessions/dialogs/import_selection.h"
 #include "sessions/dialogs/overwrite_session.h"
+#include "sessions/dialogs/print_dialog_session.h"
 #include "sessions/dialogs/range_dialog.h"
 #include "sessions/dialogs/sample_list_session.h"
 #include "sessions/dialogs/source_folder_session.h"
-#include "sessions/dialogs/three_in_one_print_session.h"
 #include "shell/shell_session.h"
 #include "shell/shell_windows.h"
 #include "support/fake_dialogs.h"
@@ -61,7 +61,7 @@ class FakeWindows : public ShellWindows {
   std::function<void(RangeDialog&)> inRangeDialog = [](RangeDialog&) {};
   std::function<void(SourceFolderSession&)> inSourceFolder = [](SourceFolderSession&) {};
   std::function<void(OverwriteSession&)> inOverwriteDialog = [](OverwriteSession&) {};
-  std::function<void(ThreeInOnePrintSession&)> inPrintDialog = [](ThreeInOnePrintSession&) {};
+  std::function<void(PrintDialogSession&)> inPrintDialog = [](PrintDialogSession&) {};
   std::function<std::optional<Remarks>()> inImporter = []() -> std::optional<Remarks> { return std::nullopt; };
   std::optional<FakeDocument> form1;
   std::vector<std::string> raisedTools;
@@ -88,8 +88,8 @@ class FakeWindows : public ShellWindows {
     shown.emplace_back("Form10");
     inOverwriteDialog(session);
   }
-  void showPrintDialog(ThreeInOnePrintSession& session) override {
-    shown.emplace_back("SETPRINTFORM");
+  void showPrintDialog(PrintDialogSession& session) override {
+    shown.emplace_back(session.form().name);
     inPrintDialog(session);
   }
   std::optional<Remarks> showImporter(ImportSelection& selection) override {

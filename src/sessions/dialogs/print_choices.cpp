@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdint>
 
-#include "common/user_error.h"
 #include "sessions/dialogs/error_display.h"
 #include "store/settings/settings_file.h"
 #include "store/settings/toggles.h"
@@ -12,35 +11,39 @@ namespace triaxlab {
 namespace {
 
 /// A choice and the toggle that keeps it.
-struct StoredChoice {
-  bool PrintChoices::*choice;
+struct KeptTick {
+  PrintTick tick;
   bool Toggles::*toggle;
 };
-constexpr std::array kStoredChoices{
-    StoredChoice{&PrintChoices::dotMatrix, &Toggles::dotMatrixPrinter},
-    StoredChoice{&PrintChoices::effectiveCircles, &Toggles::printEffectiveCircles},
-    StoredChoice{&PrintChoices::totalCircles, &Toggles::printTotalCircles},
+constexpr std::array kKeptTicks{
+    KeptTick{PrintTick::DotMatrix, &Toggles::dotMatrixPrinter},
+    KeptTick{PrintTick::EffectiveCircles, &Toggles::printEffectiveCircles},
+    KeptTick{PrintTick::TotalCircles, &Toggles::printTotalCircles},
 };
+
+bool isStored(const PrintForm& form, PrintTick tick) {
+  return form.has(tick) && (tick != PrintTick::DotMatrix || form.choosesPrinter);
+}
 
 }  // namespace
 
-PrintChoices readPrintChoices(const Workspace& workspace) {
-  PrintChoices choices;
+void readKeptTicks(const Workspace& workspace, ByTick<bool>& ticks) {
   const SettingsFile settings = sharedSettings(workspace);
-  for (const StoredChoice& stored : kStoredChoices) {
-    const ToggleByte& byte = byteOfToggle(stored.toggle);
-    choices.*stored.choice = settings.readByte(byte.position) == byte.on;
+  for (const auto& [tick, toggle] : kKeptTicks) {
+    const ToggleByte& byte = byteOfToggle(toggle);
+    ticks[tick] = settings.readByte(byte.position) == byte.on;
   }
-  return choices;
 }
 
-void storePrintChoices(Workspace& workspace, const PrintChoices& choices, Dialogs& dialogs) {
-  for (const StoredChoice& stored : kStoredChoices) workspace.settings.toggles.*stored.toggle = choices.*stored.choice;
+void storeKeptTicks(Workspace& workspace, const PrintForm& form, const ByTick<bool>& ticks, Dialogs& dialogs) {
+  for (const auto& [tick, toggle] : kKeptTicks)
+    if (isStored(form, tick)) workspace.settings.toggles.*toggle = ticks[tick];
   runShowingErrors(dialogs, [&] {
     SettingsFile settings = sharedSettings(workspace);
-    for (const StoredChoice& stored : kStoredChoices) {
-      const ToggleByte& byte = byteOfToggle(stored.toggle);
-      const std::uint8_t value = byte.valueFor(choices.*stored.choice);
+    for (const auto& [tick, toggle] : kKeptTicks) {
+      if (!isStored(form, tick)) continue;
+      const ToggleByte& byte = byteOfToggle(toggle);
+      const std::uint8_t value = byte.valueFor(ticks[tick]);
       if (settings.readByte(byte.position) != value) settings.writeByte(byte.position, value);
     }
   });

@@ -1,18 +1,16 @@
 #pragma once
 
 #include "platform/dialogs.h"
+#include "sessions/dialogs/print_form.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
 
-/// What print dialogs keep from one opening to the next, in qvb.sys.
-struct PrintChoices {
-  bool dotMatrix = false;
-  bool totalCircles = true, effectiveCircles = true;
-};
+/// Sets the ticks that print dialogs keep from one opening to the next in qvb.sys: the printer and the circles.
+void readKeptTicks(const Workspace& workspace, ByTick<bool>& ticks);
 
-PrintChoices readPrintChoices(const Workspace& workspace);
-/// For this run and, in the file, for the next. A choice that can't be stored is said: it is no reason not to print.
-void storePrintChoices(Workspace& workspace, const PrintChoices& choices, Dialogs& dialogs);
+/// Keeps those that the dialog has, for this run and, in the file, for the next. A choice that can't be stored is said:
+/// it is no reason not to print.
+void storeKeptTicks(Workspace& workspace, const PrintForm& form, const ByTick<bool>& ticks, Dialogs& dialogs);
 
 }  // namespace triaxlab

@@ -1,56 +1,107 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
 #include "common/user_error.h"
 #include "platform/dialogs.h"
 #include "platform/page_devices.h"
 #include "reports/layouts.h"
+#include "reports/send_report.h"
+#include "sessions/dialogs/print_form.h"
 #include "store/workspace.h"
+#include "triaxial/failure.h"
 
 namespace triaxlab {
 
-namespace print_captions {
-inline constexpr const char* kTitle = "数据打印";
-inline constexpr const char* kAccept = "确 定";
-inline constexpr const char* kPreview = "预 览";
-inline constexpr const char* kCancel = "取 消";
-inline constexpr const char* kSending = "正在将数据送往打印机，请稍候...";  // while a job runs
-}  // namespace print_captions
+/// What the window that prints has on display.
+struct OnDisplay {
+  std::size_t row = 0;                                // of the sample in its table
+  std::size_t stage = 0;                              // of a TK0 sample
+  FailureMode checkedMode = FailureMode::PeakStress;  // the menu's entry for envelopes
+};
 
-/// What all print dialogs share: the pages of the job that the dialog holds are shown, or sent.
+/// Everything that a print dialog shows. What its form doesn't have means nothing.
+struct PrintDialogState {
+  ByTick<bool> ticks;
+  PrintScope scope = PrintScope::All;
+  ByBox<std::string> texts;
+  SheetPaper paper = SheetPaper::A4;
+  bool portrait = false;
+
+  bool canPreview = true;
+  bool canTickPicture = true;
+  ByBox<bool> boxesOn;
+};
+
+/// The job of a dialog as it stood when 预 览 was pressed, to be shown sheet by sheet.
+struct PreviewedJob {
+  PreviewedJob(const Layout& layout, const PrintJob& previewed, const Workspace& workspace);
+
+  PrintJob job;
+  std::unique_ptr<Report> report;
+  Sheets sheets;  // of the two before it
+};
+
+/// What stands behind every print dialog: its form says what there is to choose. Nothing is kept from one opening to
+/// the next but the printer, the circles and the page setup of the chart sheets.
 class PrintDialogSession {
  public:
-  /// Layout, workspace and dialogs outlive the session.
-  PrintDialogSession(const Layout& layout, Workspace& workspace, Dialogs& dialogs)
-      : m_layout(layout), m_workspace(workspace), m_dialogs(dialogs) {}
-  PrintDialogSession(const PrintDialogSession&) = delete;
-  PrintDialogSession& operator=(const PrintDialogSession&) = delete;
-  virtual ~PrintDialogSession() = default;
+  /// Opens with the first values. Form, layout, workspace and dialogs outlive the session.
+  PrintDialogSession(const PrintForm& form, const Layout& layout, Workspace& workspace, Dialogs& dialogs,
+                     OnDisplay onDisplay);
 
-  /// The job as the dialog stands, with nothing stored or said.
-  virtual PrintJob job() const = 0;
-  /// 预 览 on any device: the pages that 确 定 would send.
-  void preview(PageDevice& device) const;
+  const PrintForm& form() const { return m_form; }
+  PrintDialogState state() const;
+
+  /// A click that leaves the box ticked or not.
+  void setTicked(PrintTick tick, bool ticked) { m_state.ticks[tick] = ticked; }
+  /// A click on an option button. The box to which the focus goes now, where a range is typed.
+  std::optional<PrintBox> choose(PrintScope scope);
+  /// The box got the focus: with one of a range, a range of samples is chosen unless one of pages is.
+  void enterBox(PrintBox box);
+  /// The box now holds this text.
+  void setText(PrintBox box, std::string_view utf8);
+  void setPaper(SheetPaper paper) { m_state.paper = paper; }
+  void setPortrait(bool portrait) { m_state.portrait = portrait; }
+
+  /// The job as the dialog stands, with nothing stored or said. Of a dialog of curves without a curve it has no page.
+  PrintJob job() const;
+  /// 预 览: the pages that 确 定 would send. Null when there are none or they can't be made; why has been said.
+  std::unique_ptr<PreviewedJob> preview() const;
+  /// A sheet of a preview into a PDF file that is asked for. What goes wrong is shown.
+  void saveSheet(const PreviewedJob& previewed, int sheet, PageDevices& devices) const;
 
   /// 确 定: stores what is kept for the next time. False when the dialog stays open; why has been said.
-  virtual bool accept() = 0;
+  bool accept();
   /// The job goes where it asks to go: into pictures in the project's folder, to the printer, or, when the system has
-  /// none, into a PDF file that is asked for; a cancelled question drops it. What goes wrong is shown.
-  void send(PageDevices& devices);
+  /// none, into a PDF file that is asked for; a cancelled question drops it. What goes wrong is shown. A job that was
+  /// stopped leaves on the printer what it got, of a PDF or pictures nothing.
+  void send(PageDevices& devices, const SheetProgress& goesOn = {});
 
   /// What the status bar is to say of what was sent.
   const Remarks& remarks() const { return m_remarks; }
 
- protected:
-  Workspace& workspace() const { return m_workspace; }
-  Dialogs& dialogs() const { return m_dialogs; }
-
  private:
+  void readSheet();
+  void storeSheet() const;
+  PageSetup typedSheet() const;
+  void takeRange(PrintJob& job) const;
   /// Nothing when a question was cancelled.
   std::unique_ptr<PageDevice> deviceFor(const Report& report, const PrintJob& job, PageDevices& devices) const;
 
+  const PrintForm& m_form;
   const Layout& m_layout;
   Workspace& m_workspace;
   Dialogs& m_dialogs;
+  OnDisplay m_onDisplay;
+  PrintDialogState m_state;
+  std::int16_t m_firstPageNumber = 1;
+  PageSetup m_storedSheet;
   Remarks m_remarks;
 };
 

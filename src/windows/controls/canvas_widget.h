@@ -9,6 +9,7 @@
 
 #include "charts/axes.h"
 #include "platform/drawing_surface.h"
+#include "windows/controls/drawn_area.h"
 
 namespace triaxlab {
 
@@ -17,7 +18,7 @@ namespace triaxlab {
 ///
 /// A canvas may be magnified about the mouse by the wheel with Ctrl, moved by a drag, and shown whole again by a double
 /// click. That is a matter of looking: nobody behind the canvas learns of it.
-class CanvasWidget : public QWidget {
+class CanvasWidget : public QWidget, public DrawnArea {
   Q_OBJECT
 
  public:
@@ -26,13 +27,13 @@ class CanvasWidget : public QWidget {
   /// Width and height in twips.
   CanvasWidget(QWidget* parent, int width, int height, Drawing drawing);
 
-  int widthTwips() const { return m_width; }
-  int heightTwips() const { return m_height; }
+  int widthTwips() const override { return m_width; }
+  int heightTwips() const override { return m_height; }
   /// What is drawn over a magnified picture, in the picture's own twips.
   using Edges = std::function<void(DrawingSurface&, const ChartView&)>;
   void setEdges(Edges edges) { m_edges = std::move(edges); }
   /// What is seen: the whole drawing, or beyond the edges of the canvas the parts that its magnification hides.
-  void drawOn(DrawingSurface& surface) const;
+  void drawOn(DrawingSurface& surface) const override;
 
   /// What a copied picture shows over the drawing: the texts of fields that lie there.
   void setFieldTexts(Drawing fieldTexts) { m_fieldTexts = std::move(fieldTexts); }

@@ -1,64 +1,171 @@
 #include "windows/dialogs/print_preview_window.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QPrintPreviewWidget>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
+#include <QWheelEvent>
+#include <algorithm>
+#include <array>
+#include <cmath>
 
-#include "platform/qt/printer_device.h"
+#include "windows/dialogs/print_page_view.h"
 
 namespace triaxlab {
 namespace {
 
-constexpr QSize kFirstSize(860, 640);
+constexpr QSize kFirstSize(860, 760);
+constexpr double kSmallestZoom = 0.1, kLargestZoom = 8, kZoomOfNotch = 1.25;
+constexpr double kWheelNotch = 120;  // eighths of a degree
 
 }  // namespace
 
-PrintPreview::PrintPreview(QWidget* parent, Pages pages)
+PrintPreview::PrintPreview(QWidget* parent, const PreviewedJob& job, SaveSheet save)
     : QDialog(parent),
-      m_pages(std::move(pages)),
-      m_view(new QPrintPreviewWidget(&m_printer, this)),
-      m_previous(new QPushButton("上一页", this)),
-      m_next(new QPushButton("下一页", this)) {
+      m_job(job),
+      m_save(std::move(save)),
+      m_area(new QScrollArea(this)),
+      m_page(new PrintPageView(m_area, job.sheets)) {
   setObjectName("PrintPreview");
   setWindowTitle("打印预览");
   resize(kFirstSize);
-  m_view->setObjectName("Picture1");
-  m_previous->setObjectName("Command1");
-  m_next->setObjectName("Command2");
-  auto* const fitPage = new QPushButton("整页", this);
-  auto* const fitWidth = new QPushButton("页宽", this);
-  auto* const leave = new QPushButton("返 回", this);
-  leave->setObjectName("Command3");
-  auto* const buttons = new QHBoxLayout;
-  for (QPushButton* const button : {m_previous, m_next, fitPage, fitWidth, leave}) {
-    button->setAutoDefault(false);
-    buttons->addWidget(button);
-  }
-  buttons->addStretch();
+  m_page->setObjectName("Picture1");
+  m_area->setWidget(m_page);
+  m_area->setAlignment(Qt::AlignCenter);
+  m_area->setBackgroundRole(QPalette::Dark);
   auto* const layout = new QVBoxLayout(this);
-  layout->addLayout(buttons);
-  layout->addWidget(m_view);
-
-  connect(m_view, &QPrintPreviewWidget::paintRequested, this,
-          [this](QPrinter* printer) { m_pages(*makePageDeviceOn(*printer)); });
-  connect(m_view, &QPrintPreviewWidget::previewChanged, this, &PrintPreview::refresh);
-  connect(m_previous, &QPushButton::clicked, this, [this] { turn(-1); });
-  connect(m_next, &QPushButton::clicked, this, [this] { turn(1); });
-  connect(fitPage, &QPushButton::clicked, m_view, &QPrintPreviewWidget::fitInView);
-  connect(fitWidth, &QPushButton::clicked, m_view, &QPrintPreviewWidget::fitToWidth);
-  connect(leave, &QPushButton::clicked, this, &QDialog::reject);
-  m_view->updatePreview();
+  layout->addWidget(makeButtons());
+  layout->addWidget(m_area, 1);
+  m_page->installEventFilter(this);
+  m_page->setFocus();
+  turnTo(1);
 }
 
-void PrintPreview::turn(int pages) {
-  m_view->setCurrentPage(m_view->currentPage() + pages);
+QWidget* PrintPreview::makeButtons() {
+  auto* const bar = new QWidget(this);
+  auto* const line = new QHBoxLayout(bar);
+  line->setContentsMargins(0, 0, 0, 0);
+  const auto button = [&](const char* name, const char* caption, const char* tip, auto&& action) {
+    auto* const made = new QPushButton(caption, bar);
+    made->setObjectName(name);
+    made->setToolTip(tip);
+    made->setAutoDefault(false);
+    line->addWidget(made);
+    connect(made, &QPushButton::clicked, this, action);
+    return made;
+  };
+  m_previous = button("Command1", "上一页", "PageUp", [this] { turn(-1); });
+  m_next = button("Command2", "下一页", "PageDown", [this] { turn(1); });
+  button("Command6", "整页", "Ctrl+0", [this] { fit(Fit::Page); });
+  button("Command7", "页宽", "", [this] { fit(Fit::Width); });
+  button("Command8", "放大", "Ctrl++", [this] { magnify(kZoomOfNotch); });
+  button("Command9", "缩小", "Ctrl+-", [this] { magnify(1 / kZoomOfNotch); });
+  button("Command4", "复 制", "Ctrl+C", [this] { copy(); });
+  button("Command5", "存为PDF", "本页存为PDF文件", [this] { m_save(m_page->sheet()); });
+  button("Command3", "返 回", "Esc", [this] { reject(); });
+  m_number = new QLabel(bar);
+  m_number->setObjectName("Label1");
+  line->addStretch();
+  line->addWidget(m_number);
+  return bar;
+}
+
+// ---- Keys and wheel
+
+void PrintPreview::keyPressEvent(QKeyEvent* event) {
+  if (!pressed(*event)) QDialog::keyPressEvent(event);
+}
+
+bool PrintPreview::eventFilter(QObject* watched, QEvent* event) {
+  // Before the area that scrolls the page takes them.
+  if (event->type() == QEvent::KeyPress && pressed(*static_cast<QKeyEvent*>(event))) return true;
+  if (event->type() == QEvent::Wheel && turnedWheel(*static_cast<QWheelEvent*>(event))) return true;
+  return QDialog::eventFilter(watched, event);
+}
+
+bool PrintPreview::pressed(const QKeyEvent& event) {
+  struct Key {
+    int key;
+    bool withCtrl;
+    void (*action)(PrintPreview&);
+  };
+  static constexpr std::array kKeys{
+      Key{Qt::Key_PageUp, false, [](PrintPreview& own) { own.turn(-1); }},
+      Key{Qt::Key_PageDown, false, [](PrintPreview& own) { own.turn(1); }},
+      Key{Qt::Key_Home, false, [](PrintPreview& own) { own.turnTo(1); }},
+      Key{Qt::Key_End, false, [](PrintPreview& own) { own.turnTo(own.m_job.sheets.count()); }},
+      Key{Qt::Key_Plus, true, [](PrintPreview& own) { own.magnify(kZoomOfNotch); }},
+      Key{Qt::Key_Equal, true, [](PrintPreview& own) { own.magnify(kZoomOfNotch); }},
+      Key{Qt::Key_Minus, true, [](PrintPreview& own) { own.magnify(1 / kZoomOfNotch); }},
+      Key{Qt::Key_0, true, [](PrintPreview& own) { own.fit(Fit::Page); }},
+      Key{Qt::Key_C, true, [](PrintPreview& own) { own.copy(); }},
+  };
+  const bool withCtrl = event.modifiers().testFlag(Qt::ControlModifier);
+  const auto* const found =
+      std::ranges::find_if(kKeys, [&](const Key& row) { return row.key == event.key() && row.withCtrl == withCtrl; });
+  if (found == kKeys.end()) return false;
+  found->action(*this);
+  return true;
+}
+
+bool PrintPreview::turnedWheel(const QWheelEvent& event) {
+  const double notches = event.angleDelta().y() / kWheelNotch;
+  if (event.modifiers().testFlag(Qt::ControlModifier)) {
+    magnify(std::pow(kZoomOfNotch, notches));
+    return true;
+  }
+  // At the edge of a page the wheel goes on to the next one.
+  QScrollBar* const bar = m_area->verticalScrollBar();
+  const bool atEdge = bar->value() == (notches > 0 ? bar->minimum() : bar->maximum());
+  if (!atEdge || notches == 0) return false;
+  turn(notches > 0 ? -1 : 1);
+  return true;
+}
+
+// ---- What they do
+
+void PrintPreview::turnTo(int sheet) {
+  const int shown = std::clamp(sheet, 1, m_job.sheets.count());
+  if (shown != m_page->sheet()) m_area->verticalScrollBar()->setValue(0);
+  m_page->showSheet(shown);
   refresh();
 }
 
+void PrintPreview::turn(int sheets) { turnTo(m_page->sheet() + sheets); }
+
+void PrintPreview::fit(Fit fit) {
+  m_fit = fit;
+  const QSize room = m_area->maximumViewportSize();
+  const double forWidth = m_page->zoomForWidth(room.width());
+  if (fit == Fit::Page) m_page->setZoom(std::min(forWidth, m_page->zoomForHeight(room.height())));
+  // A page as wide as the window has the scroll bar beside it.
+  if (fit == Fit::Width)
+    m_page->setZoom(m_page->zoomForWidth(room.width() - m_area->verticalScrollBar()->sizeHint().width()));
+}
+
+void PrintPreview::magnify(double times) {
+  m_fit = Fit::None;
+  m_page->setZoom(std::clamp(m_page->zoom() * times, kSmallestZoom, kLargestZoom));
+}
+
+void PrintPreview::copy() const { QGuiApplication::clipboard()->setImage(m_page->picture()); }
+
+void PrintPreview::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  // The area gets its size with the window's, but only now.
+  layout()->activate();
+  fit(m_fit);
+}
+
 void PrintPreview::refresh() {
-  m_previous->setEnabled(m_view->currentPage() > 1);
-  m_next->setEnabled(m_view->currentPage() < m_view->pageCount());
+  m_previous->setEnabled(m_page->sheet() > 1);
+  m_next->setEnabled(m_page->sheet() < m_job.sheets.count());
+  m_number->setText(QString("第 %1 页，共 %2 页").arg(m_page->sheet()).arg(m_job.sheets.count()));
 }
 
 }  // namespace triaxlab

@@ -15,6 +15,9 @@ class Form9 : public KoWindow {
   /// Both outlive the window.
   Form9(Workspace& workspace, ShellSession& shell);
 
+  // DocumentWindow
+  std::size_t stageOnDisplay() const override { return static_cast<std::size_t>(m_session.stage()); }
+
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void showUpperHalf(const ListedState& now) override;

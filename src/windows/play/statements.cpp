@@ -270,10 +270,11 @@ void shot(Arguments& arguments, Stage& stage) {
 
 void operations(Arguments& arguments, Stage& stage) {
   const Target target = takeTarget(arguments);
-  const auto* const canvas = as<CanvasWidget>(findControl(target), target, "canvas");
+  const auto* const drawn = dynamic_cast<const DrawnArea*>(findControl(target));
+  if (drawn == nullptr) throw ScriptError(target.spelled() + " is no canvas");
   const std::filesystem::path path = pathIn(stage, arguments.text());
   const std::unique_ptr<PageDevice> recording = makeJsonDevice(path);
-  canvas->drawOn(recording->beginPage({canvas->widthTwips(), canvas->heightTwips()}));
+  drawn->drawOn(recording->beginPage({drawn->widthTwips(), drawn->heightTwips()}));
   recording->endPage();
   recording->finish();
 }

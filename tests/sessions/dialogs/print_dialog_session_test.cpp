@@ -1,4 +1,4 @@
-#include "sessions/dialogs/three_in_one_print_session.h"
+#include "sessions/dialogs/print_dialog_session.h"
 
 #include "reports/page_fixture.h"
 #include "store/settings/settings_file.h"
@@ -19,35 +19,40 @@ struct ThreeInOnePrint : PageTest {
   ThreeInOnePrint() {
     for (std::size_t row = 0; row < 4; ++row) sample(row, kCU, "A-" + std::to_string(row));
   }
-  ThreeInOnePrintSession open() { return {workspace, dialogs, {.row = 2, .checkedMode = FailureMode::PeakRatio}}; }
+  PrintDialogSession open() {
+    return {kThreeInOneForm, kThreeInOne, workspace, dialogs, {.row = 2, .checkedMode = FailureMode::PeakRatio}};
+  }
   int byteAt(std::uint32_t position) const { return sharedSettings(workspace).readByte(position); }
   void setByte(std::uint32_t position, std::uint8_t value) { sharedSettings(workspace).writeByte(position, value); }
-  static void untickCurves(ThreeInOnePrintSession& session) {
+  static void untickCurves(PrintDialogSession& session) {
     for (int curve = 0; curve < 6; ++curve) session.setTicked(static_cast<PrintTick>(curve), false);
   }
 };
 
 TEST_F(ThreeInOnePrint, FirstValues) {
-  const ThreeInOnePrintState state = open().state();
+  const PrintDialogState state = open().state();
   // The first and the third curve, page numbers, and both kinds of circles, whose bytes are 0 in a new file.
-  EXPECT_THAT(state.ticks, ElementsAre(true, false, true, false, false, false, false, true, true, true, false, false));
+  EXPECT_THAT(state.ticks.values,
+              ElementsAre(true, false, true, false, false, false, false, true, true, true, false, false, false));
   EXPECT_TRUE(state.canPreview);
   EXPECT_EQ(state.scope, PrintScope::All);
-  EXPECT_THAT(state.texts, ElementsAre("1", "4", "1"));
+  EXPECT_EQ(state.texts[PrintBox::From], "1");
+  EXPECT_EQ(state.texts[PrintBox::To], "4");
+  EXPECT_EQ(state.texts[PrintBox::FirstPage], "1");
 }
 
 TEST_F(ThreeInOnePrint, PrinterAndCirclesAreThoseOfTheLastTime) {
   setByte(198, 1);
   setByte(1800, 1);
-  EXPECT_TRUE(open().state().ticked(PrintTick::DotMatrix));
-  EXPECT_FALSE(open().state().ticked(PrintTick::EffectiveCircles));
-  EXPECT_TRUE(open().state().ticked(PrintTick::TotalCircles));
+  EXPECT_TRUE(open().state().ticks[PrintTick::DotMatrix]);
+  EXPECT_FALSE(open().state().ticks[PrintTick::EffectiveCircles]);
+  EXPECT_TRUE(open().state().ticks[PrintTick::TotalCircles]);
   setByte(1801, 1);
-  EXPECT_FALSE(open().state().ticked(PrintTick::TotalCircles));
+  EXPECT_FALSE(open().state().ticks[PrintTick::TotalCircles]);
 }
 
 TEST_F(ThreeInOnePrint, AcceptedChoicesAreStoredTheCirclesInverted) {
-  ThreeInOnePrintSession session = open();
+  PrintDialogSession session = open();
   session.setTicked(PrintTick::DotMatrix, true);
   session.setTicked(PrintTick::EffectiveCircles, false);
   ASSERT_TRUE(session.accept());
@@ -56,7 +61,7 @@ TEST_F(ThreeInOnePrint, AcceptedChoicesAreStoredTheCirclesInverted) {
   EXPECT_EQ(byteAt(1801), 0);
   EXPECT_TRUE(workspace.settings.toggles.dotMatrixPrinter);
   EXPECT_FALSE(workspace.settings.toggles.printEffectiveCircles);
-  ThreeInOnePrintSession again = open();
+  PrintDialogSession again = open();
   again.setTicked(PrintTick::DotMatrix, false);
   again.setTicked(PrintTick::EffectiveCircles, true);
   again.setTicked(PrintTick::TotalCircles, false);
@@ -67,7 +72,7 @@ TEST_F(ThreeInOnePrint, AcceptedChoicesAreStoredTheCirclesInverted) {
 }
 
 TEST_F(ThreeInOnePrint, LeavingWithoutAcceptingStoresNothing) {
-  ThreeInOnePrintSession session = open();
+  PrintDialogSession session = open();
   session.setTicked(PrintTick::DotMatrix, true);
   session.job();
   EXPECT_EQ(byteAt(198), 0);
@@ -75,7 +80,7 @@ TEST_F(ThreeInOnePrint, LeavingWithoutAcceptingStoresNothing) {
 }
 
 TEST_F(ThreeInOnePrint, TheJobOfTheFirstValues) {
-  ThreeInOnePrintSession session = open();
+  PrintDialogSession session = open();
   ASSERT_TRUE(session.accept());
   job = session.job();
   EXPECT_EQ(job.scope, PrintScope::All);
@@ -91,7 +96,7 @@ TEST_F(ThreeInOnePrint, TheJobOfTheFirstValues) {
 }
 
 TEST_F(ThreeInOnePrint, EveryBoxReachesTheJob) {
-  ThreeInOnePrintSession session = open();
+  PrintDialogSession session = open();
   untickCurves(session);
   for (const PrintTick check : {PrintTick::DotMatrix, PrintTick::StressRatioEnvelope, PrintTick::StressPath,
                                 PrintTick::PorePressure, PrintTick::StressRatio, PrintTick::Picture, PrintTick::A3})
@@ -108,7 +113,7 @@ TEST_F(ThreeInOnePrint, EveryBoxReachesTheJob) {
 }
 
 TEST_F(ThreeInOnePrint, WithoutACurveThereIsAMessageAndTheDialogStays) {
-  ThreeInOnePrintSession session = open();
+  PrintDialogSession session = open();
   untickCurves(session);
   EXPECT_FALSE(session.accept());
   EXPECT_THAT(dialogs.shown, ElementsAre("stop [打印三轴试验成果曲线] 请选择要打印的曲线类型！"));
@@ -116,16 +121,16 @@ TEST_F(ThreeInOnePrint, WithoutACurveThereIsAMessageAndTheDialogStays) {
 }
 
 TEST_F(ThreeInOnePrint, WithoutCirclesEnvelopesAreUntickedInSilence) {
-  ThreeInOnePrintSession session = open();
+  PrintDialogSession session = open();
   session.setTicked(PrintTick::StressRatioEnvelope, true);
   session.setTicked(PrintTick::EffectiveCircles, false);
   session.setTicked(PrintTick::TotalCircles, false);
   EXPECT_THAT(session.job().curves.pages, ElementsAre(CurvePage::StressStrain));
-  EXPECT_TRUE(session.state().ticked(PrintTick::StressRatioEnvelope));  // a preview changes nothing
+  EXPECT_TRUE(session.state().ticks[PrintTick::StressRatioEnvelope]);  // a preview changes nothing
   ASSERT_TRUE(session.accept());
   EXPECT_THAT(session.job().curves.pages, ElementsAre(CurvePage::StressStrain));
-  EXPECT_FALSE(session.state().ticked(PrintTick::StressRatioEnvelope));
-  EXPECT_FALSE(session.state().ticked(PrintTick::StressDifferenceEnvelope));
+  EXPECT_FALSE(session.state().ticks[PrintTick::StressRatioEnvelope]);
+  EXPECT_FALSE(session.state().ticks[PrintTick::StressDifferenceEnvelope]);
   EXPECT_THAT(dialogs.shown, IsEmpty());
 
   // Nothing else was ticked: that leaves no curve.
@@ -136,7 +141,7 @@ TEST_F(ThreeInOnePrint, WithoutCirclesEnvelopesAreUntickedInSilence) {
 }
 
 TEST_F(ThreeInOnePrint, ARangeFallsToTheCountAndLosesItsSign) {
-  ThreeInOnePrintSession session = open();
+  PrintDialogSession session = open();
   session.choose(PrintScope::Range);
   session.setText(PrintBox::From, "-2");
   session.setText(PrintBox::To, "99999999");
@@ -150,14 +155,14 @@ TEST_F(ThreeInOnePrint, ARangeFallsToTheCountAndLosesItsSign) {
 }
 
 TEST_F(ThreeInOnePrint, ARangeOfPagesMayBeLargerThanTheNumberOfSamples) {
-  ThreeInOnePrintSession session = open();
+  PrintDialogSession session = open();
   session.choose(PrintScope::Pages);
   session.setText(PrintBox::To, "12");
   EXPECT_EQ(session.job().printRangeTo, 12);
 }
 
 TEST_F(ThreeInOnePrint, TypingARangeChoosesIt) {
-  ThreeInOnePrintSession session = open();
+  PrintDialogSession session = open();
   session.enterBox(PrintBox::FirstPage);
   EXPECT_EQ(session.state().scope, PrintScope::All);
   session.enterBox(PrintBox::To);
@@ -171,15 +176,15 @@ TEST_F(ThreeInOnePrint, TypingARangeChoosesIt) {
 }
 
 TEST_F(ThreeInOnePrint, ChoosingARangeBringsTheFocusToItsFirstBox) {
-  ThreeInOnePrintSession session = open();
-  EXPECT_TRUE(session.choose(PrintScope::Range));
-  EXPECT_TRUE(session.choose(PrintScope::Pages));
+  PrintDialogSession session = open();
+  EXPECT_EQ(session.choose(PrintScope::Range), PrintBox::From);
+  EXPECT_EQ(session.choose(PrintScope::Pages), PrintBox::From);
   EXPECT_FALSE(session.choose(PrintScope::All));
   EXPECT_FALSE(session.choose(PrintScope::Current));
 }
 
 TEST_F(ThreeInOnePrint, FirstPageNumber) {
-  ThreeInOnePrintSession session = open();
+  PrintDialogSession session = open();
   session.setText(PrintBox::FirstPage, "12");
   EXPECT_EQ(session.job().firstPageNumber, 12);
   session.setText(PrintBox::FirstPage, "0");
@@ -192,7 +197,7 @@ TEST_F(ThreeInOnePrint, FirstPageNumber) {
 TEST_F(ThreeInOnePrint, SettingsThatCantBeStoredAreToldAndThePrintGoesOn) {
   // A folder in the file's place can't be written, whoever asks.
   std::filesystem::create_directory(folder.path() / "qvb.sys");
-  ThreeInOnePrintSession session = open();
+  PrintDialogSession session = open();
   session.setTicked(PrintTick::DotMatrix, true);
   ASSERT_TRUE(session.accept());
   EXPECT_EQ(session.job().lineWeight, 2);
@@ -202,22 +207,83 @@ TEST_F(ThreeInOnePrint, SettingsThatCantBeStoredAreToldAndThePrintGoesOn) {
 
 // ---- Where the pages go
 
-TEST_F(ThreeInOnePrint, ThePreviewShowsThePagesThatAreSent) {
+TEST_F(ThreeInOnePrint, ThePreviewShowsThePagesThatAreSentOperationByOperation) {
   devices.printerIsThere = true;
-  ThreeInOnePrintSession session = open();
-  session.setTicked(PrintTick::StressDifferenceEnvelope, false);
-  RecordingDevice preview;
-  session.preview(preview);
-  session.send(devices);
-  ASSERT_THAT(preview.pages, SizeIs(2));  // a curve of each of the four samples
-  ASSERT_THAT(devices.sent.pages, SizeIs(2));
-  EXPECT_EQ(preview.pages[1].drawing, devices.sent.pages[1].drawing);
+  PrintDialogSession session = open();
+  for (const bool sideBySide : {false, true}) {
+    session.setTicked(PrintTick::A3, sideBySide);
+    devices.sent.pages.clear();
+    session.send(devices);
+    ASSERT_THAT(devices.sent.pages, SizeIs(sideBySide ? 2 : 4));  // two curves of each of the four samples
+    const auto previewed = session.preview();
+    ASSERT_EQ(previewed->sheets.count(), sideBySide ? 2 : 4);
+    for (int sheet = 1; sheet <= previewed->sheets.count(); ++sheet) {
+      RecordingSurface seen;
+      previewed->sheets.draw(seen, sheet);
+      const RecordingDevice::Page& printed = devices.sent.pages.at(static_cast<std::size_t>(sheet - 1));
+      EXPECT_EQ(seen.operations(), printed.drawing) << sheet;
+      EXPECT_EQ(previewed->sheets.size(), printed.size);
+    }
+  }
+  EXPECT_THAT(session.remarks(), IsEmpty());
+}
+
+TEST_F(ThreeInOnePrint, APreviewShowsTheDialogAsItStoodThen) {
+  PrintDialogSession session = open();
+  const auto previewed = session.preview();
+  session.choose(PrintScope::Current);
+  EXPECT_EQ(previewed->sheets.count(), 4);
+  EXPECT_EQ(session.preview()->sheets.count(), 1);
+}
+
+TEST_F(ThreeInOnePrint, APreviewWithoutAPageIsNoWindowButASentence) {
+  PrintDialogSession session(kThreeInOneForm, kThreeInOne, workspace, dialogs, {.row = 900});
+  session.choose(PrintScope::Current);
+  EXPECT_EQ(session.preview(), nullptr);
+  EXPECT_THAT(dialogs.take(), ElementsAre("[打印预览] 没有可打印的页。"));
+}
+
+TEST_F(ThreeInOnePrint, APageOfThePreviewGoesToAPdfFile) {
+  PrintDialogSession session = open();
+  const auto previewed = session.preview();
+  session.saveSheet(*previewed, 3, devices);  // cancelled
+  EXPECT_THAT(devices.asked, IsEmpty());
+  dialogs.file = folder / "page";
+  session.saveSheet(*previewed, 3, devices);
+  EXPECT_THAT(devices.asked, ElementsAre("pdf " + (folder / "page.pdf").string()));
+  RecordingSurface seen;
+  previewed->sheets.draw(seen, 3);
+  ASSERT_THAT(devices.sent.pages, SizeIs(1));
+  EXPECT_EQ(devices.sent.pages[0].drawing, seen.operations());
+  EXPECT_EQ(devices.sent.finished, 1);
+}
+
+TEST_F(ThreeInOnePrint, AJobIsStoppedBetweenTwoPages) {
+  devices.printerIsThere = true;
+  PrintDialogSession session = open();
+  std::vector<std::pair<int, int>> told;
+  session.send(devices, [&](int done, int sheets) {
+    told.emplace_back(done, sheets);
+    return done < 3;
+  });
+  EXPECT_THAT(told, ElementsAre(std::pair(1, 4), std::pair(2, 4), std::pair(3, 4)));
+  EXPECT_THAT(devices.sent.pages, SizeIs(3));
+  EXPECT_EQ(devices.sent.finished, 0) << "a file would look whole";
+  EXPECT_THAT(session.remarks(), ElementsAre("打印已在第 3 张停止，共 4 张。"));
+}
+
+TEST_F(ThreeInOnePrint, AStopBehindTheLastPageComesTooLate) {
+  devices.printerIsThere = true;
+  PrintDialogSession session = open();
+  session.send(devices, [](int done, int sheets) { return done < sheets; });
+  EXPECT_THAT(devices.sent.pages, SizeIs(4));
+  EXPECT_EQ(devices.sent.finished, 1);
   EXPECT_THAT(session.remarks(), IsEmpty());
 }
 
 TEST_F(ThreeInOnePrint, ThePrinterIsToldOfPaperAndCopies) {
   devices.printerIsThere = true;
-  ThreeInOnePrintSession session = open();
+  PrintDialogSession session = open();
   session.setTicked(PrintTick::A3, true);
   session.send(devices);
   EXPECT_THAT(devices.asked, ElementsAre("printer"));
@@ -232,7 +298,7 @@ TEST_F(ThreeInOnePrint, OnThePaperThatThePrinterHasOnlyIfThePersonWants) {
   devices.printerIsThere = true;
   devices.printerHasPaper = false;
   dialogs.answers = {false, true};
-  ThreeInOnePrintSession session = open();
+  PrintDialogSession session = open();
   session.send(devices);
   EXPECT_THAT(devices.sent.pages, IsEmpty());
   session.send(devices);
@@ -240,7 +306,7 @@ TEST_F(ThreeInOnePrint, OnThePaperThatThePrinterHasOnlyIfThePersonWants) {
 }
 
 TEST_F(ThreeInOnePrint, WithoutAPrinterAPdfFileIsAskedFor) {
-  ThreeInOnePrintSession session = open();
+  PrintDialogSession session = open();
   session.send(devices);  // cancelled
   EXPECT_THAT(devices.asked, IsEmpty());
   ASSERT_THAT(dialogs.fileQuestions, SizeIs(1));
@@ -254,7 +320,7 @@ TEST_F(ThreeInOnePrint, WithoutAPrinterAPdfFileIsAskedFor) {
 TEST_F(ThreeInOnePrint, PicturesGoToTheFolderOfTheFirstSamplesProject) {
   sample(1, kCU, "B-1", "P2");
   devices.printerIsThere = true;
-  ThreeInOnePrintSession session = open();
+  PrintDialogSession session = open();
   session.setTicked(PrintTick::Picture, true);
   session.choose(PrintScope::Range);
   session.setText(PrintBox::From, "2");
@@ -267,7 +333,7 @@ TEST_F(ThreeInOnePrint, PicturesGoToTheFolderOfTheFirstSamplesProject) {
 }
 
 TEST_F(ThreeInOnePrint, AJobWithoutAPageAsksForNothingAndSaysSo) {
-  ThreeInOnePrintSession session(workspace, dialogs, {.row = 900});
+  PrintDialogSession session(kThreeInOneForm, kThreeInOne, workspace, dialogs, {.row = 900});
   session.choose(PrintScope::Current);  // an empty row
   session.send(devices);
   EXPECT_THAT(devices.asked, IsEmpty());
