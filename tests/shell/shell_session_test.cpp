@@ -9,6 +9,7 @@
 
 #include "shell/fakes.h"
 #include "shell/lab.h"
+#include "shell/printing.h"
 #include "support/recording_device.h"
 
 namespace triaxlab {
@@ -72,6 +73,7 @@ TEST_F(Shell, EveryCommandThatIsBuiltAndOnDoesItsWork) {
     openDocument();
     windows.form1->envelopes.ratioEnabled = true;
     if (command.action == Action::PrintTK0Curves) continue;  // hidden
+    if (isPrintAction(command.action) && printEntryOf(command.action, kForm1) == nullptr) continue;
     EXPECT_TRUE(shell.trigger(command.name)) << command.name;
     EXPECT_FALSE(windows.take().empty() && dialogs.take().empty()) << command.name;
   }
