@@ -182,9 +182,9 @@ TEST_F(KoWindows, ASaveMeanwhileTakesTheSampleAsItStands) {
   EXPECT_EQ(savedK0().koIntercept.trimmed(), "0.0");
 }
 
-TEST_F(KoWindows, PrintingIsNotOffered) {
+TEST_F(KoWindows, ItsCommandsAreOn) {
   EXPECT_EQ(play(std::string(kOpenK0) + "state RZMPRINT\nstate ZMPRINT\nstate RZMSAVE\nstate RZMGANYU\n"),
-            "RZMPRINT: visible not enabled not checked\nZMPRINT: visible not enabled not checked\n"
+            "RZMPRINT: visible enabled not checked\nZMPRINT: visible enabled not checked\n"
             "RZMSAVE: visible enabled not checked\nRZMGANYU: visible enabled not checked\n");
 }
 

@@ -60,7 +60,10 @@ void PrintWindow::makeScopes() {
     connect(button, &QRadioButton::clicked, this, [this, scope = option.scope] {
       std::optional<PrintBox> typedIn;
       act([&] { typedIn = m_session.choose(scope); });
-      if (typedIn) boxOf(*typedIn)->setFocus();
+      if (!typedIn) return;
+      QLineEdit* const box = boxOf(*typedIn);
+      box->setFocus();
+      box->selectAll();
     });
     m_scopes.push_back(button);
   }
