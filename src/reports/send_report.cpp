@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <string>
 
 #include "common/gbk.h"
 #include "common/user_error.h"
@@ -14,6 +15,22 @@ namespace triaxlab {
 namespace {
 
 constexpr double kRightHalf = 11905;  // of an A3 sheet
+
+/// A page in its place on a sheet. A text of a page has one line, whatever a record or a name holds: line breaks and
+/// other control characters are blanks.
+class PageSurface : public PlacedSurface {
+ public:
+  using PlacedSurface::PlacedSurface;
+
+  void text(Point upperLeft, std::string_view utf8, const Font& font, Colour colour, bool rotated) override {
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; };
+    if (std::none_of(utf8.begin(), utf8.end(), isControl))
+      return PlacedSurface::text(upperLeft, utf8, font, colour, rotated);
+    std::string line(utf8);
+    std::replace_if(line.begin(), line.end(), isControl, ' ');
+    PlacedSurface::text(upperLeft, line, font, colour, rotated);
+  }
+};
 
 }  // namespace
 
@@ -30,7 +47,7 @@ int Sheets::pagesOn(int sheets) const { return std::min(sheets * pagesOfSheet(),
 void Sheets::draw(DrawingSurface& surface, int sheet) const {
   const int before = pagesOn(sheet - 1);
   for (int page = before; page < pagesOn(sheet); ++page) {
-    PlacedSurface half(surface, {page == before ? 0 : kRightHalf, 0});
+    PageSurface half(surface, {page == before ? 0 : kRightHalf, 0});
     m_report.drawPage(half, m_pages.first + page);
   }
 }

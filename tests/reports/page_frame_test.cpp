@@ -45,6 +45,11 @@ TEST_F(FrameTest, EveryTextAtItsPlace) {
                      }));
 }
 
+TEST_F(FrameTest, ANameWithLineBreaksStandsOnOneLine) {
+  workspace.textsOf(ProjectKind::Triaxial).projectName = {"Dam\r\nof the\tlake\x7F", false, "P1"};
+  EXPECT_THAT(textsAt(firstPage(), 600, 1600), ElementsAre("工程名称: Dam  of the lake "));
+}
+
 TEST_F(FrameTest, OnTheDotMatrixFormTheTitleIsCentredAnew) {
   job.lineWeight = 2;
   EXPECT_THAT(textsAt(firstPage(), 3102, 500), ElementsAre(kTitle));
