@@ -46,7 +46,7 @@ TEST_F(FrameTest, EveryTextAtItsPlace) {
 }
 
 TEST_F(FrameTest, ANameWithLineBreaksStandsOnOneLine) {
-  workspace.textsOf(ProjectKind::Triaxial).projectName = {"Dam\r\nof the\tlake\x7F", false, "P1"};
+  workspace.dataOf(ProjectKind::Triaxial).projectName = {"Dam\r\nof the\tlake\x7F", false, "P1"};
   EXPECT_THAT(textsAt(firstPage(), 600, 1600), ElementsAre("工程名称: Dam  of the lake "));
 }
 
