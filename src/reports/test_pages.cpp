@@ -90,7 +90,8 @@ NumberRange TestPages::pagesOf(const PrintJob& job) const {
     if (isOfDisplay(job)) return block == TestBlock{job.currentRow, job.currentPart};
     return std::ranges::binary_search(rows, block.row);
   });
-  return {std::max(chosen.first, numbered.first), std::min(chosen.last, numbered.last)};
+  const NumberRange both{std::max(chosen.first, numbered.first), std::min(chosen.last, numbered.last)};
+  return both.isEmpty() ? NumberRange{} : both;
 }
 
 PageHead TestPages::headOf(int page) {

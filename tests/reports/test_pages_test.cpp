@@ -186,8 +186,10 @@ TEST_F(TestPagesTest, PagesAmongThoseOfChosenSamples) {
   job.printAuxFrom = 1;
   job.printAuxTo = 3;
   EXPECT_THAT(printedPages(), ElementsAre("第  2  页", "第  3  页"));
+  job.printRangeFrom = 7;
   job.printAuxFrom = job.printAuxTo = 1;
   EXPECT_THAT(printedPages(), IsEmpty());
+  EXPECT_EQ(sent, 0);
 }
 
 TEST_F(TestPagesTest, WithoutASampleThereIsNoPage) {

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
+#include "reports/ko_results.h"
 #include "reports/page_fixture.h"
+#include "reports/unconfined_table.h"
 #include "sessions/dialogs/print_dialog_session.h"
 #include "store/settings/settings_file.h"
 #include "support/fake_dialogs.h"
@@ -270,6 +272,26 @@ TEST_F(PrintForms, OtherPagesChosenByTheirNumbersDo) {
     EXPECT_TRUE(session.state().canTickPicture) << form->title;
     EXPECT_TRUE(session.job().printToPicture) << form->title;
   }
+}
+
+TEST_F(PrintForms, PagesThatMakeNoPicturesGoOnPaperAllTheSame) {
+  SetText(workspace.K0SampleTable[0].projectNo, "P1");
+  SetText(workspace.K0SampleTable[0].sampleNo, "K-1");
+  FakePageDevices devices;
+  devices.printerIsThere = true;
+  PrintDialogSession session(kK0Form, kK0Results, workspace, dialogs, {});
+  session.setTicked(PrintTick::Picture, true);
+  session.send(devices, {});
+  EXPECT_THAT(devices.asked, ElementsAre("printer"));
+  EXPECT_EQ(devices.sent.pages.size(), 1U);
+}
+
+TEST_F(PrintForms, PicturesOfTheUnconfinedTestHaveItsName) {
+  FakePageDevices devices;
+  PrintDialogSession session(kUnconfinedForm, kUnconfinedTable, workspace, dialogs, {});
+  session.setTicked(PrintTick::Picture, true);
+  session.send(devices, {});
+  EXPECT_THAT(devices.asked, ElementsAre("pictures " + (folder.path() / "PTU" / "P1").string() + " WCX"));
 }
 
 TEST_F(PrintForms, TheConsolidationTableLeavesThePrinterAsItIs) {

@@ -187,13 +187,14 @@ TEST(StressChart, TheConstantsHaveATableBesideThePlot) {
 TEST(StressChart, TheConstantsStandAsTextsInTheirTableWhereThereAreNoFields) {
   UnconfinedSampleRecord record;
   SetText(record.sampleHeight[0], "8.00");
+  SetText(record.sampleHeight[1], "\xB0\xCB");  // 八
   SetText(record.sampleArea[1], "12.00");
   record.ringCoefficient[0] = 3078;
   RecordingSurface surface;
   drawConstants(surface, record);
   EXPECT_THAT(all<DrawnText>(surface.operations()),
-              IsSupersetOf({words("8.00", 9590, 1945), words("12.00", 10338, 2445), words("3.078", 9538, 2945),
-                            words("0.000", 10338, 2945)}));
+              IsSupersetOf({words("8.00", 9590, 1945), words("八", 10495, 1945), words("12.00", 10338, 2445),
+                            words("3.078", 9538, 2945), words("0.000", 10338, 2945)}));
 }
 
 TEST(StressChart, AMagnifiedPictureKeepsTheNumbersAtItsEdges) {
