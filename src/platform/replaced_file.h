@@ -21,12 +21,16 @@ class ReplacedFile {
   /// Behind what was written so far.
   void write(std::span<const std::byte> bytes);
   void copyContentOf(const File& from);
-  /// Syncs the file and puts it into its place, with the permissions of the old one.
+  /// Syncs and closes the file, which is complete now and still waits beside its place: one of many that are to come
+  /// there together.
+  void close();
+  /// Closes the file and puts it into its place, with the permissions of the old one.
   void finish();
 
  private:
   std::filesystem::path m_place, m_beside;
-  std::optional<File> m_file;  // until it is finished
+  std::optional<File> m_file;  // until it is closed
+  bool m_waits = true;         // beside its place
   std::uint64_t m_written = 0;
 };
 

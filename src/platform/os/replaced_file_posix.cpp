@@ -9,7 +9,7 @@ ReplacedFile::ReplacedFile(const std::filesystem::path& place)
     : m_place(place), m_beside(place.string() + ".new"), m_file(File(m_beside, File::Mode::Create, place)) {}
 
 ReplacedFile::~ReplacedFile() {
-  if (m_file) unlink(m_beside.c_str());
+  if (m_waits) unlink(m_beside.c_str());
 }
 
 void ReplacedFile::write(std::span<const std::byte> bytes) {
@@ -19,11 +19,16 @@ void ReplacedFile::write(std::span<const std::byte> bytes) {
 
 void ReplacedFile::copyContentOf(const File& from) { m_file->copyContentOf(from); }
 
-void ReplacedFile::finish() {
+void ReplacedFile::close() {
   m_file->sync();
+  m_file.reset();
+}
+
+void ReplacedFile::finish() {
+  if (m_file) close();
   takePermissions(m_beside, m_place);
   renameFile(m_beside, m_place);
-  m_file.reset();
+  m_waits = false;
   syncFolder(m_place.parent_path());
 }
 

@@ -4,8 +4,10 @@
 #include <QImage>
 #include <QPainter>
 #include <cmath>
+#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "common/user_error.h"
 #include "platform/files.h"
@@ -42,16 +44,18 @@ class PictureDevice : public PageDevice {
     m_surface.reset();
     m_painter.end();
     QBuffer content;
-    const std::filesystem::path file = fileOrNew(m_folder, fmt::format("{}{}.BMP", m_prefix, ++m_pages));
+    const std::filesystem::path file = fileOrNew(m_folder, fmt::format("{}{}.BMP", m_prefix, m_pictures.size() + 1));
     if (!m_image.save(&content, "BMP")) throw UserError(fmt::format("无法生成图片文件“{}”。", textOfPath(file)));
     const QByteArray& bytes = content.data();
     // A link that has the picture's name goes; what it led to stays.
-    ReplacedFile picture(file);
+    ReplacedFile& picture = *m_pictures.emplace_back(std::make_unique<ReplacedFile>(file));
     picture.write(std::as_bytes(std::span(bytes.constData(), static_cast<std::size_t>(bytes.size()))));
-    picture.finish();
+    picture.close();
   }
 
-  void finish() override {}
+  void finish() override {
+    for (const auto& picture : m_pictures) picture->finish();
+  }
 
  private:
   static int pixels(int twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
@@ -59,7 +63,7 @@ class PictureDevice : public PageDevice {
   PaintingApplication m_application;  // first: all that follows paints
   std::filesystem::path m_folder;
   std::string m_prefix;
-  int m_pages = 0;
+  std::vector<std::unique_ptr<ReplacedFile>> m_pictures;  // that wait for the last one
   QImage m_image;
   QPainter m_painter;
   std::optional<PainterSurface> m_surface;

@@ -88,8 +88,12 @@ QLineEdit* PrintWindow::boxOf(PrintBox box) const {
 void PrintWindow::makeCopiesBar(Place place) {
   m_copies = put(new QScrollBar(Qt::Vertical, this), "VScroll1", place);
   m_copies->setRange(1, kMostCopies);
-  // The upper arrow gives more.
+  // The upper arrow gives more; a bar by itself goes down there.
   m_copies->setInvertedAppearance(true);
+  connect(m_copies, &QScrollBar::actionTriggered, this, [this](int action) {
+    if (action == QScrollBar::SliderSingleStepSub) m_copies->setSliderPosition(m_copies->value() + 1);
+    if (action == QScrollBar::SliderSingleStepAdd) m_copies->setSliderPosition(m_copies->value() - 1);
+  });
   connect(m_copies, &QScrollBar::valueChanged, this,
           [this](int copies) { act([&] { m_session.setText(PrintBox::Copies, std::to_string(copies)); }); });
 }

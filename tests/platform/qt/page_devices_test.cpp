@@ -99,6 +99,20 @@ TEST(PictureDevice, WritesOneBitmapAPage) {
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "SZ3.BMP"));
 }
 
+TEST(PictureDevice, LeavesNothingOfAJobThatIsDropped) {
+  const TemporaryFolder folder;
+  folder.write("SZ1.BMP", "an older picture");
+  {
+    const auto device = makePictureDevice(folder.path(), "SZ");
+    for (int page = 0; page < 2; ++page) {
+      device->beginPage(kA4);
+      device->endPage();
+    }
+  }
+  EXPECT_EQ(folder.read("SZ1.BMP"), "an older picture");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
+}
+
 TEST(PictureDevice, TakesThePlaceOfALink) {
   const TemporaryFolder folder;
   folder.write("outside", "another file");
