@@ -85,7 +85,7 @@ TEST_F(PrintWindowTest, EscStopsAJobBetweenTwoPages) {
   print(window);
   EXPECT_THAT(printer.sent.pages, SizeIs(3));
   EXPECT_EQ(printer.sent.finished, 0);
-  EXPECT_THAT(session.remarks(), ElementsAre("打印已在第 3 张停止，共 6 张。"));
+  EXPECT_THAT(session.remarks(), ElementsAre("打印已停止，送出了 3 张，共 6 张。"));
 }
 
 TEST_F(PrintWindowTest, WhileAJobIsSentTheWindowSaysSoAndNothingCanBeChanged) {

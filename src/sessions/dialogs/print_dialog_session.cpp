@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "common/conversions.h"
 #include "common/text_number.h"
@@ -18,6 +19,7 @@ namespace {
 
 constexpr const char* kPdfExtension = ".pdf";
 constexpr const char* kNoPage = "没有可打印的页。";
+constexpr const char* kNoFile = "打印已停止，没有写出文件。";
 constexpr const char* kPreviewTitle = "打印预览";
 constexpr const char* kJobTitle = "打印三轴试验成果曲线";
 constexpr const char* kNoCurve = "请选择要打印的曲线类型！";
@@ -88,8 +90,8 @@ std::optional<std::filesystem::path> askForPdf(const Workspace& workspace, Dialo
 
 }  // namespace
 
-PreviewedJob::PreviewedJob(const Layout& layout, const PrintJob& previewed, const Workspace& workspace)
-    : job(previewed), report(layout.make(job, workspace)), sheets(*report, job) {}
+PreviewedJob::PreviewedJob(const Layout& layout, PrintJob previewed, const Workspace& workspace)
+    : job(std::move(previewed)), report(layout.make(job, workspace)), sheets(*report, job) {}
 
 PrintDialogSession::PrintDialogSession(const PrintForm& form, const Layout& layout, Workspace& workspace,
                                        Dialogs& dialogs, OnDisplay onDisplay)
@@ -239,9 +241,10 @@ void PrintDialogSession::send(PageDevices& devices, const SheetProgress& goesOn)
     }
     const auto device = deviceFor(*report, sent, devices);
     if (!device) return;
+    const bool toPaper = devices.hasPrinter() && !makesPictures(sent);
     sendReport(*report, sent, *device, [&](int done, int sheets) {
       if (!goesOn || goesOn(done, sheets) || done == sheets) return true;
-      m_remarks.push_back(fmt::format("打印已在第 {} 张停止，共 {} 张。", done, sheets));
+      m_remarks.push_back(toPaper ? fmt::format("打印已停止，送出了 {} 张，共 {} 张。", done, sheets) : kNoFile);
       return false;
     });
   });
@@ -249,8 +252,7 @@ void PrintDialogSession::send(PageDevices& devices, const SheetProgress& goesOn)
 
 std::unique_ptr<PageDevice> PrintDialogSession::deviceFor(const Report& report, const PrintJob& job,
                                                           PageDevices& devices) const {
-  if (job.printToPicture && !m_layout.picturePrefix.empty())
-    return devices.pictures(pictureFolder(report, job, m_workspace), m_layout.picturePrefix);
+  if (makesPictures(job)) return devices.pictures(pictureFolder(report, job, m_workspace), m_layout.picturePrefix);
   if (devices.hasPrinter())
     return devices.printer({.title = m_layout.title, .size = sheetSize(report, job), .copies = job.copies}, m_dialogs);
   const auto file = askForPdf(m_workspace, m_dialogs);

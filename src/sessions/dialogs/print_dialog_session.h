@@ -40,7 +40,7 @@ struct PrintDialogState {
 
 /// The job of a dialog as it stood when 预 览 was pressed, to be shown sheet by sheet.
 struct PreviewedJob {
-  PreviewedJob(const Layout& layout, const PrintJob& previewed, const Workspace& workspace);
+  PreviewedJob(const Layout& layout, PrintJob previewed, const Workspace& workspace);
 
   PrintJob job;
   std::unique_ptr<Report> report;
@@ -91,6 +91,7 @@ class PrintDialogSession {
   void storeSheet() const;
   PageSetup typedSheet() const;
   void takeRange(PrintJob& job) const;
+  bool makesPictures(const PrintJob& job) const { return job.printToPicture && !m_layout.picturePrefix.empty(); }
   /// Nothing when a question was cancelled.
   std::unique_ptr<PageDevice> deviceFor(const Report& report, const PrintJob& job, PageDevices& devices) const;
 

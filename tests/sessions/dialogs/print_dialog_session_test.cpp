@@ -269,7 +269,28 @@ TEST_F(ThreeInOnePrint, AJobIsStoppedBetweenTwoPages) {
   EXPECT_THAT(told, ElementsAre(std::pair(1, 4), std::pair(2, 4), std::pair(3, 4)));
   EXPECT_THAT(devices.sent.pages, SizeIs(3));
   EXPECT_EQ(devices.sent.finished, 0) << "a file would look whole";
-  EXPECT_THAT(session.remarks(), ElementsAre("打印已在第 3 张停止，共 4 张。"));
+  EXPECT_THAT(session.remarks(), ElementsAre("打印已停止，送出了 3 张，共 4 张。"));
+}
+
+TEST_F(ThreeInOnePrint, OfAFileThatWasStoppedNothingIsLeft) {
+  dialogs.file = folder / "pages.pdf";
+  PrintDialogSession session = open();
+  session.send(devices, [](int, int) { return false; });
+  EXPECT_EQ(devices.sent.finished, 0);
+  EXPECT_THAT(session.remarks(), ElementsAre("打印已停止，没有写出文件。"));
+}
+
+TEST_F(ThreeInOnePrint, AFullTableIsPreviewedPageByPage) {
+  for (std::size_t row = 4; row < 1001; ++row) sample(row, kCU, "A-" + std::to_string(row));
+  PrintDialogSession session = open();
+  for (int curve = 0; curve < 6; ++curve) session.setTicked(static_cast<PrintTick>(curve), true);
+  const auto previewed = session.preview();
+  EXPECT_EQ(previewed->sheets.count(), 3003);  // 6006 blocks
+  for (const int sheet : {1, 3003}) {
+    RecordingSurface seen;
+    previewed->sheets.draw(seen, sheet);
+    EXPECT_EQ(textsWith(seen.operations(), "土样编号:").front(), sheet == 1 ? "土样编号:A-0" : "土样编号:A-1000");
+  }
 }
 
 TEST_F(ThreeInOnePrint, AStopBehindTheLastPageComesTooLate) {
