@@ -33,9 +33,15 @@ class WatchedPrinter : public PageDevices {
   RecordingDevice sent;
 
   bool hasPrinter() const override { return true; }
-  std::unique_ptr<PageDevice> printer(PrinterJob, Dialogs&) override { return std::make_unique<Device>(*this); }
-  std::unique_ptr<PageDevice> pdf(const std::filesystem::path&) override { return std::make_unique<Device>(*this); }
-  std::unique_ptr<PageDevice> pictures(const std::filesystem::path&, std::string_view) override { return nullptr; }
+  std::unique_ptr<PageDevice> printer(PrinterJob /*job*/, Dialogs& /*dialogs*/) override {
+    return std::make_unique<Device>(*this);
+  }
+  std::unique_ptr<PageDevice> pdf(const std::filesystem::path& /*file*/) override {
+    return std::make_unique<Device>(*this);
+  }
+  std::unique_ptr<PageDevice> pictures(const std::filesystem::path& /*folder*/, std::string_view /*prefix*/) override {
+    return nullptr;
+  }
 
  private:
   struct Device : PageDevice {

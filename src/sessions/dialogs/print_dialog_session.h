@@ -56,6 +56,7 @@ class PrintDialogSession {
                      OnDisplay onDisplay);
 
   const PrintForm& form() const { return m_form; }
+  const Layout& layout() const { return m_layout; }
   PrintDialogState state() const;
 
   /// A click that leaves the box ticked or not.

@@ -42,7 +42,7 @@ void PrintPageView::paintOn(QPainter& painter, double pixelsPerTwip) const {
   drawOn(surface);
 }
 
-void PrintPageView::paintEvent(QPaintEvent*) {
+void PrintPageView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   // Paper is white whatever the desktop's theme.
   painter.fillRect(rect(), Qt::white);

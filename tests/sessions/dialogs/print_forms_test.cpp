@@ -19,8 +19,8 @@ class OnePage : public Report {
  public:
   PageSize pageSize() const override { return kA4; }
   int pageCount() const override { return 1; }
-  void drawPage(DrawingSurface&, int) override {}
-  std::string_view projectNo(int) const override { return "P1"; }
+  void drawPage(DrawingSurface& /*surface*/, int /*page*/) override {}
+  std::string_view projectNo(int /*page*/) const override { return "P1"; }
 };
 
 /// Pages of unconfined samples, for every dialog that has no curves of triaxial samples to choose from.
