@@ -236,10 +236,6 @@ void ShellSession::print(const PrintEntry& entry) {
   showRemarks(remarks);
 }
 
-bool ShellSession::canPrintTable() const {
-  return printEntryOf(Action::PrintTable, m_workspace.activeDocument) != nullptr;
-}
-
 void ShellSession::printTable() {
   m_remark.clear();
   finishTyping();

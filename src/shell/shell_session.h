@@ -67,8 +67,7 @@ class ShellSession {
   bool save();
   /// Opens the table of readings, Form2 or Form7, of the sample on display.
   void showTable(ActiveDocument table);
-  /// 打印数表 of the window of unconfined samples. Pre for the second: the first.
-  bool canPrintTable() const;
+  /// 打印数表 of the window of unconfined samples.
   void printTable();
   /// Runs an operation; a UserError ends it, is shown, and gives false.
   template <class Operation>

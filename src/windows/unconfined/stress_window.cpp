@@ -55,7 +55,6 @@ void Form4::makeButtons() {
   auto* const showCurve = put(new QPushButton(stress_captions::kShowCurve, this), "Command1", kShowCurve);
   connect(showCurve, &QPushButton::clicked, this, [this] { act([&] { m_session.showCurve(); }); });
   auto* const printTable = put(new QPushButton(stress_captions::kPrintTable, this), "Command2", kPrintTable);
-  printTable->setEnabled(shell().canPrintTable());
   connect(printTable, &QPushButton::clicked, this, [this] { shell().printTable(); });
 }
 
