@@ -80,10 +80,11 @@ void StressSession::carryOver(UnconfinedSampleRecord& sample) const {
 void StressSession::takePicture() {
   UnconfinedSampleRecord& sample = record();
   const LaboratoryHabits& habits = workspace().settings.habits;
+  // In front of the reduction, which brings the limits of a new sample into their bounds: they show from the next
+  // drawing on.
+  for (std::size_t i = 0; i < kSpecimens.size(); ++i) m_strainLimitTexts[i] = limitText(sample.strainLimit[i]);
   if (sample.sampleNo.isBlank()) carryOver(sample);
   reduceUnconfinedSample(sample, habits.sensitivityFormat());
-  // Behind the reduction, which brings the limits of a new sample into their bounds.
-  for (std::size_t i = 0; i < kSpecimens.size(); ++i) m_strainLimitTexts[i] = limitText(sample.strainLimit[i]);
   m_drawn = sample;
   m_options = {.largestStrain = habits.unconfinedLargestStrain, .halfPeaks = habits.strainAtHalfPeak};
 }

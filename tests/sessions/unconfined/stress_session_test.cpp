@@ -255,6 +255,15 @@ TEST_F(Unconfined, ALimitOutOfBoundsIsNotStoredAndTellsTheUsualOneUntilTheNextDr
   EXPECT_THAT(session.strainLimitTexts(), ElementsAre("15.0", "10.0"));
 }
 
+TEST_F(Unconfined, ANewSampleHasItsLimitsFromTheSecondDrawingOn) {
+  workspace.UnconfinedSampleTable[0] = {};
+  StressSession session(workspace);
+  EXPECT_THAT(session.strainLimitTexts(), ElementsAre("0.0", "0.0"));
+  EXPECT_EQ(record().strainLimit, (BothSpecimens<std::uint8_t>{150, 150}));
+  session.showCurve();
+  EXPECT_THAT(session.strainLimitTexts(), ElementsAre("15.0", "15.0"));
+}
+
 // ---- the texts of the document
 
 TEST_F(Unconfined, TheNamesThatSignComeFromTheSettings) {
