@@ -31,10 +31,10 @@ void ImportedProjects::setName(std::string_view projectNo, std::string_view name
   m_names.insert_or_assign(std::string(inRecords.trimmed()), std::string(Trim(name)));
 }
 
-void ImportedProjects::carryOut(Workspace& workspace) const {
-  workspace.clearProjectDates();
-  std::copy(m_dates.begin(), m_dates.end(), workspace.ProjectDateTable.begin());
-  workspace.importedProjectNames = m_names;
+void ImportedProjects::carryOut(DocumentData& document) const {
+  document.clearProjectDates();
+  std::copy(m_dates.begin(), m_dates.end(), document.ProjectDateTable.begin());
+  document.importedProjectNames = m_names;
 }
 
 }  // namespace triaxlab

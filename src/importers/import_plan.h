@@ -55,7 +55,7 @@ class ImportedProjects {
   /// What the database calls the project, GBK.
   void setName(std::string_view projectNo, std::string_view name);
 
-  void carryOut(Workspace& workspace) const;
+  void carryOut(DocumentData& document) const;
 
  private:
   std::vector<ProjectDate> m_dates;
@@ -97,8 +97,9 @@ class ImportPlan {
     using Target = ImportTarget<Record>;
     auto& table = workspace.*Target::kTable;
     table.clear();
-    workspace.dataOf(kTestsOf<Record>).clearLocations();
-    projects.carryOut(workspace);
+    DocumentData& document = workspace.dataOf(kTestsOf<Record>);
+    document.clearLocations();
+    projects.carryOut(document);
 
     Record joining;
     // A row is made in the moment when it is filled, while it is at hand: the table is far larger than the caches.

@@ -56,6 +56,7 @@ std::string reportDay(const Workspace& workspace) {
 PageHeads::PageHeads(const PrintJob& job, const Workspace& workspace, ProjectKind tests, const PageLabels& labels,
                      PageFamily family)
     : m_workspace(workspace),
+      m_tests(tests),
       m_labels(labels),
       m_pageNumbers(job.printPageNumbers),
       m_firstPageNumber(job.firstPageNumber),
@@ -78,7 +79,8 @@ PageHead PageHeads::of(int page, FirstSample first) {
   if (!titles.archiveNo.empty()) head.archiveNo = m_labels.archiveNo + titles.archiveNo;
   if (!m_withoutPageAndDates) {
     head.pageNumber = pageNumber(page);
-    head.testDate = m_labels.testDate + gbkToUtf8(shownTestDate(m_workspace, first.projectNo, first.testDate));
+    head.testDate =
+        m_labels.testDate + gbkToUtf8(shownTestDate(m_workspace.dataOf(m_tests), first.projectNo, first.testDate));
   }
   return head;
 }

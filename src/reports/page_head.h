@@ -55,6 +55,7 @@ class PageHeads {
   std::string pageNumber(int page) const;
 
   const Workspace& m_workspace;
+  ProjectKind m_tests;
   PageLabels m_labels;
   bool m_pageNumbers;
   int m_firstPageNumber;

@@ -89,8 +89,8 @@ void StageTables::addStage(std::size_t row, std::size_t stage) {
 }
 
 void StageTables::drawHeading(DrawingSurface& surface, const TriaxialSampleRecord& record, std::size_t stage) const {
-  const std::string_view date =
-      shownTestDate(m_workspace, record.projectNo.trimmed(), record.testDate.trimmed(), DateFirst::OfProject);
+  const std::string_view date = shownTestDate(m_workspace.dataOf(ProjectKind::Triaxial), record.projectNo.trimmed(),
+                                              record.testDate.trimmed(), DateFirst::OfProject);
   TableHeading heading = tableHeading(record, stage, m_workspace.settings.habits.projectNoLabel, gbkToUtf8(date));
   if (!isDated()) heading.date.clear();
   printInLine(surface, kHeadingX, kHeadingY, std::array{heading.project, heading.sample, heading.pressure}, {});

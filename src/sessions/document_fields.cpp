@@ -68,8 +68,8 @@ std::array<std::string, 2> statusPanels(const Workspace& workspace, ProjectKind 
   const SampleRows rows(workspace, tests);
   const auto ownDate = infoOf(tests).results.testDate;
   const std::string_view projectNo = rows.projectNo(row);
-  const std::string_view date =
-      shownTestDate(workspace, projectNo, ownDate != nullptr ? ownDate(rows.record(row)) : std::string_view{}, first);
+  const std::string_view date = shownTestDate(
+      workspace.dataOf(tests), projectNo, ownDate != nullptr ? ownDate(rows.record(row)) : std::string_view{}, first);
   return {workspace.settings.habits.projectNoLabel + ":" + gbkToUtf8(projectNo), "试验日期:" + gbkToUtf8(date)};
 }
 

@@ -40,7 +40,6 @@ Remarks importedDocument(Workspace& workspace, const DocumentKind& document) {
 Remarks newDocument(Workspace& workspace, const DocumentKind& document) {
   infoOf(document.tests).table.clear(workspace);
   workspace.dataOf(document.tests) = {};
-  workspace.clearProjectDates();
   workspace.processingDate = {};
   Remarks remarks;
   readTextFiles(workspace, document, remarks);

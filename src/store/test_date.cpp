@@ -2,10 +2,10 @@
 
 namespace triaxlab {
 
-std::string_view shownTestDate(const Workspace& workspace, std::string_view projectNo, std::string_view ownDate,
+std::string_view shownTestDate(const DocumentData& document, std::string_view projectNo, std::string_view ownDate,
                                DateFirst first) {
   if (first == DateFirst::OfSample && !ownDate.empty()) return ownDate;
-  const std::string_view ofProject = workspace.projectTestDate(projectNo).value_or("");
+  const std::string_view ofProject = document.projectTestDate(projectNo).value_or("");
   return ofProject.empty() ? ownDate : ofProject;
 }
 

@@ -24,7 +24,7 @@ const std::filesystem::path& Workspace::knownDataFolder() const {
   return dataFolder;
 }
 
-std::optional<std::string_view> Workspace::projectTestDate(std::string_view projectNo) const {
+std::optional<std::string_view> DocumentData::projectTestDate(std::string_view projectNo) const {
   const auto row = std::find_if(ProjectDateTable.begin(), ProjectDateTable.end(),
                                 [projectNo](const ProjectDate& date) { return date.projectNo.trimmed() == projectNo; });
   if (row == ProjectDateTable.end()) return std::nullopt;
@@ -36,12 +36,12 @@ std::string Workspace::dateText(std::size_t box) const {
   return dataOf(ProjectKind::Triaxial).typedDateTexts.at(box).value_or(std::string(shown.at(box)));
 }
 
-void Workspace::clearProjectDates() {
+void DocumentData::clearProjectDates() {
   ProjectDateTable.fill({});
   importedProjectNames.clear();
 }
 
-std::string_view Workspace::importedProjectName(std::string_view projectNo) const {
+std::string_view DocumentData::importedProjectName(std::string_view projectNo) const {
   const auto found = importedProjectNames.find(projectNo);
   return found == importedProjectNames.end() ? std::string_view{} : found->second;
 }

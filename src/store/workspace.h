@@ -90,8 +90,18 @@ struct DocumentData {
   /// The table holds an import: a save first asks which known samples to overwrite.
   bool rawImportPending = false;
   std::bitset<kTableRows> keepExisting;  // rows whose known sample a save of an import leaves alone
+  std::array<ProjectDate, kProjectDateRows> ProjectDateTable;
+  /// What the imported database calls its projects, by their numbers, both GBK and trimmed. A save gives the name to
+  /// the project's summary file where that has none.
+  std::map<std::string, std::string, std::less<>> importedProjectNames;
 
   void clearLocations();
+  /// The first row of ProjectDateTable with this project (trimmed); nothing when there is none.
+  std::optional<std::string_view> projectTestDate(std::string_view projectNo) const;
+  /// Empty when the import named no such project.
+  std::string_view importedProjectName(std::string_view projectNo) const;
+  /// The imported names of the projects go with their dates.
+  void clearProjectDates();
 };
 
 /// The tables and variables that all share, alive from start to end. Built by main and handed down by reference;
@@ -118,13 +128,9 @@ struct Workspace {
   SampleTable<UnconfinedSampleRecord> UnconfinedSampleTable;
   SampleTable<K0SampleRecord> K0SampleTable;
   SampleTable<TK0SampleRecord> TK0SampleTable;
-  std::array<ProjectDate, kProjectDateRows> ProjectDateTable;
 
   ProjectHeader projectHeader;
   ProcessingDate processingDate;
-  /// What the imported database calls its projects, by their numbers, both GBK and trimmed. A save gives the name to
-  /// the project's summary file where that has none.
-  std::map<std::string, std::string, std::less<>> importedProjectNames;
 
   /// Of the tests of a kind; those of an old kind of file are those of the kind as which it is saved.
   DocumentData& dataOf(ProjectKind tests);
@@ -141,13 +147,6 @@ struct Workspace {
   std::filesystem::path projectFolder() const { return fileOrNew(knownDataFolder(), "HSZS"); }
   std::filesystem::path summaryFolder() const { return fileOrNew(knownDataFolder(), "ZMSJ"); }
   std::filesystem::path pictureFolder() const { return fileOrNew(knownDataFolder(), "PTU"); }
-
-  /// The first row of ProjectDateTable with this project (trimmed); nothing when there is none.
-  std::optional<std::string_view> projectTestDate(std::string_view projectNo) const;
-  /// Empty when the import named no such project.
-  std::string_view importedProjectName(std::string_view projectNo) const;
-  /// The imported names of the projects go with their dates.
-  void clearProjectDates();
 
  private:
   std::map<ProjectKind, DocumentData> m_data;

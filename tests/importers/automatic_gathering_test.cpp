@@ -147,7 +147,7 @@ TEST_F(Gathering, AnImportReplacesTheTablesAndMarksThemAsRaw) {
   SetText(workspace.TriaxialSampleTable[0].sampleNo, "old");
   SetText(workspace.TriaxialSampleTable[1000].sampleNo, "old");
   SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[1000].boreholeNo, "old");
-  SetText(workspace.ProjectDateTable[100].projectNo, "old");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[100].projectNo, "old");
   Entry first = newerEntry({at(100, 11)}), second = newerEntry({at(100, 21, "S-2")});
   second.projectNo = "P2";
   second.projectTail = "   -";
@@ -159,12 +159,12 @@ TEST_F(Gathering, AnImportReplacesTheTablesAndMarksThemAsRaw) {
   EXPECT_EQ(row(0).sampleNo.trimmed(), "S-1");
   EXPECT_TRUE(sameBytes(row(1000), TriaxialSampleRecord{}));
   EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[1000], SampleLocation{});
-  EXPECT_EQ(workspace.ProjectDateTable[0].projectNo.trimmed(), "P1");
-  EXPECT_EQ(workspace.ProjectDateTable[0].testDate.view(), "2024/04/12");
-  EXPECT_EQ(workspace.ProjectDateTable[1].projectNo.trimmed(), "P2-7");
-  EXPECT_EQ(workspace.ProjectDateTable[1].testDate.view(), "1999/09/14");
-  EXPECT_EQ(workspace.ProjectDateTable[2], ProjectDate{});
-  EXPECT_EQ(workspace.ProjectDateTable[100], ProjectDate{});
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].projectNo.trimmed(), "P1");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].testDate.view(), "2024/04/12");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[1].projectNo.trimmed(), "P2-7");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[1].testDate.view(), "1999/09/14");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[2], ProjectDate{});
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[100], ProjectDate{});
 }
 
 /// As many groups as fit one entry, each a sample of its own.

@@ -71,7 +71,8 @@ class DamagedJet : public ImportTest, public ::testing::WithParamInterface<Sourc
       constexpr std::size_t kRows = 8;
       return std::string(reinterpret_cast<const char*>(table.used().data()), kRows * sizeof(table[0]));
     };
-    const std::string dates(reinterpret_cast<const char*>(&workspace.ProjectDateTable), sizeof(ProjectDate));
+    const std::string dates(reinterpret_cast<const char*>(&workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable),
+                            sizeof(ProjectDate));
     return dates + bytesOfRows(workspace.TriaxialSampleTable) + bytesOfRows(workspace.UnconfinedSampleTable) +
            (workspace.dataOf(ProjectKind::Triaxial).rawImportPending ? "pending" : "");
   }

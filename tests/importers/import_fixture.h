@@ -68,7 +68,7 @@ struct ImportedState {
   explicit ImportedState(const Workspace& workspace)
       : samples(bytesOfTable(workspace)),
         locations(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable),
-        dates(workspace.ProjectDateTable),
+        dates(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable),
         rawImportPending(workspace.dataOf(ProjectKind::Triaxial).rawImportPending) {}
   bool operator==(const ImportedState&) const = default;
 

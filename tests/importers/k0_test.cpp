@@ -48,7 +48,7 @@ TEST_F(K0Import, AStationOfTheOlderApparatusIsASample) {
   EXPECT_EQ(pressure(1), "0.104");
   EXPECT_EQ(k0(1).projectNo.trimmed(), "P2-LONG-01") << "its own";
   EXPECT_TRUE(workspace.dataOf(ProjectKind::K0).rawImportPending);
-  EXPECT_EQ(workspace.ProjectDateTable[0].testDate.trimmed(), "2024/04/12");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::K0).ProjectDateTable[0].testDate.trimmed(), "2024/04/12");
 }
 
 TEST_F(K0Import, WordsWithoutAReadingAndStationsWithoutANumberBringNothing) {

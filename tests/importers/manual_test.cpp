@@ -56,8 +56,8 @@ TEST_F(Manual, EntriesTellTheirRecords) {
   EXPECT_EQ(row(0).sampleNo.trimmed(), "C");
   EXPECT_EQ(row(1).sampleNo.trimmed(), "A");
   EXPECT_EQ(row(2).sampleNo.trimmed(), "B");
-  EXPECT_EQ(workspace.projectTestDate("P1"), "2016/05/17");
-  EXPECT_EQ(workspace.projectTestDate("P2"), "2016/05/24");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectTestDate("P1"), "2016/05/17");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectTestDate("P2"), "2016/05/24");
 }
 
 TEST_F(Manual, APlaceWithoutAProjectBringsNothing) {

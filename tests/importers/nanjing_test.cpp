@@ -36,9 +36,10 @@ TEST_F(Nanjing, SamplesBeginInRow1) {
   EXPECT_TRUE(row(1).cellPressure[1].isBlank());
   EXPECT_EQ(row(1).testMethod, 0);
   EXPECT_EQ(sampleNo(2), "J2");
-  EXPECT_EQ(workspace.ProjectDateTable[0].projectNo.trimmed(), "NJ2") << "the last block's";
-  EXPECT_EQ(workspace.ProjectDateTable[0].testDate.trimmed(), "2011/05/07");
-  EXPECT_TRUE(workspace.ProjectDateTable[1].projectNo.isBlank());
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].projectNo.trimmed(), "NJ2")
+      << "the last block's";
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].testDate.trimmed(), "2011/05/07");
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[1].projectNo.isBlank());
 }
 
 TEST_F(Nanjing, ReadingsAreHundredthsWithoutASign) {
@@ -131,7 +132,7 @@ TEST_F(Nanjing, TextsAreCutAtTheirWidthAndKeepTheirBytes) {
       .date = "2011/05/06 08:00", .projectNo = "\xBF\xB1\xB2\xEC-11111111111\xBF\xB1", .sampleNo = "J-1\r"});
   EXPECT_EQ(row(1).projectNo.view(), "\xBF\xB1\xB2\xEC-1111111111");
   EXPECT_EQ(row(1).sampleNo.trimmed(), "J-1\r");
-  EXPECT_EQ(workspace.ProjectDateTable[0].testDate.view(), "2011/05/06");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].testDate.view(), "2011/05/06");
 }
 
 TEST_F(Nanjing, LeavesThePendingMarkAndClearsTheRest) {

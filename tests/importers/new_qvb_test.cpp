@@ -66,7 +66,7 @@ TEST_F(NewQvb, IdentityAndMeasures) {
   EXPECT_EQ(row(0).consolidatedArea[0].trimmed(), "11.80");
   EXPECT_EQ(row(0).consolidationDrainage[0].trimmed(), "2.40");
   EXPECT_TRUE(row(0).ringCoefficient[0].isBlank());
-  EXPECT_EQ(workspace.projectTestDate("P1"), "2024/04/12") << "the project of the entry";
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectTestDate("P1"), "2024/04/12") << "the project of the entry";
 }
 
 TEST_F(NewQvb, UuHasConsolidatedMeasuresToo) {

@@ -355,11 +355,11 @@ TEST_F(Qvb98, AProjectHasTheDateOfItsLastRow) {
   second.date = "19990303";
   empty.date = "19990404";
   importAll({first, other, second, empty}, "qvb98");
-  EXPECT_EQ(workspace.projectTestDate("P1"), "1999/03/03");
-  EXPECT_EQ(workspace.projectTestDate("P2"), "1999/02/02");
-  EXPECT_EQ(workspace.ProjectDateTable[0].projectNo.trimmed(), "P1");
-  EXPECT_EQ(workspace.ProjectDateTable[1].projectNo.trimmed(), "P2");
-  EXPECT_TRUE(workspace.ProjectDateTable[2].projectNo.isBlank());
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectTestDate("P1"), "1999/03/03");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectTestDate("P2"), "1999/02/02");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].projectNo.trimmed(), "P1");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[1].projectNo.trimmed(), "P2");
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[2].projectNo.isBlank());
 }
 
 TEST_F(Qvb98, StrainsAndTimesAreThoseOfTheApparatus) {

@@ -102,8 +102,8 @@ TEST_F(UnconfinedKu, EachMarkedRowDatesItsProject) {
   second.projectNo = "P2";
   second.date = "20240425";
   importAll({first, second}, "unconfined-kzj");
-  EXPECT_EQ(workspace.projectTestDate("P1"), "2024/04/12");
-  EXPECT_EQ(workspace.projectTestDate("P2"), "2024/04/25");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Unconfined).projectTestDate("P1"), "2024/04/12");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Unconfined).projectTestDate("P2"), "2024/04/25");
   EXPECT_EQ(samples(), 2U) << "one number in two projects is two samples";
   EXPECT_TRUE(workspace.dataOf(ProjectKind::Unconfined).rawImportPending);
 }
@@ -290,7 +290,8 @@ TEST_F(UnconfinedHwx, ASpecimenNamesItsProjectOrTakesThatOfTheIndex) {
   EXPECT_EQ(sample(1).projectNo.trimmed(), "P1");
   EXPECT_EQ(sample(2).projectNo.trimmed(), "P1");
   EXPECT_EQ(numberOf(2), "B              ");
-  EXPECT_FALSE(workspace.projectTestDate("LONGPROJ10")) << "the index dates its own project alone";
+  EXPECT_FALSE(workspace.dataOf(ProjectKind::Unconfined).projectTestDate("LONGPROJ10"))
+      << "the index dates its own project alone";
 }
 
 TEST_F(UnconfinedHwx, ACutFileBringsWhatIsThere) {

@@ -167,8 +167,9 @@ TEST_F(WindowsEdition, TakesTheTestsOfTheDateShown) {
   EXPECT_EQ(import().sampleRows, 3U);
   EXPECT_EQ(row(2).sampleNo.trimmed(), "S-3");
   EXPECT_EQ(row(2).testDate.trimmed(), "2020/05/04");
-  EXPECT_EQ(workspace.ProjectDateTable[0].testDate.trimmed(), "2020-05-04") << "of the last one";
-  EXPECT_TRUE(workspace.ProjectDateTable[1].projectNo.isBlank());
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].testDate.trimmed(), "2020-05-04")
+      << "of the last one";
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[1].projectNo.isBlank());
 }
 
 TEST_F(WindowsEdition, OtherKindsOfTestsComeToNothing) {
@@ -191,7 +192,7 @@ TEST_F(WindowsEdition, IdentityOfASample) {
   EXPECT_EQ(row(0).uuAdjustFlag, 1) << "0 in the database";
   EXPECT_EQ(row(0).testDate.trimmed(), "2020/05/03");
   for (std::size_t slot = 0; slot < kStages; ++slot) EXPECT_EQ(row(0).shearRate[slot], 800);
-  EXPECT_EQ(workspace.importedProjectName("P'1"), utf8ToGbk("滨江路"));
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).importedProjectName("P'1"), utf8ToGbk("滨江路"));
 }
 
 TEST_F(WindowsEdition, ALongProjectNumberKeepsItsName) {
@@ -200,7 +201,7 @@ TEST_F(WindowsEdition, ALongProjectNumberKeepsItsName) {
   import();
   const std::string_view projectNo = row(0).projectNo.trimmed();
   EXPECT_EQ(projectNo, utf8ToGbk("2020-工程-01234")) << "fifteen places";
-  EXPECT_EQ(workspace.importedProjectName(projectNo), utf8ToGbk("滨江路"));
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).importedProjectName(projectNo), utf8ToGbk("滨江路"));
 }
 
 TEST_F(WindowsEdition, RatesAreThousandthsCutOff) {

@@ -44,7 +44,7 @@ TEST_F(WindowsSamples, OrdinaryTestsOfTheDayComeIn) {
   }
   EXPECT_EQ(row(0).shearRate[0], 12);
   EXPECT_EQ(row(4).shearRate[0], 80);
-  EXPECT_EQ(workspace.importedProjectName("KC2020-07"), utf8ToGbk("东湖新城三期"));
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).importedProjectName("KC2020-07"), utf8ToGbk("东湖新城三期"));
 }
 
 TEST_F(WindowsSamples, TheDatxByProject) {

@@ -183,10 +183,10 @@ TEST_F(WindowsUnconfined, TheLastMarkedProjectIsDatedByItsFirstSample) {
   database.sample(2, "P2", "S-2", "2020-06-09 08:00:00");
   database.sample(3, "P2", "S-3", "2020-07-09 08:00:00");
   import();
-  EXPECT_EQ(workspace.ProjectDateTable[0].projectNo.trimmed(), "P2");
-  EXPECT_EQ(workspace.ProjectDateTable[0].testDate.trimmed(), "2020-06-09");
-  EXPECT_TRUE(workspace.ProjectDateTable[1].projectNo.isBlank());
-  EXPECT_EQ(workspace.importedProjectName("P1"), utf8ToGbk("滨江路"));
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Unconfined).ProjectDateTable[0].projectNo.trimmed(), "P2");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Unconfined).ProjectDateTable[0].testDate.trimmed(), "2020-06-09");
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Unconfined).ProjectDateTable[1].projectNo.isBlank());
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Unconfined).importedProjectName("P1"), utf8ToGbk("滨江路"));
   EXPECT_TRUE(workspace.dataOf(ProjectKind::Unconfined).rawImportPending);
 }
 
@@ -220,7 +220,7 @@ TEST_F(WindowsUnconfined, ADatabaseWithoutSamplesHasNoRows) {
 TEST_F(WindowsUnconfined, TheDemonstrationDatabase) {
   const auto path = std::filesystem::path(TRIAXLAB_SAMPLES) / "WCX.dat";
   EXPECT_EQ(importPath(path, "unconfined-win").samples, 5U);
-  EXPECT_EQ(workspace.ProjectDateTable[0].projectNo.trimmed(), "KC2020-07");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Unconfined).ProjectDateTable[0].projectNo.trimmed(), "KC2020-07");
 }
 
 }  // namespace

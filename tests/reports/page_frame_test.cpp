@@ -103,8 +103,8 @@ TEST_F(FrameTest, PageDateAndTableCanBeLeftOutTogether) {
 }
 
 TEST_F(FrameTest, TheTestDateComesFromTheProjectWhenTheRecordHasNone) {
-  SetText(workspace.ProjectDateTable[5].projectNo, "P1");
-  SetText(workspace.ProjectDateTable[5].testDate, "2023/01/02");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[5].projectNo, "P1");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[5].testDate, "2023/01/02");
   EXPECT_THAT(textsWith(firstPage(), "试验日期"), ElementsAre("试验日期:2023/01/02"));
   habits.omitTriaxialTestDate = true;
   EXPECT_THAT(textsWith(firstPage(), "试验日期"), IsEmpty());

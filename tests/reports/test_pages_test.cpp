@@ -38,8 +38,8 @@ struct TestPagesTest : PageTest {
 
 TEST_F(TestPagesTest, EveryTextOfTheFrameAtItsPlace) {
   sample(0, "K-1");
-  SetText(workspace.ProjectDateTable[0].projectNo, "P1");
-  SetText(workspace.ProjectDateTable[0].testDate, "2024/05/06");
+  SetText(texts.ProjectDateTable[0].projectNo, "P1");
+  SetText(texts.ProjectDateTable[0].testDate, "2024/05/06");
   texts.projectName = {kGbkName, false, "P1"};
   texts.secondTitleLine = {"D-7", false, "P1"};
   SetText(workspace.processingDate.year, "2024");

@@ -110,8 +110,8 @@ TEST_F(TriaxialTableTest, EachStageWithReadingsBeginsAPage) {
 
 TEST_F(TriaxialTableTest, TheProjectsDateStandsInTheHeadingAndTheSamplesInTheFrame) {
   SetText(sample(0, kUU, "A-1").testDate, "2024-05-06");
-  SetText(workspace.ProjectDateTable[0].projectNo, "P1");
-  SetText(workspace.ProjectDateTable[0].testDate, "2024-04-30");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].projectNo, "P1");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].testDate, "2024-04-30");
   EXPECT_THAT(textsAt(firstPage(), 600, 2180), ElementsAre("试验日期:2024-04-30"));
   EXPECT_THAT(textsAt(firstPage(), 7800, 1350), ElementsAre("试验日期:2024-05-06"));
 }

@@ -123,11 +123,18 @@ TEST_F(Shell, TheMenuFollowsTheDocument) {
 
 // ---- NEW
 
+TEST_F(Shell, ANewDocumentLeavesTheDatesOfOthers) {
+  SetText(lab.workspace.dataOf(ProjectKind::TK0).ProjectDateTable[0].testDate, "2024/07/16");
+  EXPECT_TRUE(shell.trigger("NEW"));
+  EXPECT_EQ(lab.workspace.dataOf(ProjectKind::TK0).ProjectDateTable[0].testDate.trimmed(), "2024/07/16")
+      << "the window of its tests may be open";
+}
+
 TEST_F(Shell, NewShowsAnEmptyDocument) {
   Workspace& workspace = lab.workspace;
   workspace.TriaxialSampleTable[1000] = sample("P1", "A-1");
   SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[3].boreholeNo, "ZK1");
-  SetText(workspace.ProjectDateTable[100].projectNo, "P1");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[100].projectNo, "P1");
   SetText(workspace.processingDate.year, "2012");
   SetText(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo, "QR-07");
   workspace.dataOf(ProjectKind::Triaxial).projectName.text = "name";
@@ -139,7 +146,7 @@ TEST_F(Shell, NewShowsAnEmptyDocument) {
   EXPECT_THAT(windows.take(), ElementsAre("load 1"));
   EXPECT_FALSE(isLive(workspace.TriaxialSampleTable[1000]));
   EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[3], SampleLocation{});
-  EXPECT_EQ(workspace.ProjectDateTable[100], ProjectDate{});
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[100], ProjectDate{});
   EXPECT_FALSE(workspace.processingDate.isSet());
   EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
   EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectName.text +

@@ -13,8 +13,8 @@ namespace triaxlab {
 namespace {
 
 std::string testDate(const Workspace& workspace, const TriaxialSampleRecord& record) {
-  return gbkToUtf8(
-      shownTestDate(workspace, record.projectNo.trimmed(), record.testDate.trimmed(), DateFirst::OfProject));
+  return gbkToUtf8(shownTestDate(workspace.dataOf(ProjectKind::Triaxial), record.projectNo.trimmed(),
+                                 record.testDate.trimmed(), DateFirst::OfProject));
 }
 
 /// Where the specimen of a stage stands now. Of several with one pressure the first stays the first; one that is gone

@@ -87,16 +87,16 @@ void readEndText(OpenedFile& opened) {
   opened.file.readAt(recordPosition(opened.info.recordSize, count), writableBytesOf(opened.endText));
 }
 
-void installDates(Workspace& workspace, const ProjectHeader& header) {
+void installDates(Workspace& workspace, DocumentData& document, const ProjectHeader& header) {
   const std::string_view processed = header.processedDate.view();
   SetText(workspace.processingDate.year, processed.substr(0, 4));
   SetText(workspace.processingDate.month, processed.substr(5, 2));
   SetText(workspace.processingDate.day, processed.substr(8, 2));
-  workspace.clearProjectDates();
+  document.clearProjectDates();
   std::string_view testDate = header.testDate.trimmed();
   testDate = testDate.substr(0, testDate.find(' '));  // behind the blank stands a time of day
-  SetText(workspace.ProjectDateTable[0].projectNo, header.projectNo.trimmed());
-  SetText(workspace.ProjectDateTable[0].testDate, testDate);
+  SetText(document.ProjectDateTable[0].projectNo, header.projectNo.trimmed());
+  SetText(document.ProjectDateTable[0].testDate, testDate);
 }
 
 }  // namespace
@@ -127,9 +127,9 @@ Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fil
   // Everything is read: from here on nothing fails.
   workspace.fileMemory.remember(FileUse::Document, path, stamp);
   table->install(workspace);
-  installDates(workspace, opened.head.header);
-  workspace.projectHeader = opened.head.header;
   DocumentData& data = workspace.dataOf(kind);
+  installDates(workspace, data, opened.head.header);
+  workspace.projectHeader = opened.head.header;
   data.clearLocations();
   data.controlledDocNo = opened.endText;
   data.projectName = {};

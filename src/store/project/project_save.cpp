@@ -214,7 +214,7 @@ ProjectHeader ProjectSave::newHeader(std::string_view projectNo) const {
   SetText(header.createdDate, today);
   SetText(header.processedDate, today);
   setProcessedDate(header);
-  SetText(header.testDate, m_workspace.projectTestDate(projectNo).value_or(today));
+  SetText(header.testDate, m_workspace.dataOf(m_info.kind).projectTestDate(projectNo).value_or(today));
   // A kind without a tag leaves the one of the header that it began as.
   if (!m_info.versionTag.empty()) SetText(header.versionTag, m_info.versionTag);
   return header;

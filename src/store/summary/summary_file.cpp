@@ -30,7 +30,7 @@ void readTitles(const Workspace& workspace, DocumentData& data, const std::strin
     data.projectName.text.clear();
     data.secondTitleLine.text.clear();
   }
-  if (Trim(data.projectName.text).empty()) data.projectName.text = workspace.importedProjectName(projectNo);
+  if (Trim(data.projectName.text).empty()) data.projectName.text = data.importedProjectName(projectNo);
   data.projectName.projectNo = data.secondTitleLine.projectNo = projectNo;
   data.projectName.typed = data.secondTitleLine.typed = false;
 }

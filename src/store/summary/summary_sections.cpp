@@ -17,7 +17,7 @@ void blankResults(SummaryRecord& summary, ProjectKind kind) { infoOf(kind).resul
 std::string testDateOf(const Workspace& workspace, ProjectKind kind, std::size_t row) {
   const SampleRows rows(workspace, kind);
   const auto ownDate = infoOf(kind).results.testDate;
-  std::string date(shownTestDate(workspace, rows.projectNo(row),
+  std::string date(shownTestDate(workspace.dataOf(kind), rows.projectNo(row),
                                  ownDate != nullptr ? ownDate(rows.record(row)) : std::string_view{}));
   if (date.empty()) date = slashed(workspace.today());
   std::replace(date.begin(), date.end(), '-', '/');

@@ -129,7 +129,7 @@ void SummaryUpdate::finish() {
   const DocumentData& data = m_workspace.dataOf(m_kind);
   setTitle(m_head.header.projectName, data.projectName, m_projectNo);
   if (!data.projectName.typed && m_head.header.projectName.isBlank())
-    SetText(m_head.header.projectName, m_workspace.importedProjectName(m_projectNo));
+    SetText(m_head.header.projectName, data.importedProjectName(m_projectNo));
   setTitle(m_head.header.secondTitleLine, data.secondTitleLine, m_projectNo);
   writeHeader();
 }

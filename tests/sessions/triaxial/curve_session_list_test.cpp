@@ -182,8 +182,8 @@ TEST_F(CurveSessionList, LoadStartsOverOnTheNewTable) {
 TEST_F(CurveSessionList, TheDateIsTheRecordsOrElseItsProjects) {
   fill(2);
   SetText(workspace.TriaxialSampleTable[0].testDate, "2021/03/04");
-  SetText(workspace.ProjectDateTable[1].projectNo, "GC1");
-  SetText(workspace.ProjectDateTable[1].testDate, "2020-01-02");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[1].projectNo, "GC1");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[1].testDate, "2020-01-02");
   CurveSession session(workspace);
   EXPECT_EQ(session.state().statusPanels[1], "试验日期:2021/03/04");
   session.selectListCell(4);

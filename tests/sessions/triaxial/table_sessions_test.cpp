@@ -99,8 +99,8 @@ TEST_F(DataTables, ShowsWhatTheRecordHoldsNow) {
 TEST_F(DataTables, TheDateOfTheProjectComesFirst) {
   SetText(fixture.sample(0).testDate, "2020-01-02");
   EXPECT_EQ(table().heading.date, "试验日期:2020-01-02");
-  SetText(fixture.workspace.ProjectDateTable[7].projectNo, "GC1");
-  SetText(fixture.workspace.ProjectDateTable[7].testDate, "2024/04/15");
+  SetText(fixture.workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[7].projectNo, "GC1");
+  SetText(fixture.workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[7].testDate, "2024/04/15");
   EXPECT_EQ(table().heading.date, "试验日期:2024/04/15");
   EXPECT_THAT(session.statusPanels(), ElementsAre("工程编号:GC1", "试验日期:2024/04/15"));
 }

@@ -64,7 +64,7 @@ TEST_F(DamagedFiles, ATriaxialProjectCutAnywhereOpensWithWhatIsThere) {
 TEST_F(DamagedFiles, AProjectThatCanNotBeReadChangesNothing) {
   setRow(0, triaxialBytes("BEFORE", "S1"));
   SetText(workspace.processingDate.year, "1999");
-  SetText(workspace.ProjectDateTable[0].projectNo, "BEFORE");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].projectNo, "BEFORE");
   workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
   const std::string blankCount = headerBytes({"", "P1"}), wordCount = headerBytes({"many", "P1"});
   for (const std::string& damaged :
@@ -79,7 +79,7 @@ TEST_F(DamagedFiles, AProjectThatCanNotBeReadChangesNothing) {
               HasSubstr("WKSZP1.txt"));
   EXPECT_EQ(row(0).projectNo.trimmed(), "BEFORE");
   EXPECT_EQ(workspace.processingDate.year.view(), "1999");
-  EXPECT_EQ(workspace.ProjectDateTable[0].projectNo.trimmed(), "BEFORE");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].projectNo.trimmed(), "BEFORE");
   EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).rawImportPending);
 }
 

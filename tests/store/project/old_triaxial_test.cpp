@@ -120,7 +120,7 @@ TEST_F(OldTriaxial, TheDateOfTheFileIsTheSamples) {
   write("HSZS/KSZP1.txt", headerBytes({"1", "P1", "", "", "1998/03/04"}) + oldRecord("A-1"));
   openProject(workspace, ProjectKind::OldTriaxial, "KSZP1.txt", nullptr);
   EXPECT_EQ(row(0).testDate.view(), "1998/03/04");
-  EXPECT_EQ(workspace.ProjectDateTable[0].testDate.view(), "1998/03/04");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].testDate.view(), "1998/03/04");
 }
 
 TEST_F(OldTriaxial, SamplesComeInTheirOrder) {

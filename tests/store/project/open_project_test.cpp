@@ -57,20 +57,21 @@ TEST_F(OpenProject, TheHeaderGivesTheDates) {
   EXPECT_EQ(workspace.processingDate.year.view(), "2023");
   EXPECT_EQ(workspace.processingDate.month.view(), "11");
   EXPECT_EQ(workspace.processingDate.day.view(), "07");
-  EXPECT_EQ(workspace.ProjectDateTable[0].projectNo.trimmed(), "P1");
-  EXPECT_EQ(workspace.ProjectDateTable[0].testDate.trimmed(), "2024/2/8") << "cut before the blank";
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].projectNo.trimmed(), "P1");
+  EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].testDate.trimmed(), "2024/2/8")
+      << "cut before the blank";
 }
 
 TEST_F(OpenProject, WhatTheWorkspaceHeldBeforeIsGone) {
   setRow(5, triaxialBytes("OLD", "X"));
-  SetText(workspace.ProjectDateTable[7].projectNo, "OLD");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[7].projectNo, "OLD");
   SetText(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[5].boreholeNo, "ZK5");
   SetText(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo, "OLD");
   workspace.dataOf(ProjectKind::Triaxial).projectName = {"old name", true, "OLD"};
   workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
   openTriaxial(headerBytes({"0000", "P1"}));
   EXPECT_SAME_BYTES(bytesOfRecord(row(5)), emptyTriaxial());
-  EXPECT_TRUE(workspace.ProjectDateTable[7].projectNo.isBlank());
+  EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[7].projectNo.isBlank());
   EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).SampleDisplayTable[5].boreholeNo.isBlank());
   EXPECT_TRUE(workspace.dataOf(ProjectKind::Triaxial).controlledDocNo.isBlank());
   EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectName.text, "");

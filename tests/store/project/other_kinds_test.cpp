@@ -119,8 +119,8 @@ TEST_P(OtherKinds, TheNamesInTheSettingsStayAndNoDateIsStored) {
 }
 
 TEST_P(OtherKinds, TheTestDateIsThatOfTheProject) {
-  SetText(workspace.ProjectDateTable[100].projectNo, "P1");
-  SetText(workspace.ProjectDateTable[100].testDate, "2024-02-28");
+  SetText(workspace.dataOf(GetParam().kind).ProjectDateTable[100].projectNo, "P1");
+  SetText(workspace.dataOf(GetParam().kind).ProjectDateTable[100].testDate, "2024-02-28");
   setSample(0, sample("S1"));
   save();
   EXPECT_EQ(read(fileName()).substr(39, 10), "2024-02-28");

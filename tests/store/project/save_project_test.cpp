@@ -42,10 +42,10 @@ TEST_F(SaveProject, ThreeSamplesMakeAFile) {
 TEST_F(SaveProject, TheDateBoxesDateANewFile) {
   setRow(0, triaxialBytes("N1", "A-1"));
   setDate("2024", "3", "2");
-  SetText(workspace.ProjectDateTable[0].projectNo, "N0");
-  SetText(workspace.ProjectDateTable[0].testDate, "2020/01/01");
-  SetText(workspace.ProjectDateTable[100].projectNo, "N1");
-  SetText(workspace.ProjectDateTable[100].testDate, "2024/02/28");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].projectNo, "N0");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].testDate, "2020/01/01");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[100].projectNo, "N1");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[100].testDate, "2024/02/28");
   save();
   // The three texts are joined as they are held: 4, 2 and 2 places.
   EXPECT_SAME_BYTES(read("HSZS/WKSZN1.txt").substr(0, kHeaderSize),

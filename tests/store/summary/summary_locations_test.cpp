@@ -135,7 +135,7 @@ TEST_F(SummaryLocations, WithoutAFileTheNameIsTheImporters) {
   setRow(0, triaxialBytes("P1", "S1"));
   workspace.dataOf(ProjectKind::Triaxial).projectName.text =
       workspace.dataOf(ProjectKind::Triaxial).secondTitleLine.text = "of the document before";
-  workspace.importedProjectNames["P1"] = "from the database";
+  workspace.dataOf(ProjectKind::Triaxial).importedProjectNames["P1"] = "from the database";
   EXPECT_THAT(readLocations(workspace, ProjectKind::Triaxial), IsEmpty());
   EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectName.text, "from the database");
   EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).secondTitleLine.text, "");
@@ -144,7 +144,7 @@ TEST_F(SummaryLocations, WithoutAFileTheNameIsTheImporters) {
 
 TEST_F(SummaryLocations, TheNameInTheFileGoesBeforeTheImporters) {
   setRow(0, triaxialBytes("P1", "S1"));
-  workspace.importedProjectNames["P1"] = "from the database";
+  workspace.dataOf(ProjectKind::Triaxial).importedProjectNames["P1"] = "from the database";
   std::string header = newSummaryHeaderBytes("0000", "P1");
   write("ZMSJ/KHZP1.txt", header);
   readLocations(workspace, ProjectKind::Triaxial);

@@ -175,8 +175,8 @@ TEST_F(SummarySave, TheDateIsTheSamplesElseTheProjectsElseToday) {
   setRow(0, sample);
   save();
   EXPECT_EQ(record(0).substr(2598, 10), "2024/05/06");
-  SetText(workspace.ProjectDateTable[0].projectNo, "P1");
-  SetText(workspace.ProjectDateTable[0].testDate, "2024-01-15");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].projectNo, "P1");
+  SetText(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].testDate, "2024-01-15");
   save();
   EXPECT_EQ(record(0).substr(2598, 10), "2024/01/15");
   EXPECT_EQ(summary().substr(30, 10), "2024/01/15");
