@@ -118,8 +118,11 @@ bool ShellSession::mayClose(ActiveDocument document) {
 }
 
 void ShellSession::documentClosed(ActiveDocument document) {
+  const auto front = static_cast<ActiveDocument>(m_workspace.activeDocument);
   m_commands.documentClosed(document);
   if (documentKindOf(document).leavesNoDocument) m_workspace.activeDocument = kNoDocument;
+  // A window in front of the one that closed stays there: nothing else would switch the commands back to it.
+  if (front != document && m_windows.document(front) != nullptr) return documentActivated(front);
   m_windows.refresh();
 }
 

@@ -121,6 +121,16 @@ TEST_F(Shell, TheMenuFollowsTheDocument) {
   EXPECT_FALSE(isOn("QUXIAN1"));
 }
 
+TEST_F(Shell, AWindowInFrontKeepsTheCommandsWhenOneBehindItCloses) {
+  openDocument();
+  shell.documentActivated(kForm4);
+  shell.documentActivated(kForm1);
+  shell.documentClosed(kForm4);
+  EXPECT_EQ(lab.workspace.activeDocument, kForm1);
+  EXPECT_TRUE(isOn("RZMSAVE"));
+  EXPECT_FALSE(isOn("NEWSZ")) << "an import would replace what is open";
+}
+
 // ---- NEW
 
 TEST_F(Shell, ANewDocumentLeavesTheDatesOfOthers) {
