@@ -1,6 +1,7 @@
 // triaxlab-cli: the laboratory's engine without windows, for batch work.
-#include <fmt/core.h>
+#include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <exception>
 #include <new>
@@ -30,11 +31,15 @@ struct FileOfCommand {
   }
 };
 
-int failWithoutMemory(const Command& command) {
-  const std::string file = std::visit(FileOfCommand(), command);
+int failWithoutMemory(const std::string& work) {
   printError(
-      fmt::format("{}内存不足，没有做完。请关闭别的程序再试。", file.empty() ? "" : fmt::format("处理“{}”时", file)));
+      fmt::format("{}内存不足，没有做完。请关闭别的程序再试。", work.empty() ? "" : fmt::format("处理“{}”时", work)));
   return kFailed;
+}
+
+/// The command as it was typed, for memory that ends before it is understood.
+std::string typedCommand(int argc, char** argv) {
+  return fmt::format("{}", fmt::join(argv + std::min(argc, 1), argv + argc, " "));
 }
 
 /// Where memory is so short that not even an exception can be made.
@@ -59,9 +64,9 @@ int runCommandLine(const CommandLine& line) {
   try {
     return doWork(line);
   } catch (const std::bad_alloc&) {
-    return failWithoutMemory(line.command);
+    return failWithoutMemory(std::visit(FileOfCommand(), line.command));
   } catch (const std::length_error&) {
-    return failWithoutMemory(line.command);
+    return failWithoutMemory(std::visit(FileOfCommand(), line.command));
   }
 }
 
@@ -84,7 +89,7 @@ int runProgram(int argc, char** argv) {
   } catch (const UserError& error) {
     printError(error.what());
   } catch (const std::bad_alloc&) {
-    printError("内存不足，没有做完。请关闭别的程序再试。");
+    return failWithoutMemory(typedCommand(argc, argv));
   } catch (const std::exception& error) {
     printError(fmt::format("程序出错，没有做完：{}", error.what()));
   } catch (...) {
