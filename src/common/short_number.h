@@ -113,8 +113,10 @@ bool writeTenths(char* places, double value, double& written) {
   constexpr double kMost = N == 7 ? 9999.8 : 999.8;  // behind a minus, too
   const double scaled = std::fabs(value) * 10;
   if (N < 6 || !(scaled < kMost * 10)) return false;
-  if (std::fabs(scaled - static_cast<std::int32_t>(scaled) - 0.5) < 0.01) return false;
-  const auto tenths = static_cast<std::int32_t>(scaled + 0.5);
+  const auto below = static_cast<std::int32_t>(scaled);
+  const double rest = scaled - below;
+  if (std::fabs(rest - 0.5) < 0.01) return false;
+  const std::int32_t tenths = rest > 0.5 ? below + 1 : below;
   const bool negative = value < 0 && tenths != 0;
   written = (negative ? -tenths : tenths) / 10.0;
   const int whole = tenths / 10;

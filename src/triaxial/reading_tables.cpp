@@ -65,8 +65,8 @@ TableFoot tableFoot(const TriaxialSampleRecord& record, std::size_t stage, Failu
   const FailureRows failure = applyFailureMode(shown, mode);
   foot.failurePorePressure =
       record.testMethod == kCD ? kNotMeasured : gbkToUtf8(failure.failureStressAtPeak.at(stage).trimmed());
-  foot.deviatorStress = FormatNumber(shown.sigma1Failure.at(stage).number() - shown.cellPressure.at(stage).number(),
-                                     NumberFormat::Whole);
+  foot.deviatorStress =
+      FormatNumber(shown.sigma1Failure.at(stage).number() - shown.cellPressure.at(stage).number(), NumberFormat::Whole);
   return foot;
 }
 

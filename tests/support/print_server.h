@@ -79,13 +79,13 @@ class PrintServer {
   }
 
   void writeBackend() const {
-    const auto backend = m_folder.write(
-        "lib/backend/capture",
-        fmt::format(
-            "#!/bin/sh\n"
-            "[ $# -gt 0 ] || {{ echo 'direct capture \"Unknown\" \"Capture\"'; exit 0; }}\n"
-            "cd '{}' && echo \"queue=$PRINTER title=$3 copies=$4 $5\" > options-$1 && cat \"${{6:--}}\" > pages-$1 && : > done-$1\n",
-            (m_folder / "jobs").string()));
+    const auto backend =
+        m_folder.write("lib/backend/capture",
+                       fmt::format("#!/bin/sh\n"
+                                   "[ $# -gt 0 ] || {{ echo 'direct capture \"Unknown\" \"Capture\"'; exit 0; }}\n"
+                                   "cd '{}' && echo \"queue=$PRINTER title=$3 copies=$4 $5\" > options-$1 && cat "
+                                   "\"${{6:--}}\" > pages-$1 && : > done-$1\n",
+                                   (m_folder / "jobs").string()));
     // What others may run the server runs under another name, which can't write here.
     std::filesystem::permissions(backend, std::filesystem::perms(0700));
   }

@@ -48,9 +48,10 @@ class Rewrite : public StoreTest {
     for (const std::string& record : records) file += record;
     write("ZMSJ/KHZP1.txt", file);
   }
-  std::string summaryRecord(std::size_t k) const {
-    return read("ZMSJ/KHZP1.txt").substr(kSummaryHeaderSize + k * kSummaryRecordSize, kSummaryRecordSize);
+  static std::string recordIn(const std::string& summary, std::size_t k) {
+    return summary.substr(kSummaryHeaderSize + k * kSummaryRecordSize, kSummaryRecordSize);
   }
+  std::string summaryRecord(std::size_t k) const { return recordIn(read("ZMSJ/KHZP1.txt"), k); }
   /// The names of all files but the backups, to see that nothing is left behind.
   std::vector<std::string> everyFile() const {
     std::vector<std::string> names;
@@ -193,8 +194,9 @@ TEST_F(Rewrite, ManySummaryRecordsAreAllLookedAt) {
   for (int i = 0; i < 601; ++i) records.push_back(siblingRecordBytes("A-" + std::to_string(i)));
   writeSummary(records);
   rewrite(ProjectKind::Triaxial, "WKSZP1.txt", {1, 0});
+  const std::string summary = read("ZMSJ/KHZP1.txt");
   int kept = 0;
-  for (std::size_t k = 0; k < 601; ++k) kept += summaryRecord(k) == records[k] ? 1 : 0;
+  for (std::size_t k = 0; k < 601; ++k) kept += recordIn(summary, k) == records[k] ? 1 : 0;
   EXPECT_EQ(kept, 2);
   EXPECT_SAME_BYTES(summaryRecord(1), records[1]);
   EXPECT_SAME_BYTES(summaryRecord(600), records[600]);
