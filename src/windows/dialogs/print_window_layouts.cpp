@@ -18,20 +18,30 @@ constexpr int kLeft = 300, kRight = 4500, kCurveWidth = 3900, kTickWidth = 3300;
 constexpr int kPitch = 360;
 constexpr Place tickLine(int x, int width, int line) { return {x, 200 + kPitch * line, width, kLine}; }
 
-constexpr std::array kThreeInOneTicks{
-    TickControl{"Check1", T::DotMatrix, tickLine(kRight, kTickWidth, 0)},
-    TickControl{"Check2", T::StressStrain, tickLine(kLeft, kCurveWidth, 0)},
-    TickControl{"Check3", T::StressRatioEnvelope, tickLine(kLeft, kCurveWidth, 1)},
-    TickControl{"Check4", T::StressDifferenceEnvelope, tickLine(kLeft, kCurveWidth, 2)},
-    TickControl{"Check5", T::StressPath, tickLine(kLeft, kCurveWidth, 3)},
-    TickControl{"Check6", T::PorePressure, tickLine(kLeft, kCurveWidth, 4)},
-    TickControl{"Check7", T::StressRatio, tickLine(kLeft, kCurveWidth, 5)},
-    TickControl{"Check8", T::PageNumbers, tickLine(kRight, kTickWidth, 1)},
-    TickControl{"Check9", T::EffectiveCircles, tickLine(kRight, kTickWidth, 3)},
-    TickControl{"Check10", T::TotalCircles, tickLine(kRight, kTickWidth, 2)},
-    TickControl{"Check11", T::Picture, tickLine(kRight, kTickWidth, 4)},
-    TickControl{"Check12", T::A3, tickLine(kRight, kTickWidth, 5)},
-};
+/// What both dialogs of the curves have; Check8 is a matter of the dialog.
+constexpr auto curveTicks(PrintTick check8) {
+  return std::array{
+      TickControl{"Check1", T::DotMatrix, tickLine(kRight, kTickWidth, 0)},
+      TickControl{"Check2", T::StressStrain, tickLine(kLeft, kCurveWidth, 0)},
+      TickControl{"Check3", T::StressRatioEnvelope, tickLine(kLeft, kCurveWidth, 1)},
+      TickControl{"Check4", T::StressDifferenceEnvelope, tickLine(kLeft, kCurveWidth, 2)},
+      TickControl{"Check5", T::StressPath, tickLine(kLeft, kCurveWidth, 3)},
+      TickControl{"Check6", T::PorePressure, tickLine(kLeft, kCurveWidth, 4)},
+      TickControl{"Check7", T::StressRatio, tickLine(kLeft, kCurveWidth, 5)},
+      TickControl{"Check8", check8, tickLine(kRight, kTickWidth, 1)},
+      TickControl{"Check9", T::EffectiveCircles, tickLine(kRight, kTickWidth, 3)},
+      TickControl{"Check10", T::TotalCircles, tickLine(kRight, kTickWidth, 2)},
+      TickControl{"Check11", T::Picture, tickLine(kRight, kTickWidth, 4)},
+  };
+}
+
+constexpr auto threeInOneTicks() {
+  constexpr std::array kShared = curveTicks(T::PageNumbers);
+  std::array<TickControl, kShared.size() + 1> ticks{};
+  *std::copy(kShared.begin(), kShared.end(), ticks.begin()) = {"Check12", T::A3, tickLine(kRight, kTickWidth, 5)};
+  return ticks;
+}
+constexpr std::array kThreeInOneTicks = threeInOneTicks();
 constexpr std::array<Place, 4> kThreeInOneScopes{
     {{300, 2600, 1500, kLine}, {1900, 2600, 1800, kLine}, {300, 3000, 1500, kLine}, {1900, 3000, 1800, kLine}}};
 constexpr std::array kThreeInOneBoxes{BoxControl{"Text1", B::From, {300, 3420, 1200, kBoxLine}},
@@ -42,19 +52,7 @@ constexpr std::array kThreeInOneTexts{PrintText{"Label3", captions::kTo, {1550, 
 
 // ---- SETPRINTFORM3: the same, and the sheet on the lower right
 
-constexpr std::array kChartSheetTicks{
-    TickControl{"Check1", T::DotMatrix, tickLine(kRight, kTickWidth, 0)},
-    TickControl{"Check2", T::StressStrain, tickLine(kLeft, kCurveWidth, 0)},
-    TickControl{"Check3", T::StressRatioEnvelope, tickLine(kLeft, kCurveWidth, 1)},
-    TickControl{"Check4", T::StressDifferenceEnvelope, tickLine(kLeft, kCurveWidth, 2)},
-    TickControl{"Check5", T::StressPath, tickLine(kLeft, kCurveWidth, 3)},
-    TickControl{"Check6", T::PorePressure, tickLine(kLeft, kCurveWidth, 4)},
-    TickControl{"Check7", T::StressRatio, tickLine(kLeft, kCurveWidth, 5)},
-    TickControl{"Check8", T::DataSheet, tickLine(kRight, kTickWidth, 1)},
-    TickControl{"Check9", T::EffectiveCircles, tickLine(kRight, kTickWidth, 3)},
-    TickControl{"Check10", T::TotalCircles, tickLine(kRight, kTickWidth, 2)},
-    TickControl{"Check11", T::Picture, tickLine(kRight, kTickWidth, 4)},
-};
+constexpr std::array kChartSheetTicks = curveTicks(T::DataSheet);
 constexpr std::array<Place, 3> kChartSheetScopes{
     {{300, 2700, 1500, kLine}, {1900, 2700, 1800, kLine}, {300, 3120, 1100, kLine}}};
 constexpr std::array kChartSheetBoxes{
