@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "sessions/cell_moves.h"
+
 namespace triaxlab {
 
 bool ReadingGrid::select(int cell) {
@@ -17,23 +19,8 @@ void ReadingGrid::moveLine(int step) {
 }
 
 bool ReadingGrid::key(CellKey key, CursorPlace cursor) {
-  switch (key) {
-    case CellKey::Up:
-      moveLine(-1);
-      return true;
-    case CellKey::Down:
-    case CellKey::Enter:
-      moveLine(+1);
-      return true;
-    case CellKey::Left:
-      return cursor.atStart && select(m_cell - 1);
-    case CellKey::Right:
-      return cursor.atEnd && select(m_cell + 1);
-    case CellKey::PageUp:
-    case CellKey::PageDown:
-      break;
-  }
-  return false;
+  return moveByKey(
+      key, cursor, [this](int step) { moveLine(step); }, [this](int step) { return select(m_cell + step); });
 }
 
 }  // namespace triaxlab

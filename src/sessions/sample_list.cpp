@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "sessions/cell_moves.h"
+
 namespace triaxlab {
 namespace {
 
@@ -22,26 +24,12 @@ void SampleList::moveLine(int step) {
 }
 
 bool SampleList::key(CellKey key, CursorPlace cursor) {
-  switch (key) {
-    case CellKey::Up:
-      moveLine(-1);
-      return true;
-    case CellKey::Down:
-    case CellKey::Enter:
-      moveLine(+1);
-      return true;
-    case CellKey::PageUp:
-      scroll(m_top - kPageStep);
-      return true;
-    case CellKey::PageDown:
-      scroll(m_top + kPageStep);
-      return true;
-    case CellKey::Left:
-      return cursor.atStart && select(m_cell - 1);
-    case CellKey::Right:
-      return cursor.atEnd && select(m_cell + 1);
+  if (key == CellKey::PageUp || key == CellKey::PageDown) {
+    scroll(m_top + (key == CellKey::PageUp ? -kPageStep : kPageStep));
+    return true;
   }
-  return false;
+  return moveByKey(
+      key, cursor, [this](int step) { moveLine(step); }, [this](int step) { return select(m_cell + step); });
 }
 
 }  // namespace triaxlab

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "common/gbk.h"
+#include "sessions/cell_moves.h"
 #include "triaxial/derived_columns.h"
 
 namespace triaxlab {
@@ -94,23 +95,8 @@ bool ResultTable::moveCell(int step) {
 
 bool ResultTable::key(CellKey key, CursorPlace cursor) {
   if (!m_openCell) return false;
-  switch (key) {
-    case CellKey::Up:
-      moveCell(-kStageCount);
-      return true;
-    case CellKey::Down:
-    case CellKey::Enter:
-      moveCell(kStageCount);
-      return true;
-    case CellKey::Left:
-      return cursor.atStart && moveCell(-1);
-    case CellKey::Right:
-      return cursor.atEnd && moveCell(1);
-    case CellKey::PageUp:
-    case CellKey::PageDown:
-      break;
-  }
-  return false;
+  return moveByKey(
+      key, cursor, [this](int step) { moveCell(step * kStageCount); }, [this](int step) { return moveCell(step); });
 }
 
 void ResultTable::refresh(const TriaxialSampleRecord& record) {
