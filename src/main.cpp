@@ -12,6 +12,7 @@
 #include "shell/barrier.h"
 #include "shell/fault_log.h"
 #include "shell/start_up.h"
+#include "shell/window_memory.h"
 #include "store/workspace.h"
 #include "windows/command_line.h"
 #include "windows/controls/appearance.h"
@@ -53,7 +54,8 @@ struct Program {
 int runForPerson(const Program& program, const Remarks& remarks) {
   QtDialogs dialogs;
   try {
-    MDIForm1 window(program.workspace, dialogs);
+    WindowMemory memory(program.workspace.applicationFolder);
+    MDIForm1 window(program.workspace, dialogs, &memory);
     const Guard guard(program.application, dialogs, window, program.log);
     window.show();
     if (!remarks.empty()) window.showRemarks(remarks);
@@ -68,7 +70,7 @@ int runForPerson(const Program& program, const Remarks& remarks) {
   return kFailed;
 }
 
-/// The same for a script.
+/// The same for a script, which finds every window in its given size, whatever the person made of it.
 int runForScript(const Program& program, const Remarks& remarks, std::vector<ScriptLine> lines,
                  const std::filesystem::path& folder) {
   PlayDialogs dialogs;

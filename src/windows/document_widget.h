@@ -1,14 +1,13 @@
 #pragma once
 
-#include <QWidget>
-
 #include "shell/shell_session.h"
+#include "windows/controls/scaled_window.h"
 #include "windows/session_loop.h"
 
 namespace triaxlab {
 
 /// What all document windows do alike: what goes wrong is told by the shell, and closing asks it.
-class DocumentWidget : public QWidget, protected SessionLoop {
+class DocumentWidget : public ScaledWindow, protected SessionLoop {
   Q_OBJECT
 
  public:

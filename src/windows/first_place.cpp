@@ -12,7 +12,12 @@ namespace {
 
 constexpr int kPatience = 1000;  // milliseconds in which a desktop has laid its frame around a new window
 
+/// The platform without a display has a screen and frames of no meaning.
+bool hasDisplay() { return QGuiApplication::platformName() != "offscreen"; }
+
 }  // namespace
+
+QSize outerSize(const QWidget& window) { return hasDisplay() ? window.frameGeometry().size() : window.size(); }
 
 QRect firstPlace(const QRect& available, QSize wanted, const QMargins& frame) {
   const QSize outer = wanted.boundedTo(available.size());
@@ -22,12 +27,11 @@ QRect firstPlace(const QRect& available, QSize wanted, const QMargins& frame) {
 }
 
 FirstPlace::FirstPlace(QWidget* window, QSize wanted) : QObject(window), m_window(window), m_wanted(wanted) {
-  // The platform without a display has a screen and frames of no meaning.
-  if (QGuiApplication::platformName() == "offscreen") {
-    window->resize(wanted);
-  } else {
+  if (hasDisplay()) {
     place();
     window->installEventFilter(this);
+  } else {
+    window->resize(wanted);
   }
 }
 

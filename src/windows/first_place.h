@@ -12,6 +12,9 @@ namespace triaxlab {
 /// place and size are those of its content, inside the frame that the desktop lays around it.
 QRect firstPlace(const QRect& available, QSize wanted, const QMargins& frame);
 
+/// The size of a window on the screen, the frame counted where it has a meaning.
+QSize outerSize(const QWidget& window);
+
 /// Gives a window its first place. The desktop tells its frame only once the window is on the screen, so the place is
 /// mended when the frame comes; after a second it is the person's.
 class FirstPlace : public QObject {

@@ -51,11 +51,10 @@ constexpr std::array kDocumentBoxes{
 /// The line under a line of cells.
 void rule(QWidget* window, int x, int end, int line) {
   constexpr int kBelow = kBoxHeight + (kLinePitch - kBoxHeight) / 2, kThickness = 15;
-  // Filled, so that it is there at every scale of the screen.
   auto* const made = new QWidget(window);
   made->setAutoFillBackground(true);
   made->setBackgroundRole(QPalette::Mid);
-  made->setGeometry(rectangle({x, lineY(line) + kBelow, end - x, kThickness}));
+  setPlace(made, {x, lineY(line) + kBelow, end - x, kThickness});
 }
 
 std::vector<Place> cellPlaces(int columns, int x, int pitch, int width) {
@@ -70,7 +69,7 @@ std::vector<Place> cellPlaces(int columns, int x, int pitch, int width) {
 
 ListedWindow::ListedWindow(ShellSession& shell, ActiveDocument document, std::unique_ptr<ListedSession> session)
     : DocumentWidget(shell, document), m_session(std::move(session)), m_tables(new QWidget(this)) {
-  m_tables->setGeometry(rectangle(kTables));
+  setPlace(m_tables, kTables);
 }
 
 ListedWindow::~ListedWindow() {
@@ -96,7 +95,7 @@ CanvasWidget* ListedWindow::addChart(const char* name, Place place, CanvasWidget
 
 ClickLabel* ListedWindow::caption(QWidget* parent, const QString& text, Place place) {
   auto* const label = new ClickLabel(parent, text);
-  label->setGeometry(rectangle(place));
+  setPlace(label, place);
   return label;
 }
 

@@ -15,6 +15,7 @@
 
 #include "sessions/dialogs/import_selection.h"
 #include "shell/document_kinds.h"
+#include "shell/window_memory.h"
 #include "windows/controls/click_label.h"
 #include "windows/controls/layout.h"
 #include "windows/controls/words.h"
@@ -25,6 +26,7 @@
 #include "windows/dialogs/range_window.h"
 #include "windows/dialogs/sample_list_window.h"
 #include "windows/dialogs/source_folder_window.h"
+#include "windows/document_frames.h"
 #include "windows/first_place.h"
 #include "windows/menu_bar.h"
 
@@ -42,12 +44,14 @@ ActiveDocument documentOf(const QMdiSubWindow* frame) {
 
 }  // namespace
 
-MDIForm1::MDIForm1(Workspace& workspace, Dialogs& dialogs)
+MDIForm1::MDIForm1(Workspace& workspace, Dialogs& dialogs, WindowMemory* memory)
     : m_workspace(workspace),
       m_dialogs(dialogs),
       m_shell(workspace, dialogs, *this),
       m_menu(new CommandMenuBar(this, m_shell)),
-      m_area(new QMdiArea(this)) {
+      m_area(new QMdiArea(this)),
+      m_memory(memory),
+      m_frames(new DocumentFrames(m_area, memory)) {
   setObjectName("MDIForm1");
   setWindowTitle(kProgramTitle);
   setMenuBar(m_menu);
@@ -58,7 +62,7 @@ MDIForm1::MDIForm1(Workspace& workspace, Dialogs& dialogs)
   connect(m_menu, &CommandMenuBar::entryShown, this, &MDIForm1::showHelp);
   connect(m_menu->menu("RZMWINDOW"), &QMenu::aboutToShow, this, &MDIForm1::listOpenWindows);
   connect(m_area, &QMdiArea::subWindowActivated, this, &MDIForm1::documentCameToFront);
-  new FirstPlace(this, kFirstSize);
+  takeFirstPlace();
   refresh();
 }
 
@@ -67,6 +71,29 @@ MDIForm1::~MDIForm1() {
   hide();
   // Frames that go down one by one would still activate each other.
   m_area->disconnect(this);
+}
+
+void MDIForm1::takeFirstPlace() {
+  const auto chosen = m_memory != nullptr ? m_memory->mainWindow() : std::nullopt;
+  m_firstSize = chosen ? QSize(chosen->width, chosen->height) : kFirstSize;
+  new FirstPlace(this, m_firstSize);
+  if (chosen && chosen->maximized) setWindowState(windowState() | Qt::WindowMaximized);
+}
+
+void MDIForm1::rememberSizes() {
+  if (m_memory == nullptr) return;
+  for (const QMdiSubWindow* const frame : m_area->subWindowList())
+    if (documentOf(frame) != kNoDocument) m_frames->note(*frame);
+  const QSize size = isMaximized() || hasFirstSize() ? m_firstSize : outerSize(*this);
+  if (m_memory->mainWindow() || isMaximized() || size != m_firstSize)
+    m_memory->setMainWindow({size.width(), size.height(), isMaximized()});
+  m_memory->write();
+}
+
+bool MDIForm1::hasFirstSize() const {
+  // On a smaller screen the window has less than it asked for, and wants it still.
+  const QSize now = outerSize(*this);
+  return now == m_firstSize || now == m_firstSize.boundedTo(screen()->availableGeometry().size());
 }
 
 void MDIForm1::makeStatusBar() {
@@ -136,14 +163,16 @@ void MDIForm1::addDocument(ActiveDocument document) {
   QMdiSubWindow* const frame = m_area->addSubWindow(loaded.widget);
   frame->setProperty(kDocumentProperty, static_cast<int>(document));
   frame->setAttribute(Qt::WA_DeleteOnClose);
-  frame->adjustSize();
+  m_frames->opened(*frame);
   frame->move(0, 0);
 }
 
 void MDIForm1::documentHasClosed(ActiveDocument document) {
   // The frame is deleted only when the event loop gets to it; nobody may find it meanwhile.
-  if (QMdiSubWindow* const frame = frameOf(document))
+  if (QMdiSubWindow* const frame = frameOf(document)) {
+    m_frames->note(*frame);
     frame->setProperty(kDocumentProperty, static_cast<int>(kNoDocument));
+  }
   m_documents.erase(document);
   m_shell.documentClosed(document);
 }
@@ -240,6 +269,7 @@ void MDIForm1::listOpenWindows() {
 void MDIForm1::raiseTool(std::string_view windowTitle) { m_toolRaiser.raise(windowTitle); }
 
 void MDIForm1::endProgram() {
+  rememberSizes();
   hide();
   QCoreApplication::exit(0);
 }

@@ -21,14 +21,16 @@ class QProgressBar;
 namespace triaxlab {
 
 class CommandMenuBar;
+class DocumentFrames;
+class WindowMemory;
 
 /// The main window: menu, status bar, and the document windows as its children.
 class MDIForm1 : public QMainWindow, private ShellWindows {
   Q_OBJECT
 
  public:
-  /// Workspace and dialogs outlive the window.
-  MDIForm1(Workspace& workspace, Dialogs& dialogs);
+  /// What is handed in outlives the window. Without a memory windows open in their given sizes.
+  MDIForm1(Workspace& workspace, Dialogs& dialogs, WindowMemory* memory = nullptr);
   ~MDIForm1() override;
 
   ShellSession& shell() { return m_shell; }
@@ -62,6 +64,9 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   /// What the mouse points at, in the first panel; an empty text brings the program's own back.
   void showHelp(const QString& help);
   void refreshStatusBar();
+  void takeFirstPlace();
+  void rememberSizes();
+  bool hasFirstSize() const;
   void listOpenWindows();
   void addDocument(ActiveDocument document);
   void documentHasClosed(ActiveDocument document);
@@ -73,6 +78,9 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   ShellSession m_shell;
   CommandMenuBar* m_menu;
   QMdiArea* m_area;
+  WindowMemory* m_memory;
+  DocumentFrames* m_frames;
+  QSize m_firstSize;  // that it asked the screen for, its frame counted
   std::array<QLabel*, 3> m_panels{};
   QProgressBar* m_progress = nullptr;
   std::map<ActiveDocument, LoadedDocument> m_documents;

@@ -10,12 +10,11 @@
 #include <QTranslator>
 
 #include "platform/qt/painter_surface.h"
+#include "windows/controls/layout.h"
+#include "windows/controls/scaled_style.h"
 
 namespace triaxlab {
 namespace {
-
-/// 9 point at 96 pixels to the inch: the controls have fixed places, so their text has a fixed size.
-constexpr int kFontPixels = 12;
 
 /// Two Mohr circles under their envelope.
 QIcon programIcon() {
@@ -39,9 +38,10 @@ QIcon programIcon() {
 }  // namespace
 
 void setAppearance(QApplication& application) {
-  QApplication::setStyle("Fusion");
+  QApplication::setStyle(new ScaledStyle);
   QFont font(QString::fromUtf8(kSong));
-  font.setPixelSize(kFontPixels);
+  // The controls have their places in twips, and so has their text its size, whatever the desktop prefers.
+  font.setPixelSize(pixels(kTypeHeight));
   QApplication::setFont(font);
   QApplication::setWindowIcon(programIcon());
   auto* const buttons = new QTranslator(&application);

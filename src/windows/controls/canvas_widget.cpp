@@ -15,6 +15,7 @@
 #include "platform/placed_surface.h"
 #include "platform/qt/painter_surface.h"
 #include "windows/controls/layout.h"
+#include "windows/controls/scaled_window.h"
 
 namespace triaxlab {
 namespace {
@@ -22,7 +23,7 @@ namespace {
 constexpr double kLargestZoom = 16, kZoomOfNotch = 1.25;
 constexpr double kWheelNotch = 120;  // eighths of a degree
 /// A copied picture is for documents, which are looked at closer than a screen.
-constexpr double kCopyScale = 3;
+constexpr int kCopyScale = 3;
 
 }  // namespace
 
@@ -45,12 +46,11 @@ void CanvasWidget::drawOn(DrawingSurface& surface) const {
   if (m_edges) m_edges(surface, {m_corner, m_zoom, static_cast<double>(m_zoomWidth), static_cast<double>(m_height)});
 }
 
-void CanvasWidget::paintOn(QImage& picture, double scale, Fields fields) const {
+void CanvasWidget::paintOn(QImage& picture, double pixelTwips, Fields fields) const {
   // The ground is white whatever the desktop's theme.
   picture.fill(colourOf(Colour::White));
-  picture.setDevicePixelRatio(scale);
   QPainter painter(&picture);
-  painter.scale(1.0 / kTwipsPerPixel, 1.0 / kTwipsPerPixel);
+  painter.scale(1 / pixelTwips, 1 / pixelTwips);
   PainterSurface surface(painter, PainterSurface::Medium::Screen);
   if (isZoomed() && m_zoomWidth < m_width) {
     painter.setClipRect(m_zoomWidth, 0, m_width - m_zoomWidth, m_height);
@@ -63,12 +63,13 @@ void CanvasWidget::paintOn(QImage& picture, double scale, Fields fields) const {
 }
 
 void CanvasWidget::paintEvent(QPaintEvent*) {
-  // A window that goes to another screen may get another scale.
-  const double scale = devicePixelRatioF();
-  const QSize wanted = (QSizeF(size()) * scale).toSize();
-  if (!m_isCurrent || m_picture.size() != wanted || m_picture.devicePixelRatio() != scale) {
+  // A window that goes to another screen may get other pixels.
+  const double screenScale = devicePixelRatioF();
+  const QSize wanted = (QSizeF(size()) * screenScale).toSize();
+  if (!m_isCurrent || m_picture.size() != wanted || m_picture.devicePixelRatio() != screenScale) {
     if (m_picture.size() != wanted) m_picture = QImage(wanted, QImage::Format_RGB32);
-    paintOn(m_picture, scale);
+    paintOn(m_picture, pixelTwips() / screenScale);
+    m_picture.setDevicePixelRatio(screenScale);
     m_isCurrent = true;
   }
   QPainter(this).drawImage(0, 0, m_picture);
@@ -76,17 +77,21 @@ void CanvasWidget::paintEvent(QPaintEvent*) {
 
 // ---- looking closer
 
-bool CanvasWidget::isMagnified(QPointF pixel) const { return isZoomed() && pixel.x() * kTwipsPerPixel <= m_zoomWidth; }
+double CanvasWidget::pixelTwips() const { return kTwipsPerPixel / scaleOf(this); }
+
+bool CanvasWidget::isMagnified(QPointF pixel) const { return isZoomed() && pixel.x() * pixelTwips() <= m_zoomWidth; }
 
 Point CanvasWidget::placeAt(QPointF pixel) const {
-  if (!isMagnified(pixel)) return {pixel.x() * kTwipsPerPixel, pixel.y() * kTwipsPerPixel};
-  return {m_corner.x + pixel.x() * kTwipsPerPixel / m_zoom, m_corner.y + pixel.y() * kTwipsPerPixel / m_zoom};
+  const QPointF twips = pixel * pixelTwips();
+  if (!isMagnified(pixel)) return {twips.x(), twips.y()};
+  return {m_corner.x + twips.x() / m_zoom, m_corner.y + twips.y() / m_zoom};
 }
 
 void CanvasWidget::show(Point place, QPointF at, double zoom) {
   m_zoom = zoom;
-  m_corner = {std::clamp(place.x - at.x() * kTwipsPerPixel / zoom, 0.0, m_zoomWidth - m_zoomWidth / zoom),
-              std::clamp(place.y - at.y() * kTwipsPerPixel / zoom, 0.0, m_height - m_height / zoom)};
+  const QPointF twips = at * pixelTwips();
+  m_corner = {std::clamp(place.x - twips.x() / zoom, 0.0, m_zoomWidth - m_zoomWidth / zoom),
+              std::clamp(place.y - twips.y() / zoom, 0.0, m_height - m_height / zoom)};
   if (isZoomed())
     setCursor(Qt::OpenHandCursor);
   else
@@ -105,7 +110,7 @@ void CanvasWidget::showWhole() {
 }
 
 void CanvasWidget::wheelEvent(QWheelEvent* event) {
-  const bool isOnChart = event->position().x() * kTwipsPerPixel <= m_zoomWidth;
+  const bool isOnChart = event->position().x() * pixelTwips() <= m_zoomWidth;
   if (!m_zoomable || !isOnChart || !event->modifiers().testFlag(Qt::ControlModifier)) return event->ignore();
   const double zoom = m_zoom * std::pow(kZoomOfNotch, event->angleDelta().y() / kWheelNotch);
   // Turned back as far as it was turned in, the canvas is whole again, whatever the powers leave in the last digits.
@@ -150,10 +155,9 @@ void CanvasWidget::leaveEvent(QEvent*) { emit mouseLeft(); }
 // ---- the clipboard
 
 void CanvasWidget::copyPicture() const {
-  QImage picture((QSizeF(size()) * kCopyScale).toSize(), QImage::Format_RGB32);
-  paintOn(picture, kCopyScale, Fields::Drawn);
-  // Programs that take the picture know nothing of the scale.
-  picture.setDevicePixelRatio(1);
+  // The same size at every scale of the window.
+  QImage picture(rectangle({0, 0, m_width, m_height}).size() * kCopyScale, QImage::Format_RGB32);
+  paintOn(picture, double{kTwipsPerPixel} / kCopyScale, Fields::Drawn);
   QGuiApplication::clipboard()->setImage(picture);
 }
 

@@ -45,6 +45,8 @@ class CanvasWidget : public QWidget, public DrawnArea {
   void setZoomWidth(int width) { m_zoomWidth = width; }
   void showWhole();
   void copyPicture() const;
+  /// Where a place of the canvas (twips), which may be magnified, is on the widget.
+  QPointF pixelAt(double x, double y) const { return QPointF(x, y) / pixelTwips(); }
 
  signals:
   /// The mouse stands at a place of the canvas (twips); `leftButton` is down. Comes with each press and move.
@@ -69,6 +71,8 @@ class CanvasWidget : public QWidget, public DrawnArea {
 
  private:
   bool isZoomed() const { return m_zoom > 1; }
+  /// Twips to a logical pixel.
+  double pixelTwips() const;
   bool isMagnified(QPointF pixel) const;
   /// The place of the drawing that is seen at a place of the widget (pixels).
   Point placeAt(QPointF pixel) const;
@@ -76,7 +80,7 @@ class CanvasWidget : public QWidget, public DrawnArea {
   void show(Point place, QPointF at, double zoom);
   void tellMouse(const QMouseEvent& event);
   enum class Fields : std::uint8_t { Left, Drawn };
-  void paintOn(QImage& picture, double scale, Fields fields = Fields::Left) const;
+  void paintOn(QImage& picture, double pixelTwips, Fields fields = Fields::Left) const;
 
   int m_width, m_height, m_zoomWidth;
   Drawing m_drawing;

@@ -7,6 +7,9 @@
 #include <QStyle>
 #include <QStyleOptionFocusRect>
 #include <QToolTip>
+#include <cmath>
+
+#include "windows/controls/scaled_window.h"
 
 namespace triaxlab {
 namespace {
@@ -18,9 +21,22 @@ constexpr int kCellMargin = 2;  // pixels between a cell's text and its edges
 ClickLabel::ClickLabel(QWidget* parent, const QString& text, Look look) : QLabel(text, parent), m_look(look) {
   setTextFormat(Qt::PlainText);
   setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  if (look != Look::Caption) setContentsMargins(kCellMargin, 0, kCellMargin, 1);
   setAutoFillBackground(look != Look::Caption);
   setGround();
+}
+
+Place ClickLabel::insideOfLines() const {
+  Place place = placeOf(this);
+  place.width -= kTwipsPerPixel;
+  place.height -= kTwipsPerPixel;
+  return place;
+}
+
+void ClickLabel::resizeEvent(QResizeEvent* event) {
+  QLabel::resizeEvent(event);
+  if (m_look == Look::Caption) return;
+  const int margin = static_cast<int>(std::lround(kCellMargin * scaleOf(this)));
+  setContentsMargins(margin, 0, margin, 1);
 }
 
 void ClickLabel::setMarked(bool marked) {

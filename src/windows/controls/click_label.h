@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <optional>
 
+#include "windows/controls/layout.h"
+
 namespace triaxlab {
 
 /// A text that can be clicked. One that is wider than its place is condensed, never cut, and told in full beside the
@@ -22,7 +24,7 @@ class ClickLabel : public QLabel {
   explicit ClickLabel(QWidget* parent, const QString& text = {}, Look look = Look::Caption);
 
   /// What a box covers that lies over the cell: all but the lines at its right and below.
-  QRect insideOfLines() const { return geometry().adjusted(0, 0, -1, -1); }
+  Place insideOfLines() const;
   /// Shown on the ground of a chosen line.
   void setMarked(bool marked);
   /// Shown in a colour of its own, or again in that of the desktop.
@@ -42,6 +44,7 @@ class ClickLabel : public QLabel {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void setGround();

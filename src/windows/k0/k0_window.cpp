@@ -19,7 +19,7 @@ Form6::Form6(Workspace& workspace, ShellSession& shell)
     : KoWindow(shell, kForm6, std::make_unique<K0Session>(workspace)) {
   setObjectName("Form6");
   setWindowTitle(words(ko_captions::kK0Title));
-  setMinimumSize(rectangle(kWindow).size());
+  setNaturalSize(kWindow);
   makeKoChart();
   makeRest(kBeside);
   load();

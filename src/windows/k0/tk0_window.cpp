@@ -31,7 +31,7 @@ Form9::Form9(Workspace& workspace, ShellSession& shell)
     : KoWindow(shell, kForm9, std::make_unique<TK0Session>(workspace)), m_session(static_cast<TK0Session&>(session())) {
   setObjectName("Form9");
   setWindowTitle(words(ko_captions::kTK0Title));
-  setMinimumSize(rectangle(kWindow).size());
+  setNaturalSize(kWindow);
   makeKoChart();
   makeStage();
   makeRest(kBeside);

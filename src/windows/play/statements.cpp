@@ -6,11 +6,14 @@
 #include <QAction>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QPixmap>
 #include <QRadioButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTableView>
+#include <QWindow>
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -22,6 +25,8 @@
 #include "windows/controls/canvas_widget.h"
 #include "windows/controls/layout.h"
 #include "windows/controls/words.h"
+#include "windows/document_frames.h"
+#include "windows/first_place.h"
 #include "windows/play/control_text.h"
 #include "windows/play/find_widget.h"
 #include "windows/play/person.h"
@@ -108,7 +113,7 @@ CanvasPlace takeCanvasPlace(Arguments& arguments) {
   const Target target = takeTarget(arguments);
   auto* const canvas = as<CanvasWidget>(reachControl(target), target, "canvas");
   const int x = arguments.number("x"), y = arguments.number("y");
-  return {canvas, QPointF(x, y) / kTwipsPerPixel};
+  return {canvas, canvas->pixelAt(x, y)};
 }
 
 void mouse(Arguments& arguments, Stage& stage) {
@@ -279,14 +284,40 @@ void operations(Arguments& arguments, Stage& stage) {
   recording->finish();
 }
 
-void close(Arguments& arguments, Stage&) {
+// ---- windows
+
+/// A window whose corner or edge is taken hold of.
+QWidget* takeWindow(Arguments& arguments) {
   const Target target = targetOf(arguments.word("a window"));
-  arguments.end();
   QWidget* const window = findWindow(target.window);
   requireInFront(window->window(), target.window);
-  // A document window is the content of the frame that has the corner to click at.
-  QWidget* const frame = window->isWindow() ? window : window->parentWidget();
-  frame->close();
+  return window;
+}
+
+/// A document window is the content of the frame that has the corner to click at.
+QWidget* frameOf(QWidget* window) { return window->isWindow() ? window : window->parentWidget(); }
+
+/// `W WIDTH HEIGHT`: its inner size, logical pixels.
+void size(Arguments& arguments, Stage&) {
+  QWidget* const window = takeWindow(arguments);
+  const int width = arguments.number("the width"), height = arguments.number("the height");
+  arguments.end();
+  QWidget* const frame = frameOf(window);
+  frame->resize(frame->size() - window->size() + QSize(width, height));
+}
+
+void fill(Arguments& arguments, Stage&) {
+  QWidget* const window = takeWindow(arguments);
+  arguments.end();
+  if (auto* const frame = qobject_cast<QMdiSubWindow*>(frameOf(window))) return fitFrame(*frame);
+  const QRect screen = window->screen()->availableGeometry();
+  window->setGeometry(firstPlace(screen, screen.size(), window->windowHandle()->frameMargins()));
+}
+
+void close(Arguments& arguments, Stage&) {
+  QWidget* const window = takeWindow(arguments);
+  arguments.end();
+  frameOf(window)->close();
 }
 
 struct Statement {
@@ -294,7 +325,7 @@ struct Statement {
   void (*run)(Arguments&, Stage&);
 };
 
-constexpr std::array<Statement, 23> kStatements{{
+constexpr std::array<Statement, 25> kStatements{{
     {"menu", menu},
     {"click", click},
     {"doubleclick", doubleClick},
@@ -317,6 +348,8 @@ constexpr std::array<Statement, 23> kStatements{{
     {"expect", expect},
     {"shot", shot},
     {"ops", operations},
+    {"size", size},
+    {"fill", fill},
     {"close", close},
 }};
 

@@ -38,11 +38,8 @@ Form7::Form7(Workspace& workspace, ShellSession& shell, std::size_t sampleRow)
                  }) {
   setObjectName("Form7");
   setWindowTitle(kConsolidationTableCaption);
-  setMinimumSize(rectangle(kWindow).size());
   // The cells lie over the rows of the canvas, in letters of the same size.
-  QFont font = this->font();
-  font.setPixelSize(pixels(kTextHeight));
-  setFont(font);
+  setNaturalSize(kWindow, kTextHeight);
   makeCells();
   makeBoxes();
   connect(m_controls.combo1, &QComboBox::activated, this,
@@ -155,7 +152,7 @@ void Form7::showState() {
   m_text2->showText(words(now.startPorePressure));
   if (!now.openCell && m_text1->hasFocus()) m_controls.picture1->setFocus();
   if (now.openCell) {
-    m_text1->setGeometry(m_label1.at(static_cast<std::size_t>(*now.openCell))->insideOfLines());
+    setPlace(m_text1, m_label1.at(static_cast<std::size_t>(*now.openCell))->insideOfLines());
     m_text1->showText(words(now.cellText));
   }
   m_text1->setVisible(now.openCell.has_value());

@@ -22,7 +22,7 @@ Form2::Form2(Workspace& workspace, ShellSession& shell, std::size_t sampleRow)
       }) {
   setObjectName("Form2");
   setWindowTitle(kDataTableCaption);
-  setMinimumSize(rectangle(kWindow).size());
+  setNaturalSize(kWindow);
   connect(m_controls.combo1, &QComboBox::activated, this,
           [this](int entry) { act([&] { m_session.chooseStage(entry); }); });
   connect(m_controls.vScroll1, &QScrollBar::valueChanged, this,

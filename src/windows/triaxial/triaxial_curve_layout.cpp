@@ -17,7 +17,6 @@ namespace triaxlab {
 namespace {
 
 // Twips throughout.
-constexpr Place kWindow{0, 0, 15600, 9000};
 constexpr int kBoxHeight = 300, kButtonHeight = 280;
 
 // The list: 21 lines, the first has the heads.
@@ -64,8 +63,6 @@ void makeOverlay(RecordEdit* box) {
 
 }  // namespace
 
-QSize curveWindowSize() { return rectangle(kWindow).size(); }
-
 CurveControls::CurveControls(QWidget* window, CanvasWidget::Drawing drawing)
     : intervention(window), physicalValues(window), m_window(window) {
   makeList();
@@ -83,7 +80,7 @@ CurveControls::CurveControls(QWidget* window, CanvasWidget::Drawing drawing)
 
 ClickLabel* CurveControls::caption(const QString& text, int x, int y, int width) {
   auto* const label = new ClickLabel(m_window, text);
-  label->setGeometry(rectangle({x, y, width, kBoxHeight}));
+  setPlace(label, {x, y, width, kBoxHeight});
   return label;
 }
 
@@ -187,7 +184,7 @@ void CurveControls::makeTable() {
     head->setAlignment(Qt::AlignCenter);
   }
   // Heads of effective stresses are twice as wide as their columns in letters of the usual width.
-  QFont narrow = m_window->font();
+  QFont narrow;
   narrow.setFamilies({kArialNarrow, words(kSong)});
   for (int column = 0; column < kTableColumns; ++column) {
     ClickLabel*& head = columnHeads.at(static_cast<std::size_t>(column));

@@ -7,6 +7,7 @@
 
 #include "sessions/triaxial/curve_session.h"
 #include "windows/controls/canvas_widget.h"
+#include "windows/controls/layout.h"
 #include "windows/triaxial/physical_block.h"
 #include "windows/triaxial/triaxial_intervention_layout.h"
 
@@ -78,7 +79,7 @@ struct CurveControls {
   QWidget* m_window;
 };
 
-/// The inner size of the window, pixels.
-QSize curveWindowSize();
+/// The inner size of the window, twips.
+inline constexpr Place kCurveWindow{0, 0, 15600, 9000};
 
 }  // namespace triaxlab

@@ -34,7 +34,7 @@ void showOverlay(RecordEdit* box, const OpenCellState& now, const OpenCellState&
   if (ClickLabel* const former = labelOf(before)) former->setFocusPolicy(Qt::NoFocus);
   if (label != nullptr && !now.visible) label->setFocusPolicy(Qt::TabFocus);
   if (label != nullptr && now.visible) {
-    box->setGeometry(label->insideOfLines());
+    setPlace(box, label->insideOfLines());
     box->showText(words(now.text));
   }
   box->setVisible(now.visible);
@@ -49,7 +49,7 @@ Form1::Form1(Workspace& workspace, Dialogs& dialogs, ShellSession& shell)
       m_controls(this, [this](DrawingSurface& surface) { m_session.draw(surface); }) {
   setObjectName("Form1");
   setWindowTitle(curve_captions::kTitle);
-  setMinimumSize(curveWindowSize());
+  setNaturalSize(kCurveWindow);
   connectList();
   connectPages();
   connectEdits();

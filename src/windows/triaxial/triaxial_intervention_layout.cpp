@@ -43,7 +43,7 @@ InterventionControls::InterventionControls(QWidget* window) : frame1(put(new QGr
 
 ClickLabel* InterventionControls::caption(const QString& text, int x, int y, int width) {
   auto* const label = new ClickLabel(frame1, text);
-  label->setGeometry(rectangle({x, y, width, kControlHeight}));
+  setPlace(label, {x, y, width, kControlHeight});
   return label;
 }
 
@@ -94,7 +94,7 @@ void InterventionControls::makeEnvelopeControls() {
     const auto at = static_cast<std::size_t>(i);
     QRadioButton*& made = envelopeOptions.at(at);
     made = option(QString("Option%1").arg(i + 1), kTexts.at(at), 0, 0);
-    made->setGeometry(rectangle({kCaptionX + kEnvelopePitch * i, kEnvelopesY, kEnvelopeWidth, kControlHeight}));
+    setPlace(made, {kCaptionX + kEnvelopePitch * i, kEnvelopesY, kEnvelopeWidth, kControlHeight});
     envelopes->addButton(made);
   }
   label14 = caption({}, kCaptionX, kStepY, kWide);

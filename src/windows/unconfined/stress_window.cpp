@@ -32,7 +32,7 @@ Form4::Form4(std::unique_ptr<StressSession> session, ShellSession& shell)
     : ListedWindow(shell, kForm4, std::move(session)), m_session(static_cast<StressSession&>(this->session())) {
   setObjectName("Form4");
   setWindowTitle(stress_captions::kTitle);
-  setMinimumSize(rectangle(kWindow).size());
+  setNaturalSize(kWindow);
   CanvasWidget* const chart = addChart(
       "Picture1", kChart, [this](DrawingSurface& surface) { m_session.draw(surface); },
       [this](DrawingSurface& surface, const ChartView& view) { m_session.drawEdges(surface, view); },
