@@ -22,11 +22,11 @@
 #include "sessions/dialogs/sample_list_session.h"
 #include "shell/document_kinds.h"
 #include "shell/document_operations.h"
-#include "shell/ini_settings.h"
 #include "store/project/project_list.h"
 #include "store/project/rewrite_list.h"
 #include "store/project/sample_rows.h"
 #include "store/project/save_project.h"
+#include "store/settings/text_settings.h"
 
 namespace triaxlab::cli {
 namespace {

@@ -1,6 +1,6 @@
 #include "shell/document_operations.h"
 
-#include "shell/ini_settings.h"
+#include "store/settings/text_settings.h"
 #include "store/summary/summary_file.h"
 
 namespace triaxlab {

@@ -13,11 +13,11 @@
 #include "sessions/dialogs/range_dialog.h"
 #include "sessions/dialogs/source_folder_session.h"
 #include "shell/document_operations.h"
-#include "shell/ini_settings.h"
 #include "shell/printing.h"
 #include "shell/start_up.h"
 #include "shell/tools.h"
 #include "store/project/save_project.h"
+#include "store/settings/text_settings.h"
 #include "store/settings/toggles.h"
 
 namespace triaxlab {

@@ -13,11 +13,11 @@
 #include "common/gbk.h"
 #include "common/text_number.h"
 #include "platform/files.h"
-#include "shell/ini_settings.h"
 #include "store/safety/file_update.h"
 #include "store/safety/leftovers.h"
 #include "store/settings/settings_file.h"
 #include "store/settings/source_folders.h"
+#include "store/settings/text_settings.h"
 #include "store/settings/toggles.h"
 
 namespace triaxlab {

@@ -19,7 +19,7 @@ constexpr std::array kPagesOfOwnFiles{
     FormatPage{"summary-file.md", "the summary file that all tools of the laboratory share", summaryFilePage},
     FormatPage{"physical-data.md", "the file of the tool for physical tests (read only)", physicalDataPage},
     FormatPage{"binary-settings.md", "`qvb.sys`, `SZDATX.sys`, `WCXDATX.sys`, `zmsz.sys`", binarySettingsPage},
-    FormatPage{"text-settings.md", "`zmqvb.ini`, `sz.ini`, `esz.ini`, `szshezhi.txt` (read only)", textSettingsPage},
+    FormatPage{"text-settings.md", "`zmqvb.ini`, `sz.ini`, `esz.ini`, `szshezhi.txt`", textSettingsPage},
     FormatPage{"save-journal.md", "the journal of a save", saveJournalPage},
     FormatPage{"backups.md", "copies of project files, and files that are there for a moment", backupsPage},
 };

@@ -7,11 +7,11 @@
 #include "format_pages.h"
 #include "page.h"
 #include "shell/command_table.h"
-#include "shell/ini_keys.h"
-#include "shell/ini_settings.h"
+
 #include "store/settings/page_setup_fields.h"
 #include "store/settings/settings_file.h"
 #include "store/settings/source_folders.h"
+#include "store/settings/text_settings.h"
 #include "store/settings/toggles.h"
 
 namespace triaxlab::formats {
@@ -61,56 +61,46 @@ FieldRows sharedRows() {
   return rows;
 }
 
-/// A key's value in settings that nobody changed.
-std::string defaultOf(const HabitKey& key) {
-  const LaboratoryHabits habits;
-  if (std::holds_alternative<FlagValue>(key.value)) return "off";
-  if (const auto* const number = std::get_if<NumberValue>(&key.value)) return fmt::format("{}", habits.*number->number);
-  return habits.*std::get<BracketedValue>(key.value).text;
-}
-std::string kindOf(const HabitKey& key) {
+std::string kindOf(const TextKey& key) {
   if (std::holds_alternative<FlagValue>(key.value)) return "flag";
-  if (const auto* const number = std::get_if<NumberValue>(&key.value))
-    return fmt::format("{} to {}", number->least, number->most);
-  return "text";
+  const auto limits = limitsOf(key);
+  if (!limits) return "text";
+  const bool isMargin = std::holds_alternative<MarginValue>(key.value);
+  return fmt::format("{} to {}{}", limits->least, limits->most, isMargin ? " mm" : "");
 }
 
-template <class Owner, std::size_t N>
-void addLabels(Page& page, const std::array<LabelKey<Owner>, N>& keys) {
-  const Owner defaults;
-  const bool hasEffects = !keys.front().effect.empty();
+/// A key's value in settings that nobody changed.
+std::string shownDefault(const TextKey& key) {
+  if (std::holds_alternative<FlagValue>(key.value)) return "off";
+  if (const auto* const margin = std::get_if<MarginValue>(&key.value))
+    return fmt::format("{} twips", ChartLayout{}.*margin->twips);
+  return defaultOf(key);
+}
+
+/// A column of a table of keys.
+struct KeyColumn {
+  std::string_view heading;
+  std::string (*text)(const TextKey& key);
+};
+constexpr KeyColumn kKeyColumn{"key", [](const TextKey& key) { return fmt::format("`{}`", key.key); }};
+constexpr KeyColumn kSlotColumn{"slot", [](const TextKey& key) { return std::string(key.key.substr(1)); }};
+constexpr KeyColumn kKindColumn{"value", kindOf}, kDefaultColumn{"default", shownDefault};
+constexpr KeyColumn kEffectColumn{"effect", [](const TextKey& key) { return std::string(key.effect); }};
+
+bool isSlot(const TextKey& key) { return std::holds_alternative<SlotValue>(key.value); }
+bool isNoSlot(const TextKey& key) { return !isSlot(key); }
+
+void addKeys(Page& page, const TextFile& file, std::initializer_list<KeyColumn> columns,
+             bool (*isMeant)(const TextKey&) = isNoSlot) {
+  std::vector<std::string_view> headings;
+  for (const KeyColumn& column : columns) headings.push_back(column.heading);
   std::vector<std::vector<std::string>> rows;
-  for (const LabelKey<Owner>& key : keys) {
-    rows.push_back({fmt::format("`{}`", key.key), defaults.*key.label});
-    if (hasEffects) rows.back().emplace_back(key.effect);
+  for (const TextKey& key : file.keys) {
+    if (!isMeant(key)) continue;
+    rows.emplace_back();
+    for (const KeyColumn& column : columns) rows.back().push_back(column.text(key));
   }
-  constexpr std::array<std::string_view, 3> kHeadings{"key", "default", "effect"};
-  page.table(std::span(kHeadings).first(hasEffects ? 3 : 2), rows);
-}
-
-void addHabits(Page& page) {
-  std::vector<std::vector<std::string>> rows;
-  for (const HabitKey& key : kHabitKeys)
-    rows.push_back({fmt::format("`{}`", key.key), kindOf(key), defaultOf(key), std::string(key.effect)});
-  page.table(std::array<std::string_view, 4>{"key", "value", "default", "effect"}, rows);
-}
-
-void addChart(Page& page) {
-  const ChartLayout layout = defaultChartLayout({});
-  std::vector<std::vector<std::string>> margins, slots;
-  for (const MarginKey& key : kMarginKeys)
-    margins.push_back({fmt::format("`{}`", key.key),
-                       fmt::format("{} to {} mm", kLeastChartMarginMm, kLargestChartMarginMm),
-                       fmt::format("{} twips", layout.*key.twips), std::string(key.effect)});
-  page.table(std::array<std::string_view, 4>{"key", "value", "default", "effect"}, margins);
-  page.text(fmt::format(R"(
-Every other line has the form `[06text]`: two digits name one of the slots 1 to {}, what follows up to `]` (which may be
-missing) is its text. The slots with a text of their own:
-)",
-                        layout.slot.size() - 1));
-  for (std::size_t slot = 1; slot < layout.slot.size(); ++slot)
-    if (!layout.slot[slot].empty()) slots.push_back({fmt::format("{:02}", slot), layout.slot[slot]});
-  page.table(std::array<std::string_view, 2>{"slot", "default"}, slots);
+  page.table(headings, rows);
 }
 
 }  // namespace
@@ -147,10 +137,11 @@ code of paper prints as A4, and the dialog selects A3 for it.
 std::string textSettingsPage() {
   Page page("Text settings");
   page.text(fmt::format(R"(
-Hand-edited files in the application folder, all of them optional; the program never writes them. They are GBK, or UTF-8
-when they begin with its mark or a key is found in them only so. Lines end with CR LF or LF; byte 26 ends the file. A line
-is trimmed, and one that then begins with `;` is a comment (in `szshezhi.txt` also `'`). A key counts wherever it stands
-in a line; one spelled differently is ignored. A file of more than {} bytes is named and not read.
+Files in the application folder, all of them optional, edited by hand or in the window of the laboratory's habits, which
+changes the line of a key and leaves every other byte as it is. They are GBK, or UTF-8 when they begin with its mark or a
+key is found in them only so. Lines end with CR LF or LF; byte 26 ends the file. A line is trimmed, and one that then
+begins with `;` is a comment (in `szshezhi.txt` also `'`). A key counts wherever it stands in a line; one spelled
+differently is ignored. A file of more than {} bytes is named and not read.
 
 A flag is on by its presence. A number stands directly behind its key; what is no number is 0, and then it is limited.
 A text is what stands, trimmed, between the next `[` and `]` behind its key, when they stand in this order; an empty one
@@ -159,17 +150,22 @@ keeps the default.
                         kLargestTextFile));
   page.heading("zmqvb.ini");
   page.text("Read at start, and again at each print command.");
-  addHabits(page);
+  addKeys(page, kHabitsFile, {kKeyColumn, kKindColumn, kDefaultColumn, kEffectColumn});
   page.heading("sz.ini");
   page.text(
       "Read with zmqvb.ini. Of a key that stands twice the first counts, since reading ends when both are found.");
-  addLabels(page, kListLabelKeys);
+  addKeys(page, kListLabelsFile, {kKeyColumn, kDefaultColumn, kEffectColumn});
   page.heading("esz.ini");
   page.text("Labels of English reports, read when a triaxial document is loaded.");
-  addLabels(page, kEnglishLabelKeys);
+  addKeys(page, kEnglishLabelsFile, {kKeyColumn, kDefaultColumn});
   page.heading("szshezhi.txt");
   page.text("Texts and margins of the result chart, read before it is printed.");
-  addChart(page);
+  addKeys(page, kChartFile, {kKeyColumn, kKindColumn, kDefaultColumn, kEffectColumn});
+  page.text(R"(
+Every other line has the form `[06text]`: two digits name a slot, what follows up to `]` (which may be missing) is its
+text.
+)");
+  addKeys(page, kChartFile, {kSlotColumn, kDefaultColumn, kEffectColumn}, isSlot);
   return page.markdown();
 }
 

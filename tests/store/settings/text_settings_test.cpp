@@ -1,4 +1,4 @@
-#include "shell/ini_settings.h"
+#include "store/settings/text_settings.h"
 
 #include <gtest/gtest.h>
 
@@ -17,33 +17,20 @@ constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 std::string gbk(std::string_view utf8) { return utf8ToGbkExactly(utf8).value(); }
 
-std::span<const std::byte> bytes(std::string_view text) { return std::as_bytes(std::span(text)); }
-
-LaboratoryHabits habitsOf(std::string_view zmqvb) {
-  LaboratoryHabits habits;
-  applyHabits(bytes(zmqvb), habits);
-  return habits;
+/// What one file makes of the settings of a laboratory that has no other.
+Settings settingsOf(const TextFile& file, std::string_view content) {
+  Settings settings;
+  settings.chart = defaultChartLayout({});
+  applyTextFile(file, content, settings);
+  return settings;
 }
+
+LaboratoryHabits habitsOf(std::string_view zmqvb) { return settingsOf(kHabitsFile, zmqvb).habits; }
 /// Of a file in GBK.
 LaboratoryHabits habits(std::string_view utf8) { return habitsOf(gbk(utf8)); }
-
-LaboratoryHabits listLabels(std::string_view utf8) {
-  LaboratoryHabits habits;
-  applyListLabels(bytes(gbk(utf8)), habits);
-  return habits;
-}
-
-EnglishLabels englishLabels(std::string_view utf8) {
-  EnglishLabels labels;
-  applyEnglishLabels(bytes(gbk(utf8)), labels);
-  return labels;
-}
-
-ChartLayout chartOf(std::string_view szshezhi) {
-  ChartLayout layout = defaultChartLayout({});
-  applyChartLayout(bytes(szshezhi), layout);
-  return layout;
-}
+LaboratoryHabits listLabels(std::string_view utf8) { return settingsOf(kListLabelsFile, gbk(utf8)).habits; }
+EnglishLabels englishLabels(std::string_view utf8) { return settingsOf(kEnglishLabelsFile, gbk(utf8)).english; }
+ChartLayout chartOf(std::string_view szshezhi) { return settingsOf(kChartFile, szshezhi).chart; }
 ChartLayout chart(std::string_view utf8) { return chartOf(gbk(utf8)); }
 
 // ---- zmqvb.ini: flags
@@ -276,12 +263,11 @@ TEST(ListLabels, TheFirstLineOfAKeyCounts) {
 }
 
 TEST(ListLabels, Utf8IsToldByItsKeys) {
-  LaboratoryHabits read;
-  applyListLabels(bytes("[土样编号]=[室内编号]\n[钻孔号]=[孔号]"), read);
+  const LaboratoryHabits read = settingsOf(kListLabelsFile, "[土样编号]=[室内编号]\n[钻孔号]=[孔号]").habits;
   EXPECT_EQ(read.sampleNoLabel, "室内编号");
   EXPECT_EQ(read.boreholeLabel, "孔号");
-  applyListLabels(bytes(std::string(kUtf8Mark) + "[土样编号]=[试件]"), read);
-  EXPECT_EQ(read.sampleNoLabel, "试件");
+  const std::string marked = std::string(kUtf8Mark) + "[土样编号]=[试件]";
+  EXPECT_EQ(settingsOf(kListLabelsFile, marked).habits.sampleNoLabel, "试件");
 }
 
 TEST(ListLabels, BothMayStandInOneLine) {

@@ -2,19 +2,22 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "common/settings.h"
 #include "common/user_error.h"
 #include "store/settings/chart_layout.h"
+#include "store/settings/text_keys.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
 
-// The laboratory's hand-edited text files lie in the application folder, all of them optional. They are GBK, or UTF-8
-// when they begin with its mark or when a key is found in them only so. Lines end with CR LF or LF; byte 26 ends the
-// file; a line that begins with ";" behind its blanks is a comment. A key counts wherever it stands in a line, and one
-// line may hold several; a key spelled differently is ignored in silence.
+// The laboratory's text files lie in the application folder, all of them optional; text_lines.h tells what a line of
+// them is. A line that begins with a comment mark behind its blanks is a comment. A key counts wherever it stands in a
+// line, and one line may hold several; a key spelled differently is ignored in silence.
 //
 // A missing file leaves the defaults and is nothing to tell. A file that can't be read, or one above kLargestTextFile,
 // leaves them as well and is named in a remark.
@@ -35,12 +38,14 @@ Remarks ReadChartLayout(Workspace& workspace);
 /// Both that act on pages, before each print.
 Remarks ReadPageSettings(Workspace& workspace);
 
-// The same over the bytes of one file, for what has no folder. Each changes what the file names and nothing else.
+/// What a file says of each of its keys, in their order: nothing of one that it doesn't hold or that keeps its default,
+/// "" of a flag that is on, a number inside its limits, a text.
+using TextValues = std::vector<std::optional<std::string>>;
+TextValues textValues(const TextFile& file, std::string_view content);
 
-void applyHabits(std::span<const std::byte> zmqvb, LaboratoryHabits& habits);
-/// Of a label that stands twice the first counts here, since reading ends when both are found.
-void applyListLabels(std::span<const std::byte> sz, LaboratoryHabits& habits);
-void applyEnglishLabels(std::span<const std::byte> esz, EnglishLabels& labels);
-void applyChartLayout(std::span<const std::byte> szshezhi, ChartLayout& layout);
+/// Sets what the values name and nothing else.
+void applyTextValues(const TextFile& file, const TextValues& values, Settings& settings);
+/// Both for the content of one file.
+void applyTextFile(const TextFile& file, std::string_view content, Settings& settings);
 
 }  // namespace triaxlab
