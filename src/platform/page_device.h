@@ -23,6 +23,8 @@ class PageDevice {
   virtual void endPage() = 0;
   /// Ends the document; what it wrote is complete only then.
   virtual void finish() = 0;
+  /// Ends a job that somebody has stopped: what is a file is not written, paper that was begun comes out.
+  virtual void stop() {}
 };
 
 }  // namespace triaxlab

@@ -24,8 +24,8 @@ class PageDevices {
   /// True when the system has a printer to send pages to.
   virtual bool hasPrinter() const = 0;
   /// The job's printer, with no further dialog, for pages of one size. When it has no such paper, the person is asked
-  /// whether to print all the same; nothing after a No. UserError when there is no printer of the name. Pre: the job
-  /// names one, or hasPrinter().
+  /// whether to print all the same; nothing after a No. UserError when there is no printer of the name, or it has been
+  /// stopped; finishing the device is one when its queue doesn't take the job. Pre: the job names one, or hasPrinter().
   virtual std::unique_ptr<PageDevice> printer(PrinterJob job, Dialogs& dialogs) = 0;
   virtual std::unique_ptr<PageDevice> pdf(const std::filesystem::path& file) = 0;
   /// A bitmap a page: `prefix` + n + ".BMP" in the folder, n from 1.

@@ -57,7 +57,9 @@ int sendReport(Report& report, const PrintJob& job, PageDevice& device, const Sh
   for (int sheet = 1; sheet <= sheets.count(); ++sheet) {
     sheets.draw(device.beginPage(sheets.size()), sheet);
     device.endPage();
-    if (goesOn && !goesOn(sheet, sheets.count())) return sheets.pagesOn(sheet);
+    if (!goesOn || goesOn(sheet, sheets.count())) continue;
+    device.stop();
+    return sheets.pagesOn(sheet);
   }
   device.finish();
   return sheets.pagesOn(sheets.count());

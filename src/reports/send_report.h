@@ -41,8 +41,7 @@ class Sheets {
 /// empty.
 using SheetProgress = std::function<bool(int sent, int sheets)>;
 
-/// Draws the sheets of the job on the device and finishes it. Returns the number of pages. A job that was stopped
-/// leaves the device unfinished.
+/// Draws the sheets of the job on the device and finishes it, or stops it. Returns the number of pages.
 int sendReport(Report& report, const PrintJob& job, PageDevice& device, const SheetProgress& goesOn = {});
 
 /// Where the pictures of the job go: the folder below PTU of the project of the first sample sent. UserError when its

@@ -126,7 +126,7 @@ TEST_F(PrintCommand, WritesABitmapForEachPage) {
 }
 
 TEST_F(PrintCommand, GoesToThePrinterOfTheName) {
-  if (!PrintServer::isInstalled()) GTEST_SKIP() << "cups and cups-client are not installed: nothing was printed";
+  if (!PrintServer::isInstalled()) GTEST_SKIP() << "cups-daemon and cups-client are not installed: nothing was printed";
   PrintServer server;
   server.addDefaultQueue("Office");
   server.addDefaultQueue("Lab");

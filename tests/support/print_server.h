@@ -19,7 +19,7 @@
 namespace triaxlab::testing {
 
 /// A print server of the test's own, reached through a socket in its folder, whose queues keep what they are sent
-/// instead of printing it. Needs the packages cups and cups-client.
+/// instead of printing it. Needs the packages cups-daemon and cups-client.
 class PrintServer {
  public:
   static bool isInstalled() { return access(kServer, X_OK) == 0 && access(kAdmin, X_OK) == 0; }
@@ -27,10 +27,10 @@ class PrintServer {
   PrintServer() {
     // The server looks into the folder under another name than root's.
     std::filesystem::permissions(m_folder.path(), std::filesystem::perms(0755));
-    for (const char* const folder : {"lib/backend", "spool/tmp", "cache", "state", "jobs"})
+    for (const char* const folder :
+         {"lib/backend", "lib/daemon", "lib/filter", "lib/notifier", "spool/tmp", "cache", "state", "jobs"})
       std::filesystem::create_directories(m_folder / folder);
-    for (const char* const part : {"daemon", "filter", "notifier"})
-      std::filesystem::create_symlink(std::string("/usr/lib/cups/") + part, m_folder / (std::string("lib/") + part));
+    std::filesystem::create_symlink("/usr/lib/cups/daemon/cups-exec", m_folder / "lib/daemon/cups-exec");
     writeBackend();
     writeSettings();
     setenv("CUPS_SERVER", socket().c_str(), 1);
@@ -43,17 +43,30 @@ class PrintServer {
     waitpid(m_server, nullptr, 0);
   }
 
-  /// A queue of A4 and `morePapers` that leaves margins of 12 points, 20 at the bottom, on each.
   struct Paper {
     std::string_view name;
     int width, height;  // points
   };
-  void addDefaultQueue(const std::string& name, std::vector<Paper> morePapers = {}, std::string_view more = {}) {
-    morePapers.insert(morePapers.begin(), {"A4", 595, 842});
-    const std::string description = m_folder.write(name + ".ppd", queueDescription(morePapers) + std::string(more));
+  /// What a printer can do beside printing on A4.
+  struct Queue {
+    std::vector<Paper> morePapers = {};
+    Paper largestOfAnySize = {};  // none: it takes the named papers alone
+    bool hasMargins = true;       // of 12 points, 20 at the bottom, that it can't print on
+  };
+  /// Whoever asks for no printer of its own gets the queue that was added last.
+  void addDefaultQueue(const std::string& name, const Queue& queue) {
+    const std::string description = m_folder.write(name + ".ppd", queueDescription(queue));
     run(fmt::format("{} -p {} -E -v capture:/x -P '{}'", kAdmin, name, description));
     run(fmt::format("{} -d {}", kAdmin, name));
   }
+  void addDefaultQueue(const std::string& name) { addDefaultQueue(name, Queue{}); }
+
+  void stopQueue(const std::string& name) { run("cupsdisable " + name); }
+  void takeNoMoreJobsInto(const std::string& name) { run("cupsreject " + name); }
+  void keepForOthers(const std::string& name) {
+    run(fmt::format("{} -p {} -o printer-op-policy=others", kAdmin, name));
+  }
+  void remove(const std::string& name) { run(fmt::format("{} -x {}", kAdmin, name)); }
 
   struct Job {
     std::string options, pages;  // what the queue was asked for; the file of a PDF
@@ -93,7 +106,9 @@ class PrintServer {
     m_folder.write("cupsd.conf", "Listen " + socket() +
                                      "\nBrowsing No\nWebInterface No\nDefaultAuthType None\n"
                                      "<Location />\nAllow all\n</Location>\n"
-                                     "<Policy default>\n<Limit All>\nAllow all\n</Limit>\n</Policy>\n");
+                                     "<Policy default>\n<Limit All>\nAllow all\n</Limit>\n</Policy>\n"
+                                     "<Policy others>\n<Limit Create-Job>\nAuthType Basic\nRequire user nobody\n"
+                                     "</Limit>\n<Limit All>\nAllow all\n</Limit>\n</Policy>\n");
     const std::string here = m_folder.path();
     m_folder.write("cups-files.conf",
                    fmt::format("ServerRoot {0}\nServerBin {0}/lib\nRequestRoot {0}/spool\nTempDir {0}/spool/tmp\n"
@@ -124,7 +139,9 @@ class PrintServer {
     return true;
   }
 
-  static std::string queueDescription(const std::vector<Paper>& papers) {
+  static std::string queueDescription(const Queue& queue) {
+    std::vector<Paper> papers = queue.morePapers;
+    papers.insert(papers.begin(), {"A4", 595, 842});
     std::string text =
         "*PPD-Adobe: \"4.3\"\n*FormatVersion: \"4.3\"\n*FileVersion: \"1.0\"\n*LanguageVersion: English\n"
         "*LanguageEncoding: ISOLatin1\n*PCFileName: \"LAB.PPD\"\n*Manufacturer: \"Lab\"\n*Product: \"(Lab)\"\n"
@@ -136,10 +153,18 @@ class PrintServer {
       for (const Paper& paper : papers) text += fmt::format("*{0} {1}/{1}: \"\"\n", option, paper.name);
       text += fmt::format("*CloseUI: *{}\n", option);
     }
+    const int side = queue.hasMargins ? 12 : 0, bottom = queue.hasMargins ? 20 : 0;
     text += "*DefaultImageableArea: A4\n*DefaultPaperDimension: A4\n";
     for (const auto& [name, width, height] : papers)
-      text += fmt::format("*ImageableArea {0}/{0}: \"12 20 {1} {2}\"\n*PaperDimension {0}/{0}: \"{3} {4}\"\n", name,
-                          width - 12, height - 12, width, height);
+      text += fmt::format("*ImageableArea {0}/{0}: \"{1} {2} {3} {4}\"\n*PaperDimension {0}/{0}: \"{5} {6}\"\n", name,
+                          side, bottom, width - side, height - side, width, height);
+    if (const auto& [name, width, height] = queue.largestOfAnySize; width > 0)
+      text += fmt::format(
+          "*VariablePaperSize: True\n*MaxMediaWidth: \"{2}\"\n*MaxMediaHeight: \"{3}\"\n*HWMargins: {0} {1} {0} {0}\n"
+          "*CustomPageSize True: \"\"\n*ParamCustomPageSize Width: 1 points 36 {2}\n"
+          "*ParamCustomPageSize Height: 2 points 36 {3}\n*ParamCustomPageSize WidthOffset: 3 points 0 0\n"
+          "*ParamCustomPageSize HeightOffset: 4 points 0 0\n*ParamCustomPageSize Orientation: 5 int 0 0\n",
+          side, bottom, width, height);
     return text;
   }
 

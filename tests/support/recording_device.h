@@ -26,9 +26,10 @@ class RecordingDevice : public PageDevice {
   }
   void endPage() override { pages.push_back({m_size, m_surface.operations()}); }
   void finish() override { ++finished; }
+  void stop() override { ++stopped; }
 
   std::vector<Page> pages;
-  int finished = 0;
+  int finished = 0, stopped = 0;
 
  private:
   RecordingSurface m_surface;
@@ -68,6 +69,7 @@ class FakePageDevices : public PageDevices {
     DrawingSurface& beginPage(PageSize size) override { return m_target.beginPage(size); }
     void endPage() override { m_target.endPage(); }
     void finish() override { m_target.finish(); }
+    void stop() override { m_target.stop(); }
 
    private:
     RecordingDevice& m_target;

@@ -52,6 +52,7 @@ class WatchedPrinter : public PageDevices {
       printer.onPage(printer.sent.pages.size());
     }
     void finish() override { printer.sent.finish(); }
+    void stop() override { printer.sent.stop(); }
     WatchedPrinter& printer;
   };
 };
@@ -91,6 +92,7 @@ TEST_F(PrintWindowTest, EscStopsAJobBetweenTwoPages) {
   print(window);
   EXPECT_THAT(printer.sent.pages, SizeIs(3));
   EXPECT_EQ(printer.sent.finished, 0);
+  EXPECT_EQ(printer.sent.stopped, 1);
   EXPECT_THAT(session.remarks(), ElementsAre("打印已停止，送出了 3 张，共 6 张。"));
 }
 

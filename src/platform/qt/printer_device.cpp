@@ -5,8 +5,12 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
 
 #include "common/user_error.h"
+#include "platform/files.h"
+#include "platform/print_answer.h"
 #include "platform/qt/application.h"
 #include "platform/qt/paged_painting.h"
 
@@ -54,27 +58,20 @@ bool printsAllTheSame(const QPrinter& printer, const QPageSize& paper, Dialogs& 
                      MessageIcon::Exclamation);
 }
 
-class PrinterDevice : public PageDevice {
- public:
-  explicit PrinterDevice(QPrinter& printer) : m_printer(printer), m_painting(printer) {
-    m_printer.setResolution(kTwipsPerInch);
-  }
+[[noreturn]] void refuse(const QPrinter& printer, std::string_view why) {
+  throw UserError(kTitle, fmt::format("打印机“{}”没有打印：{}。", printer.printerName().toStdString(), why));
+}
 
-  DrawingSurface& beginPage(PageSize size) override {
-    // Whoever sends pages to paper has been asked about it; a preview shows what comes.
-    setPaper(m_printer, layoutOf(size));
-    DrawingSurface* const surface = m_painting.beginPage();
-    if (surface == nullptr)
-      throw UserError(fmt::format("打印机“{}”不能打印，请检查打印机。", m_printer.printerName().toStdString()));
-    return *surface;
-  }
-  void endPage() override {}
-  void finish() override { m_painting.end(); }
-
- private:
-  QPrinter& m_printer;
-  PagedPainting m_painting;
-};
+/// The toolkit collects a job in the folder of passing files and sends what it could write, be it half a document.
+/// Fonts come at its end, so room is kept for them.
+void needRoomForJob(const QPrinter& printer) {
+  constexpr std::uintmax_t kFontsAndAPage = 8 << 20;
+  std::error_code error;
+  const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+  const std::filesystem::space_info room = std::filesystem::space(folder, error);
+  if (error) refuse(printer, fmt::format("临时文件夹“{}”不能用", textOfPath(folder)));
+  if (room.available < kFontsAndAPage) refuse(printer, fmt::format("临时文件夹“{}”所在的磁盘已满", textOfPath(folder)));
+}
 
 QPrinterInfo printerOf(const PrinterJob& job) {
   if (job.name.empty()) return QPrinterInfo::defaultPrinter();
@@ -84,22 +81,43 @@ QPrinterInfo printerOf(const PrinterJob& job) {
   return named;
 }
 
-/// Members of this come before the device that draws on the printer.
-struct PrinterOfJob {
-  explicit PrinterOfJob(const PrinterJob& job) : printer(printerOf(job)) {}
-  PaintingApplication application;
-  QPrinter printer;
-};
-class JobDevice : private PrinterOfJob, public PrinterDevice {
+class PrinterDevice : public PageDevice {
  public:
-  explicit JobDevice(const PrinterJob& job) : PrinterOfJob(job), PrinterDevice(printer) {
-    printer.setCopyCount(job.copies);
-    printer.setDocName(QString::fromUtf8(job.title.data(), static_cast<qsizetype>(job.title.size())));
+  explicit PrinterDevice(const PrinterJob& job) : m_printer(printerOf(job)), m_painting(m_printer) {
+    // Its queue would take the job and keep it until somebody starts the printer, perhaps days later.
+    if (QPrinterInfo(m_printer).state() == QPrinter::Error) refuse(m_printer, "这台打印机已停用，请先启用它");
+    needRoomForJob(m_printer);
+    m_printer.setResolution(kTwipsPerInch);
+    m_printer.setCopyCount(job.copies);
+    m_printer.setDocName(QString::fromUtf8(job.title.data(), static_cast<qsizetype>(job.title.size())));
   }
   bool takes(PageSize size, Dialogs& dialogs) {
     const QPageLayout layout = layoutOf(size);
-    return setPaper(printer, layout) || printsAllTheSame(printer, layout.pageSize(), dialogs);
+    return setPaper(m_printer, layout) || printsAllTheSame(m_printer, layout.pageSize(), dialogs);
   }
+
+  DrawingSurface& beginPage(PageSize size) override {
+    needRoomForJob(m_printer);
+    setPaper(m_printer, layoutOf(size));  // about which the person has been asked
+    DrawingSurface* const surface = m_painting.beginPage();
+    if (surface == nullptr) refuse(m_printer, "请检查打印机");
+    return *surface;
+  }
+  void endPage() override {}
+  void finish() override {
+    m_painting.end();
+    // The pages leave for the print service only now.
+    const auto why = whyJobWasRefused();
+    if (!why) return;
+    const bool isThere = !QPrinterInfo::printerInfo(m_printer.printerName()).isNull();
+    refuse(m_printer, isThere ? *why : "找不到这台打印机，它可能已被删除，或者打印服务没有运行");
+  }
+  void stop() override { finish(); }
+
+ private:
+  PaintingApplication m_application;  // first: all that follows paints
+  QPrinter m_printer;
+  PagedPainting m_painting;
 };
 
 }  // namespace
@@ -107,10 +125,8 @@ class JobDevice : private PrinterOfJob, public PrinterDevice {
 bool hasPrinter() { return !QPrinterInfo::defaultPrinter().isNull(); }
 
 std::unique_ptr<PageDevice> makePrinterDevice(PrinterJob job, Dialogs& dialogs) {
-  auto device = std::make_unique<JobDevice>(job);
+  auto device = std::make_unique<PrinterDevice>(job);
   return device->takes(job.size, dialogs) ? std::move(device) : nullptr;
 }
-
-std::unique_ptr<PageDevice> makePageDeviceOn(QPrinter& printer) { return std::make_unique<PrinterDevice>(printer); }
 
 }  // namespace triaxlab

@@ -242,11 +242,13 @@ void PrintDialogSession::send(PageDevices& devices, const SheetProgress& goesOn)
     const auto device = deviceFor(*report, sent, devices);
     if (!device) return;
     const bool toPaper = devices.hasPrinter() && !makesPictures(sent);
+    std::string stopped;
     sendReport(*report, sent, *device, [&](int done, int sheets) {
       if (!goesOn || goesOn(done, sheets) || done == sheets) return true;
-      m_remarks.push_back(toPaper ? fmt::format("打印已停止，送出了 {} 张，共 {} 张。", done, sheets) : kNoFile);
+      stopped = toPaper ? fmt::format("打印已停止，送出了 {} 张，共 {} 张。", done, sheets) : kNoFile;
       return false;
     });
+    if (!stopped.empty()) m_remarks.push_back(stopped);
   });
 }
 

@@ -269,6 +269,7 @@ TEST_F(ThreeInOnePrint, AJobIsStoppedBetweenTwoPages) {
   EXPECT_THAT(told, ElementsAre(std::pair(1, 4), std::pair(2, 4), std::pair(3, 4)));
   EXPECT_THAT(devices.sent.pages, SizeIs(3));
   EXPECT_EQ(devices.sent.finished, 0) << "a file would look whole";
+  EXPECT_EQ(devices.sent.stopped, 1);
   EXPECT_THAT(session.remarks(), ElementsAre("打印已停止，送出了 3 张，共 4 张。"));
 }
 
