@@ -21,10 +21,12 @@ std::string causeOf(int error) {
       Cause{EACCES, "没有读写权限"},
       Cause{EPERM, "没有读写权限"},
       Cause{EBADF, "没有读写权限"},  // a file opened to be read, written to
+      Cause{ENOEXEC, "它不是能在本机运行的程序"},
       Cause{EISDIR, "它是一个文件夹"},
       Cause{ESPIPE, "它是一个管道"},
       Cause{ENOTDIR, "路径中有一段不是文件夹"},
       Cause{kLinkInTheWay, "它是一个链接，或在一个链接之后；数据文件不经过链接读写"},
+      Cause{kNoPlainFile, "它是一个设备或管道"},
       Cause{ELOOP, "路径中的链接绕成一圈"},
       Cause{ENOSPC, "磁盘已满"},
       Cause{EDQUOT, "磁盘配额已用完"},

@@ -15,8 +15,8 @@ namespace triaxlab {
 /// The cause of a failed system call in the technician's language.
 std::string causeOf(int error);
 
-/// A cause that no system call tells: a link where none is followed.
-inline constexpr int kLinkInTheWay = -1;
+// Causes that no system call tells: a link where none is followed, a device or pipe where a file is to be.
+inline constexpr int kLinkInTheWay = -1, kNoPlainFile = -2;
 
 /// UserError: what was being done, to which file, and why it failed.
 [[noreturn]] void failCall(std::string_view deed, const std::filesystem::path& path, int error);

@@ -5,8 +5,22 @@
 #include "platform/os/posix_calls.h"
 
 namespace triaxlab {
+namespace {
+
+/// A folder, or a device or pipe that a program has as a file: renaming would fail at the very end, or put a file in
+/// the place of the device.
+const std::filesystem::path& onlyOfFiles(const std::filesystem::path& place) {
+  if (const auto old = statusOf(place); old && !S_ISREG(old->st_mode))
+    failCall("写入文件", place, S_ISDIR(old->st_mode) ? EISDIR : kNoPlainFile);
+  return place;
+}
+
+}  // namespace
+
 ReplacedFile::ReplacedFile(const std::filesystem::path& place)
-    : m_place(place), m_beside(place.string() + ".new"), m_file(File(m_beside, File::Mode::Create, place)) {}
+    : m_place(onlyOfFiles(place)),
+      m_beside(place.string() + ".new"),
+      m_file(File(m_beside, File::Mode::Create, place)) {}
 
 ReplacedFile::~ReplacedFile() {
   if (m_waits) unlink(m_beside.c_str());
