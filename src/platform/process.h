@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -15,8 +17,13 @@ std::filesystem::path executableFolder();
 /// that the caller left closed.
 void takeFailuresAsErrors();
 
-/// Starts a program without waiting for it. A program that isn't there, or that can't be started, is silent.
-void startProgram(const std::filesystem::path& program);
+/// A program by its Windows name ("zmgj.exe"), in the first of the folders that has it, with or without ".exe". Nothing
+/// when none has.
+std::optional<std::filesystem::path> findProgram(std::span<const std::filesystem::path> folders,
+                                                 std::string_view windowsName);
+
+/// Starts a program with these arguments, as they are, without waiting for it. UserError when it can't be started.
+void startProgram(const std::filesystem::path& program, std::span<const std::string> arguments = {});
 
 /// Goes on as another program with these arguments, the first of which is a name and the last null; what this one has
 /// written is flushed first. Returns only by a UserError, when the program can't be started.

@@ -139,7 +139,7 @@ constexpr std::array kCommands{
     entry("RZMPRINT", "打印", "RZMPRINT0", A::Print),
     dialog("RZMPRINT1", "设置打印", "RZMPRINT0", A::PrintSheets, "SETPRINTFORM3"),
     dialog("PTK0", "打印TK0曲线", "RZMPRINT0", A::PrintTK0Curves, "SETPRINTFORM0"),
-    later(belowLine(entry("PEXCEL", "Excel模板输出/打印", "RZMPRINT0", A::FillTemplates))),
+    belowLine(entry("PEXCEL", "Excel模板输出/打印", "RZMPRINT0", A::FillTemplates)),
     submenu("RZMYULAN", "预览", "RZMPRINT0"),
 
     submenu("SETUPMIDU", "设置"),

@@ -12,10 +12,10 @@
 #include "sessions/dialogs/overwrite_session.h"
 #include "sessions/dialogs/range_dialog.h"
 #include "sessions/dialogs/source_folder_session.h"
+#include "sessions/dialogs/template_session.h"
 #include "shell/document_operations.h"
 #include "shell/printing.h"
 #include "shell/start_up.h"
-#include "shell/tools.h"
 #include "store/project/save_project.h"
 #include "store/settings/text_settings.h"
 #include "store/settings/toggles.h"
@@ -64,6 +64,7 @@ bool ShellSession::trigger(std::string_view name) {
       Work{Action::ShowDataTable, &ShellSession::showDataTable},
       Work{Action::Intervene, &ShellSession::intervene},
       Work{Action::ReprocessCurves, &ShellSession::reprocessCurves},
+      Work{Action::FillTemplates, &ShellSession::fillTemplates},
   };
   const Command* const command = findCommand(name);
   if (command == nullptr) return false;
@@ -313,13 +314,24 @@ void ShellSession::reprocessCurves(const Command& command) {
   showCurves(command);
 }
 
+void ShellSession::fillTemplates(const Command& /*command*/) {
+  const std::int16_t document = m_workspace.activeDocument;
+  TemplateSession session(m_workspace, m_dialogs,
+                          document == kNoDocument ? std::nullopt : std::optional(documentKindOf(document).tests));
+  m_windows.showTemplates(session);
+}
+
 void ShellSession::startThisProgram(const Command& command) { showRemarks({commandHelp(command)}); }
 
-// A tool that is missing is passed over in silence; one that runs already is started a second time, and one of its
-// windows comes to the front.
+// A tool that can't be started is passed over in silence; one that runs already is started a second time, and one of
+// its windows comes to the front.
 void ShellSession::startTool(const Command& command) {
   const std::array folders{m_workspace.applicationFolder, executableFolder()};
-  if (const auto tool = findTool(folders, command.target)) startProgram(*tool);
+  try {
+    if (const auto tool = findProgram(folders, command.target)) startProgram(*tool);
+  } catch (const UserError&) {
+    // A laboratory has the tools that it bought, and would be told of the others at each press.
+  }
   m_windows.raiseTool(command.windowTitle);
 }
 

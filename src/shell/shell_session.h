@@ -91,6 +91,7 @@ class ShellSession {
   void showDataTable(const Command& command);
   void intervene(const Command& command);
   void reprocessCurves(const Command& command);
+  void fillTemplates(const Command& command);
   void setSourceFolder(const Command& command);
   void startTool(const Command& command);
   void startThisProgram(const Command& command);

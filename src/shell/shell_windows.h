@@ -22,6 +22,7 @@ class RangeDialog;
 class SourceFolderSession;
 class SampleListSession;
 class PrintDialogSession;
+class TemplateSession;
 
 /// 干预 in a document window.
 struct InterventionEntry {
@@ -83,6 +84,7 @@ class ShellWindows {
   virtual void showSourceFolder(SourceFolderSession& session) = 0;  // Form5
   virtual void showOverwriteDialog(OverwriteSession& session) = 0;  // Form10
   virtual void showPrintDialog(PrintDialogSession& session) = 0;    // SETPRINTFORM and its kin
+  virtual void showTemplates(TemplateSession& session) = 0;         // Form24
   /// OPENFORM0 and its kin; a selection with nothing open is loaded. The remarks of the import; nothing when the dialog
   /// was left without 处理.
   virtual std::optional<Remarks> showImporter(ImportSelection& selection) = 0;

@@ -27,6 +27,7 @@
 #include "windows/dialogs/sample_list_window.h"
 #include "windows/dialogs/source_folder_window.h"
 #include "windows/document_frames.h"
+#include "windows/dialogs/template_window.h"
 #include "windows/first_place.h"
 #include "windows/menu_bar.h"
 
@@ -141,6 +142,8 @@ void MDIForm1::showSourceFolder(SourceFolderSession& session) { Form5(this, sess
 void MDIForm1::showOverwriteDialog(OverwriteSession& session) { Form10(this, session).exec(); }
 
 void MDIForm1::showPrintDialog(PrintDialogSession& session) { PrintWindow(this, session, m_pageDevices).exec(); }
+
+void MDIForm1::showTemplates(TemplateSession& session) { Form24(this, session).exec(); }
 
 std::optional<Remarks> MDIForm1::showImporter(ImportSelection& selection) {
   ImporterWindow window(this, selection, m_dialogs,

@@ -49,6 +49,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   void showSourceFolder(SourceFolderSession& session) override;
   void showOverwriteDialog(OverwriteSession& session) override;
   void showPrintDialog(PrintDialogSession& session) override;
+  void showTemplates(TemplateSession& session) override;
   std::optional<Remarks> showImporter(ImportSelection& selection) override;
   void showDocument(ActiveDocument document) override;
   void raiseDocument(ActiveDocument document) override;

@@ -2,13 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
+#include "common/user_error.h"
 #include "platform/files.h"
 #include "support/temporary_folder.h"
 
@@ -60,16 +64,63 @@ TEST(StartProgram, AToolFindsItsSignalsAsEveryProgramDoes) {
   EXPECT_FALSE(isIgnored(SIGXFSZ));
 }
 
-TEST(StartProgram, WhatCanNotBeStartedIsSilent) {
+TEST(StartProgram, ArgumentsArriveAsTheyAre) {
+  const testing::TemporaryFolder folder;
+  std::ofstream(folder / "SZBB") << "#!/bin/sh\nprintf '<%s>' \"$@\" > '" << (folder / "new").string() << "' && mv '"
+                                 << (folder / "new").string() << "' '" << (folder / "mark").string() << "'\n";
+  std::filesystem::permissions(folder / "SZBB", std::filesystem::perms::owner_all);
+  startProgram(folder / "SZBB.exe", std::array<std::string, 5>{"ONE", "", " ", "two words", "三轴\"'$"});
+  ASSERT_TRUE(appears(folder / "mark"));
+  EXPECT_EQ(folder.read("mark"), "<ONE><>< ><two words><三轴\"'$>");
+}
+
+TEST(StartProgram, WhatCanNotBeStartedIsNamed) {
   const testing::TemporaryFolder folder;
   std::filesystem::create_directory(folder / "folder.exe");
   std::ofstream(folder / "text.exe") << "no program";
   std::ofstream(folder / "broken.exe") << "\x7f"
                                           "ELF and nothing more";
   std::filesystem::permissions(folder / "broken.exe", std::filesystem::perms::owner_all);
-  for (const char* const name : {"missing.exe", "folder.exe", "text.exe", "broken.exe", "folder.exe/inside"})
-    EXPECT_NO_THROW(startProgram(folder / name)) << name;
+  constexpr const char* kMissing = "没有这个文件或文件夹";
+  constexpr const char* kNoProgram = "它不是能在本机运行的程序";
+  for (const auto& [name, cause] : std::vector<std::pair<std::string, std::string>>{{"missing.exe", kMissing},
+                                                                                    {"folder.exe", kMissing},
+                                                                                    {"folder.exe/inside", kMissing},
+                                                                                    {"text.exe", kNoProgram},
+                                                                                    {"broken.exe", kNoProgram}}) {
+    std::string sentence;
+    try {
+      startProgram(folder / name);
+    } catch (const UserError& error) {
+      sentence = error.what();
+    }
+    EXPECT_EQ(sentence, "不能启动“" + (folder / name).string() + "”：" + cause + "。");
+  }
 }
+
+class FindProgram : public ::testing::Test {
+ protected:
+  auto find(std::string_view program) const { return findProgram(folders, program); }
+
+  testing::TemporaryFolder application, executable;
+  std::array<std::filesystem::path, 2> folders{application.path(), executable.path()};
+};
+
+TEST_F(FindProgram, TheFirstFolderThatHasItCounts) {
+  const auto beside = executable.write("zmgj.exe", "");
+  EXPECT_EQ(find("zmgj.exe"), beside);
+  const auto own = application.write("zmgj.exe", "");
+  EXPECT_EQ(find("zmgj.exe"), own);
+}
+
+TEST_F(FindProgram, ANameWithoutItsExtensionCounts) {
+  const auto bare = application.write("zmgj", "");
+  executable.write("zmgj.exe", "");
+  EXPECT_EQ(find("zmgj.exe"), bare);
+  EXPECT_EQ(find("ZMGJ.exe"), bare);
+}
+
+TEST_F(FindProgram, AMissingOneIsNone) { EXPECT_EQ(find("zmgj.exe"), std::nullopt); }
 
 }  // namespace
 }  // namespace triaxlab

@@ -18,6 +18,7 @@
 #include "sessions/dialogs/range_dialog.h"
 #include "sessions/dialogs/sample_list_session.h"
 #include "sessions/dialogs/source_folder_session.h"
+#include "sessions/dialogs/template_session.h"
 #include "shell/shell_session.h"
 #include "shell/shell_windows.h"
 #include "support/fake_dialogs.h"
@@ -62,6 +63,7 @@ class FakeWindows : public ShellWindows {
   std::function<void(SourceFolderSession&)> inSourceFolder = [](SourceFolderSession&) {};
   std::function<void(OverwriteSession&)> inOverwriteDialog = [](OverwriteSession&) {};
   std::function<void(PrintDialogSession&)> inPrintDialog = [](PrintDialogSession&) {};
+  std::function<void(TemplateSession&)> inTemplates = [](TemplateSession&) {};
   std::function<std::optional<Remarks>()> inImporter = []() -> std::optional<Remarks> { return std::nullopt; };
   std::optional<FakeDocument> form1;
   std::vector<std::string> raisedTools;
@@ -91,6 +93,10 @@ class FakeWindows : public ShellWindows {
   void showPrintDialog(PrintDialogSession& session) override {
     shown.emplace_back(session.form().name);
     inPrintDialog(session);
+  }
+  void showTemplates(TemplateSession& session) override {
+    shown.emplace_back("Form24");
+    inTemplates(session);
   }
   std::optional<Remarks> showImporter(ImportSelection& selection) override {
     shown.emplace_back(selection.importer().form);

@@ -13,11 +13,12 @@
 #include <cstdio>
 #include <random>
 #include <string>
-#include <system_error>
 #include <thread>
+#include <vector>
 
 #include "common/user_error.h"
 #include "platform/files.h"
+#include "platform/os/posix_calls.h"
 #include "platform/process.h"
 
 extern char** environ;  // NOLINT(readability-redundant-declaration): POSIX leaves its declaration to the program
@@ -79,6 +80,12 @@ class OrdinarySignals {
   posix_spawnattr_t m_attributes{};
 };
 
+bool canBeRun(const std::filesystem::path& file) { return fileExists(file) && access(file.c_str(), X_OK) == 0; }
+
+[[noreturn]] void failToStart(const std::filesystem::path& program, int error) {
+  throw UserError(fmt::format("不能启动“{}”：{}。", textOfPath(program), causeOf(error)));
+}
+
 }  // namespace
 
 std::string ownName() {
@@ -110,16 +117,29 @@ void takeFailuresAsErrors() {
       return;
 }
 
-void startProgram(const std::filesystem::path& program) {
+std::optional<std::filesystem::path> findProgram(std::span<const std::filesystem::path> folders,
+                                                 std::string_view windowsName) {
+  const std::string_view bare = windowsName.substr(0, windowsName.rfind('.'));
+  for (const std::filesystem::path& folder : folders)
+    for (const std::string_view name : {windowsName, bare})
+      if (auto program = findFile(folder, name)) return program;
+  return std::nullopt;
+}
+
+void startProgram(const std::filesystem::path& program, std::span<const std::string> arguments) {
   // The tools are known by their Windows names; elsewhere the same name may stand without ".exe".
   std::filesystem::path file = program;
-  if (!fileExists(file) || access(file.c_str(), X_OK) != 0) file.replace_extension();
-  if (!fileExists(file) || access(file.c_str(), X_OK) != 0) return;
-  std::string name = file.string();
-  std::array<char*, 2> arguments{name.data(), nullptr};
+  if (!canBeRun(file)) file.replace_extension();
+  if (!canBeRun(file)) failToStart(program, fileExists(program) ? ENOEXEC : ENOENT);
+  std::vector<std::string> words{file.string()};
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  std::vector<char*> pointers;
+  for (std::string& word : words) pointers.push_back(word.data());
+  pointers.push_back(nullptr);
   const OrdinarySignals signals;
   pid_t child = 0;
-  if (posix_spawn(&child, name.c_str(), nullptr, signals.get(), arguments.data(), environ) != 0) return;
+  if (const int error = posix_spawn(&child, file.c_str(), nullptr, signals.get(), pointers.data(), environ))
+    failToStart(file, error);
   // Nobody waits for the tool itself, but its ended process must be collected.
   std::thread([child] { waitpid(child, nullptr, 0); }).detach();
 }
@@ -127,8 +147,7 @@ void startProgram(const std::filesystem::path& program) {
 void becomeProgram(const std::filesystem::path& program, char* const* arguments) {
   std::fflush(nullptr);
   execv(program.c_str(), arguments);
-  const int error = errno;
-  throw UserError(fmt::format("不能启动“{}”：{}。", textOfPath(program), std::generic_category().message(error)));
+  failToStart(program, errno);
 }
 
 }  // namespace triaxlab
