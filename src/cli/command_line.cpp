@@ -147,6 +147,20 @@ void describe(CLI::App& app, Results& results) {
   addNames(app, results.names);
 }
 
+void describe(CLI::App& app, Export& written) {
+  addKind(app, written.kind);
+  addNames(app, written.names);
+  const auto parseFormat = [&written](const std::string& id) {
+    written.format = tableFormatOfId(id);
+    return written.format != nullptr;
+  };
+  addParsedOption(app, "--format", "csv|jsonl", "format of the table", parseFormat)->required();
+  app.add_flag_callback(
+      "--readings", [&written] { written.content = TableContent::Readings; },
+      "a line a reading instead of a line a sample");
+  app.add_option("--out", written.out, "file of the table")->required();
+}
+
 void describe(CLI::App& app, Print& print) {
   addKind(app, print.kind);
   addName(app, print.name);
@@ -221,6 +235,7 @@ ParsedCommandLine parseCommandLine(int argc, const char* const* argv) {
   commands.add<Rewrite>("rewrite", "puts the samples of a project file in another order, without those left out");
   commands.add<Show>("show", "prints the samples of a project file as JSON");
   commands.add<Results>("results", "prints what the tests of project files were made for, a line a sample");
+  commands.add<Export>("export", "writes results or readings of project files as a table for other programs");
   commands.add<Print>("print", "prints the samples of a project file");
   commands.add<Workbook>("workbook", "writes the samples of a project file as a workbook");
 

@@ -9,6 +9,8 @@
 #include <variant>
 #include <vector>
 
+#include "exports/columns.h"
+#include "exports/table_formats.h"
 #include "shell/start_options.h"
 #include "store/project/project_kinds.h"
 #include "store/settings/page_setup.h"
@@ -75,6 +77,14 @@ struct Results {
   std::vector<std::string> names;
 };
 
+struct Export {
+  ProjectKind kind;
+  std::vector<std::string> names;
+  const TableFormat* format = nullptr;
+  TableContent content = TableContent::Results;
+  std::filesystem::path out;
+};
+
 struct Print {
   ProjectKind kind;
   std::string name;
@@ -96,7 +106,7 @@ struct Workbook {
   std::filesystem::path out;
 };
 
-using Command = std::variant<Init, Import, Open, List, Samples, Rewrite, Show, Results, Print, Workbook>;
+using Command = std::variant<Init, Import, Open, List, Samples, Rewrite, Show, Results, Export, Print, Workbook>;
 
 struct CommandLine {
   StartOptions start;

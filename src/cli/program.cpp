@@ -15,6 +15,7 @@
 #include "cli/record_json.h"
 #include "common/gbk.h"
 #include "common/user_error.h"
+#include "exports/export_file.h"
 #include "reports/layouts.h"
 #include "reports/send_report.h"
 #include "sessions/dialogs/browser_session.h"
@@ -146,6 +147,20 @@ class Program {
       for (std::size_t i = std::exchange(isHeaded, true) ? 1 : 0; i < lines.size(); ++i) printLine(lines[i]);
       return kDone;
     });
+  }
+
+  int operator()(const Export& written) {
+    ExportFile table(written.out, *written.format, exportTablesOf(written.kind), written.content);
+    bool isEmpty = true;
+    const int status = eachFile(written.names, [&](const std::string& name) {
+      openFile(written.kind, name, {});
+      table.add(m_workspace);
+      isEmpty = false;
+      return kDone;
+    });
+    // When no file could be read, the table that stands there may still be right.
+    if (!isEmpty) table.finish();
+    return status;
   }
 
   int operator()(const Print& print) {

@@ -5,6 +5,7 @@
 #include "common/gbk.h"
 #include "k0/settlement.h"
 #include "triaxial/method_names.h"
+#include "triaxial/result_values.h"
 #include "unconfined/reduction.h"
 
 namespace triaxlab {
@@ -21,16 +22,14 @@ std::string pressuresOf(const TriaxialSampleRecord& record) {
 }
 
 std::vector<std::string> resultLine(const TriaxialSampleRecord& record) {
-  std::vector<std::string> line{gbkToUtf8(record.sampleNo.trimmed()), std::string(methodNames(record).abbreviation),
-                                pressuresOf(record)};
-  const auto addPair = [&line](const FixedText<9>& cohesion, float angle, bool exists) {
-    line.push_back(exists ? std::string(cohesion.trimmed()) : "");
-    line.push_back(exists ? FormatNumber(angle, NumberFormat::Tenths) : "");
-  };
-  addPair(record.cohesionText, record.frictionAngle, record.frictionAngle != 0 || record.cohesionTenths != 0);
-  addPair(record.cohesionEffText, record.frictionAngleEff,
-          record.testMethod == kCU && (record.frictionAngleEff != 0 || record.cohesionEffTenths != 0));
-  return line;
+  const Strength total = totalStrength(record), effective = effectiveStrength(record);
+  return {gbkToUtf8(record.sampleNo.trimmed()),
+          std::string(methodNames(record).abbreviation),
+          pressuresOf(record),
+          total.cohesion,
+          total.angle,
+          effective.cohesion,
+          effective.angle};
 }
 
 std::vector<std::string> resultLine(const UnconfinedSampleRecord& record) {

@@ -85,4 +85,22 @@ const std::array<ResultValue, 15> kResultValues{{
     typed<&Record::coefficientAf>("Af"),
 }};
 
+namespace {
+
+Strength strengthOf(const FixedText<9>& cohesion, float angle, bool isFound) {
+  if (!isFound) return {};
+  return {std::string(cohesion.trimmed()), FormatNumber(angle, NumberFormat::Tenths)};
+}
+
+}  // namespace
+
+Strength totalStrength(const TriaxialSampleRecord& record) {
+  return strengthOf(record.cohesionText, record.frictionAngle, record.frictionAngle != 0 || record.cohesionTenths != 0);
+}
+
+Strength effectiveStrength(const TriaxialSampleRecord& record) {
+  return strengthOf(record.cohesionEffText, record.frictionAngleEff,
+                    record.testMethod == kCU && (record.frictionAngleEff != 0 || record.cohesionEffTenths != 0));
+}
+
 }  // namespace triaxlab

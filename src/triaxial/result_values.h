@@ -26,4 +26,13 @@ struct ResultValue {
 /// σ3, σ1f, σ3f′, σ1f′, ⊙, R, ⊙′, R′, h0, h1, A0, Ac, ΔV, B, Af.
 extern const std::array<ResultValue, 15> kResultValues;
 
+/// What the test was made for, as texts: cohesion (kPa) in the record's own words, GBK, trimmed, the angle (degrees) in
+/// tenths. Both are empty for what was not found.
+struct Strength {
+  std::string cohesion, angle;
+};
+Strength totalStrength(const TriaxialSampleRecord& record);
+/// Of CU alone.
+Strength effectiveStrength(const TriaxialSampleRecord& record);
+
 }  // namespace triaxlab

@@ -22,6 +22,7 @@ constexpr std::array kPagesOfOwnFiles{
     FormatPage{"text-settings.md", "`zmqvb.ini`, `sz.ini`, `esz.ini`, `szshezhi.txt`", textSettingsPage},
     FormatPage{"save-journal.md", "the journal of a save", saveJournalPage},
     FormatPage{"backups.md", "copies of project files, and files that are there for a moment", backupsPage},
+    FormatPage{"export-tables.md", "tables for other programs, `*.csv` and `*.jsonl` (written only)", exportTablesPage},
 };
 
 }  // namespace

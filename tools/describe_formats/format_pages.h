@@ -30,6 +30,7 @@ std::string binarySettingsPage();
 std::string textSettingsPage();
 std::string saveJournalPage();
 std::string backupsPage();
+std::string exportTablesPage();
 
 /// Those that the raw data sources name, in the order of the menu. std::logic_error: a source names one that isn't
 /// written.
