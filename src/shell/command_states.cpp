@@ -26,8 +26,9 @@ bool isOffInIntervention(const Command& command) {
 constexpr std::string_view kShownOrHidden = "PTK0";
 
 // RZMPRINT1 needs Form1 as the others do, which turns it on.
-constexpr std::array<std::string_view, 10> kOffAtStart{"PEXCEL",    "RZMSAVE", "RZMPRINT",    "QUXIAN",    "RQUXIAN",
-                                                       "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1", "PTK0"};
+constexpr std::array<std::string_view, 12> kOffAtStart{"SAVEASRESULTS", "SAVEASREADINGS", "PEXCEL",    "RZMSAVE",
+                                                       "RZMPRINT",      "QUXIAN",         "RQUXIAN",   "SHUJUBIAO",
+                                                       "ZMPRINT",       "SAVEASEXCEL",    "RZMPRINT1", "PTK0"};
 
 std::size_t rowOf(const Command& command) { return static_cast<std::size_t>(&command - commandTable().data()); }
 

@@ -6,6 +6,7 @@
 #include <array>
 #include <vector>
 
+#include "exports/columns.h"
 #include "importers/importer.h"
 #include "shell/document_kinds.h"
 #include "store/project/project_kinds.h"
@@ -33,6 +34,9 @@ constexpr Command sourceFolder(Name name, std::int16_t kind) {
   caption.remove_prefix(kPleaseEnter.size());
   caption.remove_suffix(kColon.size());
   return entry(name, caption, "SET0", Action::SetSourceFolder, kind);
+}
+constexpr Command table(Name name, Name caption, TableContent content) {
+  return entry(name, caption, "RZMFILE", Action::SaveAsTable, static_cast<std::int16_t>(content));
 }
 constexpr Command curvePage(Name name, Name caption, std::int16_t page, Name shortcut,
                             CommandKind kind = CommandKind::Entry) {
@@ -102,6 +106,8 @@ constexpr std::array kCommands{
     belowLine(entry("OPENNJ", "打开南京数据文件*.SZD", "DAKAI", A::OpenNanjingFile)),
     belowLine(withKey(entry("ZMPRINT", "打印", "RZMFILE", A::Print), "Ctrl+P")),
     later(entry("SAVEASEXCEL", "另存为Excel文件", "RZMFILE", A::SaveAsWorkbook)),
+    table("SAVEASRESULTS", "成果另存为数据表(CSV、JSON)", TableContent::Results),
+    table("SAVEASREADINGS", "读数另存为数据表(CSV、JSON)", TableContent::Readings),
     withKey(entry("ZMSAVE", "保存", "RZMFILE", A::Save), "Ctrl+S"),
     belowLine(submenu("SET0", "设置", "RZMFILE")),
     sourceFolder("SHEZHI2", 3),
@@ -178,6 +184,7 @@ constexpr std::array kHelp{
     Help{A::PrintSheets, "设置版面并打印三轴试验成果图表"},
     Help{A::PrintTK0Curves, "打印TK0试验的沉降时间曲线"},
     Help{A::SaveAsWorkbook, "把三轴试验数据另存为Excel文件"},
+    Help{A::SaveAsTable, "{}，供别的程序读入"},
     Help{A::Save, "把当前窗口的试验数据保存到工程文件"},
     Help{A::SetSourceFolder, "设置{}"},
     Help{A::Exit, "结束程序"},

@@ -25,6 +25,7 @@ enum class Action : std::uint8_t {
   PrintTK0Curves,    // target: dialog
   PrintTable,        // of the unconfined test; a button of its window
   SaveAsWorkbook,    //
+  SaveAsTable,       // argument: TableContent
   Save,              //
   SetSourceFolder,   // argument: openDialogKind of Form5
   Exit,              //

@@ -19,8 +19,9 @@ using Name = std::string_view;
 
 // RZMOPEN is off while a document is open, so that a second raw import can't start over it.
 // RZMGANYU stands in no list: it follows what the document on which it acts has on display.
-constexpr std::array<Name, 9> kForm1Commands{"RZMSAVE",   "RZMPRINT", "PEXCEL",      "QUXIAN",   "RQUXIAN",
-                                             "SHUJUBIAO", "ZMPRINT",  "SAVEASEXCEL", "RZMPRINT1"};
+constexpr std::array<Name, 11> kForm1Commands{"RZMSAVE",   "RZMPRINT",      "PEXCEL",        "QUXIAN",
+                                              "RQUXIAN",   "SHUJUBIAO",     "ZMPRINT",       "SAVEASEXCEL",
+                                              "RZMPRINT1", "SAVEASRESULTS", "SAVEASREADINGS"};
 constexpr std::array<Name, 1> kImport{"RZMOPEN"};
 constexpr std::array<Name, 1> kTK0Curves{"PTK0"};
 constexpr std::array<Name, 2> kImportAndTK0Curves{"RZMOPEN", "PTK0"};
@@ -39,9 +40,11 @@ void showTriaxialPage(Workspace& workspace, CurvePage page) {
 
 // ---- Form4, Form6, Form9
 
-constexpr std::array<Name, 4> kForm4Commands{"RZMSAVE", "RZMPRINT", "ZMPRINT", "PEXCEL"};
-constexpr std::array<Name, 3> kForm6Commands{"RZMSAVE", "RZMPRINT", "ZMPRINT"};
-constexpr std::array<Name, 4> kForm9Commands{"RZMSAVE", "RZMPRINT", "ZMPRINT", "PTK0"};
+constexpr std::array<Name, 6> kForm4Commands{"RZMSAVE", "RZMPRINT",      "ZMPRINT",
+                                             "PEXCEL",  "SAVEASRESULTS", "SAVEASREADINGS"};
+constexpr std::array<Name, 5> kForm6Commands{"RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASRESULTS", "SAVEASREADINGS"};
+constexpr std::array<Name, 6> kForm9Commands{"RZMSAVE", "RZMPRINT",      "ZMPRINT",
+                                             "PTK0",    "SAVEASRESULTS", "SAVEASREADINGS"};
 
 void reduceUnconfined(Workspace& workspace) {
   reduceAllUnconfinedSamples(workspace.UnconfinedSampleTable.used(), workspace.settings.habits.sensitivityFormat());

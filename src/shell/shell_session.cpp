@@ -16,6 +16,7 @@
 #include "shell/document_operations.h"
 #include "shell/printing.h"
 #include "shell/start_up.h"
+#include "shell/table_export.h"
 #include "store/project/save_project.h"
 #include "store/settings/text_settings.h"
 #include "store/settings/toggles.h"
@@ -65,6 +66,7 @@ bool ShellSession::trigger(std::string_view name) {
       Work{Action::Intervene, &ShellSession::intervene},
       Work{Action::ReprocessCurves, &ShellSession::reprocessCurves},
       Work{Action::FillTemplates, &ShellSession::fillTemplates},
+      Work{Action::SaveAsTable, &ShellSession::saveTable},
   };
   const Command* const command = findCommand(name);
   if (command == nullptr) return false;
@@ -319,6 +321,12 @@ void ShellSession::fillTemplates(const Command& /*command*/) {
   TemplateSession session(m_workspace, m_dialogs,
                           document == kNoDocument ? std::nullopt : std::optional(documentKindOf(document).tests));
   m_windows.showTemplates(session);
+}
+
+void ShellSession::saveTable(const Command& command) {
+  showRemarks(saveAsTable(m_workspace, documentKindOf(m_workspace.activeDocument),
+                          static_cast<TableContent>(command.argument), m_dialogs,
+                          [this](std::size_t done, std::size_t total) { m_windows.showProgress(done, total); }));
 }
 
 void ShellSession::startThisProgram(const Command& command) { showRemarks({commandHelp(command)}); }

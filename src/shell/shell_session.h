@@ -92,6 +92,7 @@ class ShellSession {
   void intervene(const Command& command);
   void reprocessCurves(const Command& command);
   void fillTemplates(const Command& command);
+  void saveTable(const Command& command);
   void setSourceFolder(const Command& command);
   void startTool(const Command& command);
   void startThisProgram(const Command& command);

@@ -32,9 +32,10 @@ TEST(CommandStates, WhatThisVersionDoesNotHaveIsNeverOn) {
 
 TEST(CommandStates, AtStartCommandsOnADocumentAreOff) {
   const CommandStates states;
-  const std::set<std::string_view> off{"RZMGANYU",  "PEXCEL",  "RZMSAVE",     "RZMPRINT",  "QUXIAN",  "RQUXIAN",
-                                       "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1", "QUXIAN1", "QUXIAN2",
-                                       "QUXIAN3",   "QUXIAN4", "QUXIAN5",     "QUXIAN6"};
+  const std::set<std::string_view> off{"RZMGANYU", "PEXCEL",        "RZMSAVE",       "RZMPRINT",    "QUXIAN",
+                                       "RQUXIAN",  "SHUJUBIAO",     "ZMPRINT",       "SAVEASEXCEL", "RZMPRINT1",
+                                       "QUXIAN1",  "QUXIAN2",       "QUXIAN3",       "QUXIAN4",     "QUXIAN5",
+                                       "QUXIAN6",  "SAVEASRESULTS", "SAVEASREADINGS"};
   for (const Command& command : commandTable())
     EXPECT_EQ(isOn(states, command.name, kCUContext), !off.contains(command.name) && command.built) << command.name;
 }
@@ -140,8 +141,8 @@ TEST(CommandStates, TogglesShowTheSettings) {
 using NameSet = std::set<std::string_view>;
 
 /// All commands that windows switch, but for RZMGANYU, which follows what a window shows, and PTK0, which is hidden.
-const NameSet kSwitched{"RZMSAVE",   "RZMPRINT", "PEXCEL",      "QUXIAN",    "RQUXIAN",
-                        "SHUJUBIAO", "ZMPRINT",  "SAVEASEXCEL", "RZMPRINT1", "RZMOPEN"};
+const NameSet kSwitched{"RZMSAVE", "RZMPRINT",    "PEXCEL",    "QUXIAN",  "RQUXIAN",       "SHUJUBIAO",
+                        "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1", "RZMOPEN", "SAVEASRESULTS", "SAVEASREADINGS"};
 const std::array kAllDocuments{kForm1, kForm2, kForm7, kForm4, kForm6, kForm9};
 
 /// Those of them that are on.
@@ -160,10 +161,11 @@ NameSet built(NameSet names) {
 TEST(CommandStates, EachWindowsActivationTurnsItsOwnCommandsOn) {
   const std::map<ActiveDocument, NameSet> on{
       {kForm1,
-       {"RZMSAVE", "RZMPRINT", "PEXCEL", "QUXIAN", "RQUXIAN", "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1"}},
-      {kForm4, {"PEXCEL", "RZMSAVE", "RZMPRINT", "ZMPRINT"}},
-      {kForm6, {"RZMSAVE", "RZMPRINT", "ZMPRINT"}},
-      {kForm9, {"RZMSAVE", "RZMPRINT", "ZMPRINT"}},
+       {"RZMSAVE", "RZMPRINT", "PEXCEL", "QUXIAN", "RQUXIAN", "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1",
+        "SAVEASRESULTS", "SAVEASREADINGS"}},
+      {kForm4, {"PEXCEL", "RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASRESULTS", "SAVEASREADINGS"}},
+      {kForm6, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASRESULTS", "SAVEASREADINGS"}},
+      {kForm9, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASRESULTS", "SAVEASREADINGS"}},
       {kForm2, {"RZMOPEN"}},  // as at start
       {kForm7, {"RZMOPEN"}},
   };
@@ -188,10 +190,11 @@ TEST(CommandStates, AnActivationLeavesWhatItDoesNotName) {
 TEST(CommandStates, EachWindowsClosingTurnsItsOwnCommandsOff) {
   const std::map<ActiveDocument, NameSet> off{
       {kForm1,
-       {"RZMSAVE", "PEXCEL", "RZMPRINT", "QUXIAN", "RQUXIAN", "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1"}},
-      {kForm4, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "PEXCEL"}},
-      {kForm6, {"RZMSAVE", "RZMPRINT", "ZMPRINT"}},
-      {kForm9, {"RZMSAVE", "RZMPRINT", "ZMPRINT"}},
+       {"RZMSAVE", "PEXCEL", "RZMPRINT", "QUXIAN", "RQUXIAN", "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1",
+        "SAVEASRESULTS", "SAVEASREADINGS"}},
+      {kForm4, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "PEXCEL", "SAVEASRESULTS", "SAVEASREADINGS"}},
+      {kForm6, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASRESULTS", "SAVEASREADINGS"}},
+      {kForm9, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASRESULTS", "SAVEASREADINGS"}},
       {kForm2, {}},
       {kForm7, {}},
   };

@@ -23,7 +23,8 @@ using Names = std::vector<std::string_view>;
 
 TEST(CommandTable, TheMenuBarAndItsMenusStandInOrder) {
   EXPECT_EQ(entriesOf(""), (Names{"RZMFILE", "RZMOPEN", "RZMEDIT", "RZMVIEW", "RZMPRINT0", "SETUPMIDU", "RZMWINDOW"}));
-  EXPECT_EQ(entriesOf("RZMFILE"), (Names{"NEW0", "DAKAI", "ZMPRINT", "SAVEASEXCEL", "ZMSAVE", "SET0", "ZMEXIT"}));
+  EXPECT_EQ(entriesOf("RZMFILE"), (Names{"NEW0", "DAKAI", "ZMPRINT", "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS",
+                                         "ZMSAVE", "SET0", "ZMEXIT"}));
   EXPECT_EQ(entriesOf("NEW0"), (Names{"NEW", "NEW1", "NK0"}));
   EXPECT_EQ(entriesOf("DAKAI"), (Names{"ZMOPEN", "ZMOPENOLD", "ZMOPEN0", "OK0", "TK0", "OPENNJ"}));
   EXPECT_EQ(entriesOf("SET0"), (Names{"SHEZHI2", "SHEZHI", "XSHEZHI1", "SHEZHI1", "XSHEZHI2", "SHEZHI3", "XSHEZHI3",
@@ -62,6 +63,8 @@ TEST(CommandTable, CaptionsAreThoseThatTechniciansKnow) {
                                                               {"OPENNJ", "打开南京数据文件*.SZD"},
                                                               {"ZMPRINT", "打印"},
                                                               {"SAVEASEXCEL", "另存为Excel文件"},
+                                                              {"SAVEASRESULTS", "成果另存为数据表(CSV、JSON)"},
+                                                              {"SAVEASREADINGS", "读数另存为数据表(CSV、JSON)"},
                                                               {"ZMSAVE", "保存"},
                                                               {"ZMEXIT", "退出"},
                                                               {"OWINSZ", "WIN版三轴"},

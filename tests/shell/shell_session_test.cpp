@@ -69,6 +69,7 @@ TEST_F(Shell, EveryCommandThatIsBuiltAndOnDoesItsWork) {
     if (command.action == Action::None || command.action == Action::StartThisProgram || !command.built) continue;
     if (command.action == Action::Import || command.action == Action::StartTool) continue;            // off or outside
     if (command.action == Action::FlipToggle || command.action == Action::OpenNanjingFile) continue;  // shows nothing
+    if (command.action == Action::SaveAsTable) continue;  // asks for a file alone
     openDocument();
     windows.form1->envelopes.ratioEnabled = true;
     if (command.action == Action::PrintTK0Curves) continue;  // hidden
