@@ -119,6 +119,8 @@ class ListedSession {
   /// beyond the field's width; the state tells what was taken. Every change goes into the record at once, and is seen
   /// in the chart when that is drawn anew.
   void edit(ListedInput input, std::string_view utf8);
+  /// Bytes of GBK that the input takes.
+  std::size_t width(ListedInput input) const { return fieldOf(input).width; }
   /// The typing is at an end: the input shows the stored text again.
   void finishTyping() { m_typing.finish(); }
 

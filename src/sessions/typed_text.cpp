@@ -18,4 +18,9 @@ std::string takenText(std::string_view utf8, std::size_t width) {
   return gbk;
 }
 
+std::string takenBeside(std::string_view rest, std::string_view inserted, std::size_t width) {
+  const std::size_t used = utf8ToGbk(rest).size();
+  return used < width ? gbkToUtf8(takenText(inserted, width - used)) : std::string();
+}
+
 }  // namespace triaxlab

@@ -101,6 +101,7 @@ ClickLabel* ListedWindow::caption(QWidget* parent, const QString& text, Place pl
 
 RecordEdit* ListedWindow::edit(const QString& name, ListedInput input, Place place) {
   auto* const box = put(new RecordEdit(this), name, place);
+  box->fieldWidth = [this, input] { return m_session->width(input); };
   connect(box, &QLineEdit::textEdited, this,
           [this, input](const QString& text) { act([&] { m_session->edit(input, utf8(text)); }); });
   connect(box, &RecordEdit::focusLeft, this, [this] { act([&] { m_session->finishTyping(); }); });
@@ -174,6 +175,8 @@ void ListedWindow::connectBlock(CellBlock& block, ListedInputName input, void (L
       m_session->edit({input, cell}, utf8(text));
     });
   });
+  for (int cell = 0; cell < block.count(); ++cell)
+    block.box(cell)->fieldWidth = [this, input, cell] { return m_session->width({input, cell}); };
   block.onKey = [this, &block, keyIn, shown](int cell, const QKeyEvent& event) {
     const std::optional<CellKey> key = cellKeyOf(event);
     bool left = false;

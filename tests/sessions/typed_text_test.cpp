@@ -50,5 +50,18 @@ TEST(TakenText, ALongPasteIsCutLikeAShortOne) {
   EXPECT_EQ(takenText(std::string(20 * 1024, '\n') + "7", 6), "7");
 }
 
+TEST(TakenBeside, WhatStandsThereKeepsItsRoom) {
+  EXPECT_EQ(takenBeside("12345", "6", 6), "6");
+  EXPECT_EQ(takenBeside("123456", "7", 6), "");
+  EXPECT_EQ(takenBeside("1234", "567", 6), "56");
+  EXPECT_EQ(takenBeside("砂", "土a", 4), "土");
+  EXPECT_EQ(takenBeside("砂1", "土", 4), "");
+  EXPECT_EQ(takenBeside("砂1", "é2", 4), "");  // é has two bytes
+}
+
+TEST(TakenBeside, WhatNoFieldHoldsNeedsNoRoom) { EXPECT_EQ(takenBeside("12345", "😀\t6", 6), "6"); }
+
+TEST(TakenBeside, ATextThatIsTooLongAlreadyTakesNothing) { EXPECT_EQ(takenBeside("1234567", "8", 6), ""); }
+
 }  // namespace
 }  // namespace triaxlab

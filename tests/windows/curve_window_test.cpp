@@ -113,6 +113,76 @@ TEST_F(BadText, TheNextKeyGoesOnBehindAPaste) {
   EXPECT_EQ(box->text(), "abc");
 }
 
+/// Puts it in where the cursor stands.
+void pasteAt(QLineEdit* box, int cursor, const QString& text) {
+  QGuiApplication::clipboard()->setText(text);
+  box->setFocus();
+  box->setCursorPosition(cursor);
+  pressKey(box, {Qt::Key_V, Qt::ControlModifier, {}});
+}
+
+TEST_F(BadText, AFullBoxKeepsWhatStandsInIt) {
+  for (const auto& [name, width] : kFields) {
+    QLineEdit* const box = find(name);
+    const QString full = QString(width - 1, '7') + "8";
+    paste(box, full);
+    box->setCursorPosition(0);
+    pressKey(box, {Qt::Key_1, Qt::NoModifier, "1"});
+    EXPECT_EQ(box->text(), full) << name;
+    EXPECT_EQ(box->cursorPosition(), 0) << name;
+    pasteAt(box, 1, "23");
+    EXPECT_EQ(box->text(), full) << name;
+  }
+}
+
+TEST_F(BadText, OfAPasteGoesInWhatFitsBesideTheRest) {
+  QLineEdit* const density = find("Text4");  // five bytes
+  paste(density, "1.9");
+  pasteAt(density, 2, "0567");
+  EXPECT_EQ(density->text(), "1.059");
+  EXPECT_EQ(density->cursorPosition(), 4);
+  EXPECT_EQ(workspace.TriaxialSampleTable[0].density.trimmed(), "1.059");
+
+  QLineEdit* const soil = find("Text3");  // fifteen: room for one more character of two bytes
+  paste(soil, "粉质粘土含砾1");
+  pasteAt(soil, 2, "砂砂");
+  EXPECT_EQ(soil->text(), "粉质砂粘土含砾1");
+  EXPECT_EQ(workspace.TriaxialSampleTable[0].soilName.trimmed(), utf8ToGbk("粉质砂粘土含砾1"));
+}
+
+TEST_F(BadText, WhatIsMarkedMakesRoomForWhatReplacesIt) {
+  QLineEdit* const box = find("Text4");
+  paste(box, "12345");
+  box->setSelection(1, 2);
+  QGuiApplication::clipboard()->setText("6789");
+  press(box, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(box->text(), "16745");
+}
+
+TEST_F(BadText, ARefusedKeyLeavesWhatCanBeTakenBack) {
+  QLineEdit* const box = find("Text4");
+  paste(box, "1.95");
+  press(box, Qt::Key_End);
+  pressKey(box, {Qt::Key_2, Qt::NoModifier, "2"});
+  pressKey(box, {Qt::Key_3, Qt::NoModifier, "3"});
+  EXPECT_EQ(box->text(), "1.952");
+  press(box, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(box->text(), "1.95");
+  EXPECT_EQ(workspace.TriaxialSampleTable[0].density.trimmed(), "1.95");
+  press(box, Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_EQ(box->text(), "1.952");
+}
+
+TEST_F(BadText, APasteThatWasCutCanBeTakenBack) {
+  QLineEdit* const box = find("Text4");
+  paste(box, "1.9");
+  press(box, Qt::Key_Home);
+  pasteAt(box, 0, "2345");
+  EXPECT_EQ(box->text(), "231.9");
+  press(box, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(box->text(), "1.9");
+}
+
 TEST_F(BadText, ValuesOfTheResultsTakeTheirWidth) {
   clickMouse(find<QWidget>("Label2(2)"), {5, 5});
   QLineEdit* const box = find("Text2");

@@ -62,6 +62,17 @@ TEST_F(StressWindow, WhatNoRecordCanHoldIsNotTaken) {
   }
 }
 
+TEST_F(StressWindow, AFullBoxKeepsWhatStandsInIt) {
+  for (const char* const name : {"Text1(1)", "Text2(1)", "Text3(0)", "Text5", "Text8(1)"}) {
+    QLineEdit* const box = find(name);
+    paste(box, QString(200, '7'));
+    const QString full = box->text();
+    box->setCursorPosition(0);
+    pressKey(box, {Qt::Key_1, Qt::NoModifier, "1"});
+    EXPECT_EQ(box->text(), full) << name;
+  }
+}
+
 TEST_F(StressWindow, TypingIsTakenBackAndDoneAgain) {
   for (const char* const name : {"Text1(1)", "Text2(1)", "Text3(0)", "Text5"}) {
     QLineEdit* const box = find(name);

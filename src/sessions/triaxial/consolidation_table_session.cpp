@@ -9,11 +9,12 @@
 namespace triaxlab {
 namespace {
 
-constexpr std::size_t kNumberWidth = 10;  // bytes that a box takes over a number
 constexpr int kLastTop = static_cast<int>(kConsolidationRows - kTableRowsShown);
 constexpr int kColumns = static_cast<int>(kConsolidationColumns);
 
-std::string takenNumber(std::string_view utf8) { return gbkToUtf8(takenText(utf8, kNumberWidth)); }
+std::string takenNumber(std::string_view utf8) {
+  return gbkToUtf8(takenText(utf8, ConsolidationTableSession::kNumberWidth));
+}
 
 }  // namespace
 

@@ -42,6 +42,7 @@ class ConsolidationTableSession : public StageTableSession {
   void selectCell(int cell);
   /// Up and Down in the open cell: stores, and goes to the reading above or below, scrolling where the window ends.
   void moveCell(int rows);
+  static constexpr std::size_t kNumberWidth = 10;  // bytes that the boxes take
   /// The open cell now holds this text (UTF-8); it is stored when the cell is left.
   void typeCell(std::string_view utf8);
   /// The start pore pressure now holds this text (UTF-8), which is stored at once.

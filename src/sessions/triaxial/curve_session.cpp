@@ -183,6 +183,13 @@ std::string CurveSession::inputText(Input input) const {
   return field ? m_typing.shown(input, field->text) : std::string();
 }
 
+std::size_t CurveSession::width(Input input) const {
+  if (input.name == InputName::Factor || input.name == InputName::Summand) return Intervention::kNumberWidth;
+  if (input.name == InputName::StrainLimit) return kLimitWidth;
+  const auto field = fieldOf(input);
+  return field ? field->width : 0;
+}
+
 void CurveSession::edit(Input input, std::string_view utf8) {
   if (input.name == InputName::Factor) return m_intervention.typeFactor(utf8);
   if (input.name == InputName::Summand) return m_intervention.typeSummand(utf8);

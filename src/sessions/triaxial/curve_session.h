@@ -172,6 +172,8 @@ class CurveSession {
   /// The input now holds this text (UTF-8). What GBK doesn't have and control characters are not taken, nor what is
   /// beyond the field's width; the state tells what was taken. Every change goes into the record at once.
   void edit(Input input, std::string_view utf8);
+  /// Bytes of GBK that the input takes.
+  std::size_t width(Input input) const;
   /// The typing is at an end: the input shows the stored text again.
   void finishTyping() { m_typing.finish(); }
   /// False when the key means nothing there.

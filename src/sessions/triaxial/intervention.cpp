@@ -13,9 +13,7 @@
 namespace triaxlab {
 namespace {
 
-constexpr std::size_t kNumberWidth = 10;  // bytes that factor and summand take
-
-std::string taken(std::string_view utf8) { return gbkToUtf8(takenText(utf8, kNumberWidth)); }
+std::string taken(std::string_view utf8) { return gbkToUtf8(takenText(utf8, Intervention::kNumberWidth)); }
 
 bool hasUsedStage(const TriaxialSampleRecord& sample) {
   for (std::size_t stage = 0; stage < kStages; ++stage)

@@ -78,6 +78,7 @@ class Intervention {
 
   // The curve phase
   void selectStage(std::size_t stage);
+  static constexpr std::size_t kNumberWidth = 10;  // bytes that factor and summand take
   void typeFactor(std::string_view utf8);
   void typeSummand(std::string_view utf8);
   void multiply(Dialogs& dialogs);

@@ -12,8 +12,8 @@
 namespace triaxlab {
 namespace {
 
-constexpr std::size_t kLimitWidth = 6, kRingWidth = 8;  // bytes that the boxes take
-constexpr const char* kUsualLimit = "15.0";             // %
+constexpr std::size_t kRingWidth = 8;        // bytes that the box takes
+constexpr const char* kUsualLimit = "15.0";  // %
 
 constexpr std::array kReadingHeads{"原状R", "原状σ", "原状ε(%)", "重塑R", "重塑σ", "重塑ε(%)"};
 constexpr ListedForm kForm{.tests = ProjectKind::Unconfined,

@@ -53,6 +53,7 @@ class StressSession : public ListedSession {
   void showCurve() { showSample(); }
   /// The strain up to which a specimen's peak is looked for, %, as it stands in its box; UTF-8.
   const BothSpecimens<std::string>& strainLimitTexts() const { return m_strainLimitTexts; }
+  static constexpr std::size_t kLimitWidth = 6;  // bytes that the box takes
   /// The box now holds this text.
   void editStrainLimit(Specimen specimen, std::string_view utf8);
   /// Stores the limits; one out of bounds isn't stored, and its box tells the usual one. Draws the sample anew.

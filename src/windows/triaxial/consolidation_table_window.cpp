@@ -80,6 +80,8 @@ void Form7::makeBoxes() {
           [this](const QString& text) { change([&] { m_session.typeCell(utf8(text)); }); });
   m_text1->onKey = [this](const QKeyEvent& event) { return keyInCell(event); };
   connect(m_text1, &RecordEdit::focusLeft, this, &Form7::finishTyping);
+  for (RecordEdit* const box : {m_text1, m_text2})
+    box->fieldWidth = [] { return ConsolidationTableSession::kNumberWidth; };
   // Text1 may be what takes the focus.
   const auto finishStart = [this] { change([&] { m_session.finishStartPorePressure(); }); };
   connect(m_text2, &RecordEdit::focusLeft, this, finishStart);

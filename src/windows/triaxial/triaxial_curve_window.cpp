@@ -142,6 +142,7 @@ void Form1::tellMouse(std::optional<Point> place) {
 
 void Form1::connectEdits() {
   for (const auto& [edit, input] : m_controls.edits) {
+    edit->fieldWidth = [this, typed = input] { return m_session.width(typed); };
     connect(edit, &QLineEdit::textEdited, this,
             [this, typed = input](const QString& text) { act([&] { m_session.edit(typed, utf8(text)); }); });
     connect(edit, &RecordEdit::focusLeft, this, [this] { act([&] { m_session.finishTyping(); }); });

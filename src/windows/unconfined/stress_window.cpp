@@ -89,6 +89,7 @@ void Form4::makeStrainLimits() {
     box = put(new RecordEdit(this), arrayName("Text8", static_cast<int>(at)),
               {kLimitX, kLimitY.at(at), kLimitWidth, kBoxHeight});
     box->setAccessibleName(stress_captions::kPeaks.at(at));
+    box->fieldWidth = [] { return StressSession::kLimitWidth; };
     connect(box, &QLineEdit::textEdited, this,
             [this, specimen](const QString& text) { act([&] { m_session.editStrainLimit(specimen, utf8(text)); }); });
   }
