@@ -18,9 +18,15 @@ class ReplacedFile {
   ReplacedFile& operator=(const ReplacedFile&) = delete;
   ~ReplacedFile();
 
+  const std::filesystem::path& place() const { return m_place; }
+  /// Where it waits: for a library that writes files by their names. The content is then that library's alone.
+  const std::filesystem::path& beside() const { return m_beside; }
+
   /// Behind what was written so far.
   void write(std::span<const std::byte> bytes);
   void copyContentOf(const File& from);
+  /// What to say when a library could not write it, with the cause that the system told it.
+  [[noreturn]] void fail(int error) const;
   /// Syncs and closes the file, which is complete now and still waits beside its place: one of many that are to come
   /// there together.
   void close();

@@ -33,6 +33,8 @@ void ReplacedFile::write(std::span<const std::byte> bytes) {
 
 void ReplacedFile::copyContentOf(const File& from) { m_file->copyContentOf(from); }
 
+void ReplacedFile::fail(int error) const { failCall("写入文件", m_place, error); }
+
 void ReplacedFile::close() {
   m_file->sync();
   m_file.reset();
