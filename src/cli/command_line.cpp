@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "importers/importer.h"
+#include "platform/sheet_writer.h"
 
 namespace triaxlab::cli {
 namespace {
@@ -74,6 +75,11 @@ void addNames(CLI::App& app, std::vector<std::string>& names) {
   app.add_option("NAME", names, "project files, without folder")->required();
 }
 
+void addRange(CLI::App& app, std::optional<int>& first, std::optional<int>& last) {
+  app.add_option("--first", first, "first sample of a file of more than 100");
+  app.add_option("--last", last, "last sample");
+}
+
 void addPage(CLI::App& app, std::optional<CurvePage>& page) {
   const auto parse = [&page](const std::string& text) {
     int number = 0;
@@ -114,8 +120,7 @@ void describe(CLI::App& app, Import& import) {
 void describe(CLI::App& app, Open& open) {
   addKind(app, open.kind);
   addNames(app, open.names);
-  app.add_option("--first", open.first, "first sample of a file of more than 100");
-  app.add_option("--last", open.last, "last sample");
+  addRange(app, open.first, open.last);
   addPage(app, open.page);
   app.add_flag("--save", open.save, "saves the samples");
 }
@@ -192,9 +197,21 @@ void describe(CLI::App& app, Print& print) {
   target->require_option(1, 2);
 }
 
-void describe(CLI::App& app, Workbook& workbook) {
+void addWorkbookFile(CLI::App& app, std::filesystem::path& out) {
+  const auto refusal = [](const std::string& file) {
+    return isWorkbookName(file) ? std::string() : file + " is neither an .xls nor an .xlsx file";
+  };
+  app.add_option("--out", out, "FILE.xls or FILE.xlsx")->required()->check(refusal);
+}
+
+void describe(CLI::App& app, WriteWorkbook& workbook) {
   addName(app, workbook.name);
-  app.add_option("--out", workbook.out, "FILE.xls or FILE.xlsx")->required();
+  app.add_option_function<std::string>(
+         "--kind", [&workbook](const std::string& id) { workbook.kind = *projectKindOfId(id); },
+         "kind of project file, triaxial when left out")
+      ->check(CLI::IsMember(kindNames()));
+  addRange(app, workbook.first, workbook.last);
+  addWorkbookFile(app, workbook.out);
 }
 
 void describe(CLI::App&, Init&) {}
@@ -237,7 +254,7 @@ ParsedCommandLine parseCommandLine(int argc, const char* const* argv) {
   commands.add<Results>("results", "prints what the tests of project files were made for, a line a sample");
   commands.add<Export>("export", "writes results or readings of project files as a table for other programs");
   commands.add<Print>("print", "prints the samples of a project file");
-  commands.add<Workbook>("workbook", "writes the samples of a project file as a workbook");
+  commands.add<WriteWorkbook>("workbook", "writes the samples of a project file as a workbook");
 
   if (const std::optional<int> status = statusOfParse(app, argc, argv)) return {std::nullopt, *status};
   line.command = *commands.chosen();

@@ -101,12 +101,14 @@ struct Print {
   std::filesystem::path out;  // empty: none; one of the two is named
 };
 
-struct Workbook {
+struct WriteWorkbook {
+  ProjectKind kind = ProjectKind::Triaxial;
   std::string name;
-  std::filesystem::path out;
+  std::optional<int> first, last;
+  std::filesystem::path out;  // the name of a workbook
 };
 
-using Command = std::variant<Init, Import, Open, List, Samples, Rewrite, Show, Results, Export, Print, Workbook>;
+using Command = std::variant<Init, Import, Open, List, Samples, Rewrite, Show, Results, Export, Print, WriteWorkbook>;
 
 struct CommandLine {
   StartOptions start;

@@ -28,6 +28,7 @@
 #include "store/project/sample_rows.h"
 #include "store/project/save_project.h"
 #include "store/settings/text_settings.h"
+#include "workbooks/workbook_forms.h"
 
 namespace triaxlab::cli {
 namespace {
@@ -71,9 +72,7 @@ class Program {
   int operator()(const Open& open) {
     if (open.page) require(documentOfTests(open.kind).showPage, open.kind, kShowing);
     return eachFile(open.names, [&](const std::string& name) {
-      openFile(open.kind, name, [&open](int sampleCount) {
-        return SampleRange{open.first.value_or(1), open.last.value_or(sampleCount)};
-      });
+      openFile(open.kind, name, rangeOf(open.first, open.last));
       if (open.page) showPage(open.kind, *open.page);
       return open.save ? save(open.kind, false) : kDone;
     });
@@ -180,7 +179,13 @@ class Program {
     return kDone;
   }
 
-  int operator()(const Workbook& /*workbook*/) { refuseForThisVersion("输出工作簿"); }
+  int operator()(const WriteWorkbook& work) {
+    openFile(work.kind, work.name, rangeOf(work.first, work.last));
+    const WorkbookForm& form = workbookFormOf(work.kind);
+    writeSamples(m_workspace, form, work.out);
+    m_dialogs.message(kWorkbookDoneTitle, form.done, MessageIcon::None);
+    return kDone;
+  }
 
  private:
   /// Does the work for each file; one that fails is told, and the others go on. The worst of the exit statuses.
@@ -221,6 +226,11 @@ class Program {
 
   void showPage(ProjectKind kind, CurvePage page) {
     require(documentOfTests(kind).showPage, kind, kShowing)(m_workspace, page);
+  }
+
+  /// As the range dialog answers for a large file.
+  static RangeChooser rangeOf(std::optional<int> first, std::optional<int> last) {
+    return [=](int sampleCount) { return SampleRange{first.value_or(1), last.value_or(sampleCount)}; };
   }
 
   void openFile(ProjectKind kind, std::string_view name, const RangeChooser& chooseRange) {

@@ -24,8 +24,19 @@ enum class DerivedColumn : std::uint8_t {
   RatioEff,           // σ1′/σ3′
 };
 
-/// The column's text (GBK) in a row of a stage. Empty when the row has no stress, when one of the values that go into
-/// the column reads as 0, and when the result does not fit the 16-bit integer through which two of the columns pass.
+/// A row of the shear phase, as a record holds it.
+struct ShearReading {
+  FixedText<6> deviatorStress, porePressure, sigma1Eff, sigma3Eff;  // kPa
+  float axialStrain = 0;                                            // %
+  std::int16_t volumeChange = 0;                                    // 0.01 ml
+};
+ShearReading shearReadingOf(const TriaxialSampleRecord& record, std::size_t stage, std::size_t row);
+
+/// The column's text (GBK) of a reading under a cell pressure, kPa. Empty when the row has no stress, when one of the
+/// values that go into the column reads as 0, and when the result does not fit the 16-bit integer through which two of
+/// the columns pass.
+std::string derivedText(const ShearReading& reading, double cellPressure, DerivedColumn column);
+/// The same in a row of a stage.
 std::string derivedText(const TriaxialSampleRecord& record, std::size_t stage, std::size_t row, DerivedColumn column);
 
 }  // namespace triaxlab

@@ -39,6 +39,7 @@ std::uint8_t failureLimitOf(double tenths);
 PerStage<double> ClampFailureLimit(TriaxialSampleRecord& record);
 
 /// True for a test of several stages on one specimen, as captions and strain tables see it.
-inline bool isMultiStage(const TriaxialSampleRecord& record) { return record.shearMode == 2 || record.shearMode == 3; }
+constexpr bool isMultiStage(std::uint8_t shearMode) { return shearMode == 2 || shearMode == 3; }
+inline bool isMultiStage(const TriaxialSampleRecord& record) { return isMultiStage(record.shearMode); }
 
 }  // namespace triaxlab

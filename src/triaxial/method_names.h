@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -27,5 +28,7 @@ std::string briefTestName(const TriaxialSampleRecord& record);
 /// The line under a page's title, left open for the laboratory's suffix and the closing parenthesis:
 /// (一个试样多级固结不排水试验
 std::string methodLine(const TriaxialSampleRecord& record);
+/// The same of these two fields of a record.
+std::string methodLine(std::uint8_t testMethod, std::uint8_t shearMode);
 
 }  // namespace triaxlab

@@ -37,6 +37,10 @@ TEST_F(CommandLine, AWrongOneGivesTheUsageAndTouchesNothing) {
       {"rewrite", "triaxial", "WKSZ1.txt"},
       {"rewrite", "triaxial", "WKSZ1.txt", "--order", "3,,1"},
       {"workbook", "WKSZ1.txt"},
+      {"workbook", "WKSZ1.txt", "--out", "x"},
+      {"workbook", "WKSZ1.txt", "--out", "x.csv"},
+      {"workbook", "WKSZ1.txt", "--out", "x.xls", "--kind", "square"},
+      {"workbook", "WKSZ1.txt", "--out", "x.xls", "--first", "one"},
   };
   for (const auto& words : wrong) {
     const ProgramRun ran = run(words);
@@ -85,7 +89,6 @@ TEST_F(CommandLine, EveryCommandDoesTheStepsOfTheStart) {
 TEST_F(CommandLine, WhatThisVersionLacksIsSaidInOneSentence) {
   const std::vector<std::vector<std::string>> lacking{
       {"open", "k0", "KO1.txt", "--show", "1"},
-      {"workbook", "WKSZ1.txt", "--out", "x.xls"},
   };
   for (const auto& words : lacking) {
     const ProgramRun ran = run(words);
