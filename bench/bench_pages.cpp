@@ -4,55 +4,18 @@
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
-#include <memory>
-#include <stdexcept>
-#include <string>
 
-#include "full_sample.h"
+#include "page_jobs.h"
 #include "platform/json_page_device.h"
-#include "reports/chart_sheets.h"
-#include "reports/send_report.h"
-#include "reports/three_in_one.h"
-#include "triaxial/opening_pass.h"
 
 namespace triaxlab {
 namespace {
 
 constexpr int kPages = 100;
 
-/// As many curves a sample as a page has blocks, so that each is a page.
-struct Job {
-  const Layout& layout;
-  PrintJob job;
-};
-
-Job threeInOne() {
-  Job made{kThreeInOne, {}};
-  made.job.curves.pages = {CurvePage::StressStrain, CurvePage::StressDifferenceEnvelope};
-  return made;
-}
-
-Job chartSheets() {
-  Job made{kChartSheets, {}};
-  made.job.curves.pages = {CurvePage::StressStrain, CurvePage::StressDifferenceEnvelope, CurvePage::StressPath,
-                           CurvePage::PorePressure};
-  made.job.sheet.rows = made.job.sheet.columns = 2;
-  return made;
-}
-
-const Workspace& samples() {
-  static const std::unique_ptr<const Workspace> theSamples = [] {
-    auto workspace = std::make_unique<Workspace>();
-    for (std::size_t row = 0; row < kPages; ++row) workspace->TriaxialSampleTable[row] = fullSample(row);
-    runOpeningPass(workspace->TriaxialSampleTable.used(), NumberFormat::Whole);
-    return workspace;
-  }();
-  return *theSamples;
-}
-
 void print(const Job& job, PageDevice& device) {
-  if (sendReport(*job.layout.make(job.job, samples()), job.job, device) != kPages)
-    throw std::logic_error("not the pages of this benchmark");
+  static const Workspace samples = fullSamples(kPages);
+  print(job, samples, kPages, device);
 }
 
 /// Takes drawings and keeps nothing of them.

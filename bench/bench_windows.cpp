@@ -19,9 +19,6 @@
 #include <vector>
 
 #include "full_sample.h"
-#include "platform/qt/page_devices.h"
-#include "reports/send_report.h"
-#include "reports/three_in_one.h"
 #include "shell/document_operations.h"
 #include "shell/fakes.h"
 #include "store/project/save_project.h"
@@ -126,21 +123,6 @@ void KeyInAField(benchmark::State& state) {
   }
 }
 BENCHMARK(KeyInAField)->Unit(benchmark::kMicrosecond);
-
-/// A hundred samples of two curves each: a page for each sample.
-void HundredPagesToPdf(benchmark::State& state) {
-  makeApplication();
-  constexpr int kPages = 100;
-  const Workspace workspace = fullWorkspace(kPages);
-  PrintJob job;
-  job.curves.pages = {CurvePage::StressStrain, CurvePage::StressDifferenceEnvelope};
-  const std::filesystem::path file = std::filesystem::temp_directory_path() / "triaxlab-bench-windows.pdf";
-  for (auto _ : state)
-    if (sendReport(*kThreeInOne.make(job, workspace), job, *makePdfDevice(file)) != kPages)
-      throw std::logic_error("not a hundred pages");
-  std::filesystem::remove(file);
-}
-BENCHMARK(HundredPagesToPdf)->Unit(benchmark::kMillisecond);
 
 /// A folder for a run of the program, gone at the end.
 class RunFolder {

@@ -19,7 +19,7 @@
 namespace triaxlab::cli {
 namespace {
 
-using MakeDevice = std::unique_ptr<PageDevice> (*)(const std::filesystem::path&);
+using MakeDevice = std::unique_ptr<PageDevice> (*)(const std::filesystem::path&, const DocumentInfo&);
 
 #ifdef TRIAXLAB_HAS_QT
 constexpr MakeDevice makePdf = makePdfDevice;
@@ -28,18 +28,22 @@ constexpr auto makePictures = makePictureDevice;
 std::unique_ptr<PageDevice> refuse(const std::filesystem::path& out) {
   throw UserError(fmt::format("不能写“{}”：本程序编译时没有绘图组件，只能输出 .json 文件。", textOfPath(out)));
 }
-constexpr MakeDevice makePdf = refuse;
+std::unique_ptr<PageDevice> makePdf(const std::filesystem::path& file, const DocumentInfo&) { return refuse(file); }
 std::unique_ptr<PageDevice> makePictures(const std::filesystem::path& folder, std::string_view) {
   return refuse(folder);
 }
 #endif
+
+std::unique_ptr<PageDevice> makeJson(const std::filesystem::path& file, const DocumentInfo& /*information*/) {
+  return makeJsonDevice(file);
+}
 
 struct Format {
   std::string_view extension;
   MakeDevice make;
   bool needsToolkit;
 };
-constexpr std::array kFormats{Format{".pdf", makePdf, true}, Format{".json", makeJsonDevice, false}};
+constexpr std::array kFormats{Format{".pdf", makePdf, true}, Format{".json", makeJson, false}};
 
 const Format* formatOf(const std::filesystem::path& out) {
   const std::string extension = caseless(out.extension().string());
@@ -57,9 +61,10 @@ bool needsToolkit(const Print& print) {
   return !print.printer.empty() || format == nullptr || format->needsToolkit;
 }
 
-std::unique_ptr<PageDevice> makePageDevice(const std::filesystem::path& out, std::string_view picturePrefix) {
+std::unique_ptr<PageDevice> makePageDevice(const std::filesystem::path& out, std::string_view picturePrefix,
+                                           const DocumentInfo& information) {
   const Format* const format = formatOf(out);
-  return format != nullptr ? format->make(out) : makePictures(out, picturePrefix);
+  return format != nullptr ? format->make(out, information) : makePictures(out, picturePrefix);
 }
 
 #ifdef TRIAXLAB_HAS_QT

@@ -20,7 +20,8 @@ bool needsToolkit(const Print& print);
 
 /// The device for a file name ending in ".pdf" or ".json", or for a folder of bitmaps whose names begin so. UserError
 /// for a PDF or bitmaps in a program that was built without the toolkit that draws them.
-std::unique_ptr<PageDevice> makePageDevice(const std::filesystem::path& out, std::string_view picturePrefix);
+std::unique_ptr<PageDevice> makePageDevice(const std::filesystem::path& out, std::string_view picturePrefix,
+                                           const DocumentInfo& information);
 
 /// The job's printer. UserError when the system has none of that name, or the program was built without the toolkit.
 std::unique_ptr<PageDevice> makePrinter(const PrinterJob& job, Dialogs& dialogs);

@@ -16,6 +16,7 @@
 #include "common/gbk.h"
 #include "common/user_error.h"
 #include "exports/export_file.h"
+#include "reports/document_info.h"
 #include "reports/layouts.h"
 #include "reports/send_report.h"
 #include "sessions/dialogs/browser_session.h"
@@ -174,7 +175,10 @@ class Program {
     const PrintJob job = jobOf(print, *layout, m_workspace);
     const auto report = layout->make(job, m_workspace);
     if (report->pagesOf(job).isEmpty()) throw UserError(fmt::format("“{}”中没有可打印的试样或曲线。", print.name));
-    if (!print.out.empty()) sendReport(*report, job, *makePageDevice(print.out, layout->picturePrefix));
+    if (!print.out.empty()) {
+      const DocumentInfo information = documentInfo(*layout, *report, job, m_workspace);
+      sendReport(*report, job, *makePageDevice(print.out, layout->picturePrefix, information));
+    }
     if (!print.printer.empty()) sendToPrinter(*layout, *report, job, print.printer);
     return kDone;
   }

@@ -27,7 +27,7 @@ class PageDevices {
   /// whether to print all the same; nothing after a No. UserError when there is no printer of the name, or it has been
   /// stopped; finishing the device is one when its queue doesn't take the job. Pre: the job names one, or hasPrinter().
   virtual std::unique_ptr<PageDevice> printer(PrinterJob job, Dialogs& dialogs) = 0;
-  virtual std::unique_ptr<PageDevice> pdf(const std::filesystem::path& file) = 0;
+  virtual std::unique_ptr<PageDevice> pdf(const std::filesystem::path& file, const DocumentInfo& information) = 0;
   /// A bitmap a page: `prefix` + n + ".BMP" in the folder, n from 1.
   virtual std::unique_ptr<PageDevice> pictures(const std::filesystem::path& folder, std::string_view prefix) = 0;
 };

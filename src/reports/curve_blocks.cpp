@@ -58,8 +58,11 @@ std::span<const CurveBlock> CurveBlockReport::blocksOf(int page) const {
 
 void CurveBlockReport::drawPage(DrawingSurface& surface, int page) { drawBlocks(surface, page, blocksOf(page)); }
 
-std::string_view CurveBlockReport::projectNo(int page) const {
-  return recordOf(blocksOf(page).front()).projectNo.trimmed();
+std::vector<SampleNumbers> CurveBlockReport::samplesOf(int page) const {
+  std::vector<SampleNumbers> samples;
+  for (const CurveBlock& block : blocksOf(page))
+    samples.push_back({recordOf(block).projectNo.trimmed(), recordOf(block).sampleNo.trimmed()});
+  return samples;
 }
 
 }  // namespace triaxlab

@@ -43,7 +43,7 @@ class CurveBlockReport : public Report {
  public:
   int pageCount() const final;
   void drawPage(DrawingSurface& surface, int page) final;
-  std::string_view projectNo(int page) const final;
+  std::vector<SampleNumbers> samplesOf(int page) const final;
 
  protected:
   CurveBlockReport(const PrintJob& job, const Workspace& workspace, std::size_t blocksPerPage);

@@ -9,6 +9,7 @@
 #include "common/user_error.h"
 #include "platform/files.h"
 #include "platform/placed_surface.h"
+#include "reports/document_info.h"
 #include "store/project/project_number.h"
 
 namespace triaxlab {
@@ -32,6 +33,27 @@ class PageSurface : public PlacedSurface {
   }
 };
 
+/// Names the place where each sample of a job begins by its number; where there are several projects, by both numbers.
+class SampleBookmarks {
+ public:
+  SampleBookmarks(const Report& report, const PrintJob& job)
+      : m_report(report), m_severalProjects(projectsOf(report, job).size() > 1) {}
+
+  void markOn(PageDevice& device, int page) {
+    for (const SampleNumbers& sample : m_report.samplesOf(page)) {
+      if (sample == m_last) continue;
+      m_last = sample;
+      const std::string number = gbkToUtf8(sample.sampleNo);
+      device.bookmark(m_severalProjects ? gbkToUtf8(sample.projectNo) + " " + number : number);
+    }
+  }
+
+ private:
+  const Report& m_report;
+  bool m_severalProjects;
+  SampleNumbers m_last;  // blank at first, as no sample's are
+};
+
 }  // namespace
 
 PageSize sheetSize(const Report& report, const PrintJob& job) {
@@ -44,18 +66,25 @@ int Sheets::count() const { return (m_pages.last - m_pages.first + pagesOfSheet(
 
 int Sheets::pagesOn(int sheets) const { return std::min(sheets * pagesOfSheet(), m_pages.last - m_pages.first + 1); }
 
+NumberRange Sheets::pages(int sheet) const {
+  return {m_pages.first + pagesOn(sheet - 1), m_pages.first + pagesOn(sheet) - 1};
+}
+
 void Sheets::draw(DrawingSurface& surface, int sheet) const {
-  const int before = pagesOn(sheet - 1);
-  for (int page = before; page < pagesOn(sheet); ++page) {
-    PageSurface half(surface, {page == before ? 0 : kRightHalf, 0});
-    m_report.drawPage(half, m_pages.first + page);
+  const NumberRange drawn = pages(sheet);
+  for (int page = drawn.first; page <= drawn.last; ++page) {
+    PageSurface half(surface, {page == drawn.first ? 0 : kRightHalf, 0});
+    m_report.drawPage(half, page);
   }
 }
 
 int sendReport(Report& report, const PrintJob& job, PageDevice& device, const SheetProgress& goesOn) {
   const Sheets sheets(report, job);
+  SampleBookmarks bookmarks(report, job);
   for (int sheet = 1; sheet <= sheets.count(); ++sheet) {
     sheets.draw(device.beginPage(sheets.size()), sheet);
+    const NumberRange sent = sheets.pages(sheet);
+    for (int page = sent.first; page <= sent.last; ++page) bookmarks.markOn(device, page);
     device.endPage();
     if (!goesOn || goesOn(sheet, sheets.count())) continue;
     device.stop();
@@ -66,7 +95,7 @@ int sendReport(Report& report, const PrintJob& job, PageDevice& device, const Sh
 }
 
 std::filesystem::path pictureFolder(const Report& report, const PrintJob& job, const Workspace& workspace) {
-  const std::string_view projectNo = report.projectNo(report.pagesOf(job).first);
+  const std::string_view projectNo = report.samplesOf(report.pagesOf(job).first).front().projectNo;
   if (const auto why = whyNoFileName(projectNo))
     throw UserError("打印到图片文件",
                     fmt::format("工程编号“{}”{}，不能作为图片文件夹的名称。", printableText(projectNo), *why));

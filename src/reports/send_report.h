@@ -28,6 +28,8 @@ class Sheets {
   void draw(DrawingSurface& surface, int sheet) const;
   /// Pages on the first sheets.
   int pagesOn(int sheets) const;
+  /// The numbers of the pages on a sheet.
+  NumberRange pages(int sheet) const;
 
  private:
   int pagesOfSheet() const { return m_job.sideBySide() ? 2 : 1; }
@@ -41,7 +43,8 @@ class Sheets {
 /// empty.
 using SheetProgress = std::function<bool(int sent, int sheets)>;
 
-/// Draws the sheets of the job on the device and finishes it, or stops it. Returns the number of pages.
+/// Draws the sheets of the job on the device, with a bookmark where a sample begins, and finishes it, or stops it.
+/// Returns the number of pages.
 int sendReport(Report& report, const PrintJob& job, PageDevice& device, const SheetProgress& goesOn = {});
 
 /// Where the pictures of the job go: the folder below PTU of the project of the first sample sent. UserError when its

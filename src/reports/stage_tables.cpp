@@ -52,7 +52,10 @@ class StageTables : public Report {
   PageSize pageSize() const override { return usualPage(m_job); }
   int pageCount() const override { return static_cast<int>(m_pages.size()); }
   void drawPage(DrawingSurface& surface, int page) override;
-  std::string_view projectNo(int page) const override { return recordOf(pageAt(page)).projectNo.trimmed(); }
+  std::vector<SampleNumbers> samplesOf(int page) const override {
+    const TriaxialSampleRecord& record = recordOf(pageAt(page));
+    return {{record.projectNo.trimmed(), record.sampleNo.trimmed()}};
+  }
 
  private:
   static PageLabels labels(const StageTableForm& form, const Settings& settings) {

@@ -54,7 +54,7 @@ class TestPages : public Report {
   int pageCount() const override { return static_cast<int>(m_pages.size()); }
   NumberRange pagesOf(const PrintJob& job) const override;
   void drawPage(DrawingSurface& surface, int page) override;
-  std::string_view projectNo(int page) const override { return m_samples.projectNo(blocksOf(page).front().row); }
+  std::vector<SampleNumbers> samplesOf(int page) const override;
 
  private:
   const BlocksOfPage& blocksOf(int page) const { return m_pages.at(static_cast<std::size_t>(page - 1)); }
@@ -92,6 +92,13 @@ NumberRange TestPages::pagesOf(const PrintJob& job) const {
   });
   const NumberRange both{std::max(chosen.first, numbered.first), std::min(chosen.last, numbered.last)};
   return both.isEmpty() ? NumberRange{} : both;
+}
+
+std::vector<SampleNumbers> TestPages::samplesOf(int page) const {
+  std::vector<SampleNumbers> samples;
+  for (const TestBlock& block : blocksOf(page))
+    samples.push_back({m_samples.projectNo(block.row), m_samples.sampleNo(block.row)});
+  return samples;
 }
 
 PageHead TestPages::headOf(int page) {

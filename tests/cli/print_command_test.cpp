@@ -113,6 +113,37 @@ TEST_F(PrintCommand, WithoutAnythingToPrintThereIsNoFile) {
 }
 
 #ifdef TRIAXLAB_HAS_QT
+/// What of the demonstration databases a layout prints.
+struct PrintedKind {
+  const char *source, *database, *kind, *file;
+  std::vector<const char*> layouts;
+};
+
+TEST_F(CliTest, TheSameJobOfADayMakesTheSamePdf) {
+  const std::vector<PrintedKind> kinds{
+      {"auto",
+       "HSZSJ.KU",
+       "triaxial",
+       "WKSZDT2-07.txt",
+       {"three-in-one", "chart", "single", "triaxial-table", "consolidation"}},
+      {"unconfined-kzj", "KZJSJ.KU", "unconfined", "KWCX2024A3.txt", {"unconfined-table", "unconfined-curve"}},
+      {"k0-hgj", "HGJSJ.KU", "k0", "KO2024K2.txt", {"k0"}},
+      {"tk0-hgj", "tk0/HGJSJ.KU", "tk0", "TKO2024T1.txt", {"tk0", "tk0-curve"}}};
+  for (const PrintedKind& printed : kinds) {
+    ASSERT_EQ(run({"import", printed.source, std::string(TRIAXLAB_SAMPLES "/") + printed.database}).status, 0);
+    for (const char* const layout : printed.layouts) {
+      for (const char* const name : {"first.pdf", "second.pdf"})
+        ASSERT_EQ(
+            run({"print", printed.kind, printed.file, "--layout", layout, "--out", (folder / name).string()}).status, 0)
+            << layout;
+      const std::string pages = folder.read("first.pdf");
+      EXPECT_TRUE(pages == folder.read("second.pdf")) << layout;
+      EXPECT_THAT(pages, ::testing::HasSubstr("/CreationDate (D:20240506)")) << layout;
+      EXPECT_THAT(pages, ::testing::HasSubstr("/Type /Outlines")) << layout;
+    }
+  }
+}
+
 TEST_F(PrintCommand, WritesAPdf) {
   EXPECT_EQ(print(folder.path() / "pages.PDF").status, 0);
   EXPECT_EQ(folder.read("pages.PDF").substr(0, 5), "%PDF-");

@@ -24,6 +24,7 @@ constexpr std::array kRooms{
     Room{"platform/jet", 2},
     Room{"platform/os", 2},
     Room{"platform/qt", 2},
+    Room{"platform/qt/pdf", 2},
     Room{"platform/xls", 2},
     Room{"charts", 3},
     Room{"k0", 4},

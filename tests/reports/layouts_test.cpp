@@ -26,8 +26,8 @@ TEST_F(Reports, TellWhoseSampleAPageBeginsWith) {
   sample(0, kUU, "A-1", "P1");
   sample(1, kUU, "A-2", "P1");
   sample(2, kUU, "A-3", "P2");
-  EXPECT_EQ(report()->projectNo(1), "P1");
-  EXPECT_EQ(report()->projectNo(2), "P2");
+  EXPECT_EQ(report()->samplesOf(1).front().projectNo, "P1");
+  EXPECT_EQ(report()->samplesOf(2).front().projectNo, "P2");
 }
 
 TEST_F(Reports, WithoutAPageSendNothing) {

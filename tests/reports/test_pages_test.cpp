@@ -127,7 +127,7 @@ TEST_F(TestPagesTest, TheFrameIsThatOfTheFirstSampleOfThePage) {
   ASSERT_EQ(pages.size(), 2U);
   EXPECT_THAT(textsWith(pages[0].drawing, "工程编号"), ElementsAre("工程编号:P1"));
   EXPECT_THAT(textsWith(pages[1].drawing, "工程编号"), ElementsAre("工程编号:P2"));
-  EXPECT_EQ(report()->projectNo(2), "P2");
+  EXPECT_EQ(report()->samplesOf(2).front().projectNo, "P2");
 }
 
 // ---- the pages of a job

@@ -105,7 +105,7 @@ TEST_F(TriaxialTableTest, EachStageWithReadingsBeginsAPage) {
   ASSERT_THAT(pages, SizeIs(3));
   EXPECT_THAT(textsAt(pages[1].drawing, 7800, 1900), ElementsAre("周围压力:300 kPa"));
   EXPECT_THAT(textsAt(pages[2].drawing, 4500, 1900), ElementsAre("试样编号:A-2"));
-  EXPECT_EQ(report()->projectNo(3), "P2");
+  EXPECT_EQ(report()->samplesOf(3).front().projectNo, "P2");
 }
 
 TEST_F(TriaxialTableTest, TheProjectsDateStandsInTheHeadingAndTheSamplesInTheFrame) {

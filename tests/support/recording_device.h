@@ -17,14 +17,17 @@ class RecordingDevice : public PageDevice {
   struct Page {
     PageSize size;
     Drawing drawing;
+    std::vector<std::string> bookmarks;
   };
 
   DrawingSurface& beginPage(PageSize size) override {
     m_surface.clear();
+    m_bookmarks.clear();
     m_size = size;
     return m_surface;
   }
-  void endPage() override { pages.push_back({m_size, m_surface.operations()}); }
+  void bookmark(std::string_view title) override { m_bookmarks.emplace_back(title); }
+  void endPage() override { pages.push_back({m_size, m_surface.operations(), m_bookmarks}); }
   void finish() override { ++finished; }
   void stop() override { ++stopped; }
 
@@ -33,6 +36,7 @@ class RecordingDevice : public PageDevice {
 
  private:
   RecordingSurface m_surface;
+  std::vector<std::string> m_bookmarks;
   PageSize m_size;
 };
 
@@ -52,7 +56,7 @@ class FakePageDevices : public PageDevices {
     if (!printerHasPaper && !dialogs.ask("打印", "?", MessageIcon::Exclamation)) return nullptr;
     return std::make_unique<Forwarded>(sent);
   }
-  std::unique_ptr<PageDevice> pdf(const std::filesystem::path& file) override {
+  std::unique_ptr<PageDevice> pdf(const std::filesystem::path& file, const DocumentInfo& /*information*/) override {
     asked.push_back("pdf " + file.string());
     return std::make_unique<Forwarded>(sent);
   }

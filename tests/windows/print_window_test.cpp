@@ -36,7 +36,7 @@ class WatchedPrinter : public PageDevices {
   std::unique_ptr<PageDevice> printer(PrinterJob /*job*/, Dialogs& /*dialogs*/) override {
     return std::make_unique<Device>(*this);
   }
-  std::unique_ptr<PageDevice> pdf(const std::filesystem::path& /*file*/) override {
+  std::unique_ptr<PageDevice> pdf(const std::filesystem::path& /*file*/, const DocumentInfo& /*information*/) override {
     return std::make_unique<Device>(*this);
   }
   std::unique_ptr<PageDevice> pictures(const std::filesystem::path& /*folder*/, std::string_view /*prefix*/) override {

@@ -10,16 +10,12 @@
 #include <cmath>
 #include <vector>
 
+#include "platform/qt/ruled_text.h"
+
 namespace triaxlab {
 namespace {
 
 constexpr double kTwipsPerLogicalPixel = 15;
-constexpr double kTwipsPerPaperWidth = 1440.0 / 600;
-/// Height of the baseline below the upper edge of a text, in its size: that of 宋体, whatever font takes its place.
-constexpr double kBaseline = 0.86;
-
-/// In the fonts of the laboratory the mark takes a whole place, in whose middle it would stand far from its symbol.
-constexpr std::string_view kPrime = "′";
 
 /// The pieces of a text that are set in one go: a prime stands by itself.
 std::vector<std::string_view> runsOf(std::string_view utf8) {
@@ -105,14 +101,11 @@ void PainterSurface::drawRun(std::string_view run, const Font& font, const QTran
   // The face is made in the device's own pixels, where its weight and shape are best, and brought to size by `unit`.
   const double unit = textHeight(font) / face.pixelSize();
   const double natural = metrics.horizontalAdvance(words) * unit;
-  const double ruled = textWidth(run, font);
   const bool isPrime = run == kPrime;
-  // Advances differ in the last digits; only a font of other widths is stretched. A prime keeps its own width, and what
-  // is blank in front of it is left away.
-  const bool stretched = !isPrime && natural > 0 && std::abs(ruled / natural - 1) > 0.002;
+  const double stretch = isPrime ? 1 : stretchTo(textWidth(run, font), natural);
   const double start = isPrime ? -metrics.leftBearing(words.front()) : 0;
   // A document writes each change of the transformation, and most texts need none.
-  const QTransform scaled = QTransform(toText).scale(stretched ? unit * ruled / natural : unit, unit);
+  const QTransform scaled = QTransform(toText).scale(unit * stretch, unit);
   if (scaled.type() <= QTransform::TxTranslate)
     return m_painter.drawText(QPointF(scaled.dx() + start, scaled.dy()), words);
   m_painter.setTransform(scaled * m_base);

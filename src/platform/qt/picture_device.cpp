@@ -12,6 +12,7 @@
 #include "common/user_error.h"
 #include "platform/files.h"
 #include "platform/qt/application.h"
+#include "platform/qt/font_lookup.h"
 #include "platform/qt/page_devices.h"
 #include "platform/qt/painter_surface.h"
 #include "platform/replaced_file.h"
@@ -26,6 +27,7 @@ constexpr int kPixelsPerMetre = 7874;
 class PictureDevice : public PageDevice {
  public:
   PictureDevice(std::filesystem::path folder, std::string_view prefix) : m_folder(std::move(folder)), m_prefix(prefix) {
+    requireChineseFont();
     if (!folderExists(m_folder) && !makeFolder(m_folder))
       throw UserError(fmt::format("不能建立图片文件夹“{}”。", textOfPath(m_folder)));
   }

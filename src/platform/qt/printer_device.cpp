@@ -12,6 +12,7 @@
 #include "platform/files.h"
 #include "platform/print_answer.h"
 #include "platform/qt/application.h"
+#include "platform/qt/font_lookup.h"
 #include "platform/qt/paged_painting.h"
 
 namespace triaxlab {
@@ -84,6 +85,7 @@ QPrinterInfo printerOf(const PrinterJob& job) {
 class PrinterDevice : public PageDevice {
  public:
   explicit PrinterDevice(const PrinterJob& job) : m_printer(printerOf(job)), m_painting(m_printer) {
+    requireChineseFont();
     // Its queue would take the job and keep it until somebody starts the printer, perhaps days later.
     if (QPrinterInfo(m_printer).state() == QPrinter::Error) refuse(m_printer, "这台打印机已停用，请先启用它");
     needRoomForJob(m_printer);

@@ -11,7 +11,9 @@ std::unique_ptr<PageDevice> QtPageDevices::printer(PrinterJob job, Dialogs& dial
   return makePrinterDevice(job, dialogs);
 }
 
-std::unique_ptr<PageDevice> QtPageDevices::pdf(const std::filesystem::path& file) { return makePdfDevice(file); }
+std::unique_ptr<PageDevice> QtPageDevices::pdf(const std::filesystem::path& file, const DocumentInfo& information) {
+  return makePdfDevice(file, information);
+}
 
 std::unique_ptr<PageDevice> QtPageDevices::pictures(const std::filesystem::path& folder, std::string_view prefix) {
   return makePictureDevice(folder, prefix);

@@ -9,7 +9,7 @@ class QtPageDevices : public PageDevices {
  public:
   bool hasPrinter() const override;
   std::unique_ptr<PageDevice> printer(PrinterJob job, Dialogs& dialogs) override;
-  std::unique_ptr<PageDevice> pdf(const std::filesystem::path& file) override;
+  std::unique_ptr<PageDevice> pdf(const std::filesystem::path& file, const DocumentInfo& information) override;
   std::unique_ptr<PageDevice> pictures(const std::filesystem::path& folder, std::string_view prefix) override;
 };
 

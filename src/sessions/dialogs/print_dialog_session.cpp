@@ -10,6 +10,7 @@
 
 #include "common/conversions.h"
 #include "common/text_number.h"
+#include "reports/document_info.h"
 #include "sessions/dialogs/error_display.h"
 #include "sessions/dialogs/print_choices.h"
 #include "store/project/sample_rows.h"
@@ -224,7 +225,7 @@ void PrintDialogSession::saveSheet(const PreviewedJob& previewed, int sheet, Pag
   runShowingErrors(m_dialogs, [&] {
     const auto file = askForPdf(m_workspace, m_dialogs);
     if (!file) return;
-    const auto device = devices.pdf(*file);
+    const auto device = devices.pdf(*file, documentInfo(m_layout, *previewed.report, previewed.job, m_workspace));
     previewed.sheets.draw(device->beginPage(previewed.sheets.size()), sheet);
     device->endPage();
     device->finish();
@@ -258,7 +259,7 @@ std::unique_ptr<PageDevice> PrintDialogSession::deviceFor(const Report& report, 
   if (devices.hasPrinter())
     return devices.printer({.title = m_layout.title, .size = sheetSize(report, job), .copies = job.copies}, m_dialogs);
   const auto file = askForPdf(m_workspace, m_dialogs);
-  return file ? devices.pdf(*file) : nullptr;
+  return file ? devices.pdf(*file, documentInfo(m_layout, report, job, m_workspace)) : nullptr;
 }
 
 }  // namespace triaxlab

@@ -22,64 +22,12 @@ void drawPages(PageDevice& device, int count) {
   device.finish();
 }
 
-std::size_t countOf(const std::string& text, const std::string& what) {
-  std::size_t count = 0;
-  for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1)) ++count;
-  return count;
-}
-
 /// A little-endian number of a bitmap's head.
 std::uint32_t numberAt(const std::string& bytes, std::size_t offset, std::size_t width) {
   std::uint32_t value = 0;
   for (std::size_t i = 0; i < width; ++i)
     value |= std::uint32_t{static_cast<unsigned char>(bytes.at(offset + i))} << (8 * i);
   return value;
-}
-
-TEST(PdfDevice, WritesTheFileWholeAtTheEnd) {
-  const TemporaryFolder folder;
-  const std::filesystem::path file = folder.path() / "pages.pdf";
-  const auto device = makePdfDevice(file);
-  device->beginPage(kA4);
-  device->endPage();
-  EXPECT_FALSE(std::filesystem::exists(file));
-  drawPages(*device, 2);
-  const std::string content = folder.read("pages.pdf");
-  EXPECT_TRUE(content.starts_with("%PDF-"));
-  EXPECT_TRUE(content.ends_with("%%EOF\n"));
-  EXPECT_EQ(countOf(content, "/Type /Page\n"), 3u);
-  // 11906 x 16838 twips are 595.3 x 841.9 points, and page sizes are whole points.
-  EXPECT_EQ(countOf(content, "/MediaBox [0 0 595.000000 842.000000]"), 3u);
-}
-
-TEST(PdfDevice, TwoPagesSideBySideLieAcross) {
-  const TemporaryFolder folder;
-  const auto device = makePdfDevice(folder.path() / "pages.pdf");
-  device->beginPage(kA3SideBySide);
-  device->endPage();
-  device->finish();
-  EXPECT_EQ(countOf(folder.read("pages.pdf"), "/MediaBox [0 0 1191.000000 842.000000]"), 1u);
-}
-
-TEST(PdfDevice, LeavesAnOldFileAloneUntilTheNewOneStands) {
-  const TemporaryFolder folder;
-  folder.write("pages.pdf", "old");
-  {
-    const auto device = makePdfDevice(folder.path() / "pages.pdf");
-    device->beginPage(kA4);
-  }
-  EXPECT_EQ(folder.read("pages.pdf"), "old");
-}
-
-TEST(PdfDevice, NamesTheFileThatCantBeWritten) {
-  const TemporaryFolder folder;
-  const auto device = makePdfDevice(folder.path() / "missing" / "pages.pdf");
-  try {
-    drawPages(*device, 1);
-    FAIL() << "no error";
-  } catch (const UserError& error) {
-    EXPECT_NE(std::string(error.what()).find("pages.pdf"), std::string::npos);
-  }
 }
 
 TEST(PictureDevice, WritesOneBitmapAPage) {

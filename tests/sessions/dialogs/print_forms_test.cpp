@@ -20,7 +20,7 @@ class OnePage : public Report {
   PageSize pageSize() const override { return kA4; }
   int pageCount() const override { return 1; }
   void drawPage(DrawingSurface& /*surface*/, int /*page*/) override {}
-  std::string_view projectNo(int /*page*/) const override { return "P1"; }
+  std::vector<SampleNumbers> samplesOf(int /*page*/) const override { return {{"P1", "B-0"}}; }
 };
 
 /// Pages of unconfined samples, for every dialog that has no curves of triaxial samples to choose from.
