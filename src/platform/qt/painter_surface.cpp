@@ -16,6 +16,8 @@ namespace triaxlab {
 namespace {
 
 constexpr double kTwipsPerLogicalPixel = 15;
+/// What grids are drawn with and nothing else. On a screen it is a hairline: one pixel, however fine or large.
+constexpr Stroke kGrid{Colour::Grey, 1};
 
 /// The pieces of a text that are set in one go: a prime stands by itself.
 std::vector<std::string_view> runsOf(std::string_view utf8) {
@@ -50,22 +52,23 @@ PainterSurface::PainterSurface(QPainter& painter, Medium medium)
 }
 
 void PainterSurface::line(Point from, Point to, Stroke stroke) {
-  usePen(stroke);
   // Rules and grid lines stay sharp; a slanting line is smoothed.
   const QPointF start = rounded(from), end = rounded(to);
-  m_painter.setRenderHint(QPainter::Antialiasing, start.x() != end.x() && start.y() != end.y());
+  const bool slants = start.x() != end.x() && start.y() != end.y();
+  usePen(stroke, slants ? Ink::Curve : stroke == kGrid ? Ink::Grid : Ink::Rule);
+  m_painter.setRenderHint(QPainter::Antialiasing, slants);
   m_painter.drawLine(start, end);
 }
 
 void PainterSurface::box(Point corner, Point opposite, Stroke stroke, std::optional<Colour> fill) {
-  usePen(stroke);
+  usePen(stroke, Ink::Rule);
   useFill(fill);
   m_painter.setRenderHint(QPainter::Antialiasing, false);
   m_painter.drawRect(rectangle(corner, opposite));
 }
 
 void PainterSurface::circle(Point centre, double radius, Stroke stroke, std::optional<Colour> fill) {
-  usePen(stroke);
+  usePen(stroke, Ink::Curve);
   useFill(fill);
   m_painter.setRenderHint(QPainter::Antialiasing);
   m_painter.drawEllipse(rounded(centre), std::round(radius), std::round(radius));
@@ -75,7 +78,7 @@ void PainterSurface::polyline(std::span<const Point> points, Stroke stroke) {
   QPolygonF polygon;
   polygon.reserve(static_cast<qsizetype>(points.size()));
   for (const Point& point : points) polygon << rounded(point);
-  usePen(stroke);
+  usePen(stroke, Ink::Curve);
   m_painter.setRenderHint(QPainter::Antialiasing);
   m_painter.drawPolyline(polygon);
 }
@@ -113,13 +116,20 @@ void PainterSurface::drawRun(std::string_view run, const Font& font, const QTran
   m_painter.setTransform(m_base);
 }
 
-void PainterSurface::usePen(Stroke stroke) {
+double PainterSurface::screenWidth(int width, Ink ink) const {
+  if (ink == Ink::Grid) return 1;
+  const double pixels = std::max(1.0, width * kTwipsPerLogicalPixel / m_pixelTwips);
+  // Smoothed, a curve may have any width; half a pixel lets it stand out from the grid where both would have one.
+  return ink == Ink::Curve ? pixels + 0.5 : std::round(pixels);
+}
+
+void PainterSurface::usePen(Stroke stroke, Ink ink) {
   QPen pen(colourOf(stroke.colour));
   pen.setJoinStyle(Qt::RoundJoin);
   pen.setCapStyle(Qt::FlatCap);
   if (m_medium == Medium::Screen) {
     pen.setCosmetic(true);
-    pen.setWidthF(std::max(1.0, std::round(stroke.width * kTwipsPerLogicalPixel / m_pixelTwips)));
+    pen.setWidthF(screenWidth(stroke.width, ink));
   } else {
     const double smallest = m_medium == Medium::Picture ? m_pixelTwips : 0;
     pen.setWidthF(std::max(stroke.width * kTwipsPerPaperWidth, smallest));

@@ -37,7 +37,10 @@ class PainterSurface : public DrawingSurface {
  private:
   /// A piece of a text whose place and direction are `toText`.
   void drawRun(std::string_view run, const Font& font, const QTransform& toText);
-  void usePen(Stroke stroke);
+  /// What a line is to the eye: curves and circles stand out from rules, and those from the grid.
+  enum class Ink : std::uint8_t { Grid, Rule, Curve };
+  void usePen(Stroke stroke, Ink ink);
+  double screenWidth(int width, Ink ink) const;
   void useFill(std::optional<Colour> fill);
   const QFont& fontFor(const Font& font);
 

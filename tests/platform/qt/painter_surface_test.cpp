@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
+#include <array>
 #include <optional>
 
 #include "platform/qt/application.h"
@@ -68,10 +69,47 @@ TEST_F(PainterSurfaceTest, ALineOfWidthTwoIsTwoPixelsOfTheScreen) {
   EXPECT_EQ(drawn().width(), 2);
 }
 
+/// How many pixels wide a red line is across the middle of the picture, counting what is smoothed by its share.
+double redAcross(const QImage& picture) {
+  double width = 0;
+  for (int y = 0; y < picture.height(); ++y) width += (255 - qGreen(picture.pixel(100, y))) / 255.0;
+  return width;
+}
+
+TEST_F(PainterSurfaceTest, ACurveIsStrongerThanTheGridAtEveryScale) {
+  for (const double pixelsPerTwip : {0.8 / 15, 1 / 15.0, 1.5 / 15, 2 / 15.0, 3 / 15.0}) {
+    QImage picture(200, 200, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.scale(pixelsPerTwip, pixelsPerTwip);
+    PainterSurface surface(painter, PainterSurface::Medium::Screen);
+    const double middle = 100 / pixelsPerTwip, end = 200 / pixelsPerTwip;
+    surface.polyline(std::array{Point{0, middle}, Point{end, middle}}, {Colour::LightRed, 1});
+    painter.end();
+    EXPECT_GE(redAcross(picture), 1.3) << 15 * pixelsPerTwip;
+  }
+}
+
 TEST_F(PainterSurfaceTest, PlacesAreRoundedToWholeTwips) {
   // 749.6 twips are 750, pixel 50; cut off they would be 749, pixel 49.
   surface().line({749.6, 0}, {749.6, 1500}, {Colour::Black, 1});
   EXPECT_EQ(drawn().left(), 50);
+}
+
+/// A pixel of the screen is a third of a logical one.
+class FineScreenTest : public PainterSurfaceTest {
+ protected:
+  FineScreenTest() : PainterSurfaceTest(5) {}
+};
+
+TEST_F(FineScreenTest, TheGridIsAHairline) {
+  surface().line({500, 0}, {500, 1000}, {Colour::Grey, 1});
+  EXPECT_EQ(drawn().width(), 1);
+}
+
+TEST_F(FineScreenTest, ARuleGrowsWithTheScale) {
+  surface().line({500, 0}, {500, 1000}, {Colour::Black, 1});
+  EXPECT_EQ(drawn().width(), 3);
 }
 
 /// Six hundred pixels to the inch: 2.4 twips each.
