@@ -21,6 +21,7 @@ namespace triaxlab {
 struct SourceColumn {
   std::string_view heading;
   int width;
+  bool isCount = false;  // numbers that are read one below the other
 };
 
 /// One entry of a database's index: a row of the selection grid.

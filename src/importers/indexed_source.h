@@ -134,7 +134,7 @@ void addEachSpecimen(const SpecimenBlock<RawSpecimen>& block, const SourceRow& s
 
 /// Columns of the grid that many sources share.
 inline constexpr SourceColumn kProjectNoColumn{"工程编号", 1500}, kDateColumn{"试验日期", 1500},
-    kGroupsColumn{"组 数", 800}, kSpecimensColumn{"试样个数", 1000};
+    kGroupsColumn{"组 数", 800, true}, kSpecimensColumn{"试样个数", 1000, true};
 
 /// The row of an entry that shows project, date and number of groups.
 inline constexpr std::array kGroupsRowColumns{kProjectNoColumn, kDateColumn, kGroupsColumn};

@@ -153,8 +153,8 @@ struct KgjFormat {
   }
 };
 
-constexpr std::array kColumns{kProjectNoColumn, kDateColumn, SourceColumn{"Ko试验", 900}, SourceColumn{"台号", 700},
-                              SourceColumn{"数据特征", 1500}};
+constexpr std::array kColumns{kProjectNoColumn, kDateColumn, SourceColumn{"Ko试验", 900, true},
+                              SourceColumn{"台号", 700}, SourceColumn{"数据特征", 1500}};
 constexpr std::array<std::size_t, 1> kSameColumns{0};
 
 }  // namespace

@@ -237,7 +237,7 @@ class SampleFiller {
 
 std::string countOf(const JetRows& rows) { return std::to_string(rows.count()); }
 
-constexpr std::array kProjectColumns{SourceColumn{"工程编号", 1500}, SourceColumn{"组数", 800},
+constexpr std::array kProjectColumns{SourceColumn{"工程编号", 1500}, SourceColumn{"组数", 800, true},
                                      SourceColumn{"试验日期", 1500}};
 constexpr std::array kProjectSorts{SourceSort{"Command4", "工程编号排序", kProjectColumn},
                                    SourceSort{"Command5", "试验日期排序", kTestDateColumn}};

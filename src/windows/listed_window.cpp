@@ -132,7 +132,8 @@ void ListedWindow::makeReadings(ReadingColumns columns) {
   const std::span<const char* const> heads = m_session->form().readingHeads;
   for (std::size_t column = 0; column < heads.size(); ++column)
     caption(m_tables, heads[column],
-            {kReadingsX + columns.pitch * static_cast<int>(column), kHeadsY, columns.width, kBoxHeight});
+            {kReadingsX + columns.pitch * static_cast<int>(column), kHeadsY, columns.width, kBoxHeight})
+        ->setAlignment(kNumberAlignment);
   for (int line = 0; line < kListedLines; ++line) {
     ClickLabel*& number = m_lineNumbers.at(static_cast<std::size_t>(line));
     number = caption(m_tables, {}, {kLineNumberX, lineY(line), kLineNumberWidth, kBoxHeight});
@@ -142,6 +143,7 @@ void ListedWindow::makeReadings(ReadingColumns columns) {
   }
   m_readings = new CellBlock(m_tables, {"Text2", "Label2"},
                              cellPlaces(static_cast<int>(heads.size()), kReadingsX, columns.pitch, columns.width));
+  m_readings->alignNumbers();
   m_readingsBar =
       uprightScrollBar(m_tables, "VScroll2", {kReadingsBarX, kHeadsY, kScrollBarWidth, kScrollHeight}, kListedLines);
   connect(m_readingsBar, &QScrollBar::valueChanged, this,

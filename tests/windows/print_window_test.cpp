@@ -16,6 +16,7 @@
 #include "lone_application.h"
 #include "reports/page_fixture.h"
 #include "support/fake_dialogs.h"
+#include "window_geometry.h"
 #include "windows/dialogs/print_page_view.h"
 #include "windows/dialogs/print_preview_window.h"
 
@@ -139,6 +140,11 @@ struct PrintPreviewTest : PrintWindowTest {
   PrintPreview preview{nullptr, *job, [this](int sheet) { saved.push_back(sheet); }};
   PrintPageView* page = preview.findChild<PrintPageView*>("Picture1");
 };
+
+TEST_F(PrintPreviewTest, ShowsAllOfItself) {
+  preview.show();
+  EXPECT_THAT(WindowGeometry::faultsOf(preview), IsEmpty());
+}
 
 TEST_F(PrintPreviewTest, KeysTurnThePages) {
   const auto at = [&](int key) {

@@ -17,10 +17,11 @@ struct BrowserColumn {
   std::string ProjectListRow::*text;  // null: the row's number
 };
 constexpr std::size_t kProjectNoColumn = 1;
+constexpr auto kCount = &ProjectListRow::sampleCount;
 constexpr std::array kColumns{
     BrowserColumn{"序号", 700, nullptr},
     BrowserColumn{"", 2000, &ProjectListRow::projectNo},  // headed by the laboratory's label
-    BrowserColumn{"试样总数", 1000, &ProjectListRow::sampleCount},
+    BrowserColumn{"试样总数", 1000, kCount},
     BrowserColumn{"创建日期", 1500, &ProjectListRow::createdDate},
     BrowserColumn{"处理日期", 1500, &ProjectListRow::processedDate},
     BrowserColumn{"操作者", 1500, &ProjectListRow::operatorName},
@@ -43,7 +44,8 @@ std::string_view BrowserSession::listName() const { return m_kind.heading; }
 std::vector<GridColumn> BrowserSession::columns() const {
   std::vector<GridColumn> columns;
   columns.reserve(kColumns.size());
-  for (const BrowserColumn& column : kColumns) columns.push_back({std::string(column.heading), column.width});
+  for (const BrowserColumn& column : kColumns)
+    columns.push_back({std::string(column.heading), column.width, column.text == kCount});
   columns[kProjectNoColumn].heading = m_workspace.settings.habits.projectNoLabel;
   return columns;
 }

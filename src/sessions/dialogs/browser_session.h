@@ -21,6 +21,7 @@ namespace triaxlab {
 struct GridColumn {
   std::string heading;  // UTF-8
   int width = 0;
+  bool isCount = false;  // numbers that are read one below the other
 };
 
 class SampleListSession;

@@ -37,9 +37,12 @@ QIcon programIcon() {
 
 }  // namespace
 
+QStringList windowFonts() { return {"Noto Sans CJK SC", "WenQuanYi Micro Hei", "Microsoft YaHei", "sans-serif"}; }
+
 void setAppearance(QApplication& application) {
   QApplication::setStyle(new ScaledStyle);
-  QFont font(QString::fromUtf8(kSong));
+  QFont font;
+  font.setFamilies(windowFonts());
   // The controls have their places in twips, and so has their text its size, whatever the desktop prefers.
   font.setPixelSize(pixels(kTypeHeight));
   QApplication::setFont(font);

@@ -69,6 +69,13 @@ void CellBlock::show(const CellBlockState& now) {
   m_shown = now;
 }
 
+void CellBlock::alignNumbers() {
+  for (const Cell& cell : m_cells) {
+    cell.box->setAlignment(kNumberAlignment);
+    cell.label->setAlignment(kNumberAlignment);
+  }
+}
+
 void CellBlock::mark(int firstCell, int lastCell) {
   for (int cell = 0; cell < count(); ++cell)
     m_cells[static_cast<std::size_t>(cell)].label->setMarked(cell >= firstCell && cell <= lastCell);

@@ -34,6 +34,8 @@ class CellBlock : public QObject {
   void fallSilent();
 
   void show(const CellBlockState& now);
+  /// The cells hold numbers that are read one below the other.
+  void alignNumbers();
   /// These cells and no others are shown as chosen.
   void mark(int firstCell, int lastCell);
   void setEnabled(bool enabled);

@@ -29,6 +29,7 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   if (role == Qt::DisplayRole) return m_content.cell(index.row() + 1, index.column());
+  if (role == Qt::TextAlignmentRole) return alignmentOf(index.column());
   if (role == Qt::BackgroundRole && index.column() == 0) return QGuiApplication::palette().brush(QPalette::Button);
   return {};
 }
@@ -36,8 +37,13 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal) return {};
   if (role == Qt::DisplayRole) return m_content.columns.at(static_cast<std::size_t>(section)).heading;
-  if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
+  if (role == Qt::TextAlignmentRole) return alignmentOf(section);
   return {};
+}
+
+int GridModel::alignmentOf(int column) const {
+  const bool isCount = column == 0 || m_content.columns.at(static_cast<std::size_t>(column)).isCount;
+  return static_cast<int>(isCount ? kNumberAlignment : Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 void GridModel::contentChanged() {

@@ -12,7 +12,8 @@ namespace triaxlab {
 struct GridContent {
   struct Column {
     QString heading;
-    int width = 0;  // twips
+    int width = 0;         // twips
+    bool isCount = false;  // numbers that are read one below the other; column 0 has such in any case
   };
   std::vector<Column> columns;
   std::function<int()> rowCount;                     // data rows
@@ -34,6 +35,8 @@ class GridModel : public QAbstractTableModel {
   void rowChanged(int row);
 
  private:
+  int alignmentOf(int column) const;
+
   GridContent m_content;
 };
 

@@ -36,6 +36,9 @@ void setPlace(QWidget* control, Place place);
 /// The place that a control was given; an empty one for all others.
 Place placeOf(const QWidget* control);
 
+/// Where numbers stand that are read one below the other.
+inline constexpr Qt::Alignment kNumberAlignment = Qt::AlignRight | Qt::AlignVCenter;
+
 /// Gives a control its name and its place. The name is what scripts and tests find it by.
 template <class Widget>
 Widget* put(Widget* control, const QString& name, Place place) {

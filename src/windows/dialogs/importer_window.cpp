@@ -22,7 +22,8 @@ constexpr const char* kSortingNow = "正在排序中，请稍候......";
 
 GridContent contentOf(const ImportSelection& selection) {
   GridContent content;
-  for (const auto& column : selection.columns()) content.columns.push_back({words(column.heading), column.width});
+  for (const auto& column : selection.columns())
+    content.columns.push_back({words(column.heading), column.width, column.isCount});
   content.rowCount = [&selection] { return static_cast<int>(selection.rowCount()); };
   content.cell = [&selection](int row, int column) {
     return words(selection.cell(static_cast<std::size_t>(row), static_cast<std::size_t>(column)));

@@ -21,7 +21,8 @@ constexpr Place kSorting{200, 7350, 5000, 300};
 
 GridContent contentOf(const BrowserSession& session) {
   GridContent content;
-  for (const auto& column : session.columns()) content.columns.push_back({words(column.heading), column.width});
+  for (const auto& column : session.columns())
+    content.columns.push_back({words(column.heading), column.width, column.isCount});
   content.rowCount = [&session] { return session.rowCount(); };
   content.cell = [&session](int row, int column) { return words(session.cell(row, column)); };
   return content;

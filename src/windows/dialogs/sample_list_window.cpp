@@ -65,6 +65,7 @@ void SampleListWindow::makeColumn(std::size_t column, int x) {
   for (int i = 0; i < SampleListSession::kVisibleRows; ++i) {
     auto* const cell = put(new ClickLabel(this, {}, ClickLabel::Look::Cell), arrayName(kCellNames.at(column), i),
                            linePlace(i + 1, x, shown.width));
+    if (column == 0) cell->setAlignment(kNumberAlignment);
     connect(cell, &ClickLabel::clicked, this, [this, i] { act([this, i] { m_session.flipMark(i); }); });
     m_lines.at(static_cast<std::size_t>(i)).push_back(cell);
   }

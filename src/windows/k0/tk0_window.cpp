@@ -14,12 +14,13 @@ namespace {
 constexpr Place kWindow{0, 0, 14800, 7900};
 constexpr Place kStageCanvas{9000, 0, kStageChartWidth, kStageChartHeight},
     kStageBar{14450, 300, kScrollBarWidth, 2800};
-/// Over the bar, which is narrower than the text.
-constexpr Place kStageCaption{14150, 20, 600, 260};
-constexpr int kX = 9200, kSecondX = 11300, kTextY = 3900, kButtonY = 4300, kTextWidth = 2000, kButtonWidth = 1700;
+/// Under canvas and bar, which is narrower than the text.
+constexpr Place kStageCaption{14050, 3720, 700, 260};
+constexpr int kX = 9200, kSecondX = 11300, kTextY = 3900, kButtonY = 4300, kTextWidth = 2000, kDepthWidth = 2700,
+              kButtonWidth = 1700;
 constexpr int kHeight = 300;
 constexpr KoBesideCharts kBeside{.lineNote = {kX, kTextY, kTextWidth, kHeight},
-                                 .samplingDepth = {kSecondX, kTextY, 2 * kTextWidth, kHeight},
+                                 .samplingDepth = {kSecondX, kTextY, kDepthWidth, kHeight},
                                  .redraw = {kX, kButtonY, kButtonWidth, kHeight},
                                  .reprocess = {kSecondX, kButtonY, kButtonWidth, kHeight}};
 

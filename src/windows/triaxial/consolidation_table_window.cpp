@@ -56,10 +56,14 @@ Form7::~Form7() {
 }
 
 void Form7::makeCells() {
+  // They lie over a canvas, whose letters they have.
+  QFont letters;
+  letters.setFamily(words(kSong));
   for (int i = 0; i < kConsolidationCells; ++i) {
     ClickLabel*& cell = m_label1.at(static_cast<std::size_t>(i));
     cell = put(new ClickLabel(this, {}, ClickLabel::Look::Cell), arrayName("Label1", i), cellPlace(i));
     cell->setAlignment(Qt::AlignCenter);
+    cell->setFont(letters);
     connect(cell, &ClickLabel::clicked, this, [this, i] {
       change([&] { m_session.selectCell(i); });
       startTyping();

@@ -7,6 +7,7 @@
 
 #include "platform/drawing_surface.h"
 #include "triaxial/charts/curve_chart.h"
+#include "windows/controls/appearance.h"
 #include "windows/controls/click_label.h"
 #include "windows/controls/layout.h"
 #include "windows/controls/record_edit.h"
@@ -102,6 +103,7 @@ void CurveControls::makeList() {
       return put(new ClickLabel(m_window, {}, look), arrayName(name, index), {x, lineY(line), width, kListPitch});
     };
     label5.at(at) = cell("Label5", line, kNumberX, kNumberWidth);
+    label5.at(at)->setAlignment(kNumberAlignment);
     label1.at(2 * at) = cell("Label1", 2 * line, kProjectX, kCellWidth);
     label1.at(2 * at + 1) = cell("Label1", 2 * line + 1, kSampleX, kCellWidth);
   }
@@ -161,11 +163,13 @@ void CurveControls::makeStages() {
     const auto at = static_cast<std::size_t>(stage);
     caption(curve_captions::kStageRows.at(at), kCaptionX, y, kCaptionWidth);
     text7.at(at) = edit(arrayName("Text7", stage), {InputName::CellPressure, stage}, kFieldX, y, kStageFieldWidth);
+    text7.at(at)->setAlignment(kNumberAlignment);
   }
   for (int stage = 0; stage < static_cast<int>(kStages); ++stage) {
     const int y = kStageTop + kStagePitch * stage;
-    text8.at(static_cast<std::size_t>(stage)) =
-        edit(arrayName("Text8", stage), {InputName::StrainLimit, stage}, kLimitX, y, kStageFieldWidth);
+    const auto at = static_cast<std::size_t>(stage);
+    text8.at(at) = edit(arrayName("Text8", stage), {InputName::StrainLimit, stage}, kLimitX, y, kStageFieldWidth);
+    text8.at(at)->setAlignment(kNumberAlignment);
   }
   command8 = button("Command8", curve_captions::kApplyLimits, kApplyX, kStageTop, kStageFieldWidth);
   label4 = caption({}, kCaptionX, kNoteY, kLimitX - kCaptionX - 50);
@@ -185,20 +189,25 @@ void CurveControls::makeTable() {
   }
   // Heads of effective stresses are twice as wide as their columns in letters of the usual width.
   QFont narrow;
-  narrow.setFamilies({kArialNarrow, words(kSong)});
+  narrow.setFamilies(QStringList(kArialNarrow) + windowFonts());
   for (int column = 0; column < kTableColumns; ++column) {
     ClickLabel*& head = columnHeads.at(static_cast<std::size_t>(column));
     head = put(new ClickLabel(m_window, {}, ClickLabel::Look::Head), arrayName("ColumnHead", column),
                tablePlace(column, kColumnHeadsY));
     head->setFont(narrow);
+    if (column > 0) head->setAlignment(kNumberAlignment);
   }
   for (int cell = 0; cell < kTableCells; ++cell) {
     const int y = kTableTop + kTablePitch * (cell / kTableColumns);
-    label2.at(static_cast<std::size_t>(cell)) = put(new ClickLabel(m_window, {}, ClickLabel::Look::Cell),
-                                                    arrayName("Label2", cell), tablePlace(cell % kTableColumns, y));
+    auto* const made = put(new ClickLabel(m_window, {}, ClickLabel::Look::Cell), arrayName("Label2", cell),
+                           tablePlace(cell % kTableColumns, y));
+    // The first column has names.
+    if (cell % kTableColumns > 0) made->setAlignment(kNumberAlignment);
+    label2.at(static_cast<std::size_t>(cell)) = made;
   }
   text2 = edit("Text2", {InputName::ResultCell}, kTableX, kTableTop, kFirstColumnWidth);
   makeOverlay(text2);
+  text2->setAlignment(kNumberAlignment);
   vScroll2 = uprightScrollBar(m_window, "VScroll2",
                               {kTableScrollX, kTableTop, kScrollBarWidth, kTablePitch * kTableLines}, kTableLines);
 }
