@@ -144,6 +144,29 @@ TEST_F(CliTest, TheSameJobOfADayMakesTheSamePdf) {
   }
 }
 
+/// A machine with the fonts of these folders alone.
+std::string onlyFontsOf(const TemporaryFolder& folder, const std::string& folders) {
+  const std::filesystem::path settings =
+      folder.write("fonts.conf", "<?xml version=\"1.0\"?><fontconfig>" + folders + "</fontconfig>");
+  return "FONTCONFIG_FILE='" + settings.string() + "' ";
+}
+
+TEST_F(PrintCommand, WithoutAChineseFontThereIsASentenceInsteadOfBoxes) {
+  folder.write("pages.pdf", "old");
+  for (const char* const fonts : {"", "<dir>/usr/share/fonts/truetype/liberation</dir>"}) {
+    setShell(onlyFontsOf(folder, fonts), "");
+    for (const char* const out : {"pages.pdf", "pictures"}) {
+      const ProgramRun ran = print(folder / out);
+      EXPECT_EQ(ran.status, 1) << out;
+      EXPECT_THAT(ran.err, ::testing::HasSubstr("没有中文字体")) << out;
+      EXPECT_EQ(lineCount(ran.err), 1U) << ran.err;
+    }
+    EXPECT_EQ(folder.read("pages.pdf"), "old");
+    EXPECT_FALSE(std::filesystem::exists(folder / "pictures"));
+    EXPECT_EQ(pages({}), 4U) << "drawing operations need no font";
+  }
+}
+
 TEST_F(PrintCommand, WritesAPdf) {
   EXPECT_EQ(print(folder.path() / "pages.PDF").status, 0);
   EXPECT_EQ(folder.read("pages.PDF").substr(0, 5), "%PDF-");

@@ -20,7 +20,11 @@ FoundGlyph glyphOf(const QFont& font, char32_t character) {
 }
 
 void requireChineseFont() {
-  static const bool hasChinese = glyphOf(QFont(QString::fromUtf8(kSong)), U'验').index != 0;
+  static const bool hasChinese = [] {
+    const FoundGlyph found = glyphOf(QFont(QString::fromUtf8(kSong)), U'验');
+    // With no font at all the toolkit has one of boxes, which has every character and none of a font's tables.
+    return found.index != 0 && !found.font.fontTable("head").isEmpty();
+  }();
   if (!hasChinese)
     throw UserError(
         "这台计算机没有中文字体，页面上的汉字会成为方框，没有输出。请安装一种中文字体（如文鼎明体 AR PL UMing，"

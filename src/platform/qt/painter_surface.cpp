@@ -127,12 +127,17 @@ void PainterSurface::usePen(Stroke stroke, Ink ink) {
   QPen pen(colourOf(stroke.colour));
   pen.setJoinStyle(Qt::RoundJoin);
   pen.setCapStyle(Qt::FlatCap);
-  if (m_medium == Medium::Screen) {
-    pen.setCosmetic(true);
-    pen.setWidthF(screenWidth(stroke.width, ink));
-  } else {
-    const double smallest = m_medium == Medium::Picture ? m_pixelTwips : 0;
-    pen.setWidthF(std::max(stroke.width * kTwipsPerPaperWidth, smallest));
+  switch (m_medium) {
+    case Medium::Screen:
+      pen.setCosmetic(true);
+      pen.setWidthF(screenWidth(stroke.width, ink));
+      break;
+    case Medium::Picture:
+      pen.setWidthF(std::ceil(stroke.width * kTwipsPerPaperWidth / m_pixelTwips) * m_pixelTwips);
+      break;
+    case Medium::Paper:
+      pen.setWidthF(stroke.width * kTwipsPerPaperWidth);
+      break;
   }
   m_painter.setPen(pen);
 }

@@ -24,7 +24,7 @@ class PainterSurface : public DrawingSurface {
   enum class Medium : std::uint8_t {
     Screen,   // a logical pixel
     Paper,    // 1/600 inch
-    Picture,  // 1/600 inch, but never less than a pixel of the picture
+    Picture,  // 1/600 inch, made up to whole pixels of the picture: a frame is as strong on each of its sides
   };
   PainterSurface(QPainter& painter, Medium medium);
 

@@ -123,6 +123,20 @@ TEST_F(PaperSurfaceTest, AWidthOfFourIsFourSixHundredthsOfAnInch) {
   EXPECT_EQ(drawn().width(), 4);
 }
 
+/// Two hundred pixels to the inch: 7.2 twips each, three widths of paper.
+class PictureSurfaceTest : public PainterSurfaceTest {
+ protected:
+  PictureSurfaceTest() : PainterSurfaceTest(7.2) {}
+  int widthOf(int width) {
+    surface(PainterSurface::Medium::Picture).line({241, 0}, {241, 480}, {Colour::Black, width});
+    return drawn().width();
+  }
+};
+
+TEST_F(PictureSurfaceTest, CurvesAndFramesAreStrongerThanTheGrid) { EXPECT_EQ(widthOf(4), 2); }
+TEST_F(PictureSurfaceTest, TheGridIsAPixel) { EXPECT_EQ(widthOf(1), 1); }
+TEST_F(PictureSurfaceTest, ThinLinesArePixelsToo) { EXPECT_EQ(widthOf(2), 1); }
+
 TEST_F(PainterSurfaceTest, TextHasItsRuledWidth) {
   // 17 bytes of 10.5 point: 1785 twips, 119 pixels. The solid blocks at both ends fill their cells.
   surface().text({150, 150}, "█三轴 kPa 1234█", {}, Colour::Black);
