@@ -28,6 +28,7 @@ enum class Action : std::uint8_t {
   SaveAsTable,       // argument: TableContent
   Save,              //
   SetSourceFolder,   // argument: openDialogKind of Form5
+  SetHabits,         //
   Exit,              //
   Import,            // target: the importer's window
   ShowCurves,        //

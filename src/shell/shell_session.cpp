@@ -6,18 +6,22 @@
 #include <array>
 #include <vector>
 
+#include "platform/files.h"
 #include "platform/process.h"
 #include "sessions/dialogs/browser_session.h"
+#include "sessions/dialogs/habits_session.h"
 #include "sessions/dialogs/import_selection.h"
 #include "sessions/dialogs/overwrite_session.h"
 #include "sessions/dialogs/range_dialog.h"
 #include "sessions/dialogs/source_folder_session.h"
 #include "sessions/dialogs/template_session.h"
+#include "shell/data_folder_change.h"
 #include "shell/document_operations.h"
 #include "shell/printing.h"
 #include "shell/start_up.h"
 #include "shell/table_export.h"
 #include "store/project/save_project.h"
+#include "store/settings/data_folder.h"
 #include "store/settings/text_settings.h"
 #include "store/settings/toggles.h"
 
@@ -54,6 +58,7 @@ bool ShellSession::trigger(std::string_view name) {
       Work{Action::PrintTK0Curves, &ShellSession::print},
       Work{Action::Save, &ShellSession::saveCommand},
       Work{Action::SetSourceFolder, &ShellSession::setSourceFolder},
+      Work{Action::SetHabits, &ShellSession::setHabits},
       Work{Action::Exit, &ShellSession::exitCommand},
       Work{Action::Import, &ShellSession::import},
       Work{Action::OpenNanjingFile, &ShellSession::openNanjingFile},
@@ -273,8 +278,40 @@ void ShellSession::showTable(ActiveDocument table) {
 
 void ShellSession::setSourceFolder(const Command& command) {
   m_workspace.openDialogKind = command.argument;
-  SourceFolderSession session(m_workspace, m_dialogs);
+  SourceFolderSession session(m_workspace, m_dialogs, sourceFolderQuestion(m_workspace, command.argument));
   m_windows.showSourceFolder(session);
+}
+
+void ShellSession::setHabits(const Command& /*command*/) {
+  HabitsSession session(m_workspace, m_dialogs, [this] { askForDataFolder(); });
+  m_windows.showHabits(session);
+  Remarks remarks = ReadPageSettings(m_workspace);
+  const Remarks more = ReadEnglishLabels(m_workspace);
+  remarks.insert(remarks.end(), more.begin(), more.end());
+  if (!remarks.empty()) showRemarks(remarks);
+}
+
+void ShellSession::askForDataFolder() {
+  SourceFolderSession session(m_workspace, m_dialogs,
+                              {"请选择存放数据的文件夹:", textOfPath(m_workspace.dataFolder),
+                               [this](std::string_view folder) { return useDataFolder(folder); }});
+  m_windows.showSourceFolder(session);
+}
+
+bool ShellSession::useDataFolder(std::string_view typed) {
+  const std::filesystem::path folder = chosenDataFolder(typed);
+  if (folder == m_workspace.dataFolder) return true;
+  const std::vector<ActiveDocument> documents = m_windows.loadedDocuments();
+  if (!std::ranges::all_of(documents, [this](ActiveDocument document) { return mayClose(document); })) return false;
+  const Remarks remarks = changeDataFolder(m_workspace, folder);
+  for (const ActiveDocument document : documents)
+    if (documentKindOf(document).master == document) m_windows.showDocument(document);
+  if (!documents.empty()) {
+    m_windows.raiseDocument(documents.front());
+    documentActivated(documents.front());
+  }
+  showRemarks(remarks.empty() ? Remarks{"数据现在存放在 " + textOfPath(folder)} : remarks);
+  return true;
 }
 
 void ShellSession::flipToggle(const Command& command) {

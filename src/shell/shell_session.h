@@ -94,10 +94,15 @@ class ShellSession {
   void fillTemplates(const Command& command);
   void saveTable(const Command& command);
   void setSourceFolder(const Command& command);
+  void setHabits(const Command& command);
   void startTool(const Command& command);
   void startThisProgram(const Command& command);
   void flipToggle(const Command& command);
 
+  void askForDataFolder();
+  /// Goes over to the folder, as chosen or typed, once the loaded documents may be left; they follow. False when one
+  /// of them could not be saved.
+  bool useDataFolder(std::string_view folder);
   bool save(const DocumentKind& document);
   /// An importer has filled the table of a document: prepares it and shows it.
   void showImport(ActiveDocument document, Remarks remarks);

@@ -17,6 +17,7 @@ namespace triaxlab {
 
 class BrowserSession;
 class ImportSelection;
+class HabitsSession;
 class OverwriteSession;
 class RangeDialog;
 class SourceFolderSession;
@@ -82,6 +83,7 @@ class ShellWindows {
   virtual void showSampleList(SampleListSession& session) = 0;      // Form14, Form13
   virtual void showRangeDialog(RangeDialog& dialog) = 0;            // Form21
   virtual void showSourceFolder(SourceFolderSession& session) = 0;  // Form5
+  virtual void showHabits(HabitsSession& session) = 0;
   virtual void showOverwriteDialog(OverwriteSession& session) = 0;  // Form10
   virtual void showPrintDialog(PrintDialogSession& session) = 0;    // SETPRINTFORM and its kin
   virtual void showTemplates(TemplateSession& session) = 0;         // Form24

@@ -9,13 +9,10 @@
 #include <string_view>
 #include <system_error>
 
-#include "common/fixed_text.h"
-#include "common/gbk.h"
-#include "common/text_number.h"
 #include "platform/files.h"
 #include "store/safety/file_update.h"
 #include "store/safety/leftovers.h"
-#include "store/settings/settings_file.h"
+#include "store/settings/data_folder.h"
 #include "store/settings/source_folders.h"
 #include "store/settings/text_settings.h"
 #include "store/settings/toggles.h"
@@ -25,52 +22,23 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// In front of the data folder stands one character that carries nothing but "this field is set".
-constexpr char kFolderMarker = '9';
-constexpr SettingsField kDataFolderBehindMarker{kDataFolderField.position + 1, kDataFolderField.width - 1};
-
 /// What `sourceFolder` holds until an importer opens: the folder of the QVB98 triaxial data.
 constexpr const SourceFolder& kFirstSourceFolder = sourceFolderOf(3);
 
 void append(Remarks& remarks, const Remarks& more) { remarks.insert(remarks.end(), more.begin(), more.end()); }
 
-std::string readUtf8(const SettingsFile& settings, SettingsField field) { return gbkToUtf8(settings.readText(field)); }
-
-/// The application folder as the field can hold it. Nothing when it doesn't fit whole: a cut path would name another
-/// folder.
-std::optional<std::string> storableFolder(const fs::path& folder) {
-  const std::string text = textOfPath(folder);
-  std::optional<std::string> gbk = utf8ToGbkExactly(text);
-  if (!gbk || gbk->size() > kDataFolderBehindMarker.width || Trim(*gbk).size() != gbk->size()) return std::nullopt;
-  return gbk;
-}
-
 /// Stores the application folder as the data folder of a new settings file.
-void storeDataFolder(const Workspace& workspace, SettingsFile& settings, Remarks& remarks) {
-  const auto folder = storableFolder(workspace.applicationFolder);
-  if (!folder) {
+void storeFirstDataFolder(const Workspace& workspace, Remarks& remarks) {
+  if (!isStorableDataFolder(workspace.applicationFolder)) {
     remarks.push_back(fmt::format("文件夹“{}”的名称太长或含有 GBK 以外的字符，不能存入设置文件，本次运行用它存放数据。",
                                   textOfPath(workspace.applicationFolder)));
     return;
   }
   try {
-    settings.writeText(kDataFolderField, kFolderMarker + *folder);
+    storeDataFolder(workspace, workspace.applicationFolder);
   } catch (const UserError& error) {
     remarks.push_back(fmt::format("{}设置不能保存，本次按默认设置运行。", error.what()));
   }
-}
-
-bool beginsWithDrive(std::string_view text) {
-  const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
-  return text.size() >= 2 && isLetter(text[0]) && text[1] == ':';
-}
-
-/// The folder that a stored text names. One without a root is taken from the application folder, unless it begins with
-/// a drive: where there are no drives such a folder doesn't exist, and that is what reads and saves then find.
-fs::path storedFolder(const Workspace& workspace, std::string_view text) {
-  if (text.empty()) return workspace.applicationFolder;
-  const fs::path folder = pathFromText(text);
-  return beginsWithDrive(text) ? folder : workspace.applicationFolder / folder;
 }
 
 /// Finds out the data folder. A settings file that can't be read is no new one: it may name another folder than this,
@@ -79,11 +47,9 @@ void findDataFolder(Workspace& workspace, Remarks& remarks) {
   workspace.dataFolder.clear();
   workspace.dataFolderProblem.clear();
   try {
-    SettingsFile settings = sharedSettings(workspace);
-    const bool isNew = ParseNumber(settings.readText(kDataFolderField)) == 0;
-    const std::string stored = isNew ? std::string() : readUtf8(settings, kDataFolderBehindMarker);
-    if (isNew) storeDataFolder(workspace, settings, remarks);
-    workspace.dataFolder = storedFolder(workspace, stored);
+    const std::optional<std::string> stored = storedDataFolder(workspace);
+    if (!stored) storeFirstDataFolder(workspace, remarks);
+    workspace.dataFolder = dataFolderNamed(workspace, stored.value_or(""));
   } catch (const UserError& error) {
     workspace.dataFolderProblem = fmt::format(
         "{}不知道数据放在哪个文件夹：本次运行不能打开和保存项目，设置文件没有改动。请排除故障后重新启动程序。",

@@ -19,6 +19,7 @@
 #include "windows/controls/click_label.h"
 #include "windows/controls/layout.h"
 #include "windows/controls/words.h"
+#include "windows/dialogs/habits_window.h"
 #include "windows/dialogs/importer_window.h"
 #include "windows/dialogs/overwrite_window.h"
 #include "windows/dialogs/print_window.h"
@@ -137,7 +138,11 @@ void MDIForm1::showSampleList(SampleListSession& session) {
 
 void MDIForm1::showRangeDialog(RangeDialog& dialog) { Form21(QApplication::activeWindow(), dialog).exec(); }
 
-void MDIForm1::showSourceFolder(SourceFolderSession& session) { Form5(this, session).exec(); }
+void MDIForm1::showSourceFolder(SourceFolderSession& session) {
+  Form5(QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget() : this, session).exec();
+}
+
+void MDIForm1::showHabits(HabitsSession& session) { HabitsWindow(this, session).exec(); }
 
 void MDIForm1::showOverwriteDialog(OverwriteSession& session) { Form10(this, session).exec(); }
 

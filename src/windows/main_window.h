@@ -47,6 +47,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   void showSampleList(SampleListSession& session) override;
   void showRangeDialog(RangeDialog& dialog) override;
   void showSourceFolder(SourceFolderSession& session) override;
+  void showHabits(HabitsSession& session) override;
   void showOverwriteDialog(OverwriteSession& session) override;
   void showPrintDialog(PrintDialogSession& session) override;
   void showTemplates(TemplateSession& session) override;

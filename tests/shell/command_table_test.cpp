@@ -35,8 +35,8 @@ TEST(CommandTable, TheMenuBarAndItsMenusStandInOrder) {
   EXPECT_EQ(entriesOf("RZMVIEW"), (Names{"QUXIAN", "SHUJUBIAO"}));
   EXPECT_EQ(entriesOf("QUXIAN"), (Names{"QUXIAN1", "QUXIAN2", "QUXIAN3", "QUXIAN4", "QUXIAN5", "QUXIAN6"}));
   EXPECT_EQ(entriesOf("RZMPRINT0"), (Names{"RZMPRINT", "RZMPRINT1", "PTK0", "PEXCEL", "RZMYULAN"}));
-  EXPECT_EQ(entriesOf("SETUPMIDU"),
-            (Names{"SENGLISH", "MIDU", "DYQYDD", "WXCS", "WCX16", "PGCMC", "SAMETY", "SAZHOU8", "SAZHOU9", "YLLJ"}));
+  EXPECT_EQ(entriesOf("SETUPMIDU"), (Names{"SENGLISH", "MIDU", "DYQYDD", "WXCS", "WCX16", "PGCMC", "SAMETY", "HABITS",
+                                           "SAZHOU8", "SAZHOU9", "YLLJ"}));
   EXPECT_EQ(entriesOf("RZMWINDOW"), (Names{"RZMWL", "RZMGJ", "RZMSZ", "RZMZJ", "RZMZB", "RZMLW", "TIJI", "RENGONG"}));
 }
 
@@ -103,6 +103,7 @@ TEST(CommandTable, CaptionsAreThoseThatTechniciansKnow) {
                                                               {"WCX16", "采集含16台无侧限"},
                                                               {"PGCMC", "不打印工程名称"},
                                                               {"SAMETY", "相同试样保存时合并不同压力"},
+                                                              {"HABITS", "实验室习惯"},
                                                               {"SAZHOU8", "邓肯模型"},
                                                               {"SAZHOU9", "三轴E-B"},
                                                               {"YLLJ", "三轴应力路径"},

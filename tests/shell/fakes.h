@@ -12,6 +12,7 @@
 
 #include "platform/dialogs.h"
 #include "sessions/dialogs/browser_session.h"
+#include "sessions/dialogs/habits_session.h"
 #include "sessions/dialogs/import_selection.h"
 #include "sessions/dialogs/overwrite_session.h"
 #include "sessions/dialogs/print_dialog_session.h"
@@ -61,6 +62,7 @@ class FakeWindows : public ShellWindows {
   std::function<void(SampleListSession&)> inSampleList = [](SampleListSession&) {};
   std::function<void(RangeDialog&)> inRangeDialog = [](RangeDialog&) {};
   std::function<void(SourceFolderSession&)> inSourceFolder = [](SourceFolderSession&) {};
+  std::function<void(HabitsSession&)> inHabits = [](HabitsSession&) {};
   std::function<void(OverwriteSession&)> inOverwriteDialog = [](OverwriteSession&) {};
   std::function<void(PrintDialogSession&)> inPrintDialog = [](PrintDialogSession&) {};
   std::function<void(TemplateSession&)> inTemplates = [](TemplateSession&) {};
@@ -85,6 +87,10 @@ class FakeWindows : public ShellWindows {
   void showSourceFolder(SourceFolderSession& session) override {
     shown.emplace_back("Form5");
     inSourceFolder(session);
+  }
+  void showHabits(HabitsSession& session) override {
+    shown.emplace_back("HABITSFORM");
+    inHabits(session);
   }
   void showOverwriteDialog(OverwriteSession& session) override {
     shown.emplace_back("Form10");

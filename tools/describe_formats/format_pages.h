@@ -32,6 +32,9 @@ std::string saveJournalPage();
 std::string backupsPage();
 std::string exportTablesPage();
 
+/// The chapter of the manual, Chinese, with the keys of the text settings.
+std::string habitsPage();
+
 /// Those that the raw data sources name, in the order of the menu. std::logic_error: a source names one that isn't
 /// written.
 std::vector<FormatPage> rawFilePages();

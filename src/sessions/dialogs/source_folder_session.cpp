@@ -1,6 +1,7 @@
 #include "sessions/dialogs/source_folder_session.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/files.h"
 #include "platform/folders.h"
@@ -22,12 +23,16 @@ std::string shownName(const fs::path& folder) { return textOfPath(folder.has_fil
 
 }  // namespace
 
-SourceFolderSession::SourceFolderSession(Workspace& workspace, Dialogs& dialogs)
-    : m_workspace(workspace),
-      m_dialogs(dialogs),
-      m_folder(sourceFolderOf(workspace.openDialogKind)),
-      m_text(storedSourceFolder(workspace, m_folder)),
-      m_drives(mountedVolumes()) {
+FolderQuestion sourceFolderQuestion(Workspace& workspace, std::int16_t kind) {
+  const SourceFolder& folder = sourceFolderOf(kind);
+  return {std::string(folder.prompt), storedSourceFolder(workspace, folder), [&](std::string_view typed) {
+            storeSourceFolder(workspace, folder, typed);
+            return true;
+          }};
+}
+
+SourceFolderSession::SourceFolderSession(const Workspace& workspace, Dialogs& dialogs, FolderQuestion question)
+    : m_dialogs(dialogs), m_question(std::move(question)), m_text(m_question.text), m_drives(mountedVolumes()) {
   const fs::path stored = pathFromText(m_text);
   open(stored.is_absolute() && folderIsAtHand(stored) ? stored : workspace.applicationFolder);
 }
@@ -92,7 +97,9 @@ void SourceFolderSession::open(const fs::path& folder) {
 }
 
 bool SourceFolderSession::accept() {
-  return runShowingErrors(m_dialogs, [this] { storeSourceFolder(m_workspace, m_folder, m_text); });
+  bool isTaken = false;
+  runShowingErrors(m_dialogs, [&] { isTaken = m_question.take(m_text); });
+  return isTaken;
 }
 
 }  // namespace triaxlab

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,20 +12,29 @@
 
 namespace triaxlab {
 
-/// The session behind Form5, which asks for the folder of one kind of raw data: a text, and beside it the disks and
-/// folders of the machine. A folder chosen in the lists goes into the text; a typed text is taken as it stands and need
-/// not exist. All texts are UTF-8.
+/// What Form5 asks for, UTF-8.
+struct FolderQuestion {
+  std::string prompt;
+  std::string text;  // to begin with
+  /// Takes what was typed or chosen. False, or a UserError, which is shown: the window stays.
+  std::function<bool(std::string_view folder)> take;
+};
+/// The folder of one kind of raw data; a text that can't be stored is a UserError.
+FolderQuestion sourceFolderQuestion(Workspace& workspace, std::int16_t kind);
+
+/// The session behind Form5, which asks for a folder: a text, and beside it the disks and folders of the machine. A
+/// folder chosen in the lists goes into the text; a typed text is taken as it stands and need not exist. All texts are
+/// UTF-8.
 class SourceFolderSession {
  public:
   static constexpr std::string_view kCaption = "设置";
   static constexpr std::string_view kAccept = "确 定";  // Command1
   static constexpr std::string_view kCancel = "取 消";  // Command2
 
-  /// For the kind in `openDialogKind`. The text is the stored folder; the lists show it, or the application folder when
-  /// it doesn't exist.
-  SourceFolderSession(Workspace& workspace, Dialogs& dialogs);
+  /// The lists show the folder that the question begins with, or the application folder when that doesn't exist.
+  SourceFolderSession(const Workspace& workspace, Dialogs& dialogs, FolderQuestion question);
 
-  std::string_view prompt() const { return m_folder.prompt; }
+  const std::string& prompt() const { return m_question.prompt; }
 
   // Text1
   const std::string& text() const { return m_text; }
@@ -50,7 +60,7 @@ class SourceFolderSession {
   /// Opens the folder around the open one.
   void openParent();
 
-  /// 确 定: stores the text. False when it can't be stored: why has been shown, and the window stays.
+  /// 确 定: false when the text can't be taken; why has been shown, and the window stays.
   bool accept();
 
  private:
@@ -60,9 +70,8 @@ class SourceFolderSession {
   };
   void open(const std::filesystem::path& folder);
 
-  Workspace& m_workspace;
   Dialogs& m_dialogs;
-  const SourceFolder& m_folder;
+  FolderQuestion m_question;
   std::string m_text;
   std::vector<std::filesystem::path> m_drives;
   std::vector<Row> m_rows;

@@ -148,6 +148,8 @@ struct DefaultText {
   std::string operator()(const SlotValue& value) const { return usual.chart.slot.at(value.slot); }
 };
 
+constexpr std::string_view kWithHabits = "启动时、每次打印前和无侧限试验打开时";
+
 constexpr std::array<const TextFile*, 4> kTextFiles{&kHabitsFile, &kListLabelsFile, &kEnglishLabelsFile, &kChartFile};
 
 }  // namespace
@@ -155,13 +157,13 @@ constexpr std::array<const TextFile*, 4> kTextFiles{&kHabitsFile, &kListLabelsFi
 constinit const TextFile kHabitsFile{
     .name = "zmqvb.ini",
     .subject = "报告习惯",
-    .isRead = "启动时、每次打印前和无侧限试验打开时",
+    .isRead = kWithHabits,
     .keys = kHabitKeys,
 };
 constinit const TextFile kListLabelsFile{
     .name = "sz.ini",
     .subject = "土样和钻孔的叫法",
-    .isRead = "同 zmqvb.ini",
+    .isRead = kWithHabits,
     .keys = kListLabelKeys,
     .deciding = Deciding::First,
 };

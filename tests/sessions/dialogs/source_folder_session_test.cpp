@@ -32,8 +32,7 @@ std::string gbk(std::string_view utf8) { return utf8ToGbkExactly(utf8).value(); 
 class SourceFolders : public ::testing::Test {
  protected:
   SourceFolderSession session(std::int16_t kind = 1) {
-    lab.workspace.openDialogKind = kind;
-    return {lab.workspace, dialogs};
+    return {lab.workspace, dialogs, sourceFolderQuestion(lab.workspace, kind)};
   }
   /// Accepts a typed text and returns what the settings then hold, UTF-8.
   std::string stored(std::string_view typed, std::int16_t kind = 1) {
