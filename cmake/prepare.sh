@@ -8,7 +8,7 @@ tools_to_build="build-essential cmake ninja-build ccache pkg-config git ca-certi
 libraries="qt6-base-dev qt6-qpa-plugins libgtest-dev libbenchmark-dev libfmt-dev nlohmann-json3-dev libcli11-dev
   libsqlite3-dev mdbtools-dev libxlsxwriter-dev zlib1g-dev libxcb1-dev"
 fonts_and_words="fonts-arphic-uming fonts-wqy-microhei fonts-liberation qt6-translations-l10n"
-tools_to_test="xvfb xauth poppler-utils cups-daemon cups-client"
+tools_to_test="xvfb xauth openbox poppler-utils cups-daemon cups-client"
 
 say() { printf '%s\n' "$*" >&2; }
 

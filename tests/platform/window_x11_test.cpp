@@ -1,8 +1,4 @@
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <xcb/xcb.h>
 
 #include <cstdlib>
@@ -13,46 +9,10 @@
 #include <vector>
 
 #include "platform/process.h"
+#include "support/x_server.h"
 
 namespace triaxlab {
 namespace {
-
-/// A display of its own for the test; DISPLAY names it as long as it lives.
-class XServer {
- public:
-  XServer() {
-    int pipeEnds[2];
-    if (pipe(pipeEnds) != 0) return;
-    m_server = fork();
-    if (m_server == 0) {
-      const int silence = open("/dev/null", O_RDWR);
-      dup2(silence, STDERR_FILENO);
-      const std::string numberGoesTo = std::to_string(pipeEnds[1]);
-      execlp("Xvfb", "Xvfb", "-displayfd", numberGoesTo.c_str(), "-screen", "0", "640x480x24", "-nolisten", "tcp",
-             nullptr);
-      _exit(127);
-    }
-    close(pipeEnds[1]);
-    std::string number;
-    for (char c = 0; read(pipeEnds[0], &c, 1) == 1 && c != '\n';) number += c;
-    close(pipeEnds[0]);
-    if (!number.empty()) setenv("DISPLAY", (":" + number).c_str(), 1);
-    m_runs = !number.empty();
-  }
-  ~XServer() {
-    unsetenv("DISPLAY");
-    kill(m_server, SIGTERM);
-    waitpid(m_server, nullptr, 0);
-  }
-  XServer(const XServer&) = delete;
-  XServer& operator=(const XServer&) = delete;
-
-  bool runs() const { return m_runs; }
-
- private:
-  pid_t m_server = -1;
-  bool m_runs = false;
-};
 
 /// Windows of another program, on that display.
 class OtherProgram {
@@ -133,7 +93,7 @@ class RaiseWindow : public ::testing::Test {
   void SetUp() override {
     if (!display.runs()) GTEST_SKIP() << "Xvfb is not installed: no window was raised";
   }
-  XServer display;
+  testing::XServer display;
 };
 
 TEST_F(RaiseWindow, TheWindowWithTheTitleComesToTheFront) {

@@ -26,6 +26,8 @@ class PlayedProgram {
   }
 
   const TemporaryFolder& folder() const { return m_folder; }
+  /// What the environment says of the screen: by itself there is none.
+  std::string screen = "QT_QPA_PLATFORM=offscreen";
 
   PlayResult play(std::string_view script) const {
     m_folder.write("script.play", script);
@@ -36,9 +38,9 @@ class PlayedProgram {
   PlayResult start(const std::string& arguments) const {
     const std::string folder = m_folder.path().string();
     const std::string command = fmt::format(
-        "QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR='{0}' HOME='{0}' '{1}' --app '{0}' --today 2024-05-06 "
+        "{3} XDG_RUNTIME_DIR='{0}' HOME='{0}' '{1}' --app '{0}' --today 2024-05-06 "
         "{2} >'{0}/out.txt' 2>'{0}/errors.txt' </dev/null",
-        folder, TRIAXLAB_PROGRAM, arguments);
+        folder, TRIAXLAB_PROGRAM, arguments, screen);
     const int status = std::system(command.c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, m_folder.read("out.txt"), m_folder.read("errors.txt")};
   }
