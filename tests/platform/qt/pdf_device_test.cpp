@@ -23,6 +23,11 @@ std::size_t countOf(const std::string& text, const std::string& what) {
   return count;
 }
 
+std::string withoutBlanks(std::string text) {
+  std::erase_if(text, [](char c) { return c == ' ' || c == '\n'; });
+  return text;
+}
+
 struct PdfDevice : ::testing::Test {
   TemporaryFolder folder;
   std::filesystem::path file = folder.path() / "pages.pdf";
@@ -118,6 +123,35 @@ TEST_F(PdfDevice, TextsAreFoundAsTheyWereDrawn) {
   if (texts.empty()) GTEST_SKIP() << "poppler-utils is not installed: the texts were not read";
   for (const char* const text : {"三 轴", "σ1′-σ3′ 峰值±5%", "水工大土样", "孔压(kPa)", "12.5"})
     EXPECT_EQ(countOf(texts, text), 1U) << text << " in\n" << texts;
+}
+
+// A mark of 7 of 10 points is 70 wide and stands in a gap of 100: "( cm" is 400 wide, "(σ" 300, "(σ ′-σ" 900.
+TEST_F(PdfDevice, MarksInGapsAreReadWhereTheyStand) {
+  const Font small{.size = 7};
+  makePages(1, [&](DrawingSurface& surface) {
+    surface.text({1000, 2000}, "( cm  )", {.size = 10}, Colour::Black);
+    surface.text({1400, 1960}, "2", small, Colour::Black);
+    surface.text({1000, 4000}, "(σ ′-σ ′)", {.size = 10}, Colour::Black);
+    surface.text({1300, 4080}, "1", small, Colour::Black);
+    surface.text({1900, 4080}, "3", small, Colour::Black);
+    surface.text({1000, 8000}, "a b", {.name = kSongRotated, .size = 10}, Colour::Black, true);
+    surface.text({1080, 7900}, "5", {.name = kSongRotated, .size = 7}, Colour::Black, true);
+  });
+  const std::string texts = told("pdftotext -raw", "-");
+  if (texts.empty()) GTEST_SKIP() << "poppler-utils is not installed: the texts were not read";
+  for (const char* const text : {"(cm2)", "(σ1′-σ3′)", "a5b"})
+    EXPECT_EQ(countOf(withoutBlanks(texts), text), 1U) << text << " in\n" << texts;
+}
+
+TEST_F(PdfDevice, ASmallerTextElsewhereStandsForItself) {
+  makePages(1, [](DrawingSurface& surface) {
+    surface.text({1000, 2000}, "( cm  )", {.size = 10}, Colour::Black);
+    surface.text({1400, 2300}, "22", {.size = 7}, Colour::Black);
+    surface.text({5000, 2000}, "qu", {.size = 7}, Colour::Black);
+  });
+  const std::string texts = told("pdftotext -raw", "-");
+  if (texts.empty()) GTEST_SKIP() << "poppler-utils is not installed: the texts were not read";
+  EXPECT_EQ(countOf(texts, "( cm )"), 1U) << texts;
 }
 
 TEST_F(PdfDevice, HasThePartsOfItsFontsThatItUses) {

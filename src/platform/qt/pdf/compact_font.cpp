@@ -124,7 +124,7 @@ std::string dictionary(const Parts& parts, std::size_t begin, std::size_t shapeC
 
 /// Every identifier is the number of its shape.
 std::string charsetOf(std::size_t shapeCount) {
-  if (shapeCount == 1) return std::string(1, '\0');
+  if (shapeCount == 1) return {'\0'};
   std::string bytes = "\2";
   putBytes(bytes, 1, 2);
   putBytes(bytes, shapeCount - 2, 2);

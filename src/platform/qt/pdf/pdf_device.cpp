@@ -54,7 +54,7 @@ class PdfDocument {
 
 void PdfDocument::endPage() {
   const int content = m_file.reserve();
-  m_file.writeStream(content, "", m_surface->content());
+  m_file.writeStream(content, "", m_surface->finish());
   m_file.write(
       m_pages.back(),
       fmt::format("<< /Type /Page /Parent {} /MediaBox [0 0 {} {}] /Resources {} /Contents {} >>", pdfReference(m_tree),

@@ -96,12 +96,26 @@ void PdfSurface::polyline(std::span<const Point> points, Stroke stroke) {
 }
 
 void PdfSurface::text(Point upperLeft, std::string_view utf8, const Font& font, Colour colour, bool rotated) {
-  if (utf8.empty()) return;
+  PlacedText text{upperLeft, std::string(utf8), font, colour, rotated};
+  if (!m_order.takeMark(text)) drawTexts(m_order.hold(std::move(text)));
+}
+
+const std::string& PdfSurface::finish() {
+  drawTexts(m_order.release());
+  return m_content;
+}
+
+void PdfSurface::drawTexts(const std::vector<PlacedText>& texts) {
+  for (const PlacedText& text : texts) drawText(text);
+}
+
+void PdfSurface::drawText(const PlacedText& text) {
+  const auto& [upperLeft, utf8, font, colour, rotated] = text;
   useFill(colour);
   if (font.bold) useLine(colour, kBoldOutline * textHeight(font));
   std::vector<PdfGlyph> glyphs;
   double natural = 0;
-  for (const char32_t character : QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())).toUcs4()) {
+  for (const char32_t character : QString::fromStdString(utf8).toUcs4()) {
     glyphs.push_back(m_fonts.glyph(font, character));
     natural += glyphs.back().advance;
   }
@@ -131,7 +145,10 @@ void PdfSurface::drawGlyphs(std::span<const PdfGlyph> glyphs, double size) {
   put("> Tj\n");
 }
 
-void PdfSurface::useStroke(Stroke stroke) { useLine(stroke.colour, stroke.width * kTwipsPerPaperWidth); }
+void PdfSurface::useStroke(Stroke stroke) {
+  drawTexts(m_order.release());  // a shape covers what was drawn before it
+  useLine(stroke.colour, stroke.width * kTwipsPerPaperWidth);
+}
 
 void PdfSurface::useLine(Colour colour, double width) {
   tell(m_lineColour, numbersOf(colour), "RG");

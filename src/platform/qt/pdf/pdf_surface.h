@@ -6,10 +6,12 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/drawing_surface.h"
 #include "platform/page_device.h"
 #include "platform/qt/pdf/pdf_fonts.h"
+#include "platform/qt/pdf/reading_order.h"
 
 namespace triaxlab {
 
@@ -18,7 +20,8 @@ class PdfSurface : public DrawingSurface {
  public:
   PdfSurface(PdfFonts& fonts, PageSize size);
 
-  const std::string& content() const { return m_content; }
+  /// The content of the page; nothing is drawn after it.
+  const std::string& finish();
 
   void line(Point from, Point to, Stroke stroke) override;
   void box(Point corner, Point opposite, Stroke stroke, std::optional<Colour> fill) override;
@@ -27,6 +30,8 @@ class PdfSurface : public DrawingSurface {
   void text(Point upperLeft, std::string_view utf8, const Font& font, Colour colour, bool rotated) override;
 
  private:
+  void drawTexts(const std::vector<PlacedText>& texts);
+  void drawText(const PlacedText& text);
   void drawGlyphs(std::span<const PdfGlyph> glyphs, double size);
 
   template <class... Values>
@@ -40,6 +45,7 @@ class PdfSurface : public DrawingSurface {
 
   PdfFonts& m_fonts;
   std::string m_content;
+  ReadingOrder m_order;
   // What was told last, as a page begins or as nobody wants it.
   std::string m_lineColour, m_fillColour;
   double m_lineWidth = -1, m_size = -1, m_stretch = 100;
