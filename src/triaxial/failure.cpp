@@ -1,5 +1,6 @@
 #include "triaxial/failure.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "common/conversions.h"
@@ -19,7 +20,7 @@ class Largest {
  public:
   void take(double value) {
     constexpr double kBeyondInt16 = 32767.5;
-    if (value > m_value && value < kBeyondInt16) m_value = value;
+    m_value = std::max(m_value, value < kBeyondInt16 ? value : 0);  // without a branch that a curve leads astray
   }
   /// Rounded at the end: the rounding keeps the order, so no value before changes the result.
   double whole() const { return toInt16(m_value).value_or(0); }

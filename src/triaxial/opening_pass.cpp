@@ -16,9 +16,8 @@ namespace {
 /// A curve that falls below -10 kPa is turned about its lowest reading, as far as it is negative and under stress. It
 /// is not remembered that this was done: a second pass turns it again.
 void correctNegativePorePressure(TriaxialSampleRecord& record, std::size_t stage, StageCurves& curves) {
-  double smallest = 100;
-  for (const double u : curves.porePressure) smallest = std::min(smallest, u);
-  if (!(smallest < -10)) return;
+  if (std::ranges::none_of(curves.porePressure, [](double u) { return u < -10; })) return;
+  const double smallest = *std::ranges::min_element(curves.porePressure);
   for (std::size_t row = 0; row < kShearRows; ++row) {
     double& u = curves.porePressure[row];
     if (curves.deviatorStress[row] == 0 || !(u < 0)) continue;

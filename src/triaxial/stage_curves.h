@@ -11,7 +11,10 @@ namespace triaxlab {
 using StageColumn = std::array<double, kShearRows>;
 
 inline void readColumn(StageColumn& numbers, const ShearRows<FixedText<6>>& texts, std::size_t stage) {
-  for (std::size_t row = 0; row < kShearRows; ++row) numbers[row] = texts[row][stage].number();
+  numbers[0] = texts[0][stage].number();
+  // Where a curve is level, one text follows on the same text.
+  for (std::size_t row = 1; row < kShearRows; ++row)
+    numbers[row] = texts[row][stage] == texts[row - 1][stage] ? numbers[row - 1] : texts[row][stage].number();
 }
 
 /// The curves of one stage, read once for all the steps that run over them. Each step that rewrites a text reads its
