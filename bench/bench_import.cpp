@@ -240,20 +240,12 @@ void ImportAgainstReadingAndPass(benchmark::State& state) {
   const Database database(source.database());
   Workspace workspace;
   if (import(source, database.path(), workspace) != kGroups) state.SkipWithError("the database lost samples");
-  double whole = 0, least = 0;
-  for (auto _ : state) {
-    const double seconds = secondsOf([&] { import(source, database.path(), workspace); });
-    least += secondsOf([&] {
-      benchmark::DoNotOptimize(readWholeFile(database.path(), 100'000'000));
-      source.reduce(workspace);
-    });
-    whole += seconds;
-    state.SetIterationTime(seconds);
-  }
-  const auto runs = static_cast<double>(state.iterations());
-  state.counters["import_ms"] = whole / runs * 1e3;
-  state.counters["floor_ms"] = least / runs * 1e3;
-  state.counters["ratio"] = whole / least;
+  compare(
+      state, Seconds::Computed, [&] { import(source, database.path(), workspace); },
+      [&] {
+        benchmark::DoNotOptimize(readWholeFile(database.path(), 100'000'000));
+        source.reduce(workspace);
+      });
 }
 BENCHMARK(ImportAgainstReadingAndPass)
     ->DenseRange(0, kSources.size() - 1)

@@ -3,7 +3,6 @@
 // to watch; without mdb-export there is none.
 #include <benchmark/benchmark.h>
 
-#include <chrono>
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
@@ -14,6 +13,7 @@
 
 #include "importers/importer.h"
 #include "support/jet_builder.h"
+#include "timing.h"
 
 namespace triaxlab {
 namespace {
@@ -92,9 +92,6 @@ class DatabaseFile {
   std::filesystem::path m_path;
 };
 
-using Clock = std::chrono::steady_clock;
-double secondsSince(Clock::time_point start) { return std::chrono::duration<double>(Clock::now() - start).count(); }
-
 bool exportTables(const std::filesystem::path& path) {
   const auto command = [&](const char* table) {
     return "mdb-export '" + path.string() + "' " + table + " >/dev/null 2>&1";
@@ -106,29 +103,19 @@ bool exportTables(const std::filesystem::path& path) {
 
 void importDatabase(benchmark::State& state) {
   const DatabaseFile file;
-  const bool comparable = exportTables(file.path());
   Workspace workspace;
-  double importing = 0, exporting = 0;
-  for ([[maybe_unused]] const auto& each : state) {
-    const auto start = Clock::now();
+  const auto import = [&] {
     const auto source = openRawSource(*importerOfId("win"), file.path());
     std::vector<std::size_t> rows(source->rows().size());
     std::iota(rows.begin(), rows.end(), std::size_t{0});
     if (source->read(rows, workspace, {}).sampleRows != kSamples) state.SkipWithError("not all samples came in");
-    importing += secondsSince(start);
-    state.PauseTiming();
-    const auto then = Clock::now();
-    if (comparable) exportTables(file.path());
-    exporting += secondsSince(then);
-    state.ResumeTiming();
-  }
-  const auto runs = static_cast<double>(state.iterations());
-  state.counters["import_ms"] = 1000 * importing / runs;
-  if (!comparable) return;
-  state.counters["export_ms"] = 1000 * exporting / runs;
-  state.counters["ratio"] = importing / exporting;
+  };
+  if (exportTables(file.path()))
+    compare(state, Seconds::Elapsed, import, [&] { exportTables(file.path()); });
+  else
+    for ([[maybe_unused]] auto turn : state) state.SetIterationTime(secondsOf(import, Seconds::Elapsed));
 }
-BENCHMARK(importDatabase)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(importDatabase)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace triaxlab

@@ -64,17 +64,9 @@ double parseOnce(const Table& table) {
 void ReductionAgainstParsing(benchmark::State& state) {
   Table table = fullTable();
   reduceAllTK0Samples(table);  // the reduction of reduced samples changes nothing
-  double pass = 0, parse = 0;
-  for (auto _ : state) {
-    const double passSeconds = secondsOf([&] { reduceAllTK0Samples(table); });
-    parse += secondsOf([&] { benchmark::DoNotOptimize(parseOnce(table)); });
-    pass += passSeconds;
-    state.SetIterationTime(passSeconds);
-  }
-  const auto runs = static_cast<double>(state.iterations());
-  state.counters["pass_ms"] = pass / runs * 1e3;
-  state.counters["from_chars_ms"] = parse / runs * 1e3;
-  state.counters["ratio"] = pass / parse;
+  compare(
+      state, Seconds::Computed, [&] { reduceAllTK0Samples(table); },
+      [&] { benchmark::DoNotOptimize(parseOnce(table)); });
 }
 BENCHMARK(ReductionAgainstParsing)->UseManualTime()->Unit(benchmark::kMillisecond);
 

@@ -25,6 +25,7 @@
 #include "store/project/sample_list_order.h"
 #include "store/project/save_project.h"
 #include "store/summary/summary_record.h"
+#include "timing.h"
 
 namespace triaxlab {
 namespace {
@@ -73,29 +74,10 @@ class LongProject {
   std::filesystem::path m_folder;
 };
 
-double secondsOf(auto work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-/// Both parts in turn, each iteration, so that they meet the same machine.
-void compare(benchmark::State& state, auto prepare, auto work, auto least) {
-  double workSeconds = 0, leastSeconds = 0;
-  for ([[maybe_unused]] auto iteration : state) {
-    state.PauseTiming();
-    prepare();
-    leastSeconds += secondsOf(least);
-    state.ResumeTiming();
-    workSeconds += secondsOf(work);
-  }
-  state.counters["ratio"] = workSeconds / leastSeconds;
-}
-
 void readList(benchmark::State& state) {
   LongProject project(false);
   compare(
-      state, [] {},
+      state, Seconds::Elapsed,
       [&] {
         SampleListTable rows = listSamples(project.workspace, ProjectKind::Triaxial, LongProject::kName);
         benchmark::DoNotOptimize(rows);
@@ -107,7 +89,7 @@ void readList(benchmark::State& state) {
           benchmark::DoNotOptimize(file.readAt(recordPosition(sizeof(TriaxialSampleRecord), i), start));
       });
 }
-BENCHMARK(readList)->Unit(benchmark::kMillisecond);
+BENCHMARK(readList)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 void sortList(benchmark::State& state, SortMethod method) {
   std::mt19937 random(1);
@@ -118,18 +100,20 @@ void sortList(benchmark::State& state, SortMethod method) {
     unsorted.push_back(row.sampleNo);
   }
   compare(
-      state,
-      [&] {
-        rows = shuffled;
-        texts = unsorted;
-      },
+      state, Seconds::Computed,
       [&] {
         sortSampleList(rows, {1, kSamples}, &SampleListRow::sampleNo, method, SortDirection::Ascending);
       },
-      [&] { std::sort(texts.begin(), texts.end()); });
+      [&] { std::sort(texts.begin(), texts.end()); },
+      [&] {
+        rows = shuffled;
+        texts = unsorted;
+      });
 }
-BENCHMARK_CAPTURE(sortList, ByText, SortMethod::ByText)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(sortList, ByTextAndNumber, SortMethod::ByTextAndNumber)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(sortList, ByText, SortMethod::ByText)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(sortList, ByTextAndNumber, SortMethod::ByTextAndNumber)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 
 void copyThroughBuffer(const File& from, const std::filesystem::path& to) {
   File copy(to, File::Mode::Create);
@@ -149,11 +133,12 @@ void rewriteList(benchmark::State& state) {
   rewriteProject(project.workspace, ProjectKind::Triaxial, LongProject::kName, order);
   std::shuffle(order.begin(), order.end(), std::mt19937(2));
   compare(
-      state, [&] { std::filesystem::remove(project.scratchFile()); },
+      state, Seconds::Elapsed,
       [&] { rewriteProject(project.workspace, ProjectKind::Triaxial, LongProject::kName, order); },
-      [&] { copyThroughBuffer(File(project.path(), File::Mode::Read), project.scratchFile()); });
+      [&] { copyThroughBuffer(File(project.path(), File::Mode::Read), project.scratchFile()); },
+      [&] { std::filesystem::remove(project.scratchFile()); });
 }
-BENCHMARK(rewriteList)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(3);
+BENCHMARK(rewriteList)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
 
 /// A range of samples from the middle, as it is opened, is written over with its records in the summary file. The file
 /// is whole: the blocks of one that was filled hole by hole lie all over the disk.
@@ -169,14 +154,14 @@ void saveIntoLongProject(benchmark::State& state) {
   const std::filesystem::path standing = project.scratchFile(), journal = standing.string() + "2";
   writeAndSync(standing, bytes);
   compare(
-      state, [&] { std::filesystem::remove(journal); },
-      [&] { saveProject(project.workspace, ProjectKind::Triaxial, {}); },
+      state, Seconds::Elapsed, [&] { saveProject(project.workspace, ProjectKind::Triaxial, {}); },
       [&] {
         writeAndSync(journal, bytes);
         writeAndSync(standing, bytes);
-      });
+      },
+      [&] { std::filesystem::remove(journal); });
 }
-BENCHMARK(saveIntoLongProject)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(5);
+BENCHMARK(saveIntoLongProject)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(5);
 
 }  // namespace
 }  // namespace triaxlab

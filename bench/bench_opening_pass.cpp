@@ -42,18 +42,9 @@ double parseOnce(const Table& table) {
 void OpeningPassAgainstParsing(benchmark::State& state) {
   const Table fresh = fullTable();
   Table table = fresh;
-  double pass = 0, parse = 0;
-  for (auto _ : state) {
-    table = fresh;  // the pass works in place; not measured
-    const double passSeconds = secondsOf([&] { runOpeningPass(table, NumberFormat::Whole); });
-    parse += secondsOf([&] { benchmark::DoNotOptimize(parseOnce(table)); });
-    pass += passSeconds;
-    state.SetIterationTime(passSeconds);
-  }
-  const auto runs = static_cast<double>(state.iterations());
-  state.counters["pass_ms"] = pass / runs * 1e3;
-  state.counters["from_chars_ms"] = parse / runs * 1e3;
-  state.counters["ratio"] = pass / parse;
+  compare(
+      state, Seconds::Computed, [&] { runOpeningPass(table, NumberFormat::Whole); },
+      [&] { benchmark::DoNotOptimize(parseOnce(table)); }, [&] { table = fresh; });  // the pass works in place
 }
 BENCHMARK(OpeningPassAgainstParsing)->UseManualTime()->Unit(benchmark::kMillisecond);
 

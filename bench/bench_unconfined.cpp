@@ -64,24 +64,20 @@ double walkAll(const std::vector<std::vector<Point>>& curves) {
 
 void ReductionAgainstParsing(benchmark::State& state) {
   Table table = fullTable();
-  std::vector<std::vector<Point>> curves;
-  for (const UnconfinedSampleRecord& record : table)
-    for (const Specimen specimen : kSpecimens) curves.push_back(curvePoints(record, specimen, 21.5));
-  double pass = 0, parse = 0, walk = 0;
-  for (auto _ : state) {
-    const double passSeconds = secondsOf([&] { reduceAllUnconfinedSamples(table, kSt); });
-    parse += secondsOf([&] { benchmark::DoNotOptimize(parseOnce(table)); });
-    walk += secondsOf([&] { benchmark::DoNotOptimize(walkAll(curves)); });
-    pass += passSeconds;
-    state.SetIterationTime(passSeconds);
-  }
-  const auto runs = static_cast<double>(state.iterations());
-  state.counters["pass_ms"] = pass / runs * 1e3;
-  state.counters["walk_ms"] = walk / runs * 1e3;
-  state.counters["from_chars_ms"] = parse / runs * 1e3;
-  state.counters["ratio"] = pass / parse;
+  compare(
+      state, Seconds::Computed, [&] { reduceAllUnconfinedSamples(table, kSt); },
+      [&] { benchmark::DoNotOptimize(parseOnce(table)); });
 }
 BENCHMARK(ReductionAgainstParsing)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+/// The part of the reduction that goes along the smoothed curves, from their beginning.
+void WalkAlongTheCurves(benchmark::State& state) {
+  std::vector<std::vector<Point>> curves;
+  for (const UnconfinedSampleRecord& record : fullTable())
+    for (const Specimen specimen : kSpecimens) curves.push_back(curvePoints(record, specimen, 21.5));
+  for ([[maybe_unused]] auto turn : state) benchmark::DoNotOptimize(walkAll(curves));
+}
+BENCHMARK(WalkAlongTheCurves)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace triaxlab
