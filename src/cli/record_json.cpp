@@ -9,6 +9,7 @@
 
 #include "common/field_sink.h"
 #include "common/gbk.h"
+#include "common/text_number.h"
 #include "shell/document_kinds.h"
 #include "store/project/header_fields.h"
 
@@ -21,9 +22,7 @@ using Json = nlohmann::ordered_json;
 double shortest(float value) {
   std::array<char, 32> digits{};
   const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-  double read = 0;
-  std::from_chars(digits.data(), written.ptr, read);
-  return read;
+  return ParseNumber({digits.data(), written.ptr});
 }
 
 /// Puts the fields of records into an object.

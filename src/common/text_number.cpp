@@ -3,9 +3,12 @@
 #include <array>
 #include <bit>
 #include <charconv>
+#include <clocale>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
+#include <system_error>
 
 namespace triaxlab {
 namespace {
@@ -69,14 +72,26 @@ ScannedNumber scan(std::string_view text) {
   return found;
 }
 
+/// std::from_chars. LLVM's library lacks it for numbers with a point before its version 20; the C library's conversion
+/// is as exact, asks no locale but the one it is given, and is itself infinite or 0 beyond the range.
+std::errc readDecimal(const std::string& text, auto& value) {
+  const char* const end = text.data() + text.size();
+  if constexpr (requires { std::from_chars(text.data(), end, value); }) {
+    return std::from_chars(text.data(), end, value).ec;
+  } else {
+    static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
+    value = strtod_l(text.c_str(), nullptr, plain);
+    return {};
+  }
+}
+
 /// More digits than a double holds exactly, or a large exponent: left to the library's correctly rounded conversion.
 double convertExactly(const ScannedNumber& number) {
   std::string text(number.mantissa);
   text += 'e';
   text += std::to_string(number.exponent);
   double value = 0;
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (result.ec == std::errc::result_out_of_range) {
+  if (readDecimal(text, value) == std::errc::result_out_of_range) {
     const bool tooLarge = number.digitCount - number.decimals + number.exponent > 0;
     value = tooLarge && number.digitCount > 0 ? std::numeric_limits<double>::infinity() : 0;
   }
@@ -233,7 +248,7 @@ double ThroughSevenDigits(float value) {
     std::array<char, 32> text{};
     const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific, 6);
     double parsed = value;
-    std::from_chars(text.data(), end.ptr, parsed);
+    readDecimal({text.data(), end.ptr}, parsed);
     return parsed;
   }
   const Decimal decimal = renderSeven(magnitude);

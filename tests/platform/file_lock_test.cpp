@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <future>
 #include <thread>
 
 #include "common/user_error.h"
@@ -61,7 +62,7 @@ TEST(FileLocks, WaitUntilTheOtherIsDoneButNoLonger) {
   const auto begin = FileLock::Clock::now();
   EXPECT_FALSE(FileLock::take(file, begin + 120ms));
   EXPECT_GE(FileLock::Clock::now() - begin, 120ms);
-  std::jthread later([&other] {
+  const auto later = std::async(std::launch::async, [&other] {
     std::this_thread::sleep_for(50ms);
     other.kill();
   });
@@ -104,7 +105,7 @@ TEST(FileLocks, AFileThatIsReplacedWhileOneWaitsIsLockedInItsNewState) {
   const TemporaryFolder folder;
   const auto file = folder.write("a.txt", "old"), newer = folder.write("b.txt", "new");
   LockHolder other(file, LockWay::RecordLock);
-  std::jthread later([&] {
+  const auto later = std::async(std::launch::async, [&] {
     std::this_thread::sleep_for(50ms);
     std::filesystem::rename(newer, file);
     other.kill();

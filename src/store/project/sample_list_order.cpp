@@ -1,7 +1,6 @@
 #include "store/project/sample_list_order.h"
 
 #include <algorithm>
-#include <charconv>
 #include <deque>
 #include <span>
 #include <string_view>
@@ -9,6 +8,7 @@
 #include <vector>
 
 #include "common/fixed_text.h"
+#include "common/text_number.h"
 
 namespace triaxlab {
 namespace {
@@ -24,12 +24,13 @@ struct SortKey {
 
 SortKey splitKey(std::string_view key, std::size_t row = 0) {
   SortKey split{.text = key, .rest = {}, .number = -1, .row = row};
-  const auto digit = static_cast<std::size_t>(std::find_if(key.begin(), key.end(), isDigit) - key.begin());
-  if (digit == key.size()) return split;
-  split.text = key.substr(0, digit);
-  const char* const end = key.data() + key.size();
-  const auto parsed = std::from_chars(key.data() + digit, end, split.number, std::chars_format::fixed);
-  split.rest = {parsed.ptr, static_cast<std::size_t>(end - parsed.ptr)};
+  const auto digit = std::find_if(key.begin(), key.end(), isDigit);
+  if (digit == key.end()) return split;
+  auto end = std::find_if_not(digit, key.end(), isDigit);
+  if (end != key.end() && *end == '.') end = std::find_if_not(end + 1, key.end(), isDigit);
+  split.text = {key.begin(), digit};
+  split.number = ParseNumber({digit, end});
+  split.rest = {end, key.end()};
   return split;
 }
 
