@@ -71,8 +71,16 @@ void addName(CLI::App& app, std::string& name) {
   app.add_option("NAME", name, "project file, without folder")->required();
 }
 
-void addNames(CLI::App& app, std::vector<std::string>& names) {
-  app.add_option("NAME", names, "project files, without folder")->required();
+void addFiles(CLI::App& app, ProjectFiles& files) {
+  addKind(app, files.kind);
+  app.add_option("NAME", files.names,
+                 "project files, without folder; - for those that standard input names, a line each")
+      ->required();
+  app.add_flag_callback(
+      "-0", [&files] { files.inputNamesEnd = NameEnd::ZeroByte; }, "a zero byte ends a name of standard input");
+  app.add_option("--data", files.dataFolder, "reads this data folder, as it stands and without any settings")
+      ->type_name("DIR");
+  app.add_flag("--progress", files.tellsProgress, "tells on standard error how far the work has come");
 }
 
 void addRange(CLI::App& app, std::optional<int>& first, std::optional<int>& last) {
@@ -118,11 +126,10 @@ void describe(CLI::App& app, Import& import) {
 }
 
 void describe(CLI::App& app, Open& open) {
-  addKind(app, open.kind);
-  addNames(app, open.names);
+  addFiles(app, open.files);
   addRange(app, open.first, open.last);
   addPage(app, open.page);
-  app.add_flag("--save", open.save, "saves the samples");
+  app.add_flag("--save", open.save, "saves the samples")->excludes("--data");
 }
 
 void describe(CLI::App& app, List& list) { addKind(app, list.kind); }
@@ -147,14 +154,10 @@ void describe(CLI::App& app, Show& show) {
   app.add_option("--sample", show.sample, "this sample alone, from 1");
 }
 
-void describe(CLI::App& app, Results& results) {
-  addKind(app, results.kind);
-  addNames(app, results.names);
-}
+void describe(CLI::App& app, Results& results) { addFiles(app, results.files); }
 
 void describe(CLI::App& app, Export& written) {
-  addKind(app, written.kind);
-  addNames(app, written.names);
+  addFiles(app, written.files);
   const auto parseFormat = [&written](const std::string& id) {
     written.format = tableFormatOfId(id);
     return written.format != nullptr;
@@ -167,8 +170,7 @@ void describe(CLI::App& app, Export& written) {
 }
 
 void describe(CLI::App& app, Print& print) {
-  addKind(app, print.kind);
-  addName(app, print.name);
+  addFiles(app, print.files);
   app.add_option("--layout", print.layout, "layout of the pages")->required()->check(CLI::IsMember(namesOf(kLayouts)));
   addSpan(app, "--samples", "all|A-B", "samples to print", print.samples);
   addSpan(app, "--pages", "A-B", "pages to print", print.pages);
@@ -193,7 +195,8 @@ void describe(CLI::App& app, Print& print) {
   app.add_option("--copies", print.copies, "copies on a printer")->check(CLI::Range(1, 99));
   CLI::Option_group* const target = app.add_option_group("target", "where the pages go");
   target->add_option("--printer", print.printer, "name of a printer");
-  target->add_option("--out", print.out, "FILE.pdf, FILE.json, or a folder for one BMP a page");
+  target->add_option("--out", print.out,
+                     "FILE.pdf, FILE.json, or a folder for one BMP a page; {} stands for the name of the project file");
   target->require_option(1, 2);
 }
 
@@ -216,22 +219,41 @@ void describe(CLI::App& app, WriteWorkbook& workbook) {
 
 void describe(CLI::App&, Init&) {}
 
+// What no option by itself can tell is wrong.
+
+template <class T>
+void check(const T& /*command*/, const StartOptions& /*start*/) {}
+template <class T>
+requires requires(T command) { command.files.dataFolder; }
+void check(const T& command, const StartOptions& start) {
+  if (command.files.dataFolder && start.applicationFolder) throw CLI::ExcludesError("--data", "--app");
+  if constexpr (std::is_same_v<T, Print>) {
+    const bool isOneFile = command.files.names.size() == 1 && command.files.names.front() != kStandardInput;
+    if (!isOneFile && !command.out.empty() && command.out.string().find(kNamePlace) == std::string::npos)
+      throw CLI::ValidationError("--out", "of many files needs {} for the name of each");
+  }
+}
+
 /// The commands while the line is being parsed: CLI11 writes into them, so they stay where they are.
 class Subcommands {
  public:
-  explicit Subcommands(CLI::App& app) : m_app(app) {}
+  Subcommands(CLI::App& app, const StartOptions& start) : m_app(app), m_start(start) {}
 
   template <class T>
   void add(const char* name, const char* help) {
     auto target = std::make_shared<T>();
     CLI::App& subcommand = *m_app.add_subcommand(name, help);
     describe(subcommand, *target);
-    subcommand.callback([this, target] { m_chosen = *target; });
+    subcommand.callback([this, target] {
+      check(*target, m_start);
+      m_chosen = *target;
+    });
   }
   const std::optional<Command>& chosen() const { return m_chosen; }
 
  private:
   CLI::App& m_app;
+  const StartOptions& m_start;
   std::optional<Command> m_chosen;
 };
 
@@ -243,7 +265,7 @@ ParsedCommandLine parseCommandLine(int argc, const char* const* argv) {
   addStartOptions(app, line.start);
   app.require_subcommand(1);
 
-  Subcommands commands(app);
+  Subcommands commands(app, line.start);
   commands.add<Init>("init", "makes the settings file and the data folders when they are missing");
   commands.add<Import>("import", "reads a raw database and saves its samples");
   commands.add<Open>("open", "opens project files, and saves them again if asked");

@@ -9,6 +9,7 @@
 #include <variant>
 #include <vector>
 
+#include "cli/project_files.h"
 #include "exports/columns.h"
 #include "exports/table_formats.h"
 #include "shell/start_options.h"
@@ -23,6 +24,9 @@ namespace triaxlab::cli {
 inline constexpr std::array<std::string_view, 10> kLayouts{
     "three-in-one",     "chart", "single", "triaxial-table", "consolidation", "unconfined-table",
     "unconfined-curve", "k0",    "tk0",    "tk0-curve"};
+
+/// Stands in the place where pages go for the name of the project file that they tell of.
+inline constexpr std::string_view kNamePlace = "{}";
 
 /// Two numbers of which either may be the larger.
 struct Span {
@@ -44,8 +48,7 @@ struct Import {
 };
 
 struct Open {
-  ProjectKind kind;
-  std::vector<std::string> names;
+  ProjectFiles files;
   std::optional<int> first, last;
   std::optional<CurvePage> page;
   bool save = false;
@@ -73,21 +76,18 @@ struct Show {
 };
 
 struct Results {
-  ProjectKind kind;
-  std::vector<std::string> names;
+  ProjectFiles files;
 };
 
 struct Export {
-  ProjectKind kind;
-  std::vector<std::string> names;
+  ProjectFiles files;
   const TableFormat* format = nullptr;
   TableContent content = TableContent::Results;
   std::filesystem::path out;
 };
 
 struct Print {
-  ProjectKind kind;
-  std::string name;
+  ProjectFiles files;
   std::string layout;
   std::optional<Span> samples;  // none: all
   std::optional<Span> pages;    // none: all
@@ -98,7 +98,7 @@ struct Print {
   bool landscape = false;
   int copies = 1;
   std::string printer;        // empty: none
-  std::filesystem::path out;  // empty: none; one of the two is named
+  std::filesystem::path out;  // empty: none; one of the two is named. "{}" in it stands for the file's name
 };
 
 struct WriteWorkbook {

@@ -26,7 +26,8 @@ struct FileOfCommand {
   std::string operator()([[maybe_unused]] const Work& work) const {
     if constexpr (requires { textOfPath(work.file); }) return textOfPath(work.file);
     if constexpr (requires { std::string(work.name); }) return work.name;
-    if constexpr (requires { work.names.front(); }) return work.names.empty() ? std::string() : work.names.front();
+    if constexpr (requires { work.files.names; })
+      return work.files.names.empty() ? std::string() : work.files.names.front();
     return {};
   }
 };
@@ -48,7 +49,27 @@ std::string typedCommand(int argc, char** argv) {
   std::_Exit(kFailed);
 }
 
+/// The data folder that a command is to read as it stands.
+struct DataFolderOfCommand {
+  template <class Work>
+  const std::optional<std::filesystem::path>* operator()([[maybe_unused]] const Work& work) const {
+    if constexpr (requires { work.files.dataFolder; })
+      return &work.files.dataFolder;
+    else
+      return nullptr;
+  }
+};
+
+int readDataFolder(const CommandLine& line, const std::filesystem::path& folder) {
+  Workspace workspace;
+  workspace.fixedToday = line.start.today;
+  printRemarks(lookAtDataFolder(workspace, folder));
+  return run(workspace, line.command);
+}
+
 int doWork(const CommandLine& line) {
+  const auto* const dataFolder = std::visit(DataFolderOfCommand(), line.command);
+  if (dataFolder != nullptr && *dataFolder) return readDataFolder(line, **dataFolder);
   const std::optional<std::filesystem::path>& folder = line.start.applicationFolder;
   if (folder && !folderExists(*folder)) throw UserError(fmt::format("没有文件夹“{}”。", textOfPath(*folder)));
   Workspace workspace;

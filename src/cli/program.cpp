@@ -47,6 +47,15 @@ Column require(Column column, ProjectKind kind, std::string_view what) {
 
 constexpr std::string_view kShowing = "显示曲线：";
 
+/// Where the pages of a file go: "{}" stands for its name without extension.
+std::filesystem::path placeOf(const std::filesystem::path& out, std::string_view fileName) {
+  std::string place = out.string();
+  const std::string stem(fileName.substr(0, fileName.rfind('.')));
+  for (std::size_t at = 0; (at = place.find(kNamePlace, at)) != std::string::npos; at += stem.size())
+    place.replace(at, kNamePlace.size(), stem);
+  return place;
+}
+
 class Program {
  public:
   explicit Program(Workspace& workspace) : m_workspace(workspace) {}
@@ -71,11 +80,12 @@ class Program {
   }
 
   int operator()(const Open& open) {
-    if (open.page) require(documentOfTests(open.kind).showPage, open.kind, kShowing);
-    return eachFile(open.names, [&](const std::string& name) {
-      openFile(open.kind, name, rangeOf(open.first, open.last));
-      if (open.page) showPage(open.kind, *open.page);
-      return open.save ? save(open.kind, false) : kDone;
+    const ProjectKind kind = open.files.kind;
+    if (open.page) require(documentOfTests(kind).showPage, kind, kShowing);
+    return eachFile(open.files, [&](const std::string& name) {
+      openFile(open.files, name, rangeOf(open.first, open.last));
+      if (open.page) showPage(kind, *open.page);
+      return open.save ? save(kind, false) : kDone;
     });
   }
 
@@ -139,10 +149,11 @@ class Program {
   }
 
   int operator()(const Results& results) {
-    const auto linesOf = require(documentOfTests(results.kind).results, results.kind, "列出成果：");
+    const ProjectKind kind = results.files.kind;
+    const auto linesOf = require(documentOfTests(kind).results, kind, "列出成果：");
     bool isHeaded = false;
-    return eachFile(results.names, [&](const std::string& name) {
-      openFile(results.kind, name, {});
+    return eachFile(results.files, [&](const std::string& name) {
+      openFile(results.files, name, {});
       const ResultLines lines = linesOf(m_workspace);
       for (std::size_t i = std::exchange(isHeaded, true) ? 1 : 0; i < lines.size(); ++i) printLine(lines[i]);
       return kDone;
@@ -150,10 +161,10 @@ class Program {
   }
 
   int operator()(const Export& written) {
-    ExportFile table(written.out, *written.format, exportTablesOf(written.kind), written.content);
+    ExportFile table(written.out, *written.format, exportTablesOf(written.files.kind), written.content);
     bool isEmpty = true;
-    const int status = eachFile(written.names, [&](const std::string& name) {
-      openFile(written.kind, name, {});
+    const int status = eachFile(written.files, [&](const std::string& name) {
+      openFile(written.files, name, {});
       table.add(m_workspace);
       isEmpty = false;
       return kDone;
@@ -166,21 +177,14 @@ class Program {
   int operator()(const Print& print) {
     const Layout* const layout = layoutOfId(print.layout);
     if (layout == nullptr) refuseForThisVersion(fmt::format("打印 {} 版式", print.layout));
-    if (layout->kind != infoOf(print.kind).savedAs)
-      throw UserError(fmt::format("{} 类试样不能用 {} 版式打印。", infoOf(print.kind).id, print.layout));
+    if (layout->kind != infoOf(print.files.kind).savedAs)
+      throw UserError(fmt::format("{} 类试样不能用 {} 版式打印。", infoOf(print.files.kind).id, print.layout));
     if (layout->picturePrefix.empty() && isPictureFolder(print.out))
       throw UserError(fmt::format("{} 版式的页面不能存成图片，--out 请给 .pdf 或 .json 文件。", print.layout));
-    openFile(print.kind, print.name, {});
-    printRemarks(ReadPageSettings(m_workspace));
-    const PrintJob job = jobOf(print, *layout, m_workspace);
-    const auto report = layout->make(job, m_workspace);
-    if (report->pagesOf(job).isEmpty()) throw UserError(fmt::format("“{}”中没有可打印的试样或曲线。", print.name));
-    if (!print.out.empty()) {
-      const DocumentInfo information = documentInfo(*layout, *report, job, m_workspace);
-      sendReport(*report, job, *makePageDevice(print.out, layout->picturePrefix, information));
-    }
-    if (!print.printer.empty()) sendToPrinter(*layout, *report, job, print.printer);
-    return kDone;
+    return eachFile(print.files, [&](const std::string& name) {
+      printFile(print, *layout, name);
+      return kDone;
+    });
   }
 
   int operator()(const WriteWorkbook& work) {
@@ -192,21 +196,6 @@ class Program {
   }
 
  private:
-  /// Does the work for each file; one that fails is told, and the others go on. The worst of the exit statuses.
-  template <class Work>
-  static int eachFile(const std::vector<std::string>& names, Work work) {
-    int status = kDone;
-    for (const std::string& name : names) {
-      try {
-        status = std::max(status, work(name));
-      } catch (const UserError& error) {
-        printError(error.what());
-        status = kFailed;
-      }
-    }
-    return status;
-  }
-
   void markRows(ImportSelection& selection, const Import& import) {
     std::vector<std::size_t> rows = import.rows;
     if (import.allRows)
@@ -219,6 +208,19 @@ class Program {
         throw UserError(fmt::format("文件“{}”的第{}行不能与前面的行一起读入，数据没有读入。请用 --rows 分几次读入。",
                                     textOfPath(import.file), row));
     }
+  }
+
+  void printFile(const Print& print, const Layout& layout, const std::string& name) {
+    openFile(print.files, name, {});
+    printRemarks(ReadPageSettings(m_workspace));
+    const PrintJob job = jobOf(print, layout, m_workspace);
+    const auto report = layout.make(job, m_workspace);
+    if (report->pagesOf(job).isEmpty()) throw UserError(fmt::format("“{}”中没有可打印的试样或曲线。", name));
+    if (!print.out.empty()) {
+      const DocumentInfo information = documentInfo(layout, *report, job, m_workspace);
+      sendReport(*report, job, *makePageDevice(placeOf(print.out, name), layout.picturePrefix, information));
+    }
+    if (!print.printer.empty()) sendToPrinter(layout, *report, job, print.printer);
   }
 
   void sendToPrinter(const Layout& layout, Report& report, PrintJob job, std::string_view printer) {
@@ -237,8 +239,12 @@ class Program {
     return [=](int sampleCount) { return SampleRange{first.value_or(1), last.value_or(sampleCount)}; };
   }
 
-  void openFile(ProjectKind kind, std::string_view name, const RangeChooser& chooseRange) {
-    printRemarks(openDocument(m_workspace, kind, name, chooseRange));
+  void openFile(ProjectKind kind, std::string_view name, const RangeChooser& chooseRange,
+                OpenFor purpose = OpenFor::Work) {
+    printRemarks(openDocument(m_workspace, kind, name, chooseRange, purpose));
+  }
+  void openFile(const ProjectFiles& files, std::string_view name, const RangeChooser& chooseRange) {
+    openFile(files.kind, name, chooseRange, files.dataFolder ? OpenFor::Reading : OpenFor::Work);
   }
 
   int save(ProjectKind kind, bool keepExisting) {

@@ -23,9 +23,9 @@ void prepareTable(Workspace& workspace, const DocumentKind& document, Remarks& r
 
 }  // namespace
 
-Remarks openDocument(Workspace& workspace, ProjectKind kind, std::string_view fileName,
-                     const RangeChooser& chooseRange) {
-  Remarks remarks = openProject(workspace, kind, fileName, chooseRange);
+Remarks openDocument(Workspace& workspace, ProjectKind kind, std::string_view fileName, const RangeChooser& chooseRange,
+                     OpenFor purpose) {
+  Remarks remarks = openProject(workspace, kind, fileName, chooseRange, purpose);
   prepareTable(workspace, documentOfTests(kind), remarks);
   return remarks;
 }

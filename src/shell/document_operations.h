@@ -15,8 +15,8 @@ namespace triaxlab {
 
 /// Reads a project file (name without folder), the locations of its samples and the English labels, and reduces the
 /// samples as their window does when it opens. UserError as `openProject`; the workspace is then as it was.
-Remarks openDocument(Workspace& workspace, ProjectKind kind, std::string_view fileName,
-                     const RangeChooser& chooseRange);
+Remarks openDocument(Workspace& workspace, ProjectKind kind, std::string_view fileName, const RangeChooser& chooseRange,
+                     OpenFor purpose = OpenFor::Work);
 
 /// Goes on behind an importer that has filled the table of the document: locations, English labels, reduction; the
 /// controlledDocNo of the document before is dropped.

@@ -12,6 +12,7 @@
 #include "platform/files.h"
 #include "store/safety/file_update.h"
 #include "store/safety/leftovers.h"
+#include "store/safety/save_recovery.h"
 #include "store/settings/data_folder.h"
 #include "store/settings/source_folders.h"
 #include "store/settings/text_settings.h"
@@ -120,6 +121,16 @@ std::optional<Remarks> startUp(Workspace& workspace, const InstanceCheck& isOnly
     attempt(remarks, [&] { takeSourceFolderIntoUse(workspace, folder); });
   }
   return remarks;
+}
+
+Remarks lookAtDataFolder(Workspace& workspace, const fs::path& dataFolder) {
+  if (!folderExists(dataFolder)) throw UserError(fmt::format("没有文件夹“{}”。", textOfPath(dataFolder)));
+  workspace.applicationFolder.clear();
+  workspace.dataFolder = fs::absolute(dataFolder);
+  workspace.dataFolderProblem.clear();
+  if (!mayHoldRemains(workspace.dataFolder)) return {};
+  return {fmt::format("文件夹“{}”里有一次没有完成或正在进行的保存，读到的可能是保存之前的内容。",
+                      textOfPath(workspace.dataFolder))};
 }
 
 Remarks startUp(Workspace& workspace) {

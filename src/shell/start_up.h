@@ -34,4 +34,8 @@ std::optional<Remarks> startUp(Workspace& workspace, const InstanceCheck& isOnly
 /// The same for the command line, which minds no other instance.
 Remarks startUp(Workspace& workspace);
 
+/// Instead of a start: what is read then is this data folder, as it stands and without any settings. UserError when
+/// there is no such folder.
+Remarks lookAtDataFolder(Workspace& workspace, const std::filesystem::path& dataFolder);
+
 }  // namespace triaxlab

@@ -1,6 +1,7 @@
 #include "store/project/old_formats.h"
 
 #include <array>
+#include <cstring>
 
 #include "store/safety/leftovers.h"
 #include "triaxial/record.h"
@@ -51,6 +52,12 @@ static_assert(takeAll(kTriaxialCopies, kOldTriaxialSize) && takeAll(kUnconfinedC
 static_assert(kColumnsStart + 6 * sizeof(UnconfinedColumn) == kScalarsStart);
 
 }  // namespace
+
+Bytes recordOfToday(const OldFormat& format, std::span<const std::byte> blank, std::span<const std::byte> old) {
+  Bytes record(blank.begin(), blank.end());
+  for (const FieldCopy& copy : format.copies) std::memcpy(&record[copy.to], &old[copy.from], copy.size);
+  return record;
+}
 
 constinit const OldFormat kOldTriaxialFormat{kOldTriaxialSize, kTriaxialCopies, kUpgradedTriaxialFile};
 constinit const OldFormat kOldUnconfinedFormat{kOldUnconfinedSize, kUnconfinedCopies, kUpgradedUnconfinedFile};

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <span>
 
+#include "platform/files.h"
 #include "store/safety/passing_file.h"
 
 namespace triaxlab {
@@ -18,6 +19,9 @@ struct OldFormat {
   std::span<const FieldCopy> copies;  // every byte of the old record, in order
   PassingName temporaryName;  // of the upgraded file in the applicationFolder, until it takes the old one's place
 };
+
+/// An old record in the places of today; what it doesn't have is as in the blank record of today.
+Bytes recordOfToday(const OldFormat& format, std::span<const std::byte> blank, std::span<const std::byte> old);
 
 extern const OldFormat kOldTriaxialFormat, kOldUnconfinedFormat;
 

@@ -8,6 +8,7 @@
 
 #include "platform/files.h"
 #include "store/project/new_sample_table.h"
+#include "store/project/old_formats.h"
 #include "store/project/project_frame.h"
 #include "store/project/upgrade.h"
 #include "store/safety/file_update.h"
@@ -46,30 +47,39 @@ bool isHole(RecordBytes record) {
 struct OpenedFile {
   const File& file;
   const ProjectKindInfo& info;
+  const OldFormat* oldFormat;  // of the records that it holds; null: today's
   ProjectHead head;
   Span span;
   FixedText<kEndTextWidth> endText;
   Remarks remarks;
+
+  std::uint32_t recordSize() const {
+    return oldFormat != nullptr ? static_cast<std::uint32_t>(oldFormat->recordSize) : info.recordSize;
+  }
 };
 
 /// Reads the records of the span into a table of their own; what the file lacks is blank. A read fills many records at
 /// once.
 std::unique_ptr<NewSampleTable> readRecords(OpenedFile& opened, NumberFormat cohesionFormat) {
-  const std::uint32_t recordSize = opened.info.recordSize;
+  const std::uint32_t recordSize = opened.recordSize();
   const HeldRecords held = heldRecords(opened.file.size(), recordSize, opened.head.sampleCount);
   const std::size_t first = opened.span.first;
   const std::size_t wanted = std::min(opened.span.count, held.whole - std::min(held.whole, first));
   const OpenedHeader header{opened.head.header, cohesionFormat};
   std::unique_ptr<NewSampleTable> table = opened.info.table.makeNew();
   const std::size_t mostInBlock = std::max<std::size_t>(1, kReadBlock / recordSize);
-  Bytes block(std::clamp<std::size_t>(wanted, 1, mostInBlock) * recordSize);
+  Bytes converted, block(std::clamp<std::size_t>(wanted, 1, mostInBlock) * recordSize);
   while (table->rowCount() < wanted) {
     const auto at = static_cast<std::uint32_t>(table->rowCount());
     const std::span<std::byte> part = std::span(block).first(std::min(block.size(), (wanted - at) * recordSize));
     const std::size_t got = opened.file.readAt(recordPosition(recordSize, opened.span.first + at), part) / recordSize;
     for (std::size_t i = 0; i < got; ++i) {
-      const RecordBytes record = part.subspan(i * recordSize, recordSize);
-      table->add(isHole(record) ? RecordBytes{} : record, header);
+      RecordBytes record = part.subspan(i * recordSize, recordSize);
+      if (isHole(record))
+        record = {};
+      else if (opened.oldFormat != nullptr)
+        record = converted = recordOfToday(*opened.oldFormat, opened.info.blankRecord(), record);
+      table->add(record, header);
     }
     if (got * recordSize < part.size()) break;
   }
@@ -84,7 +94,7 @@ std::unique_ptr<NewSampleTable> readRecords(OpenedFile& opened, NumberFormat coh
 void readEndText(OpenedFile& opened) {
   if (!opened.info.hasEndText) return;
   const auto count = static_cast<std::uint32_t>(opened.head.sampleCount);
-  opened.file.readAt(recordPosition(opened.info.recordSize, count), writableBytesOf(opened.endText));
+  opened.file.readAt(recordPosition(opened.recordSize(), count), writableBytesOf(opened.endText));
 }
 
 void installDates(Workspace& workspace, DocumentData& document, const ProjectHeader& header) {
@@ -99,6 +109,15 @@ void installDates(Workspace& workspace, DocumentData& document, const ProjectHea
   SetText(document.ProjectDateTable[0].testDate, testDate);
 }
 
+/// The file, finished and in today's format.
+std::filesystem::path fileToWorkOn(Workspace& workspace, const ProjectKindInfo& info, std::string_view fileName,
+                                   Remarks& remarks) {
+  std::filesystem::path path = findFinishedFile(workspace, info, fileName, remarks);
+  const Remarks more = upgradeProject(workspace, info, path);
+  remarks.insert(remarks.end(), more.begin(), more.end());
+  return path;
+}
+
 }  // namespace
 
 SampleRange limitedRange(SampleRange wanted) {
@@ -108,15 +127,19 @@ SampleRange limitedRange(SampleRange wanted) {
   return range;
 }
 
-Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fileName,
-                    const RangeChooser& chooseRange) {
+Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fileName, const RangeChooser& chooseRange,
+                    OpenFor purpose) {
   const ProjectKindInfo& info = infoOf(kind);
   Remarks remarks;
-  const std::filesystem::path path = findFinishedFile(workspace, info, fileName, remarks);
-  for (const std::string& remark : upgradeProject(workspace, info, path)) remarks.push_back(remark);
+  const std::filesystem::path path = purpose == OpenFor::Work
+                                         ? fileToWorkOn(workspace, info, fileName, remarks)
+                                         : findProjectFile(workspace.projectFolder(), info, fileName);
   const File file = File::below(workspace.dataFolder, path, File::Mode::Read);
   const FileStamp stamp = file.stamp();
-  OpenedFile opened{file, info, readProjectHead(readerOf(file), info, path), {}, {}, std::move(remarks)};
+  const ProjectHead head = readAnyProjectHead(readerOf(file), path);
+  const OldFormat* const oldFormat = isOldFormat(head.header, info) ? info.oldFormat : nullptr;
+  if (oldFormat != nullptr && purpose == OpenFor::Work) throw notUpgraded(path);
+  OpenedFile opened{file, info, oldFormat, head, {}, {}, std::move(remarks)};
   opened.span = askedSpan(opened.head.sampleCount, chooseRange);
   const std::unique_ptr<NewSampleTable> table = readRecords(opened, workspace.settings.habits.cohesionFormat());
   readEndText(opened);
@@ -125,7 +148,7 @@ Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fil
     throw UserError(fmt::format("文件“{}”在读取时被别的程序改动，没有打开，请再打开一次。", textOfPath(path)));
 
   // Everything is read: from here on nothing fails.
-  workspace.fileMemory.remember(FileUse::Document, path, stamp);
+  if (purpose == OpenFor::Work) workspace.fileMemory.remember(FileUse::Document, path, stamp);
   table->install(workspace);
   DocumentData& data = workspace.dataOf(kind);
   installDates(workspace, data, opened.head.header);

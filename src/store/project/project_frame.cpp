@@ -54,10 +54,13 @@ bool isOldFormat(const ProjectHeader& header, const ProjectKindInfo& info) {
   return !info.versionTag.empty() && header.versionTag.view().substr(0, 4) != info.versionTag;
 }
 
+UserError notUpgraded(const std::filesystem::path& file) {
+  return UserError(fmt::format("文件“{}”是旧格式的数据文件，还没有转换成新格式。", textOfPath(file)));
+}
+
 ProjectHead readProjectHead(const ReadAt& readAt, const ProjectKindInfo& info, const std::filesystem::path& file) {
   ProjectHead head = readAnyProjectHead(readAt, file);
-  if (isOldFormat(head.header, info))
-    throw UserError(fmt::format("文件“{}”是旧格式的数据文件，还没有转换成新格式。", textOfPath(file)));
+  if (isOldFormat(head.header, info)) throw notUpgraded(file);
   return head;
 }
 

@@ -44,6 +44,8 @@ struct ProjectHead {
 ProjectHead readAnyProjectHead(const ReadAt& readAt, const std::filesystem::path& file);
 /// True when the kind once had shorter records and the file still holds them.
 bool isOldFormat(const ProjectHeader& header, const ProjectKindInfo& info);
+/// That the file has not been upgraded.
+UserError notUpgraded(const std::filesystem::path& file);
 /// The head of a file of today's format. UserError as above, and for a file that has not been upgraded.
 ProjectHead readProjectHead(const ReadAt& readAt, const ProjectKindInfo& info, const std::filesystem::path& file);
 

@@ -53,17 +53,15 @@ class Conversion {
 
   void writeBlock(File& file, std::size_t first, std::size_t records) const {
     Bytes old, converted;
-    for (std::size_t i = 0; i < records; ++i) {
-      old.insert(old.end(), m_oldBlank.begin(), m_oldBlank.end());
-      const std::span<const std::byte> blank = m_info.blankRecord();
-      converted.insert(converted.end(), blank.begin(), blank.end());
-    }
+    for (std::size_t i = 0; i < records; ++i) old.insert(old.end(), m_oldBlank.begin(), m_oldBlank.end());
     const std::size_t whole = heldRecords(m_old.size(), m_format.recordSize, m_head.sampleCount).whole;
     const std::size_t readable = std::min(records, whole - std::min(whole, first));
     m_old.readAt(oldPosition(first), std::span(old).first(readable * m_format.recordSize));
-    for (std::size_t i = 0; i < records; ++i)
-      for (const FieldCopy& copy : m_format.copies)
-        std::memcpy(&converted[i * m_info.recordSize + copy.to], &old[i * m_format.recordSize + copy.from], copy.size);
+    for (std::size_t i = 0; i < records; ++i) {
+      const Bytes record = recordOfToday(m_format, m_info.blankRecord(),
+                                         std::span(old).subspan(i * m_format.recordSize, m_format.recordSize));
+      converted.insert(converted.end(), record.begin(), record.end());
+    }
     file.writeAt(recordPosition(m_info.recordSize, static_cast<std::uint32_t>(first)), converted);
   }
 

@@ -10,7 +10,7 @@
 namespace triaxlab {
 
 SettingsFile::SettingsFile(const std::filesystem::path& applicationFolder, std::string_view name)
-    : m_path(fileOrNew(applicationFolder, name)) {}
+    : m_path(applicationFolder.empty() ? std::filesystem::path() : fileOrNew(applicationFolder, name)) {}
 
 bool SettingsFile::exists() const { return fileExists(m_path); }
 

@@ -24,7 +24,7 @@ inline constexpr SettingsField kYearField{910, 60}, kMonthField{970, 60}, kDayFi
 
 /// A binary settings file of fixed positions (qvb.sys, zmsz.sys, SZDATX.sys, WCXDATX.sys). Bytes beyond its end read as
 /// 0; a write beyond the end fills the gap with zero bytes. A missing file reads as empty, also where a folder has its
-/// name; one that can't be read is never empty, but a UserError.
+/// name, and where there is no application folder; one that can't be read is never empty, but a UserError.
 class SettingsFile {
  public:
   SettingsFile(const std::filesystem::path& applicationFolder, std::string_view name);

@@ -48,6 +48,7 @@ struct TakeValue {
 
 /// Reads a file into the settings. One that can't be used is told in a remark.
 void readTextFile(Workspace& workspace, const TextFile& file, Remarks& remarks) {
+  if (workspace.applicationFolder.empty()) return;
   try {
     const auto path = findFile(workspace.applicationFolder, file.name);
     if (!path) return;

@@ -201,5 +201,33 @@ TEST_F(Upgrade, ALeftTemporaryFileIsNotWrittenThrough) {
   EXPECT_THAT(listFiles(folder() / "app", "", ".bak"), ::testing::ElementsAre("b.bak"));
 }
 
+// ---- Without upgrading
+
+TEST_F(Upgrade, ReadingAloneGivesTheSameSamplesAndTouchesNothing) {
+  write("HSZS/WKSZP1.TXT", oldHeader("0002") + oldTriaxial("A-1") + oldTriaxial("A-2", 5) + endText);
+  write("HSZS/KWCXP1.txt", oldHeader("0001", "") + oldUnconfined("S1"));
+  write("triaxlab.lock", "");
+  const auto before = snapshot();
+  const Remarks readTriaxial = openProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", nullptr, OpenFor::Reading);
+  const Remarks readUnconfined =
+      openProject(workspace, ProjectKind::Unconfined, "KWCXP1.txt", nullptr, OpenFor::Reading);
+  EXPECT_EQ(snapshot(), before);
+
+  const Workspace read = workspace;
+  EXPECT_EQ(read.dataOf(ProjectKind::Triaxial).controlledDocNo.trimmed(), "doc 17");
+  EXPECT_EQ(open(ProjectKind::Triaxial, "WKSZP1.txt"), readTriaxial);
+  EXPECT_EQ(open(ProjectKind::Unconfined, "KWCXP1.txt"), readUnconfined);
+  EXPECT_TRUE(read.TriaxialSampleTable == workspace.TriaxialSampleTable);
+  EXPECT_TRUE(read.UnconfinedSampleTable == workspace.UnconfinedSampleTable);
+}
+
+TEST_F(Upgrade, ReadingAloneTellsWhatAShortFileLacks) {
+  write("HSZS/WKSZP1.TXT", oldHeader("0003") + oldTriaxial("A-1") + oldTriaxial("A-2").substr(0, 20000));
+  EXPECT_THAT(openProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", nullptr, OpenFor::Reading),
+              ElementsAre(HasSubstr("缺 2 个试样（第 2 个只剩一部分）")));
+  EXPECT_EQ(row(0).sampleNo.trimmed(), "A-1");
+  EXPECT_TRUE(row(1).sampleNo.isBlank());
+}
+
 }  // namespace
 }  // namespace triaxlab::testing
