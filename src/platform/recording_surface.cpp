@@ -2,23 +2,13 @@
 
 #include <fmt/format.h>
 
-#include <cmath>
 #include <iterator>
-#include <limits>
 #include <nlohmann/json.hpp>
 
 #include "common/text_number.h"
 
 namespace triaxlab {
 namespace {
-
-int twips(double value) {
-  // Far outside any paper; a coordinate that is no number has no place at all.
-  constexpr double kEdge = std::numeric_limits<int>::max() / 2;
-  if (!(std::abs(value) <= kEdge)) return value > 0 ? static_cast<int>(kEdge) : -static_cast<int>(kEdge);
-  return static_cast<int>(std::lround(value));
-}
-TwipPoint twips(Point point) { return {twips(point.x), twips(point.y)}; }
 
 int number(Colour colour) { return static_cast<int>(colour); }
 
@@ -66,26 +56,26 @@ std::string json(const DrawnText& text) {
 }  // namespace
 
 void RecordingSurface::line(Point from, Point to, Stroke stroke) {
-  m_operations.emplace_back(DrawnLine{twips(from), twips(to), stroke});
+  m_operations.emplace_back(DrawnLine{wholeTwips(from), wholeTwips(to), stroke});
 }
 
 void RecordingSurface::box(Point corner, Point opposite, Stroke stroke, std::optional<Colour> fill) {
-  m_operations.emplace_back(DrawnBox{twips(corner), twips(opposite), stroke, fill});
+  m_operations.emplace_back(DrawnBox{wholeTwips(corner), wholeTwips(opposite), stroke, fill});
 }
 
 void RecordingSurface::circle(Point centre, double radius, Stroke stroke, std::optional<Colour> fill) {
-  m_operations.emplace_back(DrawnCircle{twips(centre), twips(radius), stroke, fill});
+  m_operations.emplace_back(DrawnCircle{wholeTwips(centre), wholeTwips(radius), stroke, fill});
 }
 
 void RecordingSurface::polyline(std::span<const Point> points, Stroke stroke) {
   std::vector<TwipPoint> drawn;
   drawn.reserve(points.size());
-  for (const Point& point : points) drawn.push_back(twips(point));
+  for (const Point& point : points) drawn.push_back(wholeTwips(point));
   m_operations.emplace_back(DrawnPolyline{std::move(drawn), stroke});
 }
 
 void RecordingSurface::text(Point upperLeft, std::string_view utf8, const Font& font, Colour colour, bool rotated) {
-  m_operations.emplace_back(DrawnText{twips(upperLeft), std::string(utf8), font, colour, rotated});
+  m_operations.emplace_back(DrawnText{wholeTwips(upperLeft), std::string(utf8), font, colour, rotated});
 }
 
 std::string jsonOf(const DrawnOperation& operation) {

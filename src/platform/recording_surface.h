@@ -6,14 +6,9 @@
 #include <vector>
 
 #include "platform/drawing_surface.h"
+#include "platform/whole_twips.h"
 
 namespace triaxlab {
-
-/// A place as it is drawn: whole twips.
-struct TwipPoint {
-  int x = 0, y = 0;
-  bool operator==(const TwipPoint&) const = default;
-};
 
 struct DrawnLine {
   TwipPoint from, to;

@@ -17,7 +17,7 @@ inline constexpr int kTwipsPerInch = 1440;
 /// know their papers by name; each other size is taken as it is, upright.
 QPageLayout layoutOf(PageSize size);
 
-/// Pages onto a device of Qt that takes one page after the other (a PDF, a printer). The device must have been set to
+/// Pages onto a device of Qt that takes one page after the other, as a printer. The device must have been set to
 /// kTwipsPerInch units to the inch.
 class PagedPainting {
  public:

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -168,6 +169,17 @@ TEST_F(PdfDevice, HasThePartsOfItsFontsThatItUses) {
   EXPECT_EQ(countOf(fonts, "\n"), used + 2) << "every font is embedded as a part, and its texts can be read\n" << fonts;
   // A Chinese font alone has ten megabytes.
   EXPECT_LT(written().size(), 10000U);
+}
+
+TEST_F(PdfDevice, APlaceThatIsNoNumberIsFarOutside) {
+  const auto pageWith = [this](double place) {
+    makePages(1, [place](DrawingSurface& surface) {
+      surface.line({place, 0}, {100, 100}, {});
+      surface.text({place, 100}, "1", {}, Colour::Black);
+    });
+    return written();
+  };
+  EXPECT_EQ(pageWith(std::nan("")), pageWith(-1e300));
 }
 
 TEST_F(PdfDevice, PointsThatNobodySeesTakeNoPlace) {

@@ -4,7 +4,6 @@
 
 #include <QString>
 #include <algorithm>
-#include <cmath>
 #include <iterator>
 #include <type_traits>
 #include <utility>
@@ -13,6 +12,7 @@
 #include "platform/qt/painter_surface.h"
 #include "platform/qt/ruled_text.h"
 #include "platform/thinned_line.h"
+#include "platform/whole_twips.h"
 
 namespace triaxlab {
 namespace {
@@ -24,11 +24,6 @@ constexpr double kBoldOutline = 1 / 40.0;
 /// What no eye and no printer tells apart, in twips.
 constexpr double kUnseen = 0.75;
 constexpr int kFilled = 0, kFilledAndOutlined = 2;
-
-struct WholePoint {
-  long x, y;
-  explicit WholePoint(Point point) : x(std::lround(point.x)), y(std::lround(point.y)) {}
-};
 
 /// Up to two digits behind the point, and no more than are needed.
 std::string shortNumber(double value) {
@@ -54,22 +49,22 @@ PdfSurface::PdfSurface(PdfFonts& fonts, PageSize size) : m_fonts(fonts) {
 
 void PdfSurface::line(Point from, Point to, Stroke stroke) {
   useStroke(stroke);
-  const WholePoint start(from), end(to);
+  const TwipPoint start = wholeTwips(from), end = wholeTwips(to);
   put("{} {} m {} {} l S\n", start.x, start.y, end.x, end.y);
 }
 
 void PdfSurface::box(Point corner, Point opposite, Stroke stroke, std::optional<Colour> fill) {
   useStroke(stroke);
   if (fill) useFill(*fill);
-  const WholePoint one(corner), other(opposite);
+  const TwipPoint one = wholeTwips(corner), other = wholeTwips(opposite);
   put("{} {} {} {} re {}\n", one.x, one.y, other.x - one.x, other.y - one.y, paint(fill.has_value()));
 }
 
 void PdfSurface::circle(Point centre, double radius, Stroke stroke, std::optional<Colour> fill) {
   useStroke(stroke);
   if (fill) useFill(*fill);
-  const WholePoint middle(centre);
-  const long r = std::lround(radius), c = std::lround(kQuarterCircle * static_cast<double>(r));
+  const TwipPoint middle = wholeTwips(centre);
+  const long r = wholeTwips(radius), c = wholeTwips(kQuarterCircle * radius);
   const auto quarter = [&](long fromX, long fromY, long toX, long toY) {
     // Each control point lies at a right angle to the radius of its end.
     put("{} {} {} {} {} {} c ", middle.x + fromX * r + toX * c, middle.y + fromY * r + toY * c,
@@ -88,7 +83,7 @@ void PdfSurface::polyline(std::span<const Point> points, Stroke stroke) {
   useStroke(stroke);
   std::string_view step = "m";
   for (const Point& point : thinnedLine(points, kUnseen)) {
-    const WholePoint place(point);
+    const TwipPoint place = wholeTwips(point);
     put("{} {} {} ", place.x, place.y, step);
     step = "l";
   }
@@ -121,7 +116,8 @@ void PdfSurface::drawText(const PlacedText& text) {
   }
   const double size = textHeight(font);
   tell(m_stretch, 100 * stretchTo(textWidth(utf8, font), natural * size), "Tz");
-  Point start{std::round(upperLeft.x), std::round(upperLeft.y)};
+  const auto [x, y] = wholeTwips(upperLeft);
+  Point start{static_cast<double>(x), static_cast<double>(y)};
   (rotated ? start.x : start.y) += kBaseline * size;
   put("BT {} {} {} Tm\n", rotated ? "0 -1 -1 0" : "1 0 0 -1", shortNumber(start.x), shortNumber(start.y));
   for (auto first = glyphs.begin(); first != glyphs.end();) {
