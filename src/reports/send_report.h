@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <string_view>
 
 #include "platform/page_device.h"
 #include "reports/job_range.h"
@@ -30,6 +31,8 @@ class Sheets {
   int pagesOn(int sheets) const;
   /// The numbers of the pages on a sheet.
   NumberRange pages(int sheet) const;
+  /// The project of the first sample on it, GBK, trimmed.
+  std::string_view projectNo(int sheet) const;
 
  private:
   int pagesOfSheet() const { return m_job.sideBySide() ? 2 : 1; }

@@ -36,6 +36,8 @@ OnDisplay onDisplay(const PrintEntry& entry, ShellWindows& windows) {
 
 }  // namespace
 
+std::span<const PrintEntry> printEntries() { return kPrintEntries; }
+
 const PrintEntry* printEntryOf(Action action, std::int16_t activeDocument) {
   // 打印 is for the document in front; the others print one kind of pages, from wherever they can be pressed.
   const auto* const entry = std::ranges::find_if(kPrintEntries, [&](const PrintEntry& row) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 #include "common/user_error.h"
@@ -26,6 +27,8 @@ struct PrintEntry {
   const Layout* pages() const { return layoutOfId(layout); }
 };
 
+/// Every way to a print dialog.
+std::span<const PrintEntry> printEntries();
 /// What a command prints with that document in front. Null: nothing, and the command is off.
 const PrintEntry* printEntryOf(Action action, std::int16_t activeDocument);
 /// True for the commands that open a print dialog.

@@ -179,6 +179,21 @@ TEST_F(PrintCommand, WritesABitmapForEachPage) {
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "pictures/SZ3.BMP"));
 }
 
+TEST_F(PrintCommand, OnAFullDiskTheOldPagesStay) {
+  folder.write("pages.pdf", "the old one");
+  folder.write("pictures/SZ1.BMP", "the old one");
+  setShell("ulimit -f 16; ", "");  // blocks: less than a page takes
+  for (const char* const out : {"pages.pdf", "pictures"}) {
+    const ProgramRun ran = print(folder.path() / out);
+    EXPECT_EQ(ran.status, 1);
+    EXPECT_EQ(lineCount(ran.err), 1U) << ran.err;
+    EXPECT_NE(ran.err.find(out), std::string::npos) << ran.err;
+  }
+  EXPECT_EQ(folder.read("pages.pdf"), "the old one");
+  EXPECT_EQ(folder.read("pictures/SZ1.BMP"), "the old one");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder / "pictures"), {}), 1);
+}
+
 TEST_F(PrintCommand, GoesToThePrinterOfTheName) {
   if (!PrintServer::isInstalled()) GTEST_SKIP() << "cups-daemon and cups-client are not installed: nothing was printed";
   PrintServer server;

@@ -33,7 +33,7 @@ class PrintServer {
     std::filesystem::create_symlink("/usr/lib/cups/daemon/cups-exec", m_folder / "lib/daemon/cups-exec");
     writeBackend();
     writeSettings();
-    setenv("CUPS_SERVER", socket().c_str(), 1);
+    setenv("CUPS_SERVER", address().c_str(), 1);
     start();
   }
   PrintServer(const PrintServer&) = delete;
@@ -42,6 +42,9 @@ class PrintServer {
     kill(m_server, SIGTERM);
     waitpid(m_server, nullptr, 0);
   }
+
+  /// For CUPS_SERVER of other programs; this one's is set.
+  std::string address() const { return m_folder / "socket"; }
 
   struct Paper {
     std::string_view name;
@@ -86,7 +89,6 @@ class PrintServer {
   static constexpr const char* kServer = "/usr/sbin/cupsd";
   static constexpr const char* kAdmin = "/usr/sbin/lpadmin";
 
-  std::string socket() const { return m_folder / "socket"; }
   static void run(const std::string& command) {
     if (std::system((command + " >/dev/null 2>&1").c_str()) != 0) ADD_FAILURE() << command;
   }
@@ -103,7 +105,7 @@ class PrintServer {
     std::filesystem::permissions(backend, std::filesystem::perms(0700));
   }
   void writeSettings() const {
-    m_folder.write("cupsd.conf", "Listen " + socket() +
+    m_folder.write("cupsd.conf", "Listen " + address() +
                                      "\nBrowsing No\nWebInterface No\nDefaultAuthType None\n"
                                      "<Location />\nAllow all\n</Location>\n"
                                      "<Policy default>\n<Limit All>\nAllow all\n</Limit>\n</Policy>\n"
@@ -126,7 +128,7 @@ class PrintServer {
       execl(kServer, kServer, "-f", "-c", settings.c_str(), "-s", files.c_str(), static_cast<char*>(nullptr));
       _exit(1);
     }
-    EXPECT_TRUE(waitFor([&] { return std::filesystem::exists(socket()); })) << "the print server doesn't start";
+    EXPECT_TRUE(waitFor([&] { return std::filesystem::exists(address()); })) << "the print server doesn't start";
   }
   template <class Condition>
   static bool waitFor(Condition&& holds) {

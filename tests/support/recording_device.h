@@ -49,10 +49,14 @@ class FakePageDevices : public PageDevices {
   PrinterJob printerJob{};
   RecordingDevice sent;
 
-  bool hasPrinter() const override { return printerIsThere; }
+  Printers printers() const override {
+    if (!printerIsThere) return {};
+    return {.names = {"Lab", "Office"}, .usual = "Lab"};
+  }
   std::unique_ptr<PageDevice> printer(PrinterJob job, Dialogs& dialogs) override {
-    asked.emplace_back("printer");
+    asked.push_back("printer " + std::string(job.name));
     printerJob = job;
+    printerJob.name = {};  // which may not outlive the call
     if (!printerHasPaper && !dialogs.ask("打印", "?", MessageIcon::Exclamation)) return nullptr;
     return std::make_unique<Forwarded>(sent);
   }

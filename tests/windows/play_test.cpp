@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,6 +11,7 @@
 #include <vector>
 
 #include "played_program.h"
+#include "support/print_server.h"
 
 namespace triaxlab::testing {
 namespace {
@@ -167,6 +169,26 @@ TEST(Play, PrintedPagesAreWhereTheyBelong) {
   EXPECT_TRUE(std::filesystem::exists(pictures / "SZ1.BMP"));
   EXPECT_TRUE(std::filesystem::exists(pictures / "SZ2.BMP"));
   EXPECT_FALSE(std::filesystem::exists(pictures / "SZ3.BMP"));
+}
+
+TEST(Play, PagesGoToThePrinterThatIsChosen) {
+  if (!PrintServer::isInstalled()) GTEST_SKIP() << "cups-daemon and cups-client are not installed: nothing was printed";
+  PrintServer server;
+  for (const char* const name : {"Closed", "Office", "Lab"}) server.addDefaultQueue(name);
+  server.takeNoMoreJobsInto("Closed");
+  PlayedProgram program;
+  program.printServer = server.address();
+  const PlayResult result = program.play(
+      "file HSZSJ.KU\nmenu NEWSZ\ndblcell OPENFORM0.Grid1 2\nclick OPENFORM0.Command1\nmenu ZMPRINT\n"
+      "get SETPRINTFORM.Combo3\nchoose SETPRINTFORM.Combo3 Office\nclick SETPRINTFORM.Command1\n"
+      "get MDIForm1.StatusBar1(1)\nmenu ZMPRINT\nchoose SETPRINTFORM.Combo3 Closed\nreply OK\n"
+      "click SETPRINTFORM.Command1\nmessages\nget MDIForm1.StatusBar1(1)\n");
+  EXPECT_EQ(result.errors, "");
+  EXPECT_EQ(result.out,
+            "SETPRINTFORM.Combo3=Lab\nMDIForm1.StatusBar1(1)=2 张已送到打印机“Office”。\n"
+            "[打印] 打印机“Closed”没有打印：这台打印机暂不接受打印任务。\nMDIForm1.StatusBar1(1)=就绪\n");
+  EXPECT_THAT(server.nextJob().value_or(PrintServer::Job{}).options, ::testing::HasSubstr("queue=Office"));
+  EXPECT_FALSE(server.hasMoreJobs());
 }
 
 /// A document of samples S1, S2 ... of one project, typed and saved.

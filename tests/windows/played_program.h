@@ -34,13 +34,16 @@ class PlayedProgram {
     return start("--play '" + (m_folder.path() / "script.play").string() + "'");
   }
 
+  /// Whose printers there are; none is one of this machine.
+  std::string printServer = "/nowhere";
+
   /// Starts the program with further arguments and waits for its end.
   PlayResult start(const std::string& arguments) const {
     const std::string folder = m_folder.path().string();
     const std::string command = fmt::format(
-        "{3} XDG_RUNTIME_DIR='{0}' HOME='{0}' '{1}' --app '{0}' --today 2024-05-06 "
+        "{3} CUPS_SERVER='{4}' XDG_RUNTIME_DIR='{0}' HOME='{0}' '{1}' --app '{0}' --today 2024-05-06 "
         "{2} >'{0}/out.txt' 2>'{0}/errors.txt' </dev/null",
-        folder, TRIAXLAB_PROGRAM, arguments, screen);
+        folder, TRIAXLAB_PROGRAM, arguments, screen, printServer);
     const int status = std::system(command.c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, m_folder.read("out.txt"), m_folder.read("errors.txt")};
   }

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
@@ -11,10 +12,16 @@
 #include <QScrollBar>
 #include <QTimer>
 #include <QWheelEvent>
+#include <cmath>
 #include <functional>
+#include <tuple>
+#include <utility>
 
+#include "k0/samples.h"
 #include "lone_application.h"
+#include "platform/qt/qt_page_devices.h"
 #include "reports/page_fixture.h"
+#include "shell/printing.h"
 #include "support/fake_dialogs.h"
 #include "window_geometry.h"
 #include "windows/dialogs/print_page_view.h"
@@ -33,7 +40,7 @@ class WatchedPrinter : public PageDevices {
   std::function<void(std::size_t pages)> onPage = [](std::size_t) {};
   RecordingDevice sent;
 
-  bool hasPrinter() const override { return true; }
+  Printers printers() const override { return {.names = {"Office", "Lab"}, .usual = "Lab"}; }
   std::unique_ptr<PageDevice> printer(PrinterJob /*job*/, Dialogs& /*dialogs*/) override {
     return std::make_unique<Device>(*this);
   }
@@ -115,7 +122,28 @@ TEST_F(PrintWindowTest, WhileAJobIsSentTheWindowSaysSoAndNothingCanBeChanged) {
   EXPECT_THAT(printer.sent.pages, SizeIs(6));
   EXPECT_EQ(printer.sent.finished, 1);
   EXPECT_THAT(shown, ElementsAre(1, 2, 3, 4, 5));
-  EXPECT_THAT(session.remarks(), IsEmpty());
+  EXPECT_THAT(session.remarks(), ElementsAre("6 张已送到打印机“Lab”。"));
+}
+
+TEST_F(PrintWindowTest, OffersThePrintersThereAreAndAPdfFile) {
+  PrintDialogSession session = open();
+  PrintWindow window(nullptr, session, printer);
+  auto* const list = window.findChild<QComboBox*>("Combo3");
+  std::vector<QString> offered;
+  for (int entry = 0; entry < list->count(); ++entry) offered.push_back(list->itemText(entry));
+  EXPECT_THAT(offered, ElementsAre("Office", "Lab", "PDF文件"));
+  EXPECT_EQ(list->currentText(), "Lab") << "the usual one";
+  list->setCurrentIndex(0);
+  emit list->activated(0);
+  print(window);
+  EXPECT_THAT(session.remarks(), ElementsAre("6 张已送到打印机“Office”。"));
+}
+
+TEST_F(PrintWindowTest, PicturesNeedNoPrinter) {
+  PrintDialogSession session = open();
+  PrintWindow window(nullptr, session, printer);
+  window.findChild<QAbstractButton*>("Check11")->click();
+  EXPECT_FALSE(window.findChild<QComboBox*>("Combo3")->isEnabled());
 }
 
 TEST_F(PrintWindowTest, TheUpperArrowGivesMoreCopies) {
@@ -129,6 +157,53 @@ TEST_F(PrintWindowTest, TheUpperArrowGivesMoreCopies) {
     QApplication::sendEvent(bar, &event);
   }
   EXPECT_EQ(session.state().texts[PrintBox::Copies], "2");
+}
+
+// ---- Files, as they are on the disk
+
+struct PrintedFilesTest : PrintWindowTest {
+  QtPageDevices files;
+  PrintDialogSession session = open();
+
+  PrintedFilesTest() {
+    session.choosePrinter("");
+    dialogs.file = folder / "pages.pdf";
+    folder.write("pages.pdf", "the old one");
+  }
+  std::size_t filesIn(const char* name) const {
+    return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder / name), {}));
+  }
+};
+
+TEST_F(PrintedFilesTest, OfAJobThatIsStoppedNothingIsLeft) {
+  folder.write("PTU/P1/SZ1.BMP", "the old one");
+  for (const bool pictures : {false, true}) {
+    session.setTicked(PrintTick::Picture, pictures);
+    session.send(files, [](int sheet, int) { return sheet < 2; });
+  }
+  EXPECT_EQ(folder.read("pages.pdf"), "the old one");
+  EXPECT_EQ(folder.read("PTU/P1/SZ1.BMP"), "the old one");
+  EXPECT_EQ(filesIn("PTU/P1"), 1U);
+  EXPECT_THAT(session.remarks(), ElementsAre("打印已停止，没有写出文件。", "打印已停止，没有写出文件。"));
+}
+
+TEST_F(PrintedFilesTest, AJobThatEndsReplacesTheOldOnes) {
+  folder.write("PTU/P1/SZ1.BMP", "the old one");
+  for (const bool pictures : {false, true}) {
+    session.setTicked(PrintTick::Picture, pictures);
+    session.send(files);
+  }
+  EXPECT_TRUE(folder.read("pages.pdf").starts_with("%PDF"));
+  EXPECT_TRUE(folder.read("PTU/P1/SZ1.BMP").starts_with("BM"));
+  EXPECT_EQ(filesIn("PTU/P1"), 6U);
+}
+
+TEST_F(PrintedFilesTest, APictureFolderThatCantBeMadeIsNamed) {
+  folder.write("PTU", "a file in the folder's place");
+  session.setTicked(PrintTick::Picture, true);
+  session.send(files);
+  EXPECT_THAT(dialogs.take(), ElementsAre(::testing::HasSubstr((folder / "PTU/P1").string())));
+  EXPECT_THAT(session.remarks(), IsEmpty());
 }
 
 // ---- The preview
@@ -189,14 +264,68 @@ TEST_F(PrintPreviewTest, APageGoesToTheClipboardAsFineAsABitmap) {
   EXPECT_EQ(QGuiApplication::clipboard()->image().size(), QSize(1654, 2339));
 }
 
-TEST_F(PrintPreviewTest, WhatIsSeenIsWhatIsPrinted) {
-  session.send(printer);
-  ASSERT_THAT(printer.sent.pages, SizeIs(6));
-  for (const RecordingDevice::Page& printed : printer.sent.pages) {
-    RecordingSurface seen;
-    page->drawOn(seen);
-    EXPECT_EQ(seen.operations(), printed.drawing) << page->sheet();
-    press(page, Qt::Key_PageDown);
+// ---- What is seen is what is printed
+
+/// Six samples of every kind of test, so that each layout has several sheets.
+struct EveryLayoutTest : PrintWindowTest {
+  EveryLayoutTest() {
+    dialogs.file = folder / "sheet.pdf";
+    for (std::size_t row = 0; row < 6; ++row) {
+      TriaxialSampleRecord& triaxial = workspace.TriaxialSampleTable[row];
+      triaxial.consolidationPorePressure[0][0] = triaxial.consolidationPorePressure[1][0] = 200;
+      triaxial.consolidationTime[1][0] = 60;
+      fill(workspace.K0SampleTable[row], row);
+      TK0SampleRecord& staged = workspace.TK0SampleTable[row] = withRows(lineAndBend());
+      fill(staged.k0, row);
+      staged.stageCount = 2;
+      UnconfinedSampleRecord& unconfined = workspace.UnconfinedSampleTable[row];
+      name(unconfined, row);
+      SetText(unconfined.sampleHeight[0], "8.00");
+      SetText(unconfined.sampleArea[0], "30.00");
+      unconfined.ringCoefficient[0] = 1250;
+      SetText(unconfined.undisturbedStrain[0], "1.0");
+      SetText(unconfined.undisturbedReading[0], "80.0");
+    }
+  }
+
+  static void name(auto& record, std::size_t row) {
+    SetText(record.projectNo, "P1");
+    SetText(record.sampleNo, "B-" + std::to_string(row));
+  }
+  static void fill(K0SampleRecord& record, std::size_t row) {
+    name(record, row);
+    for (const auto& [step, axial, lateral] : {std::tuple(0, "40.0", "15.0"), std::tuple(1, "100.0", "39.0")}) {
+      SetText(record.axialPressure[static_cast<std::size_t>(step)], axial);
+      SetText(record.lateralPressure[static_cast<std::size_t>(step)], lateral);
+    }
+  }
+  static int pixelsOfBitmap(int twips) { return static_cast<int>(std::lround(twips * 200 / 1440.0)); }
+};
+
+TEST_F(EveryLayoutTest, IsPreviewedCopiedAndSavedAsItIsPrinted) {
+  for (const PrintEntry& entry : printEntries()) {
+    SCOPED_TRACE(entry.layout);
+    PrintDialogSession session(*entry.form, *entry.pages(), workspace, dialogs, {});
+    printer.sent = {};
+    session.send(printer);
+    const std::vector<RecordingDevice::Page> printed = std::exchange(printer.sent.pages, {});
+    ASSERT_GT(printed.size(), 1U);
+    const auto previewed = session.preview();
+    PrintPreview preview(nullptr, *previewed, [&](int sheet) { session.saveSheet(*previewed, sheet, printer); });
+    auto* const page = preview.findChild<PrintPageView*>("Picture1");
+    for (const RecordingDevice::Page& paper : printed) {
+      RecordingSurface seen;
+      page->drawOn(seen);
+      EXPECT_EQ(seen.operations(), paper.drawing) << page->sheet();
+      EXPECT_EQ((PageSize{page->widthTwips(), page->heightTwips()}), paper.size);
+      press(page, Qt::Key_C, Qt::ControlModifier);
+      EXPECT_EQ(QGuiApplication::clipboard()->image().size(),
+                QSize(pixelsOfBitmap(paper.size.width), pixelsOfBitmap(paper.size.height)));
+      preview.findChild<QPushButton*>("Command5")->click();
+      EXPECT_EQ(printer.sent.pages.back().drawing, paper.drawing);
+      press(page, Qt::Key_PageDown);
+    }
+    EXPECT_THAT(printer.sent.pages, SizeIs(printed.size()));
   }
 }
 

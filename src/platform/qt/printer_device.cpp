@@ -124,7 +124,11 @@ class PrinterDevice : public PageDevice {
 
 }  // namespace
 
-bool hasPrinter() { return !QPrinterInfo::defaultPrinter().isNull(); }
+Printers systemPrinters() {
+  Printers printers{.names = {}, .usual = QPrinterInfo::defaultPrinterName().toStdString()};
+  for (const QString& name : QPrinterInfo::availablePrinterNames()) printers.names.push_back(name.toStdString());
+  return printers;
+}
 
 std::unique_ptr<PageDevice> makePrinterDevice(PrinterJob job, Dialogs& dialogs) {
   auto device = std::make_unique<PrinterDevice>(job);

@@ -6,10 +6,9 @@
 
 namespace triaxlab {
 
-/// True when the system has a printer to send pages to.
-bool hasPrinter();
+// See PageDevices.
 
-/// See PageDevices::printer.
+Printers systemPrinters();
 std::unique_ptr<PageDevice> makePrinterDevice(PrinterJob job, Dialogs& dialogs);
 
 }  // namespace triaxlab

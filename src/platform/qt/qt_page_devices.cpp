@@ -5,7 +5,7 @@
 
 namespace triaxlab {
 
-bool QtPageDevices::hasPrinter() const { return triaxlab::hasPrinter(); }
+Printers QtPageDevices::printers() const { return systemPrinters(); }
 
 std::unique_ptr<PageDevice> QtPageDevices::printer(PrinterJob job, Dialogs& dialogs) {
   return makePrinterDevice(job, dialogs);

@@ -5,14 +5,18 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <utility>
 
 #include "common/conversions.h"
+#include "common/gbk.h"
 #include "common/text_number.h"
+#include "platform/files.h"
 #include "reports/document_info.h"
 #include "sessions/dialogs/error_display.h"
 #include "sessions/dialogs/print_choices.h"
+#include "store/project/project_number.h"
 #include "store/project/sample_rows.h"
 
 namespace triaxlab {
@@ -80,11 +84,19 @@ CurveOptions curveOptionsOf(ByTick<bool> ticks) {
 bool hasCurves(const PrintForm& form) { return form.has(PrintTick::StressStrain); }
 bool hasSheet(const PrintForm& form) { return form.has(PrintBox::Rows); }
 
-std::optional<std::filesystem::path> askForPdf(const Workspace& workspace, Dialogs& dialogs) {
+/// Its project and the day of printing.
+std::string proposedName(std::string_view projectNo, const Date& today) {
+  const std::string day = fmt::format("{:04}-{:02}-{:02}", today.year, today.month, today.day);
+  return whyNoFileName(projectNo) ? day : projectFileName("", projectNo, "_" + day);
+}
+
+std::optional<std::filesystem::path> askForPdf(std::string_view projectNo, const Workspace& workspace,
+                                               Dialogs& dialogs) {
+  const std::string name = proposedName(projectNo, workspace.today()) + kPdfExtension;
   std::optional<std::filesystem::path> file =
       dialogs.chooseFileToSave({.title = "打印到PDF文件",
                                 .filter = "PDF Files (*.pdf)|*.pdf|All  Files (*.*)|*.*",
-                                .initial = workspace.dataFolder / "print.pdf"});
+                                .initial = workspace.dataFolder / pathFromText(name)});
   if (file && !file->has_extension()) *file += kPdfExtension;
   return file;
 }
@@ -119,6 +131,7 @@ void PrintDialogSession::readSheet() {
 PrintDialogState PrintDialogSession::state() const {
   PrintDialogState state = m_state;
   state.canPreview = !hasCurves(m_form) || !job().curves.pages.empty();
+  state.canChoosePrinter = !makesPictures(job());
   state.canTickPicture = m_form.pagesAsPictures || m_state.scope != PrintScope::Pages;
   state.boxesOn.values.fill(true);
   if (!m_form.boxesFollowScope) return state;
@@ -223,7 +236,7 @@ std::unique_ptr<PreviewedJob> PrintDialogSession::preview() const {
 
 void PrintDialogSession::saveSheet(const PreviewedJob& previewed, int sheet, PageDevices& devices) const {
   runShowingErrors(m_dialogs, [&] {
-    const auto file = askForPdf(m_workspace, m_dialogs);
+    const auto file = askForPdf(previewed.sheets.projectNo(sheet), m_workspace, m_dialogs);
     if (!file) return;
     const auto device = devices.pdf(*file, documentInfo(m_layout, *previewed.report, previewed.job, m_workspace));
     previewed.sheets.draw(device->beginPage(previewed.sheets.size()), sheet);
@@ -231,6 +244,12 @@ void PrintDialogSession::saveSheet(const PreviewedJob& previewed, int sheet, Pag
     device->finish();
   });
 }
+
+/// The device of a job, and what is said when so many of its sheets have come there.
+struct PrintDialogSession::Destination {
+  std::unique_ptr<PageDevice> device;
+  std::function<std::string(int sent, int sheets)> told;
+};
 
 void PrintDialogSession::send(PageDevices& devices, const SheetProgress& goesOn) {
   runShowingErrors(m_dialogs, [&] {
@@ -240,26 +259,37 @@ void PrintDialogSession::send(PageDevices& devices, const SheetProgress& goesOn)
       m_remarks.emplace_back(kNoPage);
       return;
     }
-    const auto device = deviceFor(*report, sent, devices);
-    if (!device) return;
-    const bool toPaper = devices.hasPrinter() && !makesPictures(sent);
-    std::string stopped;
-    sendReport(*report, sent, *device, [&](int done, int sheets) {
-      if (!goesOn || goesOn(done, sheets) || done == sheets) return true;
-      stopped = toPaper ? fmt::format("打印已停止，送出了 {} 张，共 {} 张。", done, sheets) : kNoFile;
-      return false;
+    const std::optional<Destination> destination = destinationOf(*report, sent, devices);
+    if (!destination) return;
+    std::string told;
+    sendReport(*report, sent, *destination->device, [&](int done, int sheets) {
+      told = destination->told(done, sheets);
+      return !goesOn || goesOn(done, sheets) || done == sheets;
     });
-    if (!stopped.empty()) m_remarks.push_back(stopped);
+    if (!told.empty()) m_remarks.push_back(std::move(told));
   });
 }
 
-std::unique_ptr<PageDevice> PrintDialogSession::deviceFor(const Report& report, const PrintJob& job,
-                                                          PageDevices& devices) const {
-  if (makesPictures(job)) return devices.pictures(pictureFolder(report, job, m_workspace), m_layout.picturePrefix);
-  if (devices.hasPrinter())
-    return devices.printer({.title = m_layout.title, .size = sheetSize(report, job), .copies = job.copies}, m_dialogs);
-  const auto file = askForPdf(m_workspace, m_dialogs);
-  return file ? devices.pdf(*file, documentInfo(m_layout, report, job, m_workspace)) : nullptr;
+std::optional<PrintDialogSession::Destination> PrintDialogSession::destinationOf(Report& report, const PrintJob& job,
+                                                                                 PageDevices& devices) const {
+  if (makesPictures(job))
+    return Destination{devices.pictures(pictureFolder(report, job, m_workspace), m_layout.picturePrefix),
+                       [](int sent, int sheets) { return std::string(sent < sheets ? kNoFile : ""); }};
+  if (const std::string printer = m_printer.value_or(devices.printers().usual); !printer.empty()) {
+    auto device = devices.printer(
+        {.title = m_layout.title, .size = sheetSize(report, job), .copies = job.copies, .name = printer}, m_dialogs);
+    if (device == nullptr) return std::nullopt;
+    return Destination{std::move(device), [printer](int sent, int sheets) {
+                         return sent < sheets ? fmt::format("打印已停止，送出了 {} 张，共 {} 张。", sent, sheets)
+                                              : fmt::format("{} 张已送到打印机“{}”。", sheets, printer);
+                       }};
+  }
+  const auto file = askForPdf(Sheets(report, job).projectNo(1), m_workspace, m_dialogs);
+  if (!file) return std::nullopt;
+  return Destination{devices.pdf(*file, documentInfo(m_layout, report, job, m_workspace)),
+                     [file](int sent, int sheets) {
+                       return sent < sheets ? kNoFile : fmt::format("{} 页已存为“{}”。", sheets, textOfPath(*file));
+                     }};
 }
 
 }  // namespace triaxlab

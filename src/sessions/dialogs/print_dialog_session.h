@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "common/user_error.h"
 #include "platform/dialogs.h"
@@ -34,6 +35,7 @@ struct PrintDialogState {
   bool portrait = false;
 
   bool canPreview = true;
+  bool canChoosePrinter = true;
   bool canTickPicture = true;
   ByBox<bool> boxesOn;
 };
@@ -69,6 +71,9 @@ class PrintDialogSession {
   void setText(PrintBox box, std::string_view utf8);
   void setPaper(SheetPaper paper) { m_state.paper = paper; }
   void setPortrait(bool portrait) { m_state.portrait = portrait; }
+  /// A printer of the system by its name; empty: a PDF file. Until one is chosen it is the system's usual one, or a PDF
+  /// file when there is none.
+  void choosePrinter(std::string name) { m_printer = std::move(name); }
 
   /// The job as the dialog stands, with nothing stored or said. Of a dialog of curves without a curve it has no page.
   PrintJob job() const;
@@ -79,9 +84,9 @@ class PrintDialogSession {
 
   /// 确 定: stores what is kept for the next time. False when the dialog stays open; why has been said.
   bool accept();
-  /// The job goes where it asks to go: into pictures in the project's folder, to the printer, or, when the system has
-  /// none, into a PDF file that is asked for; a cancelled question drops it. What goes wrong is shown. A job that was
-  /// stopped leaves on the printer what it got, of a PDF or pictures nothing.
+  /// The job goes where it asks to go: into pictures in the project's folder, to the printer, or into a PDF file that
+  /// is asked for; a cancelled question drops it. What goes wrong is shown. A job that was stopped leaves on the
+  /// printer what it got, of a PDF or pictures nothing.
   void send(PageDevices& devices, const SheetProgress& goesOn = {});
 
   /// What the status bar is to say of what was sent.
@@ -93,8 +98,9 @@ class PrintDialogSession {
   PageSetup typedSheet() const;
   void takeRange(PrintJob& job) const;
   bool makesPictures(const PrintJob& job) const { return job.printToPicture && !m_layout.picturePrefix.empty(); }
+  struct Destination;
   /// Nothing when a question was cancelled.
-  std::unique_ptr<PageDevice> deviceFor(const Report& report, const PrintJob& job, PageDevices& devices) const;
+  std::optional<Destination> destinationOf(Report& report, const PrintJob& job, PageDevices& devices) const;
 
   const PrintForm& m_form;
   const Layout& m_layout;
@@ -102,6 +108,7 @@ class PrintDialogSession {
   Dialogs& m_dialogs;
   OnDisplay m_onDisplay;
   PrintDialogState m_state;
+  std::optional<std::string> m_printer;
   std::int16_t m_firstPageNumber = 1;
   PageSetup m_storedSheet;
   Remarks m_remarks;

@@ -81,6 +81,8 @@ inline constexpr const char* kCentimetres = "(厘米)";
 inline constexpr const char* kPortrait = "纵向";
 inline constexpr const char* kLandscape = "横向";
 inline constexpr const char* kAllCurves = "全部";
+inline constexpr const char* kPrinter = "打印到：";
+inline constexpr const char* kPdfFile = "PDF文件";
 }  // namespace print_captions
 
 /// A paper of the chart sheets by its name, in the order of the list.

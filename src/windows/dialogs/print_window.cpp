@@ -21,7 +21,7 @@ namespace triaxlab {
 namespace {
 
 constexpr int kButtonWidth = 1600, kButtonHeight = 450, kButtonPitch = 2150, kButtons = 3;
-constexpr int kMargin = 300, kLine = 300;
+constexpr int kMargin = 300, kLine = 300, kBoxLine = 330;
 constexpr int kProgressWidth = 2400;
 constexpr int kMostCopies = 99;
 
@@ -36,6 +36,7 @@ PrintWindow::PrintWindow(QWidget* parent, PrintDialogSession& session, PageDevic
   makeScopes();
   makeBoxes();
   if (m_layout.sheet) makeSheet(*m_layout.sheet);
+  makePrinter();
   makeTexts();
   makeButtons();
   refresh();
@@ -113,6 +114,18 @@ void PrintWindow::makeSheet(const SheetControls& places) {
     connect(button, &QRadioButton::clicked, this,
             [this, isPortrait = button == m_portrait] { act([&] { m_session.setPortrait(isPortrait); }); });
   }
+}
+
+void PrintWindow::makePrinter() {
+  constexpr int kCaption = 900, kWidth = 3600;
+  const Printers printers = m_devices.printers();
+  put(new QLabel(print_captions::kPrinter, this), {}, {kMargin, m_layout.printerY, kCaption, kBoxLine});
+  m_printer = put(new QComboBox(this), "Combo3", {kMargin + kCaption, m_layout.printerY, kWidth, kBoxLine});
+  for (const std::string& name : printers.names) m_printer->addItem(words(name), words(name));
+  m_printer->addItem(print_captions::kPdfFile, QString());
+  m_printer->setCurrentIndex(m_printer->findData(words(printers.usual)));
+  connect(m_printer, &QComboBox::activated, this,
+          [this] { act([&] { m_session.choosePrinter(utf8(m_printer->currentData().toString())); }); });
 }
 
 void PrintWindow::makeTexts() {
@@ -214,6 +227,7 @@ void PrintWindow::showState() {
     const QSignalBlocker shown(m_copies);
     m_copies->setValue(words(now.texts[PrintBox::Copies]).toInt());
   }
+  m_printer->setEnabled(!m_isSending && now.canChoosePrinter);
   if (m_layout.sheet) showSheet(now);
   for (QPushButton* const button : findChildren<QPushButton*>()) button->setEnabled(!m_isSending);
   m_preview->setEnabled(!m_isSending && now.canPreview);

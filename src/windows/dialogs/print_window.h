@@ -37,6 +37,7 @@ class PrintWindow : public SessionDialog {
   void makeBoxes();
   void makeCopiesBar(Place place);
   void makeSheet(const SheetControls& places);
+  void makePrinter();
   void makeTexts();
   void makeButtons();
   QLineEdit* boxOf(PrintBox box) const;
@@ -55,7 +56,7 @@ class PrintWindow : public SessionDialog {
   std::vector<QRadioButton*> m_scopes;
   std::vector<QLineEdit*> m_boxes;
   QScrollBar* m_copies = nullptr;
-  QComboBox* m_paper = nullptr;
+  QComboBox *m_paper = nullptr, *m_printer = nullptr;
   QRadioButton *m_portrait = nullptr, *m_landscape = nullptr;
   QLabel* m_sending = nullptr;
   QProgressBar* m_progress = nullptr;

@@ -40,7 +40,7 @@ struct PrintWindowLayout {
   std::span<const Place> scopes;  // Option1 and on
   std::span<const BoxControl> boxes;
   std::span<const PrintText> texts;
-  int sendingY, buttonsY;
+  int printerY, sendingY, buttonsY;
   std::optional<SheetControls> sheet = {};
   std::optional<Place> copiesBar = {};
 };

@@ -225,7 +225,6 @@ TEST_F(ThreeInOnePrint, ThePreviewShowsThePagesThatAreSentOperationByOperation) 
       EXPECT_EQ(previewed->sheets.size(), printed.size);
     }
   }
-  EXPECT_THAT(session.remarks(), IsEmpty());
 }
 
 TEST_F(ThreeInOnePrint, APreviewShowsTheDialogAsItStoodThen) {
@@ -300,7 +299,7 @@ TEST_F(ThreeInOnePrint, AStopBehindTheLastPageComesTooLate) {
   session.send(devices, [](int done, int sheets) { return done < sheets; });
   EXPECT_THAT(devices.sent.pages, SizeIs(4));
   EXPECT_EQ(devices.sent.finished, 1);
-  EXPECT_THAT(session.remarks(), IsEmpty());
+  EXPECT_THAT(session.remarks(), ElementsAre("4 张已送到打印机“Lab”。"));
 }
 
 TEST_F(ThreeInOnePrint, ThePrinterIsToldOfPaperAndCopies) {
@@ -308,7 +307,7 @@ TEST_F(ThreeInOnePrint, ThePrinterIsToldOfPaperAndCopies) {
   PrintDialogSession session = open();
   session.setTicked(PrintTick::A3, true);
   session.send(devices);
-  EXPECT_THAT(devices.asked, ElementsAre("printer"));
+  EXPECT_THAT(devices.asked, ElementsAre("printer Lab"));
   EXPECT_EQ(devices.printerJob.title, "三轴试验成果曲线");
   EXPECT_EQ(devices.printerJob.size, kA3SideBySide);
   EXPECT_EQ(devices.printerJob.copies, 1);
@@ -337,6 +336,39 @@ TEST_F(ThreeInOnePrint, WithoutAPrinterAPdfFileIsAskedFor) {
   session.send(devices);
   EXPECT_THAT(devices.asked, ElementsAre("pdf " + (folder / "curves.pdf").string()));
   EXPECT_THAT(devices.sent.pages, SizeIs(4));
+  EXPECT_THAT(session.remarks(), ElementsAre("4 页已存为“" + (folder / "curves.pdf").string() + "”。"));
+}
+
+TEST_F(ThreeInOnePrint, AnotherPrinterOrAPdfFileCanBeChosen) {
+  devices.printerIsThere = true;
+  dialogs.file = folder / "curves.pdf";
+  PrintDialogSession session = open();
+  for (const char* const printer : {"Office", "", "Lab"}) {
+    session.choosePrinter(printer);
+    session.send(devices);
+  }
+  EXPECT_THAT(devices.asked, ElementsAre("printer Office", "pdf " + (folder / "curves.pdf").string(), "printer Lab"));
+  EXPECT_THAT(session.remarks(),
+              ElementsAre("4 张已送到打印机“Office”。", HasSubstr("4 页已存为"), HasSubstr("“Lab”")));
+}
+
+TEST_F(ThreeInOnePrint, APdfFileIsNamedAfterProjectAndDay) {
+  workspace.fixedToday = Date{2024, 5, 6};
+  sample(2, kCU, "C-1", "\xB4\xF3\xB0\xD3");  // 大坝 in GBK
+  sample(3, kCU, "C-2", "a/b");
+  PrintDialogSession session = open();
+  session.choose(PrintScope::Range);
+  for (const char* const number : {"1", "3", "4"}) {
+    session.setText(PrintBox::From, number);
+    session.setText(PrintBox::To, number);
+    session.send(devices);
+    session.saveSheet(*session.preview(), 1, devices);
+  }
+  std::vector<std::filesystem::path> proposed;
+  for (const FileQuestion& question : dialogs.fileQuestions) proposed.push_back(question.initial);
+  const std::filesystem::path first = folder / "P1_2024-05-06.pdf", second = folder / "大坝_2024-05-06.pdf",
+                              third = folder / "2024-05-06.pdf";
+  EXPECT_THAT(proposed, ElementsAre(first, first, second, second, third, third));
 }
 
 TEST_F(ThreeInOnePrint, PicturesGoToTheFolderOfTheFirstSamplesProject) {
@@ -349,6 +381,8 @@ TEST_F(ThreeInOnePrint, PicturesGoToTheFolderOfTheFirstSamplesProject) {
   session.setText(PrintBox::To, "2");
   session.send(devices);
   EXPECT_THAT(devices.asked, ElementsAre("pictures " + (folder.path() / "PTU" / "P2").string() + " SZ"));
+  EXPECT_FALSE(session.state().canChoosePrinter);
+  EXPECT_THAT(session.remarks(), IsEmpty());
   sample(1, kCU, "B-1", "a/b");
   session.send(devices);
   EXPECT_THAT(dialogs.take(), ElementsAre(HasSubstr("工程编号“a/b”")));

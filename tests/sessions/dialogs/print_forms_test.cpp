@@ -282,7 +282,7 @@ TEST_F(PrintForms, PagesThatMakeNoPicturesGoOnPaperAllTheSame) {
   PrintDialogSession session(kK0Form, kK0Results, workspace, dialogs, {});
   session.setTicked(PrintTick::Picture, true);
   session.send(devices, {});
-  EXPECT_THAT(devices.asked, ElementsAre("printer"));
+  EXPECT_THAT(devices.asked, ElementsAre("printer Lab"));
   EXPECT_EQ(devices.sent.pages.size(), 1U);
 }
 
