@@ -107,17 +107,9 @@ double readOnce(const Archive& archive) {
 
 void ResultsAgainstReading(benchmark::State& state) {
   const Archive archive;
-  double results = 0, read = 0;
-  for (auto _ : state) {
-    const double seconds = secondsOf([&] { benchmark::DoNotOptimize(resultsOf(archive)); });
-    read += secondsOf([&] { benchmark::DoNotOptimize(readOnce(archive)); });
-    results += seconds;
-    state.SetIterationTime(seconds);
-  }
-  const auto runs = static_cast<double>(state.iterations());
-  state.counters["results_ms"] = results / runs * 1e3;
-  state.counters["reading_ms"] = read / runs * 1e3;
-  state.counters["ratio"] = results / read;
+  compare(
+      state, Seconds::Computed, [&] { benchmark::DoNotOptimize(resultsOf(archive)); },
+      [&] { benchmark::DoNotOptimize(readOnce(archive)); });
 }
 BENCHMARK(ResultsAgainstReading)->UseManualTime()->Unit(benchmark::kMillisecond);
 
