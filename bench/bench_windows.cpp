@@ -77,6 +77,19 @@ void KeyPressToPicture(benchmark::State& state) {
 }
 BENCHMARK(KeyPressToPicture)->ArgName("page")->DenseRange(1, 6)->Unit(benchmark::kMillisecond);
 
+/// The frame is drawn a little larger, then smaller, about a size in tenths of the natural one: all of the window is
+/// placed and drawn anew, with letters of another size at some steps.
+void ResizeToPicture(benchmark::State& state) {
+  const CurveWindow window;
+  const QSize about = window.form->sizeAt(static_cast<double>(state.range(0)) / 10);
+  int step = 0;
+  for (auto _ : state) {
+    window.form->resize(about + QSize(16, 9) * (step++ % 8));
+    window.picture();
+  }
+}
+BENCHMARK(ResizeToPicture)->ArgName("tenths")->Arg(10)->Arg(15)->Arg(20)->Arg(28)->Unit(benchmark::kMillisecond);
+
 /// An arrow in the phase of a page: the curve, the envelope or the path moves to and fro, and the whole window is
 /// drawn.
 void PhaseKeyToPicture(benchmark::State& state) {

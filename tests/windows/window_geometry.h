@@ -24,7 +24,7 @@ namespace triaxlab::testing {
 /// Pixels by which the edges of neighbours may differ.
 inline constexpr int kRounding = 1;
 /// A head that is wider than its column is condensed as far as this, and told in full by its tip.
-inline constexpr double kMostCondensed = 0.6;
+inline constexpr double kMostCondensed = 0.55;
 
 /// What a person can see of a window in which something is cut or covered.
 class WindowGeometry {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/qt/ruled_text.h"
+#include "platform/thinned_line.h"
 
 namespace triaxlab {
 namespace {
@@ -18,6 +19,10 @@ namespace {
 constexpr double kTwipsPerLogicalPixel = 15;
 /// What grids are drawn with and nothing else. On a screen it is a hairline: one pixel, however fine or large.
 constexpr Stroke kGrid{Colour::Grey, 1};
+
+/// How far a curve of a screen may be off its points. A half-circle has 301 of them, far more than one sees, and each
+/// is a join to be drawn.
+constexpr double kUnseenPixels = 0.1;
 
 /// The pieces of a text that are set in one go: a prime stands by itself.
 std::vector<std::string_view> runsOf(std::string_view utf8) {
@@ -76,8 +81,11 @@ void PainterSurface::circle(Point centre, double radius, Stroke stroke, std::opt
 
 void PainterSurface::polyline(std::span<const Point> points, Stroke stroke) {
   QPolygonF polygon;
-  polygon.reserve(static_cast<qsizetype>(points.size()));
-  for (const Point& point : points) polygon << rounded(point);
+  const auto add = [&polygon](Point point) { polygon << rounded(point); };
+  if (m_medium == Medium::Screen)
+    std::ranges::for_each(thinnedLine(points, kUnseenPixels * m_pixelTwips), add);
+  else
+    std::ranges::for_each(points, add);
   usePen(stroke, Ink::Curve);
   m_painter.setRenderHint(QPainter::Antialiasing);
   m_painter.drawPolyline(polygon);
@@ -129,6 +137,8 @@ void PainterSurface::usePen(Stroke stroke, Ink ink) {
   pen.setCapStyle(Qt::FlatCap);
   switch (m_medium) {
     case Medium::Screen:
+      // Some pixels wide, all joins look alike, and this one is drawn fastest.
+      pen.setJoinStyle(Qt::BevelJoin);
       pen.setCosmetic(true);
       pen.setWidthF(screenWidth(stroke.width, ink));
       break;
