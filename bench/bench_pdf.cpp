@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "page_jobs.h"
-#include "platform/qt/page_devices.h"
+#include "platform/pdf_device.h"
 
 namespace triaxlab {
 namespace {

@@ -12,7 +12,8 @@
 #include "platform/files.h"
 #include "platform/json_page_device.h"
 #ifdef TRIAXLAB_HAS_QT
-#include "platform/qt/page_devices.h"
+#include "platform/pdf_device.h"
+#include "platform/qt/picture_device.h"
 #include "platform/qt/printer_device.h"
 #endif
 

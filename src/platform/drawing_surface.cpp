@@ -1,6 +1,28 @@
 #include "platform/drawing_surface.h"
 
+#include <array>
+
 namespace triaxlab {
+
+Rgb rgbOf(Colour colour) {
+  static constexpr std::array<Rgb, 16> kPalette{{{0, 0, 0},
+                                                 {0, 0, 128},
+                                                 {0, 128, 0},
+                                                 {0, 128, 128},
+                                                 {128, 0, 0},
+                                                 {128, 0, 128},
+                                                 {128, 128, 0},
+                                                 {192, 192, 192},
+                                                 {128, 128, 128},
+                                                 {0, 0, 255},
+                                                 {0, 255, 0},
+                                                 {0, 255, 255},
+                                                 {255, 0, 0},
+                                                 {255, 0, 255},
+                                                 {255, 255, 0},
+                                                 {255, 255, 255}}};
+  return kPalette.at(static_cast<std::size_t>(colour));
+}
 
 double textWidth(std::string_view utf8, const Font& font) {
   // A character outside GBK measures as two bytes.

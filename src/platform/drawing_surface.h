@@ -27,12 +27,20 @@ enum class Colour : std::uint8_t {
   White = 15,
 };
 
+struct Rgb {
+  std::uint8_t red = 0, green = 0, blue = 0;
+};
+Rgb rgbOf(Colour colour);
+
 /// Line width: logical pixels on a screen, 1/600 inch on paper.
 struct Stroke {
   Colour colour = Colour::Black;
   int width = 1;
   bool operator==(const Stroke&) const = default;
 };
+
+/// Of a line width of 1 on paper.
+inline constexpr double kTwipsPerPaperWidth = 1440.0 / 600;
 
 inline constexpr const char* kSong = "宋体";
 inline constexpr const char* kSongRotated = "@宋体";

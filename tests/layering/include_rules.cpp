@@ -24,7 +24,7 @@ constexpr std::array kRooms{
     Room{"platform/jet", 2},
     Room{"platform/os", 2},
     Room{"platform/qt", 2},
-    Room{"platform/qt/pdf", 2},
+    Room{"platform/cairo", 2},
     Room{"platform/xls", 2},
     Room{"charts", 3},
     Room{"k0", 4},
@@ -63,6 +63,7 @@ constexpr std::array<std::string_view, 4> kKnowQt{"main.cpp", "windows/", "platf
 constexpr std::array<std::string_view, 2> kKnowTheSystem{"platform/os/", "platform/jet/"};
 constexpr std::array<std::string_view, 1> kKnowJet{"platform/jet/"};
 constexpr std::array<std::string_view, 1> kKnowWorkbooks{"platform/xls/"};
+constexpr std::array<std::string_view, 1> kKnowCairo{"platform/cairo/"};
 constexpr std::array<std::string_view, 3> kReadsArguments{"cli/", "shell/start_options.", "windows/command_line."};
 
 /// Headers from outside the house that only some rooms know, each by how its name begins.
@@ -82,6 +83,8 @@ constexpr std::array kDoors{
     Door{"mdb", kKnowJet},
     Door{"sqlite3", kKnowJet},
     Door{"xlsxwriter", kKnowWorkbooks},
+    Door{"cairo", kKnowCairo},
+    Door{"fontconfig/", kKnowCairo},
     Door{"CLI/", kReadsArguments},
 };
 

@@ -3,20 +3,17 @@
 #include <QFont>
 #include <QGuiApplication>
 #include <QLoggingCategory>
-#include <QStringList>
 #include <clocale>
 
-#include "platform/drawing_surface.h"
+#include "platform/font_substitutes.h"
 
 namespace triaxlab {
 namespace {
 
-/// Fonts that carry the widths of 宋体 (or come near them) stand first; a font that lacks a sign hands on to the next.
 void substituteFonts() {
-  const QStringList song{"SimSun", "NSimSun", "AR PL UMing CN", "Noto Serif CJK SC"};
-  QFont::insertSubstitutions(QString::fromUtf8(kSong), song);
-  QFont::insertSubstitutions(QString::fromUtf8(kSongRotated), song);
-  QFont::insertSubstitution(QString::fromUtf8(kArialNarrow), "Liberation Sans Narrow");
+  for (const char* const font : {kSong, kSongRotated, kArialNarrow})
+    for (const char* const substitute : substitutesOf(font))
+      QFont::insertSubstitution(QString::fromUtf8(font), substitute);
 }
 
 /// The toolkit's remarks about desktops and runtime folders are not for a technician's terminal; the environment

@@ -6,11 +6,10 @@
 #include <QPolygonF>
 #include <QString>
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <vector>
 
-#include "platform/qt/ruled_text.h"
+#include "platform/ruled_text.h"
 #include "platform/thinned_line.h"
 
 namespace triaxlab {
@@ -42,10 +41,8 @@ QRectF rectangle(Point corner, Point opposite) { return QRectF(rounded(corner), 
 }  // namespace
 
 QColor colourOf(Colour colour) {
-  static constexpr std::array<QRgb, 16> kPalette{0xFF000000, 0xFF000080, 0xFF008000, 0xFF008080, 0xFF800000, 0xFF800080,
-                                                 0xFF808000, 0xFFC0C0C0, 0xFF808080, 0xFF0000FF, 0xFF00FF00, 0xFF00FFFF,
-                                                 0xFFFF0000, 0xFFFF00FF, 0xFFFFFF00, 0xFFFFFFFF};
-  return QColor::fromRgb(kPalette.at(static_cast<std::size_t>(colour)));
+  const Rgb rgb = rgbOf(colour);
+  return QColor(rgb.red, rgb.green, rgb.blue);
 }
 
 PainterSurface::PainterSurface(QPainter& painter, Medium medium)

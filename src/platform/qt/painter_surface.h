@@ -14,8 +14,6 @@ class QPainter;
 namespace triaxlab {
 
 QColor colourOf(Colour colour);
-/// Of a line width of 1 on paper, 1/600 inch.
-inline constexpr double kTwipsPerPaperWidth = 1440.0 / 600;
 
 /// Draws through a QPainter whose unit is a twip. The painter is only borrowed: the surface must not outlive it.
 class PainterSurface : public DrawingSurface {

@@ -10,11 +10,11 @@
 #include <vector>
 
 #include "common/user_error.h"
+#include "platform/chinese_font.h"
 #include "platform/files.h"
 #include "platform/qt/application.h"
-#include "platform/qt/font_lookup.h"
-#include "platform/qt/page_devices.h"
 #include "platform/qt/painter_surface.h"
+#include "platform/qt/picture_device.h"
 #include "platform/replaced_file.h"
 
 namespace triaxlab {

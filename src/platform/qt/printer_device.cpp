@@ -9,10 +9,10 @@
 #include <filesystem>
 
 #include "common/user_error.h"
+#include "platform/chinese_font.h"
 #include "platform/files.h"
 #include "platform/print_answer.h"
 #include "platform/qt/application.h"
-#include "platform/qt/font_lookup.h"
 #include "platform/qt/paged_painting.h"
 
 namespace triaxlab {

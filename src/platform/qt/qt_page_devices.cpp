@@ -1,6 +1,7 @@
 #include "platform/qt/qt_page_devices.h"
 
-#include "platform/qt/page_devices.h"
+#include "platform/pdf_device.h"
+#include "platform/qt/picture_device.h"
 #include "platform/qt/printer_device.h"
 
 namespace triaxlab {

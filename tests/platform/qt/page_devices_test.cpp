@@ -1,4 +1,4 @@
-#include "platform/qt/page_devices.h"
+#include "platform/qt/picture_device.h"
 
 #include <gtest/gtest.h>
 

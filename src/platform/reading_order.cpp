@@ -1,4 +1,4 @@
-#include "platform/qt/pdf/reading_order.h"
+#include "platform/reading_order.h"
 
 #include <algorithm>
 #include <cmath>

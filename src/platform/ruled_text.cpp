@@ -1,4 +1,4 @@
-#include "platform/qt/ruled_text.h"
+#include "platform/ruled_text.h"
 
 #include <cmath>
 

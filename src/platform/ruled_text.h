@@ -12,7 +12,6 @@ inline constexpr double kBaseline = 0.86;
 /// In the fonts of the laboratory the mark takes a whole place, in whose middle it would stand far from its symbol: it
 /// is drawn at the left of its place.
 inline constexpr std::string_view kPrime = "′";
-inline constexpr char32_t kPrimeSign = U'′';
 
 /// What the widths of a font are multiplied by. Advances differ in the last digits; only a font of other widths is
 /// stretched.
