@@ -53,7 +53,7 @@ void findDataFolder(Workspace& workspace, Remarks& remarks) {
     workspace.dataFolder = dataFolderNamed(workspace, stored.value_or(""));
   } catch (const UserError& error) {
     workspace.dataFolderProblem = fmt::format(
-        "{}不知道数据放在哪个文件夹：本次运行不能打开和保存项目，设置文件没有改动。请排除故障后重新启动程序。",
+        "{}不知道数据放在哪个文件夹：本次运行不能打开和保存工程，设置文件没有改动。请排除故障后重新启动程序。",
         error.what());
     remarks.push_back(workspace.dataFolderProblem);
   }

@@ -63,7 +63,7 @@ bool ProjectSave::askOfEmptyTable(const OverwriteChooser& chooseOverwrites) {
 void ProjectSave::finish() {
   if (m_rows.empty()) throw UserError(fmt::format("{}", fmt::join(m_errors, "")));
   for (const SaveableRow& row : m_rows) saveRow(row);
-  for (const std::string& error : leftOut(m_leftOut, "项目文件")) m_errors.push_back(error);
+  for (const std::string& error : leftOut(m_leftOut, "工程文件")) m_errors.push_back(error);
   putIntoSummaries();
   std::vector<std::filesystem::path> written;
   for (const auto& [name, saved] : m_projects) {
@@ -149,7 +149,7 @@ std::unique_ptr<SummaryUpdate> ProjectSave::loadSummary(const std::string& proje
   try {
     return std::make_unique<SummaryUpdate>(*m_update, m_workspace, m_info.kind, projectNo);
   } catch (const DamagedSummary& damage) {
-    m_summaryErrors.push_back(std::string(damage.what()) + "它没有改动，试样已存入项目文件。");
+    m_summaryErrors.push_back(std::string(damage.what()) + "它没有改动，试样已存入工程文件。");
     return nullptr;
   }
 }
@@ -224,7 +224,7 @@ void ProjectSave::putIntoSummaries() {
   std::vector<std::size_t> withoutPlace;
   for (const SaveableRow& row : m_rows)
     if (row.summary != nullptr && !row.summary->put(m_table, row.row)) withoutPlace.push_back(row.row);
-  for (const std::string& error : leftOut(withoutPlace, "汇总文件")) m_summaryErrors.push_back(error);
+  for (const std::string& error : leftOut(withoutPlace, "成果文件")) m_summaryErrors.push_back(error);
 }
 
 std::vector<std::string> ProjectSave::leftOut(const std::vector<std::size_t>& rows, std::string_view where) const {

@@ -26,10 +26,10 @@ SummaryHead readSummaryHead(const ReadAt& readAt, const std::filesystem::path& f
   SummaryHead head;
   const std::size_t got = readAt(0, writableBytesOf(head.header));
   if (got < sizeof head.header)
-    throw DamagedSummary(fmt::format("汇总文件“{}”已损坏：只有 {} 字节，不足一个文件头（{} 字节）。", textOfPath(file),
+    throw DamagedSummary(fmt::format("成果文件“{}”已损坏：只有 {} 字节，不足一个文件头（{} 字节）。", textOfPath(file),
                                      got, sizeof head.header));
   const std::optional<int> count = claimedCount(head.header.sampleCount.view());
-  if (!count) throw DamagedSummary(fmt::format("汇总文件“{}”已损坏：文件头中没有试样总数。", textOfPath(file)));
+  if (!count) throw DamagedSummary(fmt::format("成果文件“{}”已损坏：文件头中没有试样总数。", textOfPath(file)));
   head.sampleCount = *count;
   return head;
 }

@@ -134,7 +134,7 @@ class Merging {
   void merge(const CarriedSummary& carried) {
     if (const std::optional<std::string> why = whyNot(carried.header)) {
       m_merge.remarks.push_back(
-          fmt::format("上次保存的成果没有写入汇总文件“{}”：{}项目文件已经写完；请处理好汇总文件，再"
+          fmt::format("上次保存的成果没有写入成果文件“{}”：{}工程文件已经写完；请处理好成果文件，再"
                       "打开这个工程保存一次。",
                       textOfPath(m_path), *why));
       return;
@@ -206,7 +206,7 @@ class Merging {
     if (!isPut(parts)) return std::nullopt;
     if (k < m_standing.count && (!isHeld || isFree(m_standing.sampleNumbers[k]))) return k;
     if (m_count < kMostSummaryRecords) return m_count;
-    m_merge.remarks.push_back(fmt::format("汇总文件“{}”已有 {} 个试样，试样“{}”没有写入。", textOfPath(m_path), m_count,
+    m_merge.remarks.push_back(fmt::format("成果文件“{}”已有 {} 个试样，试样“{}”没有写入。", textOfPath(m_path), m_count,
                                           printableText(sampleNo)));
     return std::nullopt;
   }
