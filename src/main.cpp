@@ -4,11 +4,13 @@
 #include <memory>
 #include <optional>
 
+#include "build_commit.h"
 #include "common/user_error.h"
 #include "platform/process.h"
 #include "platform/qt/application.h"
 #include "platform/qt/qt_dialogs.h"
 #include "sessions/dialogs/error_display.h"
+#include "shell/about.h"
 #include "shell/barrier.h"
 #include "shell/fault_log.h"
 #include "shell/start_up.h"
@@ -132,5 +134,6 @@ int main(int argc, char** argv) {
   GuardedApplication application(argc, argv);
   restoreNumberLocale();
   setAppearance(application);
+  QApplication::setApplicationVersion(QString::fromStdString(programVersion(TRIAXLAB_COMMIT)));
   return orStatus(kFailed, [&] { return run(application, options, std::move(script)); });
 }

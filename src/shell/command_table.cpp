@@ -90,7 +90,7 @@ constexpr std::int16_t dialogKind(ProjectKind kind) { return static_cast<std::in
 using A = Action;
 using K = CommandKind;
 
-// Shortcuts leave alone what the documents use: letters and digits, arrows, End, Enter, PageUp, PageDown, F4 and F5.
+// Shortcuts leave alone what the documents use: letters and digits, arrows, End, Enter, PageUp, PageDown, F2, F4, F5.
 constexpr std::array kCommands{
     submenu("RZMFILE", "文件"),
     submenu("NEW0", "新建", "RZMFILE"),
@@ -170,6 +170,11 @@ constexpr std::array kCommands{
     tool("RZMLW", "试验数据文件管理", "RZMWINDOW", "zmlw.exe", "QVB数据文件管理"),
     tool("TIJI", "体积变形摸量", "RZMWINDOW", "zmtj.exe", "QVB体积变形模量试验数据处理"),
     tool("RENGONG", "试验数据人工输入", "RZMWINDOW", "zmlr.exe", "QVB三轴试验数据录入"),
+
+    submenu("RZMHELP", "帮助"),
+    withKey(entry("MANUAL", "手册", "RZMHELP", A::ShowManual), "F1"),
+    entry("KEYS", "键盘", "RZMHELP", A::ShowKeys),
+    belowLine(entry("ABOUT", "关于", "RZMHELP", A::ShowAbout)),
 };
 
 /// Help by action; "{}" is the caption.
@@ -200,6 +205,9 @@ constexpr std::array kHelp{
     Help{A::FlipToggle, "打开或关闭：{}"},
     Help{A::StartTool, "启动{}"},
     Help{A::StartThisProgram, "本程序正在运行"},
+    Help{A::ShowManual, "打开使用手册，翻到当前窗口的一节"},
+    Help{A::ShowKeys, "列出当前窗口的全部按键"},
+    Help{A::ShowAbout, "版本、正在使用的文件夹、许可"},
 };
 
 void addImporters(std::vector<Command>& table) {

@@ -40,6 +40,9 @@ enum class Action : std::uint8_t {
   FlipToggle,        //
   StartTool,         // target: program; windowTitle
   StartThisProgram,  // which runs already: nothing happens but that this is said
+  ShowManual,        // at the place of the window in front
+  ShowKeys,          // of the window in front
+  ShowAbout,         //
 };
 
 /// One menu command; the rows stand in the order of the menu.

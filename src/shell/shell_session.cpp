@@ -72,6 +72,9 @@ bool ShellSession::trigger(std::string_view name) {
       Work{Action::ReprocessCurves, &ShellSession::reprocessCurves},
       Work{Action::FillTemplates, &ShellSession::fillTemplates},
       Work{Action::SaveAsTable, &ShellSession::saveTable},
+      Work{Action::ShowManual, &ShellSession::showManual},
+      Work{Action::ShowKeys, &ShellSession::showKeys},
+      Work{Action::ShowAbout, &ShellSession::showAbout},
   };
   const Command* const command = findCommand(name);
   if (command == nullptr) return false;
@@ -318,6 +321,12 @@ void ShellSession::flipToggle(const Command& command) {
   const ToggleByte& byte = *toggleOfCommand(command.name);
   setToggle(m_workspace, byte.toggle, !(m_workspace.settings.toggles.*byte.toggle));
 }
+
+void ShellSession::showManual(const Command& /*command*/) { m_windows.showManual(); }
+
+void ShellSession::showKeys(const Command& /*command*/) { m_windows.showKeys(); }
+
+void ShellSession::showAbout(const Command& /*command*/) { m_windows.showAbout(); }
 
 ActiveDocument ShellSession::interventionDocument() const {
   for (const ActiveDocument document : m_windows.loadedDocuments())

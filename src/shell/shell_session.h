@@ -98,6 +98,9 @@ class ShellSession {
   void startTool(const Command& command);
   void startThisProgram(const Command& command);
   void flipToggle(const Command& command);
+  void showManual(const Command& command);
+  void showKeys(const Command& command);
+  void showAbout(const Command& command);
 
   void askForDataFolder();
   /// Goes over to the folder, as chosen or typed, once the loaded documents may be left; they follow. False when one

@@ -91,6 +91,11 @@ class ShellWindows {
   /// was left without 处理.
   virtual std::optional<Remarks> showImporter(ImportSelection& selection) = 0;
 
+  /// The manual where it tells of the window in front; it stays open beside that window, as the next two.
+  virtual void showManual() = 0;
+  virtual void showKeys() = 0;  // of the window in front
+  virtual void showAbout() = 0;
+
   /// Loads the document window when it isn't there, shows its table as if freshly loaded, and brings it to the front.
   /// Form2 and Form7 open for the sample that Form1 has on display.
   virtual void showDocument(ActiveDocument document) = 0;

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "shell/shell_session.h"
+#include "windows/controls/key_help.h"
 #include "windows/controls/scaled_window.h"
 #include "windows/session_loop.h"
 
 namespace triaxlab {
 
 /// What all document windows do alike: what goes wrong is told by the shell, and closing asks it.
-class DocumentWidget : public ScaledWindow, protected SessionLoop {
+class DocumentWidget : public ScaledWindow, public KeyedWindow, protected SessionLoop {
   Q_OBJECT
 
  public:

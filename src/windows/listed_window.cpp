@@ -210,6 +210,10 @@ void ListedWindow::keyPressEvent(QKeyEvent* event) {
     m_charts.front()->copyPicture();
 }
 
+std::vector<KeyGroup> ListedWindow::keyHelp() const {
+  return {keyGroup("试样表、读数表", kCellKeys), keyGroup("曲线、读数表", kCopyKeys)};
+}
+
 void ListedWindow::contextMenuEvent(QContextMenuEvent* event) {
   if (!isOnReadings(event->pos())) return event->ignore();
   popupTableMenu(this, event->globalPos(), [this] { copyReadings(); });

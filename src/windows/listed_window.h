@@ -40,6 +40,8 @@ class ListedWindow : public DocumentWidget, public DocumentWindow {
   void finishTyping() override;
   std::array<std::string, 2> statusPanels() const override { return m_shown.statusPanels; }
 
+  std::vector<KeyGroup> keyHelp() const override;
+
  signals:
   /// The values under the mouse; empty when it isn't on a plot that has some.
   void readoutChanged(const QString& text);

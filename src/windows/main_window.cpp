@@ -16,6 +16,7 @@
 #include "sessions/dialogs/import_selection.h"
 #include "shell/document_kinds.h"
 #include "shell/window_memory.h"
+#include "windows/controls/cell_keys.h"
 #include "windows/controls/click_label.h"
 #include "windows/controls/layout.h"
 #include "windows/controls/words.h"
@@ -30,6 +31,7 @@
 #include "windows/document_frames.h"
 #include "windows/dialogs/template_window.h"
 #include "windows/first_place.h"
+#include "windows/help/help_key.h"
 #include "windows/menu_bar.h"
 
 namespace triaxlab {
@@ -37,6 +39,8 @@ namespace {
 
 constexpr QSize kFirstSize(pixels(16800), pixels(11400));
 constexpr int kProgressWidth = pixels(3000);
+/// Beside the shortcuts of the menu.
+constexpr std::array kOwnKeys{KeyRow{Qt::Key_F4, Action::Intervene, "开始、结束干预"}};
 /// Where a frame keeps which document it holds.
 constexpr const char* kDocumentProperty = "activeDocument";
 
@@ -64,6 +68,7 @@ MDIForm1::MDIForm1(Workspace& workspace, Dialogs& dialogs, WindowMemory* memory)
   connect(m_menu, &CommandMenuBar::entryShown, this, &MDIForm1::showHelp);
   connect(m_menu->menu("RZMWINDOW"), &QMenu::aboutToShow, this, &MDIForm1::listOpenWindows);
   connect(m_area, &QMdiArea::subWindowActivated, this, &MDIForm1::documentCameToFront);
+  new HelpKey(this, [this] { m_shell.trigger("MANUAL"); });
   takeFirstPlace();
   refresh();
 }
@@ -124,7 +129,7 @@ void MDIForm1::closeEvent(QCloseEvent* event) {
 
 void MDIForm1::keyPressEvent(QKeyEvent* event) {
   // No shortcut of the entry: a document may have a use of its own for the key.
-  if (event->key() == Qt::Key_F4 && event->modifiers() == Qt::NoModifier && m_shell.interventionKey()) return;
+  if (exactKeyOf(*event, kOwnKeys) && m_shell.interventionKey()) return;
   QMainWindow::keyPressEvent(event);
 }
 
@@ -156,6 +161,28 @@ std::optional<Remarks> MDIForm1::showImporter(ImportSelection& selection) {
   window.exec();
   return window.remarks();
 }
+
+// ---- help
+
+QWidget* MDIForm1::frontWindow() {
+  if (QWidget* const modal = QApplication::activeModalWidget()) return modal;
+  const QMdiSubWindow* const frame = m_area->currentSubWindow();
+  return frame != nullptr && documentOf(frame) != kNoDocument ? frame->widget() : this;
+}
+
+void MDIForm1::showManual() { m_help.showManual(frontWindow()); }
+
+void MDIForm1::showKeys() {
+  KeyGroup menu{"主窗口", {}};
+  for (const Command& command : commandTable())
+    if (!command.shortcut.empty() && m_shell.commandState(command).enabled)
+      menu.keys.push_back({words(command.shortcut), words(command.caption)});
+  const std::vector<KeyHelp> own = keyHelpOf(kOwnKeys);
+  menu.keys.insert(menu.keys.end(), own.begin(), own.end());
+  m_help.showKeys(frontWindow(), {menu});
+}
+
+void MDIForm1::showAbout() { m_help.showAbout(this, m_workspace); }
 
 // ---- documents
 
@@ -278,6 +305,7 @@ void MDIForm1::raiseTool(std::string_view windowTitle) { m_toolRaiser.raise(wind
 
 void MDIForm1::endProgram() {
   rememberSizes();
+  m_help.close();
   hide();
   QCoreApplication::exit(0);
 }

@@ -11,6 +11,7 @@
 #include "store/workspace.h"
 #include "triaxial/failure.h"
 #include "windows/document_windows.h"
+#include "windows/help/help_windows.h"
 #include "windows/tool_raiser.h"
 
 class QLabel;
@@ -52,6 +53,9 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   void showPrintDialog(PrintDialogSession& session) override;
   void showTemplates(TemplateSession& session) override;
   std::optional<Remarks> showImporter(ImportSelection& selection) override;
+  void showManual() override;
+  void showKeys() override;
+  void showAbout() override;
   void showDocument(ActiveDocument document) override;
   void raiseDocument(ActiveDocument document) override;
   std::vector<ActiveDocument> loadedDocuments() const override;
@@ -74,6 +78,8 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   void documentHasClosed(ActiveDocument document);
   void documentCameToFront(QMdiSubWindow* frame);
   QMdiSubWindow* frameOf(ActiveDocument document) const;
+  /// The window that a person works in: the modal one, else the document in front, else this one.
+  QWidget* frontWindow();
 
   Workspace& m_workspace;
   Dialogs& m_dialogs;
@@ -88,6 +94,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   std::map<ActiveDocument, LoadedDocument> m_documents;
   QtPageDevices m_pageDevices;
   ToolRaiser m_toolRaiser;
+  HelpWindows m_help;
 };
 
 }  // namespace triaxlab

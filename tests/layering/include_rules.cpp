@@ -52,6 +52,7 @@ constexpr std::array kRooms{
     Room{"windows", 9},
     Room{"windows/controls", 9},
     Room{"windows/dialogs", 9},
+    Room{"windows/help", 9},
     Room{"windows/k0", 9},
     Room{"windows/play", 9},
     Room{"windows/triaxial", 9},

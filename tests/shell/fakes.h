@@ -108,6 +108,9 @@ class FakeWindows : public ShellWindows {
     shown.emplace_back(selection.importer().form);
     return inImporter();
   }
+  void showManual() override { shown.emplace_back("manual"); }
+  void showKeys() override { shown.emplace_back("keys"); }
+  void showAbout() override { shown.emplace_back("about"); }
   void showDocument(ActiveDocument document) override {
     shown.push_back("load " + std::to_string(document));
     if (document == kForm1) form1.emplace();

@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <algorithm>
 #include <functional>
+#include <set>
 #include <string_view>
 #include <tuple>
 #include <utility>
@@ -115,8 +116,19 @@ class Desk {
       const QAction* const entry = action(command.name);
       entries.emplace_back(entry->text(), entry->isEnabled(), entry->isChecked());
     }
-    return std::tuple(window.isVisible(), window.grab().toImage(), entries, std::exchange(modal.shown, {}),
-                      dialogs.takeNotes(), dialogs.takeFailure());
+    return std::tuple(window.isVisible(), windowsBeside(), window.grab().toImage(), entries,
+                      std::exchange(modal.shown, {}), dialogs.takeNotes(), dialogs.takeFailure());
+  }
+
+  /// Those that stay open beside the main window, by name; they are closed.
+  static std::set<QString> windowsBeside() {
+    std::set<QString> names;
+    for (QWidget* const other : QApplication::topLevelWidgets())
+      if (other->isVisible() && qobject_cast<MDIForm1*>(other) == nullptr) {
+        names.insert(other->objectName());
+        other->close();
+      }
+    return names;
   }
 
   Lab lab;

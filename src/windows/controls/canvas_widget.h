@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QWidget>
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -12,6 +13,13 @@
 #include "windows/controls/drawn_area.h"
 
 namespace triaxlab {
+
+/// What a canvas does with a key, told in the windows around it.
+struct CanvasKey {
+  int toolkitKey;
+  const char* effect;
+};
+inline constexpr std::array kCopyKeys{CanvasKey{int(Qt::CTRL) | int(Qt::Key_C), "复制图片；在表上复制整个数据页"}};
 
 /// A drawing area whose unit is a twip. What is drawn is kept as a picture and drawn again only when it has changed; a
 /// script can have the same drawing as operations. Ctrl+C and the context menu copy the picture.

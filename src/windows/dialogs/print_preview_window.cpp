@@ -77,6 +77,28 @@ QWidget* PrintPreview::makeButtons() {
 
 // ---- Keys and wheel
 
+struct PrintPreview::Key {
+  int toolkitKey;
+  void (*action)(PrintPreview&);
+  const char* effect;
+};
+
+std::span<const PrintPreview::Key> PrintPreview::keys() {
+  static constexpr int kCtrl = Qt::CTRL;
+  static constexpr std::array kKeys{
+      Key{Qt::Key_PageUp, [](PrintPreview& own) { own.turn(-1); }, "上一页"},
+      Key{Qt::Key_PageDown, [](PrintPreview& own) { own.turn(1); }, "下一页"},
+      Key{Qt::Key_Home, [](PrintPreview& own) { own.turnTo(1); }, "第一页"},
+      Key{Qt::Key_End, [](PrintPreview& own) { own.turnTo(own.m_job.sheets.count()); }, "最后一页"},
+      Key{kCtrl | Qt::Key_Plus, [](PrintPreview& own) { own.magnify(kZoomOfNotch); }, "放大"},
+      Key{kCtrl | Qt::Key_Equal, [](PrintPreview& own) { own.magnify(kZoomOfNotch); }, "放大"},
+      Key{kCtrl | Qt::Key_Minus, [](PrintPreview& own) { own.magnify(1 / kZoomOfNotch); }, "缩小"},
+      Key{kCtrl | Qt::Key_0, [](PrintPreview& own) { own.fit(Fit::Page); }, "整页"},
+      Key{kCtrl | Qt::Key_C, [](PrintPreview& own) { own.copy(); }, "复制这一页"},
+  };
+  return kKeys;
+}
+
 void PrintPreview::keyPressEvent(QKeyEvent* event) {
   if (!pressed(*event)) QDialog::keyPressEvent(event);
 }
@@ -89,29 +111,15 @@ bool PrintPreview::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool PrintPreview::pressed(const QKeyEvent& event) {
-  struct Key {
-    int key;
-    bool withCtrl;
-    void (*action)(PrintPreview&);
-  };
-  static constexpr std::array kKeys{
-      Key{Qt::Key_PageUp, false, [](PrintPreview& own) { own.turn(-1); }},
-      Key{Qt::Key_PageDown, false, [](PrintPreview& own) { own.turn(1); }},
-      Key{Qt::Key_Home, false, [](PrintPreview& own) { own.turnTo(1); }},
-      Key{Qt::Key_End, false, [](PrintPreview& own) { own.turnTo(own.m_job.sheets.count()); }},
-      Key{Qt::Key_Plus, true, [](PrintPreview& own) { own.magnify(kZoomOfNotch); }},
-      Key{Qt::Key_Equal, true, [](PrintPreview& own) { own.magnify(kZoomOfNotch); }},
-      Key{Qt::Key_Minus, true, [](PrintPreview& own) { own.magnify(1 / kZoomOfNotch); }},
-      Key{Qt::Key_0, true, [](PrintPreview& own) { own.fit(Fit::Page); }},
-      Key{Qt::Key_C, true, [](PrintPreview& own) { own.copy(); }},
-  };
-  const bool withCtrl = event.modifiers().testFlag(Qt::ControlModifier);
-  const auto* const found =
-      std::ranges::find_if(kKeys, [&](const Key& row) { return row.key == event.key() && row.withCtrl == withCtrl; });
-  if (found == kKeys.end()) return false;
+  // Shift, by which some keyboards reach the plus, and the keypad count for nothing.
+  const int pressed = static_cast<int>(event.modifiers() & Qt::ControlModifier) | event.key();
+  const auto found = std::ranges::find(keys(), pressed, &Key::toolkitKey);
+  if (found == keys().end()) return false;
   found->action(*this);
   return true;
 }
+
+std::vector<KeyGroup> PrintPreview::keyHelp() const { return {keyGroup("预览", keys())}; }
 
 bool PrintPreview::turnedWheel(const QWheelEvent& event) {
   const double notches = event.angleDelta().y() / kWheelNotch;

@@ -2,8 +2,10 @@
 
 #include <QDialog>
 #include <functional>
+#include <span>
 
 #include "sessions/dialogs/print_dialog_session.h"
+#include "windows/controls/key_help.h"
 
 class QLabel;
 class QPushButton;
@@ -15,13 +17,15 @@ class PrintPageView;
 
 /// The sheets of a job on the screen, one after the other, drawn by the same call that prints them. Only the sheet that
 /// is seen is drawn.
-class PrintPreview : public QDialog {
+class PrintPreview : public QDialog, public KeyedWindow {
   Q_OBJECT
 
  public:
   using SaveSheet = std::function<void(int sheet)>;
   /// The job outlives the window. `save` puts a sheet into a file of its own.
   PrintPreview(QWidget* parent, const PreviewedJob& job, SaveSheet save);
+
+  std::vector<KeyGroup> keyHelp() const override;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -31,6 +35,9 @@ class PrintPreview : public QDialog {
  private:
   /// How large the page is shown: fitted to the window, or as somebody has set it.
   enum class Fit : std::uint8_t { Page, Width, None };
+
+  struct Key;
+  static std::span<const Key> keys();
 
   QWidget* makeButtons();
   bool pressed(const QKeyEvent& event);

@@ -9,6 +9,7 @@
 #include "platform/qt/painter_surface.h"
 #include "windows/controls/click_label.h"
 #include "windows/controls/layout.h"
+#include "windows/controls/scroll_keys.h"
 #include "windows/controls/words.h"
 #include "windows/dialogs/move_rows_window.h"
 #include "windows/dialogs/sort_range_window.h"
@@ -108,13 +109,9 @@ void SampleListWindow::showState() {
 void SampleListWindow::wheelEvent(QWheelEvent* event) { m_scroll->event(event); }
 
 void SampleListWindow::keyPressEvent(QKeyEvent* event) {
-  using Step = QAbstractSlider::SliderAction;
-  static constexpr std::array kSteps{
-      std::pair{Qt::Key_PageUp, Step::SliderPageStepSub}, std::pair{Qt::Key_PageDown, Step::SliderPageStepAdd},
-      std::pair{Qt::Key_Home, Step::SliderToMinimum}, std::pair{Qt::Key_End, Step::SliderToMaximum}};
-  for (const auto& [key, step] : kSteps)
-    if (event->key() == key) return m_scroll->triggerAction(step);
-  QDialog::keyPressEvent(event);
+  if (!scrollByKey(*m_scroll, *event, kScrollKeys)) QDialog::keyPressEvent(event);
 }
+
+std::vector<KeyGroup> SampleListWindow::keyHelp() const { return {keyGroup("列表", kScrollKeys)}; }
 
 }  // namespace triaxlab

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "sessions/dialogs/sample_list_session.h"
+#include "windows/controls/key_help.h"
 #include "windows/dialogs/session_dialog.h"
 
 class QScrollBar;
@@ -14,11 +15,13 @@ class ClickLabel;
 
 /// Form14 and Form13: the samples of a project file, to be put in order or removed. A click on a line marks its row for
 /// deletion; Esc and the corner are 返 回.
-class SampleListWindow : public SessionDialog, private SampleListView {
+class SampleListWindow : public SessionDialog, public KeyedWindow, private SampleListView {
   Q_OBJECT
 
  public:
   SampleListWindow(QWidget* parent, SampleListSession& session);
+
+  std::vector<KeyGroup> keyHelp() const override;
 
  protected:
   void wheelEvent(QWheelEvent* event) override;

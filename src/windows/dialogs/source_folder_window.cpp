@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QShortcut>
 
+#include "windows/controls/cell_keys.h"
 #include "windows/controls/grid_view.h"
 #include "windows/controls/layout.h"
 #include "windows/controls/words.h"
@@ -29,6 +30,10 @@ GridContent contentOf(const SourceFolderSession& session) {
   };
   return content;
 }
+
+enum class FolderKey : std::uint8_t { Open, Leave };
+constexpr std::array kFolderKeys{KeyRow{Qt::Key_Right, FolderKey::Open, "打开文件夹"},
+                                 KeyRow{Qt::Key_Left, FolderKey::Leave, "回上一级"}};
 
 }  // namespace
 
@@ -75,11 +80,14 @@ void Form5::makeLists() {
     openFolder([this] { m_session.openRow(static_cast<std::size_t>(m_folders->currentRow() - 1)); });
   };
   connect(m_folders, &GridView::rowDoubleClicked, this, open);
-  connect(new QShortcut(Qt::Key_Right, m_folders, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
-          open);
-  connect(new QShortcut(Qt::Key_Left, m_folders, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
-          [this] { openFolder([this] { m_session.openParent(); }); });
+  const auto openParent = [this] { openFolder([this] { m_session.openParent(); }); };
+  for (const KeyRow<FolderKey>& row : kFolderKeys) {
+    auto* const key = new QShortcut(row.toolkitKey, m_folders, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(key, &QShortcut::activated, this, [=, way = row.key] { way == FolderKey::Open ? open() : openParent(); });
+  }
 }
+
+std::vector<KeyGroup> Form5::keyHelp() const { return {keyGroup("文件夹列表", kFolderKeys)}; }
 
 void Form5::makeButtons() {
   auto* const accepting = put(new QPushButton(words(SourceFolderSession::kAccept), this), "Command1", kAccept);

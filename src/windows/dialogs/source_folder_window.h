@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sessions/dialogs/source_folder_session.h"
+#include "windows/controls/key_help.h"
 #include "windows/dialogs/session_dialog.h"
 
 class QComboBox;
@@ -11,11 +12,13 @@ namespace triaxlab {
 class GridView;
 
 /// Asks for the folder of one kind of raw data: a text box, the disks and the folders of the machine.
-class Form5 : public SessionDialog {
+class Form5 : public SessionDialog, public KeyedWindow {
   Q_OBJECT
 
  public:
   Form5(QWidget* parent, SourceFolderSession& session);
+
+  std::vector<KeyGroup> keyHelp() const override;
 
  private:
   void makeLists();

@@ -108,14 +108,15 @@ bool KoWindow::keyInMode(const QKeyEvent& event) {
   }
   // A box takes back its own typing.
   if (qobject_cast<const QLineEdit*>(focusWidget()) != nullptr) return false;
-  const bool control = event.modifiers() == Qt::ControlModifier;
-  if (control && event.key() == Qt::Key_Z)
-    act([&] { m_session.undo(); });
-  else if (control && event.key() == Qt::Key_Y)
-    act([&] { m_session.redo(); });
-  else
-    return false;
-  return true;
+  const std::optional<StepKey> step = exactKeyOf(event, kStepKeys);
+  if (step) act([&] { *step == StepKey::Undo ? m_session.undo() : m_session.redo(); });
+  return step.has_value();
+}
+
+std::vector<KeyGroup> KoWindow::keyHelp() const {
+  std::vector<KeyGroup> groups = ListedWindow::keyHelp();
+  groups.push_back(keyGroup("干预时", kArrowKeys, kStepKeys));
+  return groups;
 }
 
 // ---- what the shell asks

@@ -28,6 +28,8 @@ class KoWindow : public ListedWindow {
   void enterIntervention() override;
   void leaveIntervention(Dialogs& dialogs) override;
 
+  std::vector<KeyGroup> keyHelp() const override;
+
  protected:
   /// A window's own constructor makes the charts, then the rest.
   KoWindow(ShellSession& shell, ActiveDocument document, std::unique_ptr<KoSession> session);

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 
 #include "windows/controls/canvas_widget.h"
+#include "windows/controls/cell_keys.h"
 #include "windows/controls/click_label.h"
 #include "windows/controls/scroll_bars.h"
 #include "windows/controls/words.h"
@@ -25,6 +26,9 @@ constexpr KoBesideCharts kBeside{.lineNote = {kX, kTextY, kTextWidth, kHeight},
                                  .reprocess = {kSecondX, kButtonY, kButtonWidth, kHeight}};
 
 constexpr const char* kNoConstruction = "这一级没有轴向压力，没有T90直线可以调整。";
+
+constexpr std::array kModeKeys{KeyRow{Qt::Key_F4, LineMode::Ko, "开始、结束干预 Ko 直线"},
+                               KeyRow{Qt::Key_F5, LineMode::T90, "开始、结束干预这一级的 T90 直线"}};
 
 }  // namespace
 
@@ -67,13 +71,17 @@ void Form9::enter(LineMode mode) {
 }
 
 void Form9::keyPressEvent(QKeyEvent* event) {
-  const LineMode mode = event->key() == Qt::Key_F4   ? LineMode::Ko
-                        : event->key() == Qt::Key_F5 ? LineMode::T90
-                                                     : LineMode::None;
+  const std::optional<LineMode> mode = exactKeyOf(*event, kModeKeys);
   // The 干预 of another window is left by the program's own key.
   const bool isOurs = m_session.mode() != LineMode::None || !shell().interventionRuns();
-  if (mode == LineMode::None || event->modifiers() != Qt::NoModifier || !isOurs) return KoWindow::keyPressEvent(event);
-  turn(mode);
+  if (!mode || !isOurs) return KoWindow::keyPressEvent(event);
+  turn(*mode);
+}
+
+std::vector<KeyGroup> Form9::keyHelp() const {
+  std::vector<KeyGroup> groups = KoWindow::keyHelp();
+  groups.push_back(keyGroup("窗口", kModeKeys));
+  return groups;
 }
 
 void Form9::showUpperHalf(const ListedState& now) {

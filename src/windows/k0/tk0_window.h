@@ -18,6 +18,8 @@ class Form9 : public KoWindow {
   // DocumentWindow
   std::size_t stageOnDisplay() const override { return static_cast<std::size_t>(m_session.stage()); }
 
+  std::vector<KeyGroup> keyHelp() const override;
+
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void showUpperHalf(const ListedState& now) override;

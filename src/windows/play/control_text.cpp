@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QStatusBar>
 #include <QTableView>
+#include <QTextEdit>
 
 #include "windows/controls/words.h"
 #include "windows/play/script.h"
@@ -37,6 +38,7 @@ QString controlText(const QWidget* control) {
   if (control->isWindow() || control->windowTitle() != QString()) return control->windowTitle();
   if (const auto* const label = qobject_cast<const QLabel*>(control)) return label->text();
   if (const auto* const edit = qobject_cast<const QLineEdit*>(control)) return edit->text();
+  if (const auto* const page = qobject_cast<const QTextEdit*>(control)) return page->toPlainText();
   if (const auto* const button = qobject_cast<const QAbstractButton*>(control)) return withoutMnemonic(button->text());
   if (const auto* const list = qobject_cast<const QComboBox*>(control)) return list->currentText();
   if (const auto* const frame = qobject_cast<const QGroupBox*>(control)) return withoutMnemonic(frame->title());

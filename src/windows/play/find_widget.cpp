@@ -66,7 +66,10 @@ QAction* findCommandAction(const std::string& name) {
 
 void requireInFront(const QWidget* window, const std::string& spelled) {
   const QWidget* const modal = QApplication::activeModalWidget();
-  if (modal == nullptr || modal == window) return;
+  if (modal == nullptr) return;
+  // What belongs to the modal window is as free as itself.
+  for (const QWidget* at = window; at != nullptr; at = at->parentWidget())
+    if (at == modal) return;
   throw ScriptError(fmt::format("{} is behind the window {}", spelled, utf8(modal->objectName())));
 }
 

@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <utility>
 
+#include "windows/controls/cell_keys.h"
 #include "windows/controls/click_label.h"
 #include "windows/controls/record_edit.h"
 #include "windows/controls/words.h"
@@ -26,6 +27,15 @@ Place cellPlace(int index) {
   const int y = kTableRowsTop + kTableRowPitch * row - (kTableRowPitch - kTextHeight) / 2;
   return {middle - kConsolidationColumnWidth / 2, y, kConsolidationColumnWidth, kTableRowPitch};
 }
+
+/// What a key does in a reading that is being typed.
+enum class ReadingKey : std::uint8_t { Store, Drop, Up, Down };
+constexpr std::array kReadingKeys{
+    KeyRow{Qt::Key_Return, ReadingKey::Store, "存入读数"}, KeyRow{Qt::Key_Enter, ReadingKey::Store, "存入读数"},
+    KeyRow{Qt::Key_Escape, ReadingKey::Drop, "放弃输入"}, KeyRow{Qt::Key_Up, ReadingKey::Up, "存入，到上一行"},
+    KeyRow{Qt::Key_Down, ReadingKey::Down, "存入，到下一行"}};
+/// Opens the first pore pressure on display, as F2 opens a cell elsewhere.
+constexpr std::array kOpenKeys{KeyRow{Qt::Key_F2, ConsolidationColumn::PorePressure, "打开第一个孔压"}};
 
 }  // namespace
 
@@ -97,23 +107,27 @@ bool Form7::keyInCell(const QKeyEvent& event) {
     change([&] { m_session.moveCell(rows); });
     startTyping();
   };
-  switch (event.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
+  const std::optional<ReadingKey> key = keyOf(event, kReadingKeys);
+  if (!key) return false;
+  switch (*key) {
+    case ReadingKey::Store:
       finishTyping();
-      return true;
-    case Qt::Key_Escape:
+      break;
+    case ReadingKey::Drop:
       change([&] { m_session.dropTyping(); });
-      return true;
-    case Qt::Key_Up:
+      break;
+    case ReadingKey::Up:
       move(-1);
-      return true;
-    case Qt::Key_Down:
+      break;
+    case ReadingKey::Down:
       move(1);
-      return true;
-    default:
-      return false;
+      break;
   }
+  return true;
+}
+
+std::vector<KeyGroup> Form7::keyHelp() const {
+  return {keyGroup("正在输入的读数", kReadingKeys), keyGroup("窗口", kOpenKeys), stageTableKeys()};
 }
 
 void Form7::startTyping() {
@@ -168,9 +182,8 @@ void Form7::showState() {
 }
 
 void Form7::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_F2) {
-    // The first pore pressure on display, as F2 opens a cell elsewhere.
-    change([&] { m_session.selectCell(static_cast<int>(ConsolidationColumn::PorePressure)); });
+  if (const auto column = keyOf(*event, kOpenKeys)) {
+    change([&] { m_session.selectCell(static_cast<int>(*column)); });
     return startTyping();
   }
   if (!m_controls.takesKey(*event)) DocumentWidget::keyPressEvent(event);

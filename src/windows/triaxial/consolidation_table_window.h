@@ -32,6 +32,8 @@ class Form7 : public DocumentWidget, public DocumentWindow {
   std::array<std::string, 2> statusPanels() const override { return m_session.statusPanels(); }
   void finishTyping() override;
 
+  std::vector<KeyGroup> keyHelp() const override;
+
  signals:
   /// A reading of the sample is another now.
   void sampleChanged();

@@ -25,6 +25,8 @@ class Form2 : public DocumentWidget, public DocumentWindow {
   void markSaved() override {}
   std::array<std::string, 2> statusPanels() const override { return m_session.statusPanels(); }
 
+  std::vector<KeyGroup> keyHelp() const override { return {stageTableKeys()}; }
+
  protected:
   void wheelEvent(QWheelEvent* event) override { m_controls.turnWheel(*event); }
   void keyPressEvent(QKeyEvent* event) override;

@@ -6,9 +6,9 @@
 #include <QSignalBlocker>
 #include <QStringList>
 #include <QWheelEvent>
-#include <array>
 
 #include "triaxial/charts/table_chart.h"
+#include "windows/controls/scroll_keys.h"
 #include "windows/controls/words.h"
 
 namespace triaxlab {
@@ -16,19 +16,6 @@ namespace {
 
 // Twips: as high as the rows.
 constexpr int kScrollTop = 1850, kScrollHeight = 5710, kScrollWidth = 255;
-
-struct ScrollKey {
-  int key;
-  QScrollBar::SliderAction action;
-};
-constexpr std::array kScrollKeys{
-    ScrollKey{Qt::Key_Up, QScrollBar::SliderSingleStepSub},
-    ScrollKey{Qt::Key_Down, QScrollBar::SliderSingleStepAdd},
-    ScrollKey{Qt::Key_PageUp, QScrollBar::SliderPageStepSub},
-    ScrollKey{Qt::Key_PageDown, QScrollBar::SliderPageStepAdd},
-    ScrollKey{Qt::Key_Home, QScrollBar::SliderToMinimum},
-    ScrollKey{Qt::Key_End, QScrollBar::SliderToMaximum},
-};
 
 /// Opened by the mouse, Alt+Down or the space bar. F4, which opens a list elsewhere, is the key of intervention here
 /// and goes on to the window.
@@ -73,12 +60,9 @@ void StageTableControls::show(const StageTableState& now) {
 void StageTableControls::turnWheel(QWheelEvent& event) { vScroll1->event(&event); }
 
 bool StageTableControls::takesKey(const QKeyEvent& event) {
-  for (const ScrollKey& row : kScrollKeys) {
-    if (row.key != event.key()) continue;
-    vScroll1->triggerAction(row.action);
-    return true;
-  }
-  return false;
+  return scrollByKey(*vScroll1, event, kLineKeys) || scrollByKey(*vScroll1, event, kScrollKeys);
 }
+
+KeyGroup stageTableKeys() { return keyGroup("数据表", kLineKeys, kScrollKeys, kCopyKeys); }
 
 }  // namespace triaxlab

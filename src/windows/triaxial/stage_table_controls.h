@@ -2,6 +2,7 @@
 
 #include "sessions/triaxial/stage_table_session.h"
 #include "windows/controls/canvas_widget.h"
+#include "windows/controls/key_help.h"
 #include "windows/controls/layout.h"
 
 class QComboBox;
@@ -31,5 +32,8 @@ struct StageTableControls {
   /// Arrows up and down, PageUp, PageDown, Home and End scroll as well. False for any other key.
   bool takesKey(const QKeyEvent& event);
 };
+
+/// The keys of every such window.
+KeyGroup stageTableKeys();
 
 }  // namespace triaxlab

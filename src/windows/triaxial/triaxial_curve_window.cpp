@@ -18,8 +18,9 @@
 namespace triaxlab {
 namespace {
 
-constexpr std::array kMethodKeys{KeyRow{Qt::Key_End, MethodKey::End}, KeyRow{Qt::Key_1, MethodKey::One},
-                                 KeyRow{Qt::Key_2, MethodKey::Two}, KeyRow{Qt::Key_3, MethodKey::Three}};
+constexpr std::array kMethodKeys{
+    KeyRow{Qt::Key_1, MethodKey::One, "多样剪；UU"}, KeyRow{Qt::Key_2, MethodKey::Two, "多级剪；CU"},
+    KeyRow{Qt::Key_3, MethodKey::Three, "试验方法 CD"}, KeyRow{Qt::Key_End, MethodKey::End, "切换多级剪的调整标志"}};
 
 /// Lays an edit box over the label that it stands for, or lets Tab come to the label on which the box would open. A box
 /// that goes leaves the focus to the canvas, not to whatever comes next: the person would type there unawares.
@@ -195,14 +196,9 @@ bool Form1::keyInPhase(const QKeyEvent& event) {
   }
   // A box takes back its own typing.
   if (qobject_cast<const QLineEdit*>(focus) != nullptr) return false;
-  const bool control = event.modifiers() == Qt::ControlModifier;
-  if (control && event.key() == Qt::Key_Z)
-    act([&] { phase.undo(); });
-  else if (control && event.key() == Qt::Key_Y)
-    act([&] { phase.redo(); });
-  else
-    return false;
-  return true;
+  const std::optional<StepKey> step = exactKeyOf(event, kStepKeys);
+  if (step) act([&] { *step == StepKey::Undo ? phase.undo() : phase.redo(); });
+  return step.has_value();
 }
 
 void Form1::startTyping(RecordEdit* overlay) {
@@ -229,6 +225,11 @@ void Form1::keyPressEvent(QKeyEvent* event) {
     copyResults();
   else
     m_controls.picture1->copyPicture();
+}
+
+std::vector<KeyGroup> Form1::keyHelp() const {
+  return {keyGroup("试样表、成果表", kCellKeys), keyGroup("剪切方式、试验方法两栏", kMethodKeys),
+          keyGroup("干预时", kArrowKeys, kStepKeys), keyGroup("曲线、数据表", kCopyKeys)};
 }
 
 void Form1::contextMenuEvent(QContextMenuEvent* event) {

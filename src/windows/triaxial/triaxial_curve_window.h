@@ -38,6 +38,8 @@ class Form1 : public DocumentWidget, public CurveDocument {
   EnvelopeEntries envelopeEntries() const override;
   void reprocess() override;
 
+  std::vector<KeyGroup> keyHelp() const override;
+
  signals:
   /// The values under the mouse; empty when it isn't on a plot that has some.
   void readoutChanged(const QString& text);
