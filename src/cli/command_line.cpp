@@ -217,6 +217,15 @@ void describe(CLI::App& app, WriteWorkbook& workbook) {
   addWorkbookFile(app, workbook.out);
 }
 
+void describe(CLI::App& app, WriteRawWorkbook& workbook) {
+  std::vector<std::string> sources;
+  for (const Importer* importer : importers())
+    if (importer->openTests != nullptr) sources.emplace_back(importer->id);
+  app.add_option("SOURCE", workbook.source, "source of the database")->required()->check(CLI::IsMember(sources));
+  app.add_option("FILE", workbook.file, "database")->required();
+  addWorkbookFile(app, workbook.out);
+}
+
 void describe(CLI::App&, Init&) {}
 
 // What no option by itself can tell is wrong.
@@ -277,6 +286,7 @@ ParsedCommandLine parseCommandLine(int argc, const char* const* argv) {
   commands.add<Export>("export", "writes results or readings of project files as a table for other programs");
   commands.add<Print>("print", "prints the samples of a project file");
   commands.add<WriteWorkbook>("workbook", "writes the samples of a project file as a workbook");
+  commands.add<WriteRawWorkbook>("workbook-raw", "writes all tests of a raw database as a workbook");
 
   if (const std::optional<int> status = statusOfParse(app, argc, argv)) return {std::nullopt, *status};
   line.command = *commands.chosen();

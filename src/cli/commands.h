@@ -108,7 +108,14 @@ struct WriteWorkbook {
   std::filesystem::path out;  // the name of a workbook
 };
 
-using Command = std::variant<Init, Import, Open, List, Samples, Rewrite, Show, Results, Export, Print, WriteWorkbook>;
+struct WriteRawWorkbook {
+  std::string source;
+  std::filesystem::path file;
+  std::filesystem::path out;  // the name of a workbook
+};
+
+using Command = std::variant<Init, Import, Open, List, Samples, Rewrite, Show, Results, Export, Print, WriteWorkbook,
+                             WriteRawWorkbook>;
 
 struct CommandLine {
   StartOptions start;

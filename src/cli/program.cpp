@@ -22,6 +22,7 @@
 #include "sessions/dialogs/browser_session.h"
 #include "sessions/dialogs/import_selection.h"
 #include "sessions/dialogs/sample_list_session.h"
+#include "sessions/dialogs/workbook_saving.h"
 #include "shell/document_kinds.h"
 #include "shell/document_operations.h"
 #include "store/project/project_list.h"
@@ -192,6 +193,12 @@ class Program {
     const WorkbookForm& form = workbookFormOf(work.kind);
     writeSamples(m_workspace, form, work.out);
     m_dialogs.message(kWorkbookDoneTitle, form.done, MessageIcon::None);
+    return kDone;
+  }
+
+  int operator()(const WriteRawWorkbook& work) {
+    saveRawWorkbook(*importerOfId(work.source), work.file, work.out, m_workspace);
+    m_dialogs.message(kWorkbookDoneTitle, kTriaxialWorkbookDone, MessageIcon::None);
     return kDone;
   }
 

@@ -14,6 +14,7 @@
 #include "store/settings/settings_file.h"
 #include "store/settings/source_folders.h"
 #include "store/workspace.h"
+#include "triaxial/staged_test.h"
 
 namespace triaxlab {
 
@@ -75,6 +76,15 @@ class RawSource {
                             const Progress& progress) const = 0;
 };
 
+/// Every test of a database as it stands there, for those who write it down.
+class RawTests {
+ public:
+  virtual ~RawTests() = default;
+  virtual std::size_t count() const = 0;
+  /// Pre: index < count().
+  virtual StagedTest test(std::size_t index) const = 0;
+};
+
 struct RawLayout;
 
 /// One source of raw data: all that its window, its menu entry, its name on the command line, its page in docs/formats
@@ -94,6 +104,8 @@ struct Importer {
   Recognition (*recognise)(const FileHead& head) = nullptr;
   /// Reads the index; see openRawSource, which asks `recognise` first.
   std::unique_ptr<RawSource> (*open)(const std::filesystem::path& path) = nullptr;
+  /// Reads the tests that Command3 writes down as a workbook; null: it doesn't.
+  std::unique_ptr<RawTests> (*openTests)(const std::filesystem::path& path) = nullptr;
   std::string_view formatPage = {};  // in docs/formats; sources of one file share it. Empty: none, a Jet database
   /// The records of the file, for that page; nothing when it has none of fixed places.
   std::vector<RawLayout> (*layouts)() = nullptr;
@@ -103,7 +115,6 @@ struct Importer {
   std::string Workspace::*folderInUse = nullptr;  // the source folder of a source that has no folderField
   bool fileFromCommand = false;                   // the command asks for the file before it shows the window
   std::span<const SourceSort> sorts = {};
-  bool thirdButtonWorks = true;  // false: greyed, its work is not part of this version
   Marking marking = {};
   ImportMessage noSamples = {};  // shown when nothing came in; without a text a remark says it
 };
@@ -117,5 +128,7 @@ const Importer* importerOfMenuCommand(std::string_view menuCommand);
 /// Reads the index of a raw file. UserError: the file is missing, a folder, unreadable; or it is none of this source,
 /// and then the sentence says which it looks like. An empty file has no rows.
 std::unique_ptr<RawSource> openRawSource(const Importer& importer, const std::filesystem::path& path);
+/// The same for the tests themselves. Pre: importer.openTests.
+std::unique_ptr<RawTests> openRawTests(const Importer& importer, const std::filesystem::path& path);
 
 }  // namespace triaxlab

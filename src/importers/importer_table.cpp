@@ -90,4 +90,9 @@ std::unique_ptr<RawSource> openRawSource(const Importer& importer, const std::fi
   return importer.open(path);
 }
 
+std::unique_ptr<RawTests> openRawTests(const Importer& importer, const std::filesystem::path& path) {
+  refuseWrongFile(importer, path);
+  return importer.openTests(path);
+}
+
 }  // namespace triaxlab

@@ -15,6 +15,7 @@ struct FileQuestion {
   std::string title;
   std::string filter;
   std::filesystem::path initial;  // the folder with the default file name
+  bool replacesSilently = false;  // of a file to save: nobody is asked about one that exists
 };
 
 /// The plain boxes that an operation may ask through. Texts are UTF-8 with "\n" as line break.

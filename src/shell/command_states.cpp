@@ -69,14 +69,14 @@ void CommandStates::documentClosed(ActiveDocument document) { turn(documentKindO
 CommandState CommandStates::of(const Command& command, const CommandContext& context) const {
   const Switches& own = m_switches[rowOf(command)];
   CommandState state{.visible = own.visible,
-                     .enabled = own.enabled && command.built,
+                     .enabled = own.enabled,
                      .checked = isChecked(command, context),
                      .caption = command.caption};
   if (command.kind == CommandKind::Submenu && !hasEntries(command)) state.visible = false;
   if (isPrintAction(command.action) && !context.hasPages(command.action)) state.enabled = false;
   if (command.name == kRatioEnvelope && !context.envelopes.ratioEnabled) state.enabled = false;
   if (command.action == Action::Intervene) {
-    state.enabled = command.built && (context.intervention.possible || context.intervention.running);
+    state.enabled = context.intervention.possible || context.intervention.running;
     if (context.intervention.running) state.caption = kLeaveIntervention;
   }
   if (context.intervention.running && isOffInIntervention(command)) state.enabled = false;

@@ -76,11 +76,6 @@ constexpr Command doing(Command command, Action action) {
   command.action = action;
   return command;
 }
-/// Stands in the menu, but its work is not part of this version.
-constexpr Command later(Command command) {
-  command.built = false;
-  return command;
-}
 
 /// Its entries are those of the sources of raw data.
 constexpr Name kRawDataMenu = "RZMOPEN";
@@ -105,7 +100,7 @@ constexpr std::array kCommands{
     entry("TK0", "打开TK0（X）.TXT", "DAKAI", A::OpenProject, dialogKind(ProjectKind::TK0)),
     belowLine(entry("OPENNJ", "打开南京数据文件*.SZD", "DAKAI", A::OpenNanjingFile)),
     belowLine(withKey(entry("ZMPRINT", "打印", "RZMFILE", A::Print), "Ctrl+P")),
-    later(entry("SAVEASEXCEL", "另存为Excel文件", "RZMFILE", A::SaveAsWorkbook)),
+    entry("SAVEASEXCEL", "另存为Excel文件", "RZMFILE", A::SaveAsWorkbook),
     table("SAVEASRESULTS", "成果另存为数据表(CSV、JSON)", TableContent::Results),
     table("SAVEASREADINGS", "读数另存为数据表(CSV、JSON)", TableContent::Readings),
     withKey(entry("ZMSAVE", "保存", "RZMFILE", A::Save), "Ctrl+S"),
@@ -189,7 +184,7 @@ constexpr std::array kHelp{
     Help{A::Print, "打印当前窗口的试验成果"},
     Help{A::PrintSheets, "设置版面并打印三轴试验成果图表"},
     Help{A::PrintTK0Curves, "打印TK0试验的沉降时间曲线"},
-    Help{A::SaveAsWorkbook, "把三轴试验数据另存为Excel文件"},
+    Help{A::SaveAsWorkbook, "把当前窗口的试验数据另存为Excel文件"},
     Help{A::SaveAsTable, "{}，供别的程序读入"},
     Help{A::Save, "把当前窗口的试验数据保存到工程文件"},
     Help{A::SetSourceFolder, "设置{}"},

@@ -57,7 +57,6 @@ struct Command {
   std::string_view windowTitle = {};  // of the tool
   std::string_view shortcut = {};     // in the spelling of QKeySequence
   bool lineAbove = false;             // a separator in front
-  bool built = true;                  // false: this version doesn't have its work, so it is never enabled
 };
 
 std::span<const Command> commandTable();

@@ -40,11 +40,12 @@ void showTriaxialPage(Workspace& workspace, CurvePage page) {
 
 // ---- Form4, Form6, Form9
 
-constexpr std::array<Name, 6> kForm4Commands{"RZMSAVE", "RZMPRINT",      "ZMPRINT",
-                                             "PEXCEL",  "SAVEASRESULTS", "SAVEASREADINGS"};
-constexpr std::array<Name, 5> kForm6Commands{"RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASRESULTS", "SAVEASREADINGS"};
-constexpr std::array<Name, 6> kForm9Commands{"RZMSAVE", "RZMPRINT",      "ZMPRINT",
-                                             "PTK0",    "SAVEASRESULTS", "SAVEASREADINGS"};
+constexpr std::array<Name, 7> kForm4Commands{"RZMSAVE",     "RZMPRINT",      "ZMPRINT",       "PEXCEL",
+                                             "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS"};
+constexpr std::array<Name, 6> kForm6Commands{"RZMSAVE",     "RZMPRINT",      "ZMPRINT",
+                                             "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS"};
+constexpr std::array<Name, 7> kForm9Commands{"RZMSAVE",     "RZMPRINT",      "ZMPRINT",       "PTK0",
+                                             "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS"};
 
 void reduceUnconfined(Workspace& workspace) {
   reduceAllUnconfinedSamples(workspace.UnconfinedSampleTable.used(), workspace.settings.habits.sensitivityFormat());

@@ -15,6 +15,7 @@
 #include "sessions/dialogs/range_dialog.h"
 #include "sessions/dialogs/source_folder_session.h"
 #include "sessions/dialogs/template_session.h"
+#include "sessions/dialogs/workbook_saving.h"
 #include "shell/data_folder_change.h"
 #include "shell/document_operations.h"
 #include "shell/printing.h"
@@ -24,12 +25,28 @@
 #include "store/settings/data_folder.h"
 #include "store/settings/text_settings.h"
 #include "store/settings/toggles.h"
+#include "workbooks/workbook_forms.h"
 
 namespace triaxlab {
 namespace {
 
 constexpr std::string_view kReady = "就绪";
 constexpr std::string_view kFileMenu = "RZMFILE";
+
+/// The progress of work that may fail on the way: the bar goes when the work is over.
+class ShownProgress {
+ public:
+  explicit ShownProgress(ShellWindows& windows) : m_windows(windows) {}
+  ShownProgress(const ShownProgress&) = delete;
+  ShownProgress& operator=(const ShownProgress&) = delete;
+  ~ShownProgress() { m_windows.showProgress(1, 1); }
+  operator Progress() const {  // NOLINT(google-explicit-constructor): stands for it
+    return [this](std::size_t done, std::size_t total) { m_windows.showProgress(done, total); };
+  }
+
+ private:
+  ShellWindows& m_windows;
+};
 
 }  // namespace
 
@@ -72,6 +89,7 @@ bool ShellSession::trigger(std::string_view name) {
       Work{Action::ReprocessCurves, &ShellSession::reprocessCurves},
       Work{Action::FillTemplates, &ShellSession::fillTemplates},
       Work{Action::SaveAsTable, &ShellSession::saveTable},
+      Work{Action::SaveAsWorkbook, &ShellSession::saveWorkbook},
       Work{Action::ShowManual, &ShellSession::showManual},
       Work{Action::ShowKeys, &ShellSession::showKeys},
       Work{Action::ShowAbout, &ShellSession::showAbout},
@@ -370,9 +388,20 @@ void ShellSession::fillTemplates(const Command& /*command*/) {
 }
 
 void ShellSession::saveTable(const Command& command) {
+  const ShownProgress progress(m_windows);
   showRemarks(saveAsTable(m_workspace, documentKindOf(m_workspace.activeDocument),
-                          static_cast<TableContent>(command.argument), m_dialogs,
-                          [this](std::size_t done, std::size_t total) { m_windows.showProgress(done, total); }));
+                          static_cast<TableContent>(command.argument), m_dialogs, progress));
+}
+
+void ShellSession::saveWorkbook(const Command& /*command*/) {
+  const DocumentKind& document = documentKindOf(m_workspace.activeDocument);
+  const WorkbookForm& form = workbookFormOf(document.tests);
+  const auto file = askForWorkbook(m_workspace, m_dialogs, form.question, form.defaultName);
+  if (!file) return;
+  if (document.reducesForSave) document.reduce(m_workspace);
+  const ShownProgress progress(m_windows);
+  writeSamples(m_workspace, form, *file, progress);
+  m_dialogs.message(kWorkbookDoneTitle, form.done, MessageIcon::None);
 }
 
 void ShellSession::startThisProgram(const Command& command) { showRemarks({commandHelp(command)}); }

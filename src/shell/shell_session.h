@@ -93,6 +93,7 @@ class ShellSession {
   void reprocessCurves(const Command& command);
   void fillTemplates(const Command& command);
   void saveTable(const Command& command);
+  void saveWorkbook(const Command& command);
   void setSourceFolder(const Command& command);
   void setHabits(const Command& command);
   void startTool(const Command& command);

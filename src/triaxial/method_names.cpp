@@ -14,8 +14,6 @@ constexpr std::array<MethodNames, 4> kMethods{{
     {"CD", "固结排水剪(CD)", "固结排水试验", "固结排水CD"},
 }};
 
-const MethodNames& namesOf(std::uint8_t testMethod) { return kMethods[testMethod < kMethods.size() ? testMethod : 0]; }
-
 /// Nothing for a method without a name, whatever would stand in front.
 std::string named(std::uint8_t shearMode, std::string_view always, std::string_view ifMultiStage,
                   std::string_view name) {
@@ -27,7 +25,11 @@ std::string named(std::uint8_t shearMode, std::string_view always, std::string_v
 
 }  // namespace
 
-const MethodNames& methodNames(const TriaxialSampleRecord& record) { return namesOf(record.testMethod); }
+const MethodNames& methodNames(std::uint8_t testMethod) {
+  return kMethods[testMethod < kMethods.size() ? testMethod : 0];
+}
+
+const MethodNames& methodNames(const TriaxialSampleRecord& record) { return methodNames(record.testMethod); }
 
 std::string_view shearModeName(const TriaxialSampleRecord& record) {
   return isMultiStage(record) ? "多级剪" : "多样剪";
@@ -44,7 +46,7 @@ std::string briefTestName(const TriaxialSampleRecord& record) {
 std::string methodLine(const TriaxialSampleRecord& record) { return methodLine(record.testMethod, record.shearMode); }
 
 std::string methodLine(std::uint8_t testMethod, std::uint8_t shearMode) {
-  return named(shearMode, "(", "一个试样多级", namesOf(testMethod).test);
+  return named(shearMode, "(", "一个试样多级", methodNames(testMethod).test);
 }
 
 }  // namespace triaxlab

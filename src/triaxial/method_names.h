@@ -17,6 +17,8 @@ struct MethodNames {
 };
 
 const MethodNames& methodNames(const TriaxialSampleRecord& record);
+/// By this field of a record.
+const MethodNames& methodNames(std::uint8_t testMethod);
 
 /// The kind of shear, 多级剪 or 多样剪.
 std::string_view shearModeName(const TriaxialSampleRecord& record);

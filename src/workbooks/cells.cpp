@@ -6,7 +6,6 @@
 
 #include "common/fixed_text.h"
 #include "common/gbk.h"
-#include "common/text_number.h"
 
 namespace triaxlab {
 namespace {
@@ -27,18 +26,35 @@ std::optional<std::size_t> decimalsOf(std::string_view text) {
   return decimals.size();
 }
 
+std::optional<SheetNumber> numberIn(std::string_view text) {
+  const std::optional<std::size_t> decimals = decimalsOf(text);
+  if (!decimals || *decimals > kMostDecimals) return std::nullopt;
+  const double value = ParseNumber(text);
+  if (!std::isfinite(value)) return std::nullopt;
+  constexpr double kWithoutMinus = 0;  // in front of a zero
+  return SheetNumber{value + kWithoutMinus, static_cast<int>(*decimals)};
+}
+
 }  // namespace
 
 SheetCell gbkTextCell(std::string_view gbk) { return textCell(gbkToUtf8(Trim(gbk))); }
 
 SheetCell valueCell(std::string_view gbk) {
-  const std::string_view text = Trim(gbk);
-  const std::optional<std::size_t> decimals = decimalsOf(text);
-  if (!decimals || *decimals > kMostDecimals) return gbkTextCell(text);
-  const double value = ParseNumber(text);
-  if (!std::isfinite(value)) return gbkTextCell(text);
-  constexpr double kWithoutMinus = 0;  // in front of a zero
-  return SheetNumber{value + kWithoutMinus, static_cast<int>(*decimals)};
+  if (const auto number = numberIn(Trim(gbk))) return *number;
+  return gbkTextCell(gbk);
+}
+
+SheetCell numberCell(double value, NumberFormat format) { return valueCell(FormatNumber(value, format)); }
+
+SheetCell minutesOfSeconds(std::int32_t seconds) {
+  constexpr std::int32_t kSecondsPerMinute = 60;
+  const bool isWhole = seconds % kSecondsPerMinute == 0;
+  return numberCell(seconds / double{kSecondsPerMinute}, isWhole ? NumberFormat::Whole : NumberFormat::Tenths);
+}
+
+SheetCell valueCellOfUtf8(std::string_view text) {
+  if (const auto number = numberIn(Trim(text))) return *number;
+  return textCell(Trim(text));
 }
 
 }  // namespace triaxlab

@@ -27,12 +27,12 @@ void addSampleBlocks(const Workspace& workspace, ProjectKind tests, Workbook& wo
     const std::string_view date = shownTestDate(workspace.dataOf(tests), projectNo,
                                                 ownDate != nullptr ? ownDate(rows.record(row)) : std::string_view{});
     SheetBlock block = workbook.newBlock();
-    write(block, row,
-          {.number = i + 1,
-           .projectNoLabel = workspace.settings.habits.projectNoLabel,
-           .projectNo = gbkToUtf8(projectNo),
-           .sampleNo = gbkToUtf8(rows.sampleNo(row)),
-           .testDate = gbkToUtf8(date)});
+    addSampleHead(block, {.number = i + 1,
+                          .projectNoLabel = workspace.settings.habits.projectNoLabel,
+                          .projectNo = gbkToUtf8(projectNo),
+                          .sampleNo = gbkToUtf8(rows.sampleNo(row)),
+                          .testDate = gbkToUtf8(date)});
+    write(block, row);
     workbook.add(block);
     tell(progress, i + 1, written.size());
   }

@@ -11,8 +11,8 @@
 
 namespace triaxlab {
 
-/// Adds to a block what is told of the sample in a row, beginning with its head.
-using SampleWriter = std::function<void(SheetBlock& block, std::size_t row, SampleHead head)>;
+/// Adds to a block, which has its head, what is told of the sample in a row.
+using SampleWriter = std::function<void(SheetBlock& block, std::size_t row)>;
 
 /// A block for each row of the table that has a project number, with a step of progress each. One without a sample
 /// number is written as it stands.

@@ -41,14 +41,9 @@ void addSpecimens(SheetBlock& block, const TestBlock& test) {
 
 // ---- readings
 
-SheetCell numberCell(double value, NumberFormat format) { return valueCell(FormatNumber(value, format)); }
-
 // The first reading starts the clock and the burette.
 SheetCell minutesCell(const ConsolidationReading& reading, bool isFirst) {
-  constexpr std::int32_t kSecondsPerMinute = 60;
-  if (reading.seconds < 1 && !isFirst) return {};
-  const bool isWhole = reading.seconds % kSecondsPerMinute == 0;
-  return numberCell(reading.seconds / double{kSecondsPerMinute}, isWhole ? NumberFormat::Whole : NumberFormat::Tenths);
+  return reading.seconds < 1 && !isFirst ? SheetCell() : minutesOfSeconds(reading.seconds);
 }
 SheetCell porePressureCell(const ConsolidationReading& reading, bool /*isFirst*/) {
   return reading.porePressure == 0 ? SheetCell() : numberCell(reading.porePressure / 10.0, NumberFormat::Tenths);
@@ -134,8 +129,6 @@ SheetCell shearRateCell(std::int16_t rate) {
 }
 
 void addTest(SheetBlock& block, const TestBlock& test) {
-  addSampleHead(block, test.head);
-  for (const auto& [label, cell] : test.more) block.add(label, cell);
   const std::string method = methodLine(test.testMethod, test.shearMode);
   block.add("试验方法:", textCell(method.empty() ? method : method + ")"));
   addResults(block, test);

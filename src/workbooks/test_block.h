@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "platform/sheet_writer.h"
@@ -32,11 +31,9 @@ struct SpecimenColumn {
   TestStage stage;  // of which the pressure and the readings count
 };
 
-/// What a block of the triaxial workbook tells of a test, wherever the test comes from.
+/// What a block of the triaxial workbook tells of a test behind its head, wherever the test comes from.
 struct TestBlock {
-  SampleHead head;
-  std::vector<std::pair<std::string_view, SheetCell>> more = {};  // rows behind the head
-  std::uint8_t testMethod = 0, shearMode = 0;                     // as in a record
+  std::uint8_t testMethod = 0, shearMode = 0;  // as in a record
   SheetCell cohesion = {}, friction = {}, cohesionEff = {}, frictionEff = {};
   std::vector<SpecimenColumn> specimens = {};
 };

@@ -50,9 +50,8 @@ SheetCell frictionCell(float angle, const FixedText<9>& cohesion) {
   return valueCell(FormatNumber(angle, NumberFormat::Tenths));
 }
 
-TestBlock blockOf(const TriaxialSampleRecord& record, SampleHead head) {
-  TestBlock block{.head = std::move(head),
-                  .testMethod = record.testMethod,
+TestBlock blockOf(const TriaxialSampleRecord& record) {
+  TestBlock block{.testMethod = record.testMethod,
                   .shearMode = record.shearMode,
                   .cohesion = valueCell(record.cohesionText.view()),
                   .friction = frictionCell(record.frictionAngle, record.cohesionText),
@@ -64,10 +63,9 @@ TestBlock blockOf(const TriaxialSampleRecord& record, SampleHead head) {
 }
 
 void addSamples(const Workspace& workspace, Workbook& workbook, const Progress& progress) {
-  addSampleBlocks(workspace, ProjectKind::Triaxial, workbook, progress,
-                  [&](SheetBlock& block, std::size_t row, SampleHead head) {
-                    addTest(block, blockOf(workspace.TriaxialSampleTable[row], std::move(head)));
-                  });
+  addSampleBlocks(workspace, ProjectKind::Triaxial, workbook, progress, [&](SheetBlock& block, std::size_t row) {
+    addTest(block, blockOf(workspace.TriaxialSampleTable[row]));
+  });
 }
 
 }  // namespace

@@ -7,11 +7,14 @@
 
 namespace triaxlab {
 
+extern const WorkbookForm kK0Workbook;
+extern const WorkbookForm kTK0Workbook;
 extern const WorkbookForm kTriaxialWorkbook;
+extern const WorkbookForm kUnconfinedWorkbook;
 
 namespace {
 
-constexpr std::array kForms{&kTriaxialWorkbook};
+constexpr std::array kForms{&kTriaxialWorkbook, &kUnconfinedWorkbook, &kK0Workbook, &kTK0Workbook};
 
 }  // namespace
 

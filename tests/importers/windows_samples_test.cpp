@@ -1,4 +1,6 @@
 // What the demonstration databases of the Windows edition hold, as their maker wrote it down.
+#include <map>
+
 #include "common/gbk.h"
 #include "importers/import_fixture.h"
 
@@ -58,6 +60,23 @@ TEST_F(WindowsSamples, TheDatxByProject) {
   // 400, 500, 600, 700 set over a back pressure of 300.
   EXPECT_EQ(pressures(2), (Texts{"100", "200", "300", "400"}));
   EXPECT_EQ(row(4).sampleNo.trimmed(), utf8ToGbk("原状5"));
+}
+
+TEST_F(WindowsSamples, TestsOfEveryKindAreThereForAWorkbook) {
+  const std::filesystem::path samples = TRIAXLAB_SAMPLES;
+  const auto tests = openRawTests(*importerOfId("win"), samples / "SZData.dat");
+  ASSERT_EQ(tests->count(), 8U);
+  std::map<std::string, int> kinds, projects;
+  for (std::size_t i = 0; i < tests->count(); ++i) {
+    const StagedTest test = tests->test(i);
+    ++kinds[test.kind];
+    ++projects[test.projectNo];
+    if (test.projectNo != "XA19") continue;
+    EXPECT_EQ(test.testDate, "2020/06/12");
+    EXPECT_EQ(test.savedOn, "2020-06-12");
+  }
+  EXPECT_EQ(projects, (std::map<std::string, int>{{"2020-031", 5}, {"KC2020-07", 2}, {"XA19", 1}}));
+  EXPECT_GT(kinds.size(), 1U) << "the third project has no ordinary test";
 }
 
 }  // namespace

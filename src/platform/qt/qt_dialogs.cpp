@@ -50,6 +50,7 @@ void offerFilter(QFileDialog& dialog, std::string_view filter) {
 std::optional<std::filesystem::path> runFileDialog(const FileQuestion& question, QFileDialog::AcceptMode mode) {
   QFileDialog dialog(QApplication::activeWindow(), words(question.title));
   dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite, question.replacesSilently);
   dialog.setAcceptMode(mode);
   dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
   if (!question.filter.empty()) offerFilter(dialog, question.filter);

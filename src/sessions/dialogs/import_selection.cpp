@@ -10,8 +10,10 @@
 #include "common/gbk.h"
 #include "common/text_number.h"
 #include "platform/files.h"
+#include "sessions/dialogs/workbook_saving.h"
 #include "store/settings/settings_file.h"
 #include "store/settings/source_folders.h"
+#include "workbooks/workbook_forms.h"
 
 namespace triaxlab {
 namespace {
@@ -86,7 +88,8 @@ std::string ImportSelection::cell(std::size_t row, std::size_t column) const {
 SelectionState ImportSelection::state() const {
   const std::string fileCount = m_source ? FormatPadded(static_cast<std::int64_t>(rowCount()), 2) : "";
   const bool saysWithoutMarks = m_wasMarked && !m_importer.marking.withoutMarks.empty();
-  return {"文件总数: " + fileCount, markLabel(), m_markCount != 0 || saysWithoutMarks};
+  return {"文件总数: " + fileCount, markLabel(), m_markCount != 0 || saysWithoutMarks,
+          m_importer.openTests == nullptr || isOpen()};
 }
 
 std::string ImportSelection::markLabel() const {
@@ -136,6 +139,15 @@ void ImportSelection::sort(std::size_t button) {
   for (const SourceRow& row : rows) keys.push_back(utf8ToGbk(row.cells.at(column)));
   std::ranges::stable_sort(
       m_order, [&](std::size_t a, std::size_t b) { return ascending ? keys[a] < keys[b] : keys[b] < keys[a]; });
+}
+
+void ImportSelection::pressThirdButton(Dialogs& dialogs, const Progress& progress) {
+  if (m_importer.openTests == nullptr) return;
+  constexpr std::string_view kDefaultName = "EXNSZ";
+  const auto file = askForWorkbook(m_workspace, dialogs, kWorkbookDoneTitle, kDefaultName);
+  if (!file) return;
+  saveRawWorkbook(m_importer, m_path, *file, m_workspace, progress);
+  dialogs.message(kWorkbookDoneTitle, kTriaxialWorkbookDone, MessageIcon::None);
 }
 
 std::optional<ImportReport> ImportSelection::read(Dialogs& dialogs, const Progress& progress) {

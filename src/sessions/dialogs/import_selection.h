@@ -15,9 +15,10 @@ namespace triaxlab {
 
 /// What the selection window of a raw database shows besides its grid, UTF-8.
 struct SelectionState {
-  std::string label1;    // "文件总数: 05"; without a number while no database is open
-  std::string label2;    // "选中的试样组数：2"
-  bool canRead = false;  // Command1 处理 is enabled
+  std::string label1;       // "文件总数: 05"; without a number while no database is open
+  std::string label2;       // "选中的试样组数：2"
+  bool canRead = false;     // Command1 处理 is enabled
+  bool thirdButton = true;  // Command3 is
 };
 
 /// Behind the selection window of every source: which database is open, which of its rows are marked. The window calls
@@ -64,6 +65,10 @@ class ImportSelection {
   /// says so. The document window is then prepared as for an opened project. Nothing when no row is marked any more,
   /// which a message says. Pre: state().canRead.
   std::optional<ImportReport> read(Dialogs& dialogs, const Progress& progress = {});
+
+  /// Command3. 转EXCEL asks for a file and writes all tests of the open database into it, marked or not; 输出接口数据
+  /// does nothing. UserError when a file fails. Pre: state().thirdButton.
+  void pressThirdButton(Dialogs& dialogs, const Progress& progress = {});
 
  private:
   bool goesWithMarked(std::size_t place) const;

@@ -58,11 +58,11 @@ void ImporterWindow::makeButtons() {
   auto* const leave = put(new QPushButton("返回", this), "Command2", kReturn);
   leave->setAutoDefault(false);
   connect(leave, &QPushButton::clicked, this, &QDialog::reject);
-  // Stands there and does nothing.
   if (const auto caption = m_selection.importer().thirdButton; !caption.empty()) {
-    auto* const third = put(new QPushButton(words(caption), this), "Command3", kThird);
-    third->setAutoDefault(false);
-    third->setEnabled(m_selection.importer().thirdButtonWorks);
+    m_third = put(new QPushButton(words(caption), this), "Command3", kThird);
+    m_third->setAutoDefault(false);
+    connect(m_third, &QPushButton::clicked, this,
+            [this] { act([this] { m_selection.pressThirdButton(m_dialogs, m_progress); }); });
   }
 }
 
@@ -121,6 +121,7 @@ void ImporterWindow::showState() {
   m_fileCount->setText(words(now.label1));
   m_markCount->setText(words(now.label2));
   m_read->setEnabled(now.canRead);
+  if (m_third != nullptr) m_third->setEnabled(now.thirdButton);
 }
 
 }  // namespace triaxlab

@@ -41,7 +41,7 @@ class ImporterWindow : public SessionDialog {
   GridView* m_grid;
   QLabel *m_fileCount, *m_markCount;
   QLabel* m_sorting = nullptr;
-  QPushButton* m_read = nullptr;
+  QPushButton *m_read = nullptr, *m_third = nullptr;
   std::optional<Remarks> m_remarks;
 };
 

@@ -7,6 +7,7 @@
 #include "importers/import_fixture.h"
 #include "importers/k0_builder.h"
 #include "store/settings/settings_file.h"
+#include "support/fake_dialogs.h"
 
 namespace triaxlab::testing {
 namespace {
@@ -334,6 +335,46 @@ TEST_F(Selection, MoreThan999MarksAreRefused) {
   selection.toggleMark(1000, dialogs);
   EXPECT_EQ(dialogs.messages.size(), 1U);
   EXPECT_EQ(selection.read(dialogs)->sampleRows, 999U);
+}
+
+class DatabaseAsWorkbook : public Selection {
+ protected:
+  ImportSelection selection{*importerOfId("win"), workspace};
+  FakeDialogs asked;
+};
+
+TEST_F(DatabaseAsWorkbook, IsOfferedWhenADatabaseIsOpen) {
+  EXPECT_FALSE(selection.state().thirdButton);
+  selection.open(std::filesystem::path(TRIAXLAB_SAMPLES) / "SZData.dat");
+  EXPECT_TRUE(selection.state().thirdButton);
+}
+
+TEST_F(DatabaseAsWorkbook, TakesEveryTestWhetherMarkedOrNot) {
+  selection.open(std::filesystem::path(TRIAXLAB_SAMPLES) / "SZData.dat");
+  asked.file = folder.path() / "raw";
+  std::size_t total = 0;
+  selection.pressThirdButton(asked, [&](std::size_t, std::size_t all) { total = all; });
+  EXPECT_EQ(total, 8U);
+  EXPECT_EQ(asked.fileQuestions.at(0).title, "保存数据为Excel");
+  EXPECT_EQ(asked.fileQuestions.at(0).initial.filename(), "EXNSZ");
+  EXPECT_EQ(asked.take(), std::vector<std::string>{"[保存数据为Excel] 三轴试验数据保存完毕"});
+  EXPECT_TRUE(std::filesystem::exists(folder.path() / "raw.xls"));
+  EXPECT_EQ(selection.state().label2, "选中的试样组数：0");
+  EXPECT_TRUE(workspace.TriaxialSampleTable.used().empty());
+}
+
+TEST_F(DatabaseAsWorkbook, ACancelledQuestionWritesNothing) {
+  selection.open(std::filesystem::path(TRIAXLAB_SAMPLES) / "SZData.dat");
+  selection.pressThirdButton(asked);
+  EXPECT_TRUE(asked.take().empty());
+}
+
+TEST_F(Selection, TheInterfaceDataButtonIsOnAndDoesNothing) {
+  ImportSelection selection(*importerOfId("auto"), workspace);
+  EXPECT_TRUE(selection.state().thirdButton);
+  FakeDialogs asked;
+  selection.pressThirdButton(asked);
+  EXPECT_TRUE(asked.fileQuestions.empty());
 }
 
 }  // namespace
