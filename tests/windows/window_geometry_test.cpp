@@ -113,6 +113,38 @@ TEST_F(LookedAt, EveryPageOfTheCurveWindowShowsAllOfItself) {
   }
 }
 
+TEST_F(LookedAt, WindowsAreInASansFaceAndWhatLiesOverACanvasInThatOfTheCanvas) {
+  const Desk desk(kForm7);
+  const auto familyOf = [&desk](const char* form, const char* control) {
+    return desk.window.findChild<QWidget*>(form)->findChild<QWidget*>(control)->font().families().first();
+  };
+  EXPECT_EQ(familyOf("Form7", "Text2"), "Noto Sans CJK SC");
+  EXPECT_EQ(familyOf("Form1", "Text5"), "Noto Sans CJK SC");
+  EXPECT_EQ(familyOf("Form1", "Label1(0)"), "Noto Sans CJK SC");
+  EXPECT_EQ(familyOf("Form7", "Label1(0)"), words(kSong));
+}
+
+/// Whether a label or a box has its text at the right.
+bool isAtRight(const Desk& desk, const char* name) {
+  const auto* const label = inFront(desk).findChild<QLabel*>(name);
+  const auto* const box = inFront(desk).findChild<QLineEdit*>(name);
+  return ((label != nullptr ? label->alignment() : box->alignment()) & Qt::AlignRight) != 0;
+}
+
+TEST_F(LookedAt, NumbersOfTheCurveWindowStandOneBelowTheOther) {
+  const Desk desk(kForm1);
+  for (const char* const number : {"Label2(1)", "Label2(15)", "ColumnHead(3)", "Text2", "Text7(0)", "Text8(4)"})
+    EXPECT_TRUE(isAtRight(desk, number)) << number;
+  for (const char* const text : {"Label2(0)", "Label2(16)", "Label1(2)", "Text7(5)"})
+    EXPECT_FALSE(isAtRight(desk, text)) << text;
+}
+
+TEST_F(LookedAt, NumbersOfTheListedWindowsStandOneBelowTheOther) {
+  const Desk desk(kForm4);
+  for (const char* const number : {"Label2(0)", "Text2(5)"}) EXPECT_TRUE(isAtRight(desk, number)) << number;
+  EXPECT_FALSE(isAtRight(desk, "Text1(1)"));
+}
+
 TEST_F(LookedAt, TheMainWindowShowsAllOfItself) {
   const Desk desk(kNoDocument);
   EXPECT_THAT(WindowGeometry::faultsOf(desk.window), IsEmpty());
