@@ -225,7 +225,7 @@ bool isSpecimen(const AutoSpecimenRecord& raw, bool newerBlock) {
   return !shownText(raw.recordSampleNo.view()).empty() && (newerBlock || raw.validMark == kValid);
 }
 
-BlockPlace judgeBlock(const AutomaticEntry& entry, const FileHead& head, Evidence& evidence) {
+BlockExtent judgeBlock(const AutomaticEntry& entry, const FileHead& head, Evidence& evidence) {
   const bool newer = hasNewerBlock(entry);
   const std::uint64_t start = entry.entryDataOffset.value();
   const std::size_t groups =

@@ -87,7 +87,7 @@ Likeness likenessOf(const HgjBlockHeader& header, std::size_t station) {
   return numbers == Likeness::Sure && kind >= kKindNames.size() ? Likeness::Possible : numbers;
 }
 
-BlockPlace judgeHgjBlock(const K0Entry& entry, const FileHead& head, Evidence& evidence) {
+BlockExtent judgeHgjBlock(const K0Entry& entry, const FileHead& head, Evidence& evidence) {
   return judgeRecords<HgjBlockHeader>(head, entry.entryDataOffset.value(), 1, [&](const HgjBlockHeader& header) {
     for (std::size_t station = 0; station < kStations; ++station) evidence.add(likenessOf(header, station));
   });

@@ -62,7 +62,7 @@ Likeness likenessOf(const KgjStationRecord& raw) {
   return areLoads ? Likeness::Sure : Likeness::Possible;
 }
 
-BlockPlace judgeKgjBlock(const K0Entry& entry, const FileHead& head, Evidence& evidence) {
+BlockExtent judgeKgjBlock(const K0Entry& entry, const FileHead& head, Evidence& evidence) {
   return judgeRecords<KgjStationRecord>(head, entry.entryDataOffset.value(), entry.entryGroupCount,
                                         [&](const KgjStationRecord& raw) { evidence.add(likenessOf(raw)); });
 }

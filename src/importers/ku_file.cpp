@@ -19,10 +19,10 @@ std::string cutShortRemark(const std::filesystem::path& path, std::string_view w
   return fmt::format("文件“{}”不完整：{}超出了文件末尾，缺少的部分按空白处理。", textOfPath(path), whatIsMissing);
 }
 
-bool blocksFit(std::vector<BlockPlace> blocks, std::uint64_t fileSize) {
-  std::sort(blocks.begin(), blocks.end(), [](const BlockPlace& a, const BlockPlace& b) { return a.begin < b.begin; });
+bool blocksFit(std::vector<BlockExtent> blocks, std::uint64_t fileSize) {
+  std::sort(blocks.begin(), blocks.end(), [](const BlockExtent& a, const BlockExtent& b) { return a.begin < b.begin; });
   std::uint64_t free = 0;
-  for (const BlockPlace& block : blocks) {
+  for (const BlockExtent& block : blocks) {
     if (block.begin < free || block.end > fileSize) return false;
     free = block.end;
   }

@@ -113,12 +113,12 @@ std::vector<KuIndexEntry<Tail>> readKuIndex(const File& file, Remarks& remarks) 
 }
 
 /// Where the block of an index entry lies.
-struct BlockPlace {
+struct BlockExtent {
   std::uint64_t begin, end;
 };
 
 /// True when the blocks lie in the file and none reaches into another.
-bool blocksFit(std::vector<BlockPlace> blocks, std::uint64_t fileSize);
+bool blocksFit(std::vector<BlockExtent> blocks, std::uint64_t fileSize);
 
 /// Most of what stands in the dates of an index are digits; of one whose count is wrong those of the first entry are.
 bool areEntryDates(std::string_view places);
@@ -126,7 +126,7 @@ bool areEntryDates(std::string_view places);
 /// Shows each of the `count` records from `begin` on to `judge`, as far as the head has them, and returns where they
 /// lie.
 template <class Record, class Judge>
-BlockPlace judgeRecords(const FileHead& head, std::uint64_t begin, std::uint64_t count, Judge judge) {
+BlockExtent judgeRecords(const FileHead& head, std::uint64_t begin, std::uint64_t count, Judge judge) {
   for (std::uint64_t i = 0; i < count; ++i) {
     const auto record = head.at<Record>(begin + i * sizeof(Record));
     if (!record) break;
@@ -137,7 +137,7 @@ BlockPlace judgeRecords(const FileHead& head, std::uint64_t begin, std::uint64_t
 
 /// The same for a block that begins with a byte that counts its records.
 template <class Record, class Entry, class Judge>
-BlockPlace judgeCountedRecords(const FileHead& head, const Entry& entry, Judge judge) {
+BlockExtent judgeCountedRecords(const FileHead& head, const Entry& entry, Judge judge) {
   const std::uint64_t begin = entry.entryDataOffset.value();
   const std::uint8_t count = head.at<std::uint8_t>(begin).value_or(entry.entryGroupCount);
   return {begin, judgeRecords<Record>(head, begin + sizeof count, count, judge).end};
@@ -152,7 +152,7 @@ Recognition recogniseKu(const FileHead& head, JudgeBlock judgeBlock) {
   if (count == 0) return Recognition::Damaged;  // an index without entries says nothing of its apparatus
   Evidence evidence;
   std::string dates;
-  std::vector<BlockPlace> blocks;
+  std::vector<BlockExtent> blocks;
   for (int i = 0; i < std::min(count, kMostIndexEntries); ++i) {
     const auto entry = head.at<Entry>(sizeof(std::int16_t) + static_cast<std::uint64_t>(i) * sizeof(Entry));
     if (!entry) break;

@@ -131,7 +131,7 @@ bool isUsed(const NewQvbSpecimenRecord& raw) {
   return raw.rawCellPressure != 0 && !shownText(raw.recordSampleNo.view()).empty();
 }
 
-BlockPlace judgeBlock(const NewQvbEntry& entry, const FileHead& head, Evidence& evidence) {
+BlockExtent judgeBlock(const NewQvbEntry& entry, const FileHead& head, Evidence& evidence) {
   const std::uint64_t begin = entry.entryDataOffset.value();
   const auto judge = [&](const NewQvbSpecimenRecord& raw) {
     if (isUsed(raw))

@@ -95,7 +95,7 @@ using QvbBlock = NumberedGroups<QvbGroupRecord>;
 
 bool isSpecimen(const QvbSpecimenRecord& raw) { return raw.rawCellPressure != 0; }
 
-BlockPlace judgeBlock(const QvbEntry& entry, const FileHead& head, Evidence& evidence) {
+BlockExtent judgeBlock(const QvbEntry& entry, const FileHead& head, Evidence& evidence) {
   return judgeCountedRecords<QvbGroupRecord>(head, entry, [&](const QvbGroupRecord& group) {
     for (const QvbSpecimenRecord& raw : group.specimens)
       if (isSpecimen(raw)) evidence.add(likenessOfSpecimen(raw.testMethod, raw.rawInitialHeight, raw.rawInitialArea));

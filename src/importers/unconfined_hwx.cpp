@@ -67,7 +67,7 @@ Likeness likenessOf(const HwxSpecimenRecord& raw) {
   return fits ? Likeness::Sure : Likeness::Possible;
 }
 
-BlockPlace judgeHwxBlock(const HwxEntry& entry, const FileHead& head, Evidence& evidence) {
+BlockExtent judgeHwxBlock(const HwxEntry& entry, const FileHead& head, Evidence& evidence) {
   return judgeCountedRecords<HwxSpecimenRecord>(head, entry,
                                                 [&](const HwxSpecimenRecord& raw) { evidence.add(likenessOf(raw)); });
 }

@@ -88,7 +88,7 @@ Likeness likenessOf(const KzjSideRecord& side) {
   return fits ? Likeness::Sure : Likeness::Possible;
 }
 
-BlockPlace judgeKzjBlock(const KzjEntry& entry, const FileHead& head, Evidence& evidence) {
+BlockExtent judgeKzjBlock(const KzjEntry& entry, const FileHead& head, Evidence& evidence) {
   return judgeCountedRecords<KzjGroupRecord>(head, entry, [&](const KzjGroupRecord& group) {
     for (const KzjSideRecord& side : group.sides) evidence.add(likenessOf(side));
   });

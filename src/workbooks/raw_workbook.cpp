@@ -56,7 +56,7 @@ void addRawTest(SheetBlock& block, StagedTest test, std::size_t number, std::str
   block.add("试样类型:", textCell(test.kind));
   block.add("固结方法:", valueCellOfUtf8(test.consolidation));
   block.add("试验方法:", textCell(methodNames(test.testMethod).abbreviation));
-  TestBlock told{.testMethod = test.testMethod, .shearMode = test.shearMode};
+  WorkbookTest told{.testMethod = test.testMethod, .shearMode = test.shearMode};
   for (TestStage& stage : test.stages) told.specimens.push_back(columnOf(std::move(stage), test.shearRate));
   addTest(block, told);
 }

@@ -20,7 +20,7 @@ using ResultLabels = std::array<const char*, 4>;
 constexpr std::array<ResultLabels, 4> kResultLabels{
     {{}, {"Cu = ", "φu = "}, {"Ccu = ", "φcu = ", "C′=", "φ′="}, {"Ccd = ", "φcd = "}}};
 
-void addResults(SheetBlock& block, const TestBlock& test) {
+void addResults(SheetBlock& block, const WorkbookTest& test) {
   const ResultLabels& labels = kResultLabels[test.testMethod < kResultLabels.size() ? test.testMethod : 0];
   const std::array values{&test.cohesion, &test.friction, &test.cohesionEff, &test.frictionEff};
   std::vector<SheetCell> cells;
@@ -31,7 +31,7 @@ void addResults(SheetBlock& block, const TestBlock& test) {
   block.add("试验成果：", std::move(cells));
 }
 
-void addSpecimens(SheetBlock& block, const TestBlock& test) {
+void addSpecimens(SheetBlock& block, const WorkbookTest& test) {
   for (std::size_t row = 0; row < kSpecimenRows; ++row) {
     std::vector<SheetCell> cells;
     for (const SpecimenColumn& specimen : test.specimens) cells.push_back(specimen.values[row]);
@@ -61,7 +61,7 @@ constexpr std::array kConsolidationRows3{ConsolidationRow{"    时间:", minutes
                                          ConsolidationRow{"固结孔压:", porePressureCell},
                                          ConsolidationRow{"固结排水:", drainageCell}};
 
-void addConsolidation(SheetBlock& block, const TestBlock& test) {
+void addConsolidation(SheetBlock& block, const WorkbookTest& test) {
   block.add("固结过程");
   if (test.testMethod == kUU) return;
   for (const SpecimenColumn& specimen : test.specimens) {
@@ -99,7 +99,7 @@ std::span<const ShearReading> readingsOf(const TestStage& stage) {
   return std::span(stage.shear).first(count);
 }
 
-void addShear(SheetBlock& block, const TestBlock& test) {
+void addShear(SheetBlock& block, const WorkbookTest& test) {
   block.add("剪切过程");
   for (const SpecimenColumn& specimen : test.specimens) {
     const double pressure = specimen.stage.cellPressure.number();
@@ -128,7 +128,7 @@ SheetCell shearRateCell(std::int16_t rate) {
   return rate == 0 ? SheetCell() : numberCell(rate / 1000.0, NumberFormat::Thousandths);
 }
 
-void addTest(SheetBlock& block, const TestBlock& test) {
+void addTest(SheetBlock& block, const WorkbookTest& test) {
   const std::string method = methodLine(test.testMethod, test.shearMode);
   block.add("试验方法:", textCell(method.empty() ? method : method + ")"));
   addResults(block, test);

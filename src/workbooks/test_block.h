@@ -32,12 +32,12 @@ struct SpecimenColumn {
 };
 
 /// What a block of the triaxial workbook tells of a test behind its head, wherever the test comes from.
-struct TestBlock {
+struct WorkbookTest {
   std::uint8_t testMethod = 0, shearMode = 0;  // as in a record
   SheetCell cohesion = {}, friction = {}, cohesionEff = {}, frictionEff = {};
   std::vector<SpecimenColumn> specimens = {};
 };
-void addTest(SheetBlock& block, const TestBlock& test);
+void addTest(SheetBlock& block, const WorkbookTest& test);
 
 /// A shear rate, 1/1000 %/min; none for 0.
 SheetCell shearRateCell(std::int16_t rate);

@@ -50,13 +50,13 @@ SheetCell frictionCell(float angle, const FixedText<9>& cohesion) {
   return valueCell(FormatNumber(angle, NumberFormat::Tenths));
 }
 
-TestBlock blockOf(const TriaxialSampleRecord& record) {
-  TestBlock block{.testMethod = record.testMethod,
-                  .shearMode = record.shearMode,
-                  .cohesion = valueCell(record.cohesionText.view()),
-                  .friction = frictionCell(record.frictionAngle, record.cohesionText),
-                  .cohesionEff = valueCell(record.cohesionEffText.view()),
-                  .frictionEff = frictionCell(record.frictionAngleEff, record.cohesionEffText)};
+WorkbookTest blockOf(const TriaxialSampleRecord& record) {
+  WorkbookTest block{.testMethod = record.testMethod,
+                     .shearMode = record.shearMode,
+                     .cohesion = valueCell(record.cohesionText.view()),
+                     .friction = frictionCell(record.frictionAngle, record.cohesionText),
+                     .cohesionEff = valueCell(record.cohesionEffText.view()),
+                     .frictionEff = frictionCell(record.frictionAngleEff, record.cohesionEffText)};
   for (std::size_t stage = 0; stage < kStages; ++stage)
     if (StageUsed(record, stage)) block.specimens.push_back(columnOf(record, stage));
   return block;

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <regex>
 #include <span>
+#include <sstream>
 
 namespace triaxlab::layering {
 namespace {
@@ -235,6 +237,23 @@ std::vector<std::string> violationsOf(const SourceFile& file) {
     add(doorViolation(file, header));
   }
   return found;
+}
+
+std::vector<std::string> typesOf(std::string_view header) {
+  static const std::regex begin(R"(namespace ([\w:]+) \{)"), end(R"(\}  // namespace.*)"),
+      type(R"((?:struct|class|enum|enum class) (\w+)(?: final)?(?: :[^:].*)? \{.*)");
+  std::vector<std::string> namespaces, types;
+  std::istringstream lines{std::string(header)};
+  for (std::string line; std::getline(lines, line);) {
+    std::smatch found;
+    if (std::regex_match(line, found, begin))
+      namespaces.push_back(found[1]);
+    else if (std::regex_match(line, end) && !namespaces.empty())
+      namespaces.pop_back();
+    else if (std::regex_match(line, found, type))
+      types.push_back(fmt::format("{}::{}", fmt::join(namespaces, "::"), found[1].str()));
+  }
+  return types;
 }
 
 }  // namespace triaxlab::layering

@@ -22,4 +22,8 @@ std::vector<std::string> violationsOf(const SourceFile& file);
 /// through FormatNumber and ParseNumber, so that a comma never gets into a file or onto paper.
 std::vector<std::string> localeDependenceOf(const SourceFile& file);
 
+/// The types that a header defines in its namespaces, with these in front of the name; specialisations apart. Reads the
+/// form that clang-format gives: what stands in a namespace isn't indented.
+std::vector<std::string> typesOf(std::string_view header);
+
 }  // namespace triaxlab::layering

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <string>
 
 #include "layering/include_rules.h"
@@ -124,6 +125,29 @@ TEST(Layering, AFolderThatNobodyKnowsIsRefused) {
 TEST(Layering, PathsAreToldFromTheRootOfTheSources) {
   EXPECT_THAT(violationsIn("store/workspace.cpp", "\"../common/gbk.h\""),
               ElementsAre("store/workspace.cpp includes ../common/gbk.h, not told from src"));
+}
+
+// The linker joins what two types of one name bring along in silence, and takes either for the other.
+TEST(Types, NoTwoOfTheHouseHaveOneName) {
+  std::map<std::string, std::string> files;
+  for (const SourceFile& file : filesOfTheHouse()) {
+    if (!file.path.ends_with(".h")) continue;
+    for (const std::string& type : typesOf(file.text)) {
+      const auto [first, isNew] = files.try_emplace(type, file.path);
+      EXPECT_TRUE(isNew) << type << " is defined in " << first->second << " and in " << file.path;
+    }
+  }
+  EXPECT_GT(files.size(), 100U);
+}
+
+TEST(Types, AreFoundWithTheirNamespaces) {
+  EXPECT_THAT(
+      typesOf("class Ahead;\nnamespace triaxlab {\nstruct Point {\n  struct Inner {\n  };\n};\n"
+              "enum class Colour : std::uint8_t { Red };\ntemplate <class T>\nclass Table final : public Rows {\n};\n"
+              "template <>\nstruct Target<Point> {\n};\nnamespace detail {\nstruct Point {};\n}  // namespace detail\n"
+              "struct Last : std::vector<int> {\n};\n}  // namespace triaxlab\n"),
+      ElementsAre("triaxlab::Point", "triaxlab::Colour", "triaxlab::Table", "triaxlab::detail::Point",
+                  "triaxlab::Last"));
 }
 
 TEST(Locale, NothingInTheHouseDependsOnIt) {
