@@ -24,9 +24,9 @@ struct SortKey {
 
 SortKey splitKey(std::string_view key, std::size_t row = 0) {
   SortKey split{.text = key, .rest = {}, .number = -1, .row = row};
-  const auto digit = std::find_if(key.begin(), key.end(), isDigit);
+  const auto* const digit = std::find_if(key.begin(), key.end(), isDigit);
   if (digit == key.end()) return split;
-  auto end = std::find_if_not(digit, key.end(), isDigit);
+  const auto* end = std::find_if_not(digit, key.end(), isDigit);
   if (end != key.end() && *end == '.') end = std::find_if_not(end + 1, key.end(), isDigit);
   split.text = {key.begin(), digit};
   split.number = ParseNumber({digit, end});

@@ -37,7 +37,7 @@ bool RecordEdit::lets(const QString& typed, int cursor) {
   const QString behind = typed.mid(cursor);
   const qsizetype most = std::min<qsizetype>(cursor, m_shown.size() - behind.size());
   if (most < 0) return true;
-  const auto parting = std::mismatch(typed.begin(), typed.begin() + most, m_shown.begin()).first;
+  const QChar* const parting = std::mismatch(typed.begin(), typed.begin() + most, m_shown.begin()).first;
   const qsizetype before = parting - typed.begin();
   const QString inserted = typed.mid(before, cursor - before);
   QString fitting = words(takenBeside(utf8(typed.left(before) + behind), utf8(inserted), fieldWidth()));

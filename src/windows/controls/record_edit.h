@@ -25,7 +25,7 @@ class RecordEdit : public QLineEdit {
   std::function<std::size_t()> fieldWidth;
 
   /// Shows a text without handing it out; the cursor stays where it is as far as the text reaches.
-  void showText(const QString& text);
+  void showText(const QString& shown);
 
  signals:
   void focusEntered();
