@@ -65,6 +65,8 @@ class Program {
 
   int operator()(const Import& import) {
     const Importer& importer = *importerOfId(import.source);
+    const DocumentKind& document = documentKindOf(importer.document);
+    if (import.page) require(document.showPage, document.tests, kShowing);
     ImportSelection selection(importer, m_workspace);
     m_workspace.sourceFolder = textOfPath(std::filesystem::absolute(import.file).parent_path());
     selection.open(import.file);
@@ -74,7 +76,6 @@ class Program {
     const std::optional<ImportReport> report = selection.read(m_dialogs);
     if (!report) return kDone;
     printRemarks(report->remarks);
-    const DocumentKind& document = documentKindOf(importer.document);
     printRemarks(importedDocument(m_workspace, document));
     if (import.page) showPage(document.tests, *import.page);
     return import.save ? save(document.tests, import.keepExisting) : kDone;

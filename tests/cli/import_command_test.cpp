@@ -60,6 +60,12 @@ TEST_F(ImportCommand, WithoutASaveNothingIsWritten) {
   EXPECT_TRUE(std::filesystem::is_empty(app() / "ZMSJ"));
 }
 
+TEST_F(ImportCommand, CurvePagesThatATestDoesNotHaveAreRefusedBeforeTheFileIsRead) {
+  const ProgramRun ran = run({"import", "k0-kgj", (app() / "missing.KU").string(), "--show", "1"});
+  EXPECT_EQ(ran.status, 1);
+  EXPECT_EQ(ran.err, "本版本还没有显示曲线： k0 类试样的功能。\n");
+}
+
 TEST_F(ImportCommand, KnownSamplesAreWrittenOverUnlessTheyAreKept) {
   run({"import", "auto", database({sampleEntry("P1", "S-1")})});
   Entry changed = sampleEntry("P1", "S-1");
