@@ -83,8 +83,12 @@ MDIForm1::~MDIForm1() {
 void MDIForm1::takeFirstPlace() {
   const auto chosen = m_memory != nullptr ? m_memory->mainWindow() : std::nullopt;
   m_firstSize = chosen ? QSize(chosen->width, chosen->height) : kFirstSize;
-  new FirstPlace(this, m_firstSize);
-  if (chosen && chosen->maximized) setWindowState(windowState() | Qt::WindowMaximized);
+  if (!chosen || !chosen->maximized) {
+    new FirstPlace(this, m_firstSize);
+    return;
+  }
+  resize(m_firstSize);
+  setWindowState(windowState() | Qt::WindowMaximized);
 }
 
 void MDIForm1::rememberSizes() {
