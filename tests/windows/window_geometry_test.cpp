@@ -97,9 +97,13 @@ INSTANTIATE_TEST_SUITE_P(Documents, EveryWindow, ::testing::Values(kForm1, kForm
 
 TEST_F(LookedAt, AWindowShowsAllOfItselfWhileALineIsMoved) {
   for (const ActiveDocument document : {kForm1, kForm6, kForm9}) {
-    const Desk desk(document);
+    Desk desk(document);
+    desk.lab.workspace.settings.toggles.showPhysicalIndices = true;
     pressKey(&inFront(desk), keyStroke("F4"));
     ASSERT_TRUE(inFront(desk).findChild<QWidget*>("Frame1")->isVisible()) << document;
+    if (document == kForm1) {
+      EXPECT_TRUE(inFront(desk).findChild<QWidget*>("PhysicalFrame")->isVisible());
+    }
     lookAtEveryScale(inFront(desk));
   }
 }
