@@ -135,6 +135,7 @@ TEST_F(PrintWindowTest, OffersThePrintersThereAreAndAPdfFile) {
   EXPECT_EQ(list->currentText(), "Lab") << "the usual one";
   list->setCurrentIndex(0);
   emit list->activated(0);
+  EXPECT_EQ(list->toolTip(), "Office") << "for names that are longer than the list";
   print(window);
   EXPECT_THAT(session.remarks(), ElementsAre("6 张已送到打印机“Office”。"));
 }

@@ -228,6 +228,7 @@ void PrintWindow::showState() {
     m_copies->setValue(words(now.texts[PrintBox::Copies]).toInt());
   }
   m_printer->setEnabled(!m_isSending && now.canChoosePrinter);
+  m_printer->setToolTip(m_printer->currentText());  // a name may be longer than its place
   if (m_layout.sheet) showSheet(now);
   for (QPushButton* const button : findChildren<QPushButton*>()) button->setEnabled(!m_isSending);
   m_preview->setEnabled(!m_isSending && now.canPreview);
