@@ -218,7 +218,8 @@ void ShellSession::openProject(const Command& command) {
   BrowserSession browser(
       m_workspace, m_dialogs,
       [&](ProjectKind kind, std::string_view name) { return openDocument(m_workspace, kind, name, chooseRange); },
-      [&](SampleListSession& list) { m_windows.showSampleList(list); });
+      {.showSampleList = [&](SampleListSession& list) { m_windows.showSampleList(list); },
+       .showBackups = [&](BackupSession& backups) { m_windows.showBackups(backups); }});
   m_windows.showBrowser(browser);
   if (browser.opened())
     show(document, *browser.opened());

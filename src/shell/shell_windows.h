@@ -15,6 +15,7 @@
 
 namespace triaxlab {
 
+class BackupSession;
 class BrowserSession;
 class ImportSelection;
 class HabitsSession;
@@ -79,7 +80,8 @@ class ShellWindows {
  public:
   virtual ~ShellWindows() = default;
 
-  virtual void showBrowser(BrowserSession& session) = 0;            // OPENFORM
+  virtual void showBrowser(BrowserSession& session) = 0;  // OPENFORM
+  virtual void showBackups(BackupSession& session) = 0;
   virtual void showSampleList(SampleListSession& session) = 0;      // Form14, Form13
   virtual void showRangeDialog(RangeDialog& dialog) = 0;            // Form21
   virtual void showSourceFolder(SourceFolderSession& session) = 0;  // Form5

@@ -20,6 +20,7 @@
 #include "windows/controls/click_label.h"
 #include "windows/controls/layout.h"
 #include "windows/controls/words.h"
+#include "windows/dialogs/backup_window.h"
 #include "windows/dialogs/habits_window.h"
 #include "windows/dialogs/importer_window.h"
 #include "windows/dialogs/overwrite_window.h"
@@ -28,8 +29,8 @@
 #include "windows/dialogs/range_window.h"
 #include "windows/dialogs/sample_list_window.h"
 #include "windows/dialogs/source_folder_window.h"
-#include "windows/document_frames.h"
 #include "windows/dialogs/template_window.h"
+#include "windows/document_frames.h"
 #include "windows/first_place.h"
 #include "windows/help/help_key.h"
 #include "windows/menu_bar.h"
@@ -140,6 +141,8 @@ void MDIForm1::keyPressEvent(QKeyEvent* event) {
 // ---- dialogs
 
 void MDIForm1::showBrowser(BrowserSession& session) { OPENFORM(this, session).exec(); }
+
+void MDIForm1::showBackups(BackupSession& session) { BackupWindow(QApplication::activeModalWidget(), session).exec(); }
 
 void MDIForm1::showSampleList(SampleListSession& session) {
   SampleListWindow(QApplication::activeModalWidget(), session).exec();

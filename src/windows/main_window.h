@@ -45,6 +45,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
  private:
   // ShellWindows
   void showBrowser(BrowserSession& session) override;
+  void showBackups(BackupSession& session) override;
   void showSampleList(SampleListSession& session) override;
   void showRangeDialog(RangeDialog& dialog) override;
   void showSourceFolder(SourceFolderSession& session) override;

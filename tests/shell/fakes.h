@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/dialogs.h"
+#include "sessions/dialogs/backup_session.h"
 #include "sessions/dialogs/browser_session.h"
 #include "sessions/dialogs/habits_session.h"
 #include "sessions/dialogs/import_selection.h"
@@ -59,6 +60,7 @@ class FakeWindows : public ShellWindows {
  public:
   std::vector<std::string> shown;
   std::function<void(BrowserSession&)> inBrowser = [](BrowserSession&) {};
+  std::function<void(BackupSession&)> inBackups = [](BackupSession&) {};
   std::function<void(SampleListSession&)> inSampleList = [](SampleListSession&) {};
   std::function<void(RangeDialog&)> inRangeDialog = [](RangeDialog&) {};
   std::function<void(SourceFolderSession&)> inSourceFolder = [](SourceFolderSession&) {};
@@ -75,6 +77,10 @@ class FakeWindows : public ShellWindows {
   void showBrowser(BrowserSession& session) override {
     shown.emplace_back("OPENFORM");
     inBrowser(session);
+  }
+  void showBackups(BackupSession& session) override {
+    shown.emplace_back("BACKUPFORM");
+    inBackups(session);
   }
   void showSampleList(SampleListSession& session) override {
     shown.emplace_back(session.form());

@@ -4,7 +4,10 @@
 #include <array>
 #include <utility>
 
+#include "common/fixed_text.h"
 #include "common/gbk.h"
+#include "common/small_letters.h"
+#include "sessions/dialogs/backup_session.h"
 #include "sessions/dialogs/error_display.h"
 #include "sessions/dialogs/sample_list_session.h"
 
@@ -27,16 +30,20 @@ constexpr std::array kColumns{
     BrowserColumn{"操作者", 1500, &ProjectListRow::operatorName},
 };
 
+constexpr std::array kFiltered{&ProjectListRow::projectNo, &ProjectListRow::createdDate,
+                               &ProjectListRow::processedDate};
+
 }  // namespace
 
-BrowserSession::BrowserSession(Workspace& workspace, Dialogs& dialogs, ProjectOpener openProject,
-                               SampleListShower showSampleList)
+BrowserSession::BrowserSession(Workspace& workspace, Dialogs& dialogs, ProjectOpener openProject, Windows windows)
     : m_workspace(workspace),
       m_dialogs(dialogs),
       m_openProject(std::move(openProject)),
-      m_showSampleList(std::move(showSampleList)),
+      m_windows(std::move(windows)),
       m_kind(listKindOf(static_cast<ProjectKind>(workspace.openDialogKind))),
-      m_rows(listProjects(workspace, m_kind.kind)) {}
+      m_rows(listProjects(workspace, m_kind.kind)) {
+  show("");
+}
 
 std::string_view BrowserSession::caption() const { return m_kind.caption; }
 std::string_view BrowserSession::listName() const { return m_kind.heading; }
@@ -50,14 +57,14 @@ std::vector<GridColumn> BrowserSession::columns() const {
   return columns;
 }
 
-int BrowserSession::rowCount() const { return std::max(1, static_cast<int>(m_rows.size())); }
+int BrowserSession::rowCount() const { return std::max(1, static_cast<int>(m_shown.size())); }
 
 std::string BrowserSession::cell(int row, int column) const {
   const bool inside =
-      row >= 1 && row <= static_cast<int>(m_rows.size()) && column >= 0 && column < static_cast<int>(kColumns.size());
+      row >= 1 && row <= static_cast<int>(m_shown.size()) && column >= 0 && column < static_cast<int>(kColumns.size());
   if (!inside) return {};
   const BrowserColumn& shown = kColumns[static_cast<std::size_t>(column)];
-  return shown.text == nullptr ? std::to_string(row) : m_rows[static_cast<std::size_t>(row - 1)].*shown.text;
+  return shown.text == nullptr ? std::to_string(row) : m_rows[m_shown[static_cast<std::size_t>(row - 1)]].*shown.text;
 }
 
 void BrowserSession::setCurrentCell(int row, int column) {
@@ -70,7 +77,7 @@ const ProjectListRow* BrowserSession::chosenProject() {
     m_dialogs.message(m_kind.messageTitle, "对不起,你没有选中工程!!", MessageIcon::None);
     return nullptr;
   }
-  return &m_rows[static_cast<std::size_t>(m_currentRow - 1)];
+  return &m_rows[m_shown[static_cast<std::size_t>(m_currentRow - 1)]];
 }
 
 bool BrowserSession::open() {
@@ -86,7 +93,35 @@ bool BrowserSession::open() {
   return opened;
 }
 
-// ---- the order
+// ---- which projects, and their order
+
+void BrowserSession::setFilter(std::string_view typed) {
+  const std::string current = currentFile();
+  m_filter = caseless(Trim(typed));
+  show(current);
+}
+
+std::string BrowserSession::currentFile() const {
+  const auto at = static_cast<std::size_t>(m_currentRow - 1);
+  return at < m_shown.size() ? m_rows[m_shown[at]].fileName : "";
+}
+
+void BrowserSession::show(const std::string& currentFile) {
+  const auto isWanted = [this](const ProjectListRow& row) {
+    return m_filter.empty() || std::ranges::any_of(kFiltered, [&](auto text) {
+             return caseless(row.*text).find(m_filter) != std::string::npos;
+           });
+  };
+  m_shown.clear();
+  int currentRow = 0;
+  for (std::size_t i = 0; i < m_rows.size(); ++i) {
+    if (!isWanted(m_rows[i])) continue;
+    m_shown.push_back(i);
+    if (m_rows[i].fileName == currentFile) currentRow = static_cast<int>(m_shown.size());
+  }
+  // A project that is gone leaves its place to the next.
+  setCurrentCell(currentRow > 0 ? currentRow : m_currentRow, m_currentColumn);
+}
 
 void BrowserSession::sortByProject() {
   m_sortKey = &ProjectListRow::projectNo;
@@ -99,6 +134,7 @@ void BrowserSession::sortByDate() {
 }
 
 void BrowserSession::sort() {
+  const std::string current = currentFile();
   if (m_sortKey == &ProjectListRow::fileName) return;      // the folder is listed so
   std::vector<std::pair<std::string, std::size_t>> order;  // key and place, so that equal keys keep their order
   order.reserve(m_rows.size());
@@ -108,6 +144,7 @@ void BrowserSession::sort() {
   rows.reserve(m_rows.size());
   for (const auto& [key, place] : order) rows.push_back(std::move(m_rows[place]));
   m_rows = std::move(rows);
+  show(current);
 }
 
 // ---- sample lists
@@ -124,21 +161,30 @@ void BrowserSession::showSampleList(const std::function<void()>& listed) {
   };
   runShowingErrors(m_dialogs, [&] {
     SampleListSession list(m_workspace, m_dialogs, m_kind.kind, project->fileName, project->projectNo, listAgain);
-    m_showSampleList(list);
+    m_windows.showSampleList(list);
     m_remarks.insert(m_remarks.end(), list.remarks().begin(), list.remarks().end());
     listAgain();
   });
 }
 
+void BrowserSession::showBackups(const std::function<void()>& listed) {
+  const ProjectListRow* const project = chosenProject();
+  if (project == nullptr) return;
+  runShowingErrors(m_dialogs, [&] {
+    BackupSession backups(m_workspace, m_dialogs, m_kind.kind, project->fileName, project->projectNo);
+    m_windows.showBackups(backups);
+    m_remarks.insert(m_remarks.end(), backups.remarks().begin(), backups.remarks().end());
+    if (!backups.isRestored()) return;
+    listAnew();
+    listed();
+  });
+}
+
 void BrowserSession::listAnew() {
-  const auto at = static_cast<std::size_t>(m_currentRow - 1);
-  const std::string current = at < m_rows.size() ? m_rows[at].fileName : "";
+  const std::string current = currentFile();
   m_rows = listProjects(m_workspace, m_kind.kind);
+  show(current);
   sort();
-  const auto row = std::ranges::find(m_rows, current, &ProjectListRow::fileName);
-  // A project that is gone leaves its place to the next.
-  const int place = row != m_rows.end() ? static_cast<int>(row - m_rows.begin()) + 1 : m_currentRow;
-  setCurrentCell(place, m_currentColumn);
 }
 
 }  // namespace triaxlab

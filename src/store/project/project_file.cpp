@@ -136,19 +136,25 @@ Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fil
                                          : findProjectFile(workspace.projectFolder(), info, fileName);
   const File file = File::below(workspace.dataFolder, path, File::Mode::Read);
   const FileStamp stamp = file.stamp();
-  const ProjectHead head = readAnyProjectHead(readerOf(file), path);
-  const OldFormat* const oldFormat = isOldFormat(head.header, info) ? info.oldFormat : nullptr;
-  if (oldFormat != nullptr && purpose == OpenFor::Work) throw notUpgraded(path);
-  OpenedFile opened{file, info, oldFormat, head, {}, {}, std::move(remarks)};
+  if (purpose == OpenFor::Work) readProjectHead(readerOf(file), info, path);  // refuses what could not be upgraded
+  for (std::string& remark : takeSamples(workspace, kind, file, chooseRange)) remarks.push_back(std::move(remark));
+  if (purpose == OpenFor::Work) workspace.fileMemory.remember(FileUse::Document, path, stamp);
+  return remarks;
+}
+
+Remarks takeSamples(Workspace& workspace, ProjectKind kind, const File& file, const RangeChooser& chooseRange) {
+  const ProjectKindInfo& info = infoOf(kind);
+  const FileStamp stamp = file.stamp();
+  const ProjectHead head = readAnyProjectHead(readerOf(file), file.path());
+  OpenedFile opened{file, info, isOldFormat(head.header, info) ? info.oldFormat : nullptr, head, {}, {}, {}};
   opened.span = askedSpan(opened.head.sampleCount, chooseRange);
   const std::unique_ptr<NewSampleTable> table = readRecords(opened, workspace.settings.habits.cohesionFormat());
   readEndText(opened);
 
   if (file.stamp() != stamp)
-    throw UserError(fmt::format("文件“{}”在读取时被别的程序改动，没有打开，请再打开一次。", textOfPath(path)));
+    throw UserError(fmt::format("文件“{}”在读取时被别的程序改动，没有打开，请再打开一次。", textOfPath(file.path())));
 
   // Everything is read: from here on nothing fails.
-  if (purpose == OpenFor::Work) workspace.fileMemory.remember(FileUse::Document, path, stamp);
   table->install(workspace);
   DocumentData& data = workspace.dataOf(kind);
   installDates(workspace, data, opened.head.header);

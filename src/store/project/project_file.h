@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "common/user_error.h"
+#include "platform/files.h"
 #include "store/project/project_kinds.h"
 #include "store/workspace.h"
 
@@ -35,5 +36,9 @@ enum class OpenFor : std::uint8_t {
 /// missing, unreadable, damaged head, an upgrade that fails, more than 1001 rows asked for.
 Remarks openProject(Workspace& workspace, ProjectKind kind, std::string_view fileName, const RangeChooser& chooseRange,
                     OpenFor purpose = OpenFor::Work);
+
+/// Takes samples of an open file of any format, wherever it lies, into the tables as above: what an open does once
+/// it has found the file. UserError: a damaged head, more than 1001 rows asked for, a change while it is read.
+Remarks takeSamples(Workspace& workspace, ProjectKind kind, const File& file, const RangeChooser& chooseRange);
 
 }  // namespace triaxlab

@@ -130,4 +130,15 @@ Remarks upgradeProject(Workspace& workspace, const ProjectKindInfo& info, const 
   return upgradeProject(workspace, lock, info, file);
 }
 
+std::optional<std::string> writeInTodaysFormat(const File& from, const ProjectKindInfo& info, File& to) {
+  const std::optional<ProjectHead> head = info.oldFormat != nullptr ? oldHead(from, info) : std::nullopt;
+  if (!head) {
+    to.copyContentOf(from);
+    return std::nullopt;
+  }
+  const Conversion conversion(from, info, *info.oldFormat, *head);
+  conversion.writeTo(to);
+  return conversion.shortage();
+}
+
 }  // namespace triaxlab

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
+#include <string>
 
 #include "common/user_error.h"
 #include "store/project/project_kinds.h"
@@ -24,5 +26,9 @@ namespace triaxlab {
 Remarks upgradeProject(Workspace& workspace, DataLock& lock, const ProjectKindInfo& info,
                        const std::filesystem::path& file);
 Remarks upgradeProject(Workspace& workspace, const ProjectKindInfo& info, const std::filesystem::path& file);
+
+/// Writes what a file of any format holds in today's format into an empty file. A file that holds fewer samples than it
+/// says gets blank ones if it is an old one, and then a remark. UserError as above.
+std::optional<std::string> writeInTodaysFormat(const File& from, const ProjectKindInfo& info, File& to);
 
 }  // namespace triaxlab

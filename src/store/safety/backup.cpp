@@ -180,4 +180,21 @@ Remarks keepCopy(Workspace& workspace, const fs::path& file, std::uint64_t room,
   return {};
 }
 
+std::vector<BackupCopy> copiesOf(const fs::path& file) {
+  const std::string project = caseless(textOfPath(file.filename()));
+  std::vector<BackupCopy> copies;
+  for (const Copy& copy : copiesIn(copyPath(file, ""), "")) {
+    if (copy.project != project) continue;
+    const std::string_view t = copy.time;  // kTimePattern
+    copies.push_back({copy.name, fmt::format("{}-{}-{} {}:{}:{}", t.substr(0, 4), t.substr(4, 2), t.substr(6, 2),
+                                             t.substr(9, 2), t.substr(11, 2), t.substr(13, 2))});
+  }
+  return copies;
+}
+
+fs::path copyPath(const fs::path& file, std::string_view copyName) {
+  const fs::path folder = fileOrNew(file.parent_path(), kBackupFolder);
+  return copyName.empty() ? folder : fileOrNew(folder, copyName);
+}
+
 }  // namespace triaxlab

@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "common/user_error.h"
 #include "store/workspace.h"
@@ -26,5 +28,14 @@ inline constexpr std::uint64_t kLargestBackups = std::uint64_t{1} << 30;  // byt
 enum class CopyOf : std::uint8_t { OthersStates, OwnStates };
 Remarks keepCopy(Workspace& workspace, const std::filesystem::path& file, std::uint64_t room,
                  CopyOf states = CopyOf::OthersStates);
+
+struct BackupCopy {
+  std::string name;
+  std::string time;  // 2024-05-06 14:30:15
+};
+/// The copies of a project file of the data folder, the newest first. UserError when they can't be looked at.
+std::vector<BackupCopy> copiesOf(const std::filesystem::path& file);
+/// Where a copy of the file lies.
+std::filesystem::path copyPath(const std::filesystem::path& file, std::string_view copyName);
 
 }  // namespace triaxlab

@@ -2,7 +2,9 @@
 
 #include <QFrame>
 #include <QItemSelectionModel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 
 #include "windows/controls/click_label.h"
 #include "windows/controls/grid_view.h"
@@ -17,6 +19,7 @@ constexpr Place kListName{200, 120, 5000, 300}, kHint{200, 420, 6000, 300};
 constexpr Place kGrid{200, 780, 8900, 5700};
 constexpr Place kOpen{200, 6630, 2700, 600}, kSampleList{3100, 6630, 3300, 600};
 constexpr Place kByProject{7200, 6600, 1900, 330}, kByDate{7200, 6960, 1900, 330};
+constexpr Place kBackups{7200, 7320, 1900, 330}, kFilter{6200, 330, 2900, 360};
 constexpr Place kSorting{200, 7350, 5000, 300};
 
 GridContent contentOf(const BrowserSession& session) {
@@ -38,6 +41,7 @@ OPENFORM::OPENFORM(QWidget* parent, BrowserSession& session)
   setWindowTitle(words(session.caption()));
   setFixedSize(rectangle(kWindow).size());
   makeLabels();
+  makeFilter();
   connect(m_grid, &GridView::rowDoubleClicked, this, &OPENFORM::open);
   connect(m_grid, &GridView::enterPressed, this, &OPENFORM::open);
   connect(m_grid->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& cell) {
@@ -69,8 +73,26 @@ void OPENFORM::makeLabels() {
   };
   button("Command1", BrowserSession::kSortByProject, kByProject, &BrowserSession::sortByProject);
   button("Command2", BrowserSession::kSortByDate, kByDate, &BrowserSession::sortByDate);
+  auto* const backups = put(new QPushButton(words(BrowserSession::kBackups), this), "Backups", kBackups);
+  backups->setAutoDefault(false);
+  backups->setEnabled(m_session.hasSampleLists());
+  connect(backups, &QPushButton::clicked, this, [this] {
+    act([this] { m_session.showBackups([this] { refresh(); }); });
+    m_grid->setFocus();
+  });
   m_sorting = put(new ClickLabel(this, words(BrowserSession::kSorting)), "Labelp", kSorting);
   m_sorting->hide();
+}
+
+void OPENFORM::makeFilter() {
+  auto* const filter = put(new QLineEdit(this), "Filter", kFilter);
+  filter->setPlaceholderText(words(BrowserSession::kFilter));
+  filter->setClearButtonEnabled(true);
+  connect(filter, &QLineEdit::textEdited, this,
+          [this](const QString& typed) { act([&] { m_session.setFilter(utf8(typed)); }); });
+  connect(filter, &QLineEdit::returnPressed, this, &OPENFORM::open);
+  connect(new QShortcut(Qt::Key_Down, filter, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, m_grid,
+          [this] { m_grid->setFocus(); });
 }
 
 void OPENFORM::showState() {

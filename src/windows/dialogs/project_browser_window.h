@@ -17,6 +17,7 @@ class OPENFORM : public SessionDialog {
 
  private:
   void makeLabels();
+  void makeFilter();
   void open();
   void sort(void (BrowserSession::*order)());
   void showState() override;

@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "sessions/dialogs/backup_session.h"
 #include "sessions/dialogs/list_range_dialog.h"
 #include "sessions/dialogs/sample_list_session.h"
 #include "shell/document_operations.h"
@@ -196,8 +197,13 @@ class BrowserOfAnyKind : public Browser {
  protected:
   BrowserSession browserOf(ProjectKind kind) {
     lab.workspace.openDialogKind = static_cast<std::int16_t>(kind);
-    return {lab.workspace, dialogs, opener(), [this](SampleListSession& list) { inList(list); }};
+    return {lab.workspace,
+            dialogs,
+            opener(),
+            {.showSampleList = [this](SampleListSession& list) { inList(list); },
+             .showBackups = [this](BackupSession& backups) { inBackups(backups); }}};
   }
+  std::function<void(BackupSession&)> inBackups = [](BackupSession&) {};
   std::function<void(SampleListSession&)> inList = [](SampleListSession&) {};
 };
 
@@ -271,10 +277,10 @@ TEST_F(BrowserOfAnyKind, FileNamesGoAlongWithTheirRows) {
   session.setCurrentCell(1, 3);
   session.sortByProject();
   EXPECT_THAT(projectsOf(session), ElementsAre("Y", "Z"));
-  EXPECT_EQ(session.currentRow(), 1) << "the current cell is one of the grid";
+  EXPECT_EQ(session.currentRow(), 2) << "the current project stays so";
   EXPECT_EQ(session.currentColumn(), 3);
   EXPECT_TRUE(session.open());
-  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].sampleNo.trimmed(), "of file B");
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].sampleNo.trimmed(), "of file A");
 }
 
 TEST_F(BrowserOfAnyKind, AnEmptyListIsSortedToo) {
@@ -282,6 +288,90 @@ TEST_F(BrowserOfAnyKind, AnEmptyListIsSortedToo) {
   session.sortByDate();
   session.sortByProject();
   EXPECT_EQ(session.rowCount(), 1);
+}
+
+// ---- the filter
+
+TEST_F(BrowserOfAnyKind, AFilterListsTheProjectsWithItsTextInNumberOrDate) {
+  lab.writeSamples(ProjectKind::TK0, "Ab12", {"1"}, "2024/02/01");
+  lab.writeSamples(ProjectKind::TK0, "b7", {"1"}, "2023/12/31");
+  lab.writeSamples(ProjectKind::TK0, "c", {"1"}, "2024/02/07");
+  BrowserSession session = browserOf(ProjectKind::TK0);
+  session.setFilter("B");
+  EXPECT_THAT(projectsOf(session), ElementsAre("Ab12", "b7"));
+  session.setFilter(" 2024/02 ");
+  EXPECT_THAT(projectsOf(session), ElementsAre("Ab12", "c"));
+  session.setFilter("7");
+  EXPECT_THAT(projectsOf(session), ElementsAre("b7", "c"));
+  EXPECT_EQ(session.cell(1, 0), "1") << "numbers are those of the rows";
+  session.setFilter("");
+  EXPECT_THAT(projectsOf(session), ElementsAre("Ab12", "b7", "c"));
+}
+
+TEST_F(BrowserOfAnyKind, TheCurrentProjectStaysSoUnderAFilterAndASort) {
+  lab.writeSamples(ProjectKind::K0, "A", {"1"}, "2024/02/03");
+  lab.writeSamples(ProjectKind::K0, "B", {"1"}, "2024/02/02");
+  lab.writeSamples(ProjectKind::K0, "B2", {"1"}, "2024/02/01");
+  BrowserSession session = browserOf(ProjectKind::K0);
+  session.setCurrentCell(3, 1);
+  session.setFilter("B");
+  EXPECT_EQ(session.currentRow(), 2);
+  session.sortByDate();
+  EXPECT_THAT(projectsOf(session), ElementsAre("B2", "B"));
+  EXPECT_EQ(session.currentRow(), 1);
+  session.setFilter("");
+  EXPECT_THAT(projectsOf(session), ElementsAre("B2", "B", "A"));
+  EXPECT_TRUE(session.open());
+  EXPECT_EQ(lab.workspace.K0SampleTable[0].projectNo.trimmed(), "B2");
+}
+
+TEST_F(BrowserOfAnyKind, AFilterThatNothingMatchesShowsOneEmptyRow) {
+  lab.writeSamples(ProjectKind::K0, "A", {"1"});
+  BrowserSession session = browserOf(ProjectKind::K0);
+  session.setFilter("nothing");
+  EXPECT_EQ(session.rowCount(), 1);
+  EXPECT_FALSE(session.open());
+  EXPECT_THAT(dialogs.take(), ElementsAre(HasSubstr("没有选中工程")));
+  session.setFilter("");
+  EXPECT_TRUE(session.open());
+}
+
+// ---- backups
+
+TEST_F(BrowserOfAnyKind, ARestoreAsksAndListsAnew) {
+  lab.writeSamples(ProjectKind::K0, "P1", {"A", "B"});
+  lab.folder.write("HSZS/backup/KOP1_20240504-101112-000000.txt",
+                   testing::sampleFileBytes(ProjectKind::K0, "P1", {"A"}));
+  BrowserSession session = browserOf(ProjectKind::K0);
+  dialogs.answers = {false, true};
+  inBackups = [&](BackupSession& backups) {
+    EXPECT_EQ(backups.heading(), "工程编号:P1");
+    ASSERT_EQ(backups.rowCount(), 1);
+    EXPECT_EQ(backups.cell(1, 1), "2024-05-04 10:11:12");
+    EXPECT_EQ(backups.cell(1, 2), "1");
+    EXPECT_EQ(backups.cell(1, 3), "没有 1 个：B");
+    EXPECT_FALSE(backups.restore()) << "no";
+    EXPECT_TRUE(backups.restore());
+  };
+  int listed = 0;
+  session.showBackups([&] { ++listed; });
+  EXPECT_EQ(listed, 1);
+  EXPECT_EQ(session.cell(1, 2), "0001");
+  EXPECT_THAT(dialogs.take(),
+              ElementsAre(HasSubstr("把“KOP1.txt”恢复成 2024-05-04 10:11:12 的备份吗？\n恢复以后：没有 1 个：B。"),
+                          HasSubstr("现在的文件先留一份备份"), "[恢复备份] “KOP1.txt”已恢复。"));
+}
+
+TEST_F(BrowserOfAnyKind, AProjectWithoutCopiesHasNothingToRestore) {
+  lab.writeSamples(ProjectKind::K0, "P1", {"A"});
+  BrowserSession session = browserOf(ProjectKind::K0);
+  inBackups = [](BackupSession& backups) {
+    EXPECT_EQ(backups.heading(), "工程编号:P1    还没有备份");
+    EXPECT_FALSE(backups.canRestore());
+    EXPECT_FALSE(backups.restore());
+  };
+  session.showBackups([] { ADD_FAILURE(); });
+  EXPECT_THAT(dialogs.shown, IsEmpty());
 }
 
 // ---- sample lists
