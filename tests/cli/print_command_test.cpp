@@ -167,6 +167,19 @@ TEST_F(PrintCommand, WithoutAChineseFontThereIsASentenceInsteadOfBoxes) {
   }
 }
 
+// The curves of the stages have numbers in a narrow font, which this machine lacks; others of it hold ornaments alone.
+TEST_F(CliTest, NumbersAreNeverSetInAFontOfSymbols) {
+  ASSERT_EQ(run({"import", "tk0-hgj", TRIAXLAB_SAMPLES "/tk0/HGJSJ.KU"}).status, 0);
+  setShell(
+      onlyFontsOf(folder, "<dir>/usr/share/fonts/truetype/arphic</dir><dir>/usr/share/fonts/opentype/urw-base35</dir>"),
+      "");
+  const ProgramRun ran =
+      run({"print", "tk0", "TKO2024T1.txt", "--layout", "tk0-curve", "--out", (folder / "pages.pdf").string()});
+  ASSERT_EQ(ran.status, 0) << ran.err;
+  for (const char* const symbols : {"D050000L", "StandardSymbols"})
+    EXPECT_THAT(folder.read("pages.pdf"), ::testing::Not(::testing::HasSubstr(symbols)));
+}
+
 TEST_F(PrintCommand, WritesAPdf) {
   EXPECT_EQ(print(folder.path() / "pages.PDF").status, 0);
   EXPECT_EQ(folder.read("pages.PDF").substr(0, 5), "%PDF-");
