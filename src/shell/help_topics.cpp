@@ -17,6 +17,7 @@ constexpr std::array kTopics{
     HelpTopic{"Form6", "k0.md", "2. 窗口"},
     HelpTopic{"Form9", "k0.md", "2. 窗口"},
     HelpTopic{"OPENFORM", kLists, "1. 工程列表"},
+    HelpTopic{"BACKUPFORM", kLists, "1. 工程列表"},
     HelpTopic{"Form21", "triaxial.md", "4. 保存"},
     HelpTopic{"Form13", kLists, "2. 土样列表"},
     HelpTopic{"Form14", kLists, "2. 土样列表"},

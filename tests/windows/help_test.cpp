@@ -6,7 +6,9 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextTable>
+#include <set>
 
+#include "desk.h"
 #include "lone_application.h"
 #include "played_program.h"
 #include "windows/controls/cell_keys.h"
@@ -98,6 +100,40 @@ TEST(KeyNames, AreThoseOfTheKeyboard) {
   EXPECT_EQ(keyName(int(Qt::ALT) | Qt::Key_Left), "Alt+←");
   EXPECT_EQ(keyName(int(Qt::CTRL) | Qt::Key_Plus), "Ctrl++");
 }
+
+/// The keys of a window, out of the table that is shown of them.
+std::set<std::string> shownKeys(const ManualWindow& manual) {
+  std::set<std::string> keys;
+  const auto* const page = manual.findChild<QTextBrowser*>("Page");
+  for (QTextFrame* const frame : page->document()->rootFrame()->childFrames()) {
+    const auto* const table = qobject_cast<QTextTable*>(frame);
+    for (int row = 1; table != nullptr && row < table->rows(); ++row)
+      for (const QString& key : table->cellAt(row, 0).firstCursorPosition().block().text().split("、"))
+        keys.insert(utf8(key));
+  }
+  return keys;
+}
+
+class KeysOf : public ::testing::TestWithParam<ActiveDocument> {};
+
+TEST_P(KeysOf, StandInTheManual) {
+  makeApplication();
+  Desk desk(GetParam());
+  desk.press("KEYS");
+  const ManualWindow* manual = nullptr;
+  for (QWidget* const window : QApplication::topLevelWidgets())
+    if (auto* const found = qobject_cast<ManualWindow*>(window); found != nullptr && found->isVisible()) manual = found;
+  ASSERT_NE(manual, nullptr);
+  std::string text;
+  const Manual pages = readManual();
+  for (const ManualChapter& chapter : pages.chapters()) text += chapter.markdown;
+  const std::set<std::string> keys = shownKeys(*manual);
+  EXPECT_GT(keys.size(), 5U);
+  for (const std::string& key : keys) EXPECT_THAT(text, HasSubstr(key));
+}
+
+INSTANTIATE_TEST_SUITE_P(Windows, KeysOf,
+                         ::testing::Values(kNoDocument, kForm1, kForm2, kForm7, kForm4, kForm6, kForm9));
 
 TEST(PlayHelp, F1OpensTheManualBesideAModalWindowToo) {
   const PlayedProgram program;
