@@ -22,8 +22,15 @@ void takeFailuresAsErrors();
 std::optional<std::filesystem::path> findProgram(std::span<const std::filesystem::path> folders,
                                                  std::string_view windowsName);
 
-/// Starts a program with these arguments, as they are, without waiting for it. UserError when it can't be started.
-void startProgram(const std::filesystem::path& program, std::span<const std::string> arguments = {});
+enum class Showing : std::uint8_t {
+  Usual,
+  Behind,  // its window doesn't take the focus where the desktop heeds such a wish
+};
+
+/// Starts a program with these arguments, as they are, without waiting for it. Its number among the processes.
+/// UserError when it can't be started.
+int startProgram(const std::filesystem::path& program, std::span<const std::string> arguments = {},
+                 Showing showing = Showing::Usual);
 
 /// Goes on as another program with these arguments, the first of which is a name and the last null; what this one has
 /// written is flushed first. Returns only by a UserError, when the program can't be started.
@@ -35,14 +42,17 @@ std::string ownName();
 /// True for a word that ownName may have given to any program.
 bool isOwnName(std::string_view text);
 
-enum class Raising : std::uint8_t {
-  Done,          // the desktop was asked to bring the window to the front
+/// What became of a wish about a window of another program.
+enum class WindowWish : std::uint8_t {
+  Done,          // the desktop was told
   NoSuchWindow,  // not yet, perhaps
   NotPossible,   // on this desktop, or without one
 };
 
 /// Brings the window with this title (UTF-8) to the front, whatever program it belongs to; without one the first whose
 /// title begins so. An empty title names none.
-Raising raiseWindow(std::string_view title);
+WindowWish raiseWindow(std::string_view title);
+/// Lets the desktop put the windows of a process away into its bar.
+WindowWish minimizeWindowsOf(int process);
 
 }  // namespace triaxlab

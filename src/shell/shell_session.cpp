@@ -384,7 +384,8 @@ void ShellSession::reprocessCurves(const Command& command) {
 void ShellSession::fillTemplates(const Command& /*command*/) {
   const std::int16_t document = m_workspace.activeDocument;
   TemplateSession session(m_workspace, m_dialogs,
-                          document == kNoDocument ? std::nullopt : std::optional(documentKindOf(document).tests));
+                          document == kNoDocument ? std::nullopt : std::optional(documentKindOf(document).tests),
+                          [this](int process) { m_windows.minimizeTool(process); });
   m_windows.showTemplates(session);
 }
 

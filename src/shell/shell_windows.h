@@ -116,6 +116,8 @@ class ShellWindows {
   /// Brings the window of a sibling tool, which may still be opening it, to the front. Nothing happens where the
   /// desktop can't do that.
   virtual void raiseTool(std::string_view windowTitle) = 0;
+  /// Puts the windows of a process, which may still be opening them, away where the desktop can do that.
+  virtual void minimizeTool(int process) = 0;
   /// Ends the process at once; nothing is asked any more.
   virtual void endProgram() = 0;
 };

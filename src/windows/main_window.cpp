@@ -308,7 +308,9 @@ void MDIForm1::listOpenWindows() {
   }
 }
 
-void MDIForm1::raiseTool(std::string_view windowTitle) { m_toolRaiser.raise(windowTitle); }
+void MDIForm1::raiseTool(std::string_view windowTitle) { m_toolWindows.raise(windowTitle); }
+
+void MDIForm1::minimizeTool(int process) { m_toolWindows.minimize(process); }
 
 void MDIForm1::endProgram() {
   rememberSizes();

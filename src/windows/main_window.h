@@ -12,7 +12,7 @@
 #include "triaxial/failure.h"
 #include "windows/document_windows.h"
 #include "windows/help/help_windows.h"
-#include "windows/tool_raiser.h"
+#include "windows/tool_windows.h"
 
 class QLabel;
 class QMdiArea;
@@ -65,6 +65,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   void showProgress(std::size_t done, std::size_t total) override;
   void refresh() override;
   void raiseTool(std::string_view windowTitle) override;
+  void minimizeTool(int process) override;
   void endProgram() override;
 
   void makeStatusBar();
@@ -94,7 +95,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   QProgressBar* m_progress = nullptr;
   std::map<ActiveDocument, LoadedDocument> m_documents;
   QtPageDevices m_pageDevices;
-  ToolRaiser m_toolRaiser;
+  ToolWindows m_toolWindows;
   HelpWindows m_help;
 };
 

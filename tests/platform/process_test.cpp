@@ -74,6 +74,23 @@ TEST(StartProgram, ArgumentsArriveAsTheyAre) {
   EXPECT_EQ(folder.read("mark"), "<ONE><>< ><two words><三轴\"'$>");
 }
 
+TEST(StartProgram, AProgramBehindIsToldToLeaveTheFocusWhereItIs) {
+  const testing::TemporaryFolder folder;
+  std::ofstream(folder / "SZBB") << "#!/bin/sh\necho \"$$ ${DESKTOP_STARTUP_ID##*_}\" > '" << (folder / "new").string()
+                                 << "' && mv '" << (folder / "new").string() << "' '" << (folder / "mark").string()
+                                 << "'\n";
+  std::filesystem::permissions(folder / "SZBB", std::filesystem::perms::owner_all);
+  setenv("DESKTOP_STARTUP_ID", "ours_TIME4711", 1);
+  const int behind = startProgram(folder / "SZBB", {}, Showing::Behind);
+  ASSERT_TRUE(appears(folder / "mark"));
+  EXPECT_EQ(folder.read("mark"), std::to_string(behind) + " TIME0\n");
+  std::filesystem::remove(folder / "mark");
+  const int usual = startProgram(folder / "SZBB");
+  ASSERT_TRUE(appears(folder / "mark"));
+  EXPECT_EQ(folder.read("mark"), std::to_string(usual) + " \n") << "the time of another start isn't its own";
+  unsetenv("DESKTOP_STARTUP_ID");
+}
+
 TEST(StartProgram, WhatCanNotBeStartedIsNamed) {
   const testing::TemporaryFolder folder;
   std::filesystem::create_directory(folder / "folder.exe");

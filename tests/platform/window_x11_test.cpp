@@ -34,6 +34,12 @@ class OtherProgram {
     return window;
   }
 
+  /// Says whose window it is.
+  void tellProcess(xcb_window_t window, std::uint32_t process) {
+    setProperty(window, atom("_NET_WM_PID"), XCB_ATOM_CARDINAL, 32, &process, 1);
+    finish();
+  }
+
   /// The windows from the lowest to the one in front.
   std::vector<xcb_window_t> stack() const {
     auto* const tree = xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, m_root), nullptr);
@@ -50,14 +56,15 @@ class OtherProgram {
     setProperty(m_root, atom("_NET_CLIENT_LIST"), XCB_ATOM_WINDOW, 32, windows.data(), windows.size());
     finish();
   }
-  /// The window that is wished to be active; nothing when there is no wish.
-  std::optional<xcb_window_t> wishedWindow() {
+  /// The window of which something is wished, by default that it be active as the person's own wish; nothing when
+  /// nothing is.
+  std::optional<xcb_window_t> wishedWindow(std::string_view wish = "_NET_ACTIVE_WINDOW", std::uint32_t value = 2) {
     finish();
     std::optional<xcb_window_t> wished;
     while (xcb_generic_event_t* const event = xcb_poll_for_event(m_connection)) {
       const auto* const message = reinterpret_cast<const xcb_client_message_event_t*>(event);
-      if ((event->response_type & 0x7F) == XCB_CLIENT_MESSAGE && message->type == atom("_NET_ACTIVE_WINDOW") &&
-          message->data.data32[0] == 2)  // a wish of the person
+      if ((event->response_type & 0x7F) == XCB_CLIENT_MESSAGE && message->type == atom(wish) &&
+          message->data.data32[0] == value)
         wished = message->window;
       std::free(event);
     }
@@ -100,7 +107,7 @@ TEST_F(RaiseWindow, TheWindowWithTheTitleComesToTheFront) {
   OtherProgram other;
   const xcb_window_t tool = other.openWindow(kTool), above = other.openWindow("文件");
   ASSERT_EQ(other.stack(), (std::vector{tool, above}));
-  EXPECT_EQ(raiseWindow(kTool), Raising::Done);
+  EXPECT_EQ(raiseWindow(kTool), WindowWish::Done);
   EXPECT_EQ(other.stack(), (std::vector{above, tool}));
 }
 
@@ -108,17 +115,17 @@ TEST_F(RaiseWindow, ATitleThatGoesOnCountsWhenNoneIsTheSame) {
   OtherProgram other;
   const xcb_window_t document = other.openWindow(std::string(kTool) + " - 2024-018");
   const xcb_window_t same = other.openWindow(kTool), above = other.openWindow("文件");
-  EXPECT_EQ(raiseWindow(kTool), Raising::Done);
+  EXPECT_EQ(raiseWindow(kTool), WindowWish::Done);
   EXPECT_EQ(other.stack(), (std::vector{document, above, same}));
-  EXPECT_EQ(raiseWindow("QVB固结（黄土压缩）试验数据处理 -"), Raising::Done);
+  EXPECT_EQ(raiseWindow("QVB固结（黄土压缩）试验数据处理 -"), WindowWish::Done);
   EXPECT_EQ(other.stack(), (std::vector{above, same, document}));
 }
 
 TEST_F(RaiseWindow, AWindowThatIsNotThereYetIsTold) {
   OtherProgram other;
   const xcb_window_t window = other.openWindow("文件"), above = other.openWindow("");
-  EXPECT_EQ(raiseWindow(kTool), Raising::NoSuchWindow);
-  EXPECT_EQ(raiseWindow(""), Raising::NoSuchWindow);
+  EXPECT_EQ(raiseWindow(kTool), WindowWish::NoSuchWindow);
+  EXPECT_EQ(raiseWindow(""), WindowWish::NoSuchWindow);
   EXPECT_EQ(other.stack(), (std::vector{window, above}));
 }
 
@@ -128,18 +135,31 @@ TEST_F(RaiseWindow, ADesktopIsAskedForAWindowOfItsList) {
   other.openWindow("文件");
   const xcb_window_t unlisted = other.openWindow("menu");
   other.becomeDesktop({tool});
-  EXPECT_EQ(raiseWindow("menu"), Raising::NoSuchWindow);
+  EXPECT_EQ(raiseWindow("menu"), WindowWish::NoSuchWindow);
   EXPECT_EQ(other.wishedWindow(), std::nullopt);
-  EXPECT_EQ(raiseWindow(kTool), Raising::Done);
+  EXPECT_EQ(raiseWindow(kTool), WindowWish::Done);
   EXPECT_EQ(other.wishedWindow(), tool);
   EXPECT_NE(unlisted, tool);
 }
 
+TEST_F(RaiseWindow, TheWindowOfAProcessIsMinimizedAsTheDesktopIsAsked) {
+  constexpr std::uint32_t kIconic = 3;
+  OtherProgram other;
+  const xcb_window_t tool = other.openWindow("报告.xls"), unknown = other.openWindow("文件");
+  other.tellProcess(tool, 4711);
+  other.becomeDesktop({unknown, tool});
+  EXPECT_EQ(minimizeWindowsOf(4712), WindowWish::NoSuchWindow);
+  EXPECT_EQ(other.wishedWindow("WM_CHANGE_STATE", kIconic), std::nullopt);
+  EXPECT_EQ(minimizeWindowsOf(4711), WindowWish::Done);
+  EXPECT_EQ(other.wishedWindow("WM_CHANGE_STATE", kIconic), tool);
+}
+
 TEST(RaiseWindowWithoutADisplay, IsNotPossible) {
   unsetenv("DISPLAY");
-  EXPECT_EQ(raiseWindow(kTool), Raising::NotPossible);
+  EXPECT_EQ(raiseWindow(kTool), WindowWish::NotPossible);
   setenv("DISPLAY", ":987654", 1);
-  EXPECT_EQ(raiseWindow(kTool), Raising::NotPossible);
+  EXPECT_EQ(raiseWindow(kTool), WindowWish::NotPossible);
+  EXPECT_EQ(minimizeWindowsOf(1), WindowWish::NotPossible);
   unsetenv("DISPLAY");
 }
 

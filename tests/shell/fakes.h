@@ -130,6 +130,7 @@ class FakeWindows : public ShellWindows {
   void showProgress(std::size_t done, std::size_t total) override { progress.emplace_back(done, total); }
   void refresh() override { ++refreshes; }
   void raiseTool(std::string_view windowTitle) override { raisedTools.emplace_back(windowTitle); }
+  void minimizeTool(int process) override { shown.push_back("minimize " + std::to_string(process)); }
   void endProgram() override { shown.emplace_back("end"); }
 
   std::vector<std::string> take() { return std::exchange(shown, {}); }

@@ -80,6 +80,25 @@ class OrdinarySignals {
   posix_spawnattr_t m_attributes{};
 };
 
+/// As the system takes arguments and variables: behind the last a null.
+std::vector<char*> pointersTo(std::vector<std::string>& words) {
+  std::vector<char*> pointers;
+  for (std::string& word : words) pointers.push_back(word.data());
+  pointers.push_back(nullptr);
+  return pointers;
+}
+
+/// The variables of this program. A desktop gives a window the focus by the time at which the person started its
+/// program, which stands in one of them; a time of 0 leaves the focus where it is.
+std::vector<std::string> environmentFor(Showing showing) {
+  constexpr std::string_view kStart = "DESKTOP_STARTUP_ID=";
+  std::vector<std::string> variables;
+  for (char** variable = environ; *variable != nullptr; ++variable)
+    if (!std::string_view(*variable).starts_with(kStart)) variables.emplace_back(*variable);
+  if (showing == Showing::Behind) variables.push_back(fmt::format("{}{}_TIME0", kStart, ownName()));
+  return variables;
+}
+
 bool canBeRun(const std::filesystem::path& file) { return fileExists(file) && access(file.c_str(), X_OK) == 0; }
 
 [[noreturn]] void failToStart(const std::filesystem::path& program, int error) {
@@ -126,22 +145,22 @@ std::optional<std::filesystem::path> findProgram(std::span<const std::filesystem
   return std::nullopt;
 }
 
-void startProgram(const std::filesystem::path& program, std::span<const std::string> arguments) {
+int startProgram(const std::filesystem::path& program, std::span<const std::string> arguments, Showing showing) {
   // The tools are known by their Windows names; elsewhere the same name may stand without ".exe".
   std::filesystem::path file = program;
   if (!canBeRun(file)) file.replace_extension();
   if (!canBeRun(file)) failToStart(program, fileExists(program) ? ENOEXEC : ENOENT);
   std::vector<std::string> words{file.string()};
   words.insert(words.end(), arguments.begin(), arguments.end());
-  std::vector<char*> pointers;
-  for (std::string& word : words) pointers.push_back(word.data());
-  pointers.push_back(nullptr);
+  std::vector<std::string> variables = environmentFor(showing);
   const OrdinarySignals signals;
   pid_t child = 0;
-  if (const int error = posix_spawn(&child, file.c_str(), nullptr, signals.get(), pointers.data(), environ))
+  if (const int error = posix_spawn(&child, file.c_str(), nullptr, signals.get(), pointersTo(words).data(),
+                                    pointersTo(variables).data()))
     failToStart(file, error);
   // Nobody waits for the tool itself, but its ended process must be collected.
   std::thread([child] { waitpid(child, nullptr, 0); }).detach();
+  return child;
 }
 
 void becomeProgram(const std::filesystem::path& program, char* const* arguments) {

@@ -2,6 +2,8 @@
 
 namespace triaxlab {
 
-Raising raiseWindow(std::string_view /*title*/) { return Raising::NotPossible; }
+WindowWish raiseWindow(std::string_view /*title*/) { return WindowWish::NotPossible; }
+
+WindowWish minimizeWindowsOf(int /*process*/) { return WindowWish::NotPossible; }
 
 }  // namespace triaxlab

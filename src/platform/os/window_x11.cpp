@@ -25,6 +25,8 @@ using Owned = std::unique_ptr<Reply, Free>;
 constexpr std::uint32_t kLongestProperty = 1024;  // in words of four bytes
 /// The desktop treats the wish of a "pager" as one of the person's own, which it is.
 constexpr std::uint32_t kAskedByThePerson = 2;
+/// The state of a window that a desktop shows in its bar alone.
+constexpr std::uint32_t kIconic = 3;
 
 /// A connection to the display that lasts for one wish. A wish that the display refuses is passed over in silence.
 class Display {
@@ -64,24 +66,43 @@ class Display {
     return title.empty() ? property(window, XCB_ATOM_WM_NAME, XCB_ATOM_ANY) : title;
   }
 
+  /// The number of the process that opened it; 0 where nobody says.
+  std::uint32_t process(xcb_window_t window) const {
+    const std::string number = property(window, atom("_NET_WM_PID"), XCB_ATOM_CARDINAL);
+    std::uint32_t process = 0;
+    if (number.size() == sizeof process) number.copy(reinterpret_cast<char*>(&process), sizeof process);
+    return process;
+  }
+
   void bringToFront(xcb_window_t window) const {
+    tellDesktop(window, "_NET_ACTIVE_WINDOW", kAskedByThePerson);
+    // Where no desktop runs nobody heeds the wish.
+    const std::uint32_t above = XCB_STACK_MODE_ABOVE;
+    xcb_configure_window(m_connection.get(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    waitUntilDone(window);
+  }
+
+  void minimize(xcb_window_t window) const {
+    tellDesktop(window, "WM_CHANGE_STATE", kIconic);
+    waitUntilDone(window);
+  }
+
+ private:
+  void tellDesktop(xcb_window_t window, std::string_view wishName, std::uint32_t value) const {
     xcb_client_message_event_t wish{};
     wish.response_type = XCB_CLIENT_MESSAGE;
     wish.format = 32;
     wish.window = window;
-    wish.type = atom("_NET_ACTIVE_WINDOW");
-    wish.data.data32[0] = kAskedByThePerson;
+    wish.type = atom(wishName);
+    wish.data.data32[0] = value;
     xcb_send_event(m_connection.get(), 0, m_root,
                    XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
                    reinterpret_cast<const char*>(&wish));
-    // Where no desktop runs nobody heeds the wish.
-    const std::uint32_t above = XCB_STACK_MODE_ABOVE;
-    xcb_configure_window(m_connection.get(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
-    // The answer to any question says that all before it has been done.
-    property(window, XCB_ATOM_WM_NAME, XCB_ATOM_ANY);
   }
 
- private:
+  /// The answer to any question says that all before it has been done.
+  void waitUntilDone(xcb_window_t window) const { property(window, XCB_ATOM_WM_NAME, XCB_ATOM_ANY); }
+
   xcb_atom_t atom(std::string_view name) const {
     const auto cookie = xcb_intern_atom(m_connection.get(), 0, static_cast<std::uint16_t>(name.size()), name.data());
     const Owned<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(m_connection.get(), cookie, nullptr));
@@ -114,22 +135,34 @@ class Display {
 
 }  // namespace
 
-Raising raiseWindow(std::string_view title) {
-  if (title.empty()) return Raising::NoSuchWindow;
+WindowWish raiseWindow(std::string_view title) {
+  if (title.empty()) return WindowWish::NoSuchWindow;
   const Display display;
-  if (!display.isThere()) return Raising::NotPossible;
+  if (!display.isThere()) return WindowWish::NotPossible;
   std::optional<xcb_window_t> begins;  // a tool may add the name of its document behind the title
   for (const xcb_window_t window : display.windows()) {
     const std::string shown = display.title(window);
     if (shown == title) {
       display.bringToFront(window);
-      return Raising::Done;
+      return WindowWish::Done;
     }
     if (!begins && shown.starts_with(title)) begins = window;
   }
-  if (!begins) return Raising::NoSuchWindow;
+  if (!begins) return WindowWish::NoSuchWindow;
   display.bringToFront(*begins);
-  return Raising::Done;
+  return WindowWish::Done;
+}
+
+WindowWish minimizeWindowsOf(int process) {
+  const Display display;
+  if (!display.isThere()) return WindowWish::NotPossible;
+  WindowWish wish = WindowWish::NoSuchWindow;
+  for (const xcb_window_t window : display.windows()) {
+    if (display.process(window) != static_cast<std::uint32_t>(process)) continue;
+    display.minimize(window);
+    wish = WindowWish::Done;
+  }
+  return wish;
 }
 
 }  // namespace triaxlab

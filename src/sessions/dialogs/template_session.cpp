@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "common/small_letters.h"
 #include "platform/files.h"
@@ -42,8 +43,9 @@ const TemplateSession::Kind* TemplateSession::kindOf(std::optional<ProjectKind> 
   return row != kKinds.end() ? row : nullptr;
 }
 
-TemplateSession::TemplateSession(const Workspace& workspace, Dialogs& dialogs, std::optional<ProjectKind> tests)
-    : m_workspace(workspace), m_dialogs(dialogs), m_kind(kindOf(tests)) {
+TemplateSession::TemplateSession(const Workspace& workspace, Dialogs& dialogs, std::optional<ProjectKind> tests,
+                                 std::function<void(int process)> started)
+    : m_workspace(workspace), m_dialogs(dialogs), m_kind(kindOf(tests)), m_started(std::move(started)) {
   if (m_kind == nullptr) return;
   const std::string_view projectNo = SampleRows(workspace, m_kind->tests).projectNo(0);
   m_projectFile = fileOrNew(workspace.projectFolder(), projectFileName(infoOf(m_kind->tests).filePrefix, projectNo));
@@ -60,7 +62,9 @@ void TemplateSession::handOver(std::string_view what) {
     // The fourth place is a blank of no meaning.
     const std::array<std::string, 5> arguments{std::string(what), std::string(m_kind->code), m_projectFile.string(),
                                                " ", (m_folder / m_templates[m_current]).string()};
-    startProgram(findProgram({&folder, 1}, kProgram).value_or(folder / kProgram), arguments);
+    const int process =
+        startProgram(findProgram({&folder, 1}, kProgram).value_or(folder / kProgram), arguments, Showing::Behind);
+    if (m_started) m_started(process);
   });
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,7 +26,9 @@ class TemplateSession {
 
   /// For the tests of the document in front. Without a document, or with one of tests for which there are no templates,
   /// the form is empty.
-  TemplateSession(const Workspace& workspace, Dialogs& dialogs, std::optional<ProjectKind> tests);
+  /// `started` is told the process of each program that was started.
+  TemplateSession(const Workspace& workspace, Dialogs& dialogs, std::optional<ProjectKind> tests,
+                  std::function<void(int process)> started = {});
 
   // Combo1
   const std::vector<std::string>& templates() const { return m_templates; }
@@ -47,6 +50,7 @@ class TemplateSession {
   const Workspace& m_workspace;
   Dialogs& m_dialogs;
   const Kind* m_kind;  // null: an empty form
+  std::function<void(int process)> m_started;
   std::filesystem::path m_folder, m_projectFile;
   std::vector<std::string> m_templates;
   std::size_t m_current = 0;

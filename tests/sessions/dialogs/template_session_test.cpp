@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "common/gbk.h"
 #include "platform/files.h"
@@ -123,6 +124,19 @@ TEST_F(Templates, OfUnconfinedTestsGoWithTheirOwnNumber) {
   writeProgram("ExcelPrinter");
   session(ProjectKind::Unconfined).writeToFile();
   EXPECT_EQ(given(), "TOFILE|\n4|\n" + path("HSZS/KWCXU 7.txt") + "|\n |\n" + path("Excel模板/无侧限/a.xls") + "|\n");
+}
+
+TEST_F(Templates, TellOfTheProgramThatWasStarted) {
+  addTemplate("a.xls");
+  std::vector<int> started;
+  TemplateSession form(lab.workspace, dialogs, ProjectKind::Triaxial,
+                       [&started](int process) { started.push_back(process); });
+  form.print();
+  EXPECT_THAT(started, IsEmpty()) << "there is none";
+  writeProgram("ExcelPrinter");
+  form.print();
+  EXPECT_EQ(started.size(), 1U);
+  given();
 }
 
 TEST_F(Templates, WithoutTheProgramAreAnError) {
