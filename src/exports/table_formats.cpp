@@ -12,7 +12,7 @@ namespace {
 
 /// In quotation marks where a reader would otherwise part the text, or take blanks at its ends away.
 void addCsvText(std::string& file, std::string_view text) {
-  if (text.find_first_of(",\"") == text.npos && !text.starts_with(' ') && !text.ends_with(' ')) {
+  if (text.find_first_of(",\"") == std::string_view::npos && !text.starts_with(' ') && !text.ends_with(' ')) {
     file += text;
     return;
   }

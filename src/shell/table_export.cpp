@@ -3,7 +3,7 @@
 #include <fmt/core.h>
 #include <fmt/ranges.h>
 
-#include <ranges>
+#include <vector>
 
 #include "exports/export_file.h"
 #include "exports/table_formats.h"
@@ -27,8 +27,10 @@ std::filesystem::path firstPlace(const Workspace& workspace, ProjectKind tests, 
 
 const TableFormat& formatOf(const std::filesystem::path& file) {
   if (const TableFormat* const format = tableFormatOfExtension(file.extension().string())) return *format;
-  throw UserError(fmt::format("不能写成数据表“{}”：名称要以 {} 结尾。", textOfPath(file),
-                              fmt::join(tableFormats() | std::views::transform(&TableFormat::extension), " 或 ")));
+  std::vector<std::string_view> extensions;
+  for (const TableFormat& format : tableFormats()) extensions.push_back(format.extension);
+  throw UserError(
+      fmt::format("不能写成数据表“{}”：名称要以 {} 结尾。", textOfPath(file), fmt::join(extensions, " 或 ")));
 }
 
 }  // namespace

@@ -83,6 +83,7 @@ class OrdinarySignals {
 /// As the system takes arguments and variables: behind the last a null.
 std::vector<char*> pointersTo(std::vector<std::string>& words) {
   std::vector<char*> pointers;
+  pointers.reserve(words.size() + 1);
   for (std::string& word : words) pointers.push_back(word.data());
   pointers.push_back(nullptr);
   return pointers;
