@@ -67,7 +67,8 @@ Before a run of the program first changes a project file, a copy of it goes into
 `HSZS\{0}\WKSZ17_20240506-143015-000000.txt` is `WKSZ17.txt` as it was on 2024-05-06 at 14:30:15, local time to the
 microsecond. The bytes are those of the project file. The newest {1} copies of a project are kept, and {2} MB of all
 together; the oldest go first. A file that the newest of its copies equals is not copied again. Before an import replaces
-samples that the file knows, the file is copied as well when this run itself has written it.
+samples that the file knows, and before a copy is restored, the file is copied as well when this run itself has written
+it.
 )",
                         kBackupFolder, kMostBackupsOfAProject, kLargestBackups >> 20));
   page.heading("Files that are there for a moment");
