@@ -75,7 +75,7 @@ bool write(const QString& file) {
   document.setDefaultFont(type);
   document.setMarkdown(words(wholeText(manual)));
   addPictures(document);  // a text that is set throws out what was there
-  const double margins = 2 * kMargin / kMillimetresPerInch * kResolution;
+  const double margins = 2 * (kMargin / kMillimetresPerInch * kResolution + document.documentMargin());
   typeset(document, static_cast<int>(writer.width() - margins));
   breakPages(document);
   document.print(&writer);

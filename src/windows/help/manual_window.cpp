@@ -23,7 +23,6 @@ constexpr int kContentsWidth = 280;
 constexpr int kDeepestInContents = 2;  // chapters and their sections
 constexpr const char* kKeyPage = "keys.md";
 
-/// One column that is seen; the row numbers in front of it are hidden.
 QString indented(const ManualSection& section) { return QString(2 * (section.level - 1), ' ') + words(section.title); }
 
 }  // namespace
@@ -101,6 +100,7 @@ QWidget* ManualWindow::makeBar() {
 }
 
 GridView* ManualWindow::makeContents() {
+  // One column that is seen; the row numbers in front of it are hidden.
   GridContent content;
   content.columns = {{"", 0}, {"", 0}};
   content.rowCount = [this] { return static_cast<int>(m_lines.size()); };
