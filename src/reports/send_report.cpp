@@ -70,9 +70,7 @@ NumberRange Sheets::pages(int sheet) const {
   return {m_pages.first + pagesOn(sheet - 1), m_pages.first + pagesOn(sheet) - 1};
 }
 
-std::string_view Sheets::projectNo(int sheet) const {
-  return m_report.samplesOf(pages(sheet).first).front().projectNo;
-}
+std::string_view Sheets::projectNo(int sheet) const { return m_report.samplesOf(pages(sheet).first).front().projectNo; }
 
 void Sheets::draw(DrawingSurface& surface, int sheet) const {
   const NumberRange drawn = pages(sheet);
