@@ -57,9 +57,8 @@ std::string plain(std::string_view line) {
   std::string text;
   for (std::size_t at = 0; at < line.size(); ++at) {
     const std::string_view rest = line.substr(at);
-    if (rest.starts_with("![")) {
-      at += std::min(rest.find(')'), rest.size() - 1);
-    } else if (rest.starts_with("](")) {
+    // A picture as a whole, and where a link leads.
+    if (rest.starts_with("![") || rest.starts_with("](")) {
       at += std::min(rest.find(')'), rest.size() - 1);
     } else if (line[at] == '|') {
       text += ' ';
@@ -109,12 +108,12 @@ Manual::Manual(const std::function<std::string(std::string_view file)>& read) {
   const std::string first = read(kFirstPage);
   addChapter(std::string(kFirstPage), first);
   for (std::string& file : linkedChapters(first)) {
-    std::string markdown = read(file);
-    addChapter(std::move(file), std::move(markdown));
+    const std::string markdown = read(file);
+    addChapter(std::move(file), markdown);
   }
 }
 
-void Manual::addChapter(std::string file, std::string markdown) {
+void Manual::addChapter(std::string file, std::string_view markdown) {
   m_chapters.push_back({std::move(file), joinChineseLines(markdown)});
   bool goesOn = false;  // a line of text belongs to the paragraph before
   for (const std::string_view line : linesOf(m_chapters.back().markdown)) {

@@ -46,7 +46,7 @@ class Manual {
   std::vector<ManualHit> find(std::string_view query) const;
 
  private:
-  void addChapter(std::string file, std::string markdown);
+  void addChapter(std::string file, std::string_view markdown);
 
   std::vector<ManualChapter> m_chapters;
   std::vector<ManualSection> m_sections;
