@@ -13,12 +13,16 @@ struct Part {
   std::string_view name, use, licence;
 };
 constexpr std::array kParts{
-    Part{"Qt 6", "窗口、打印、PDF", "LGPL-3.0"},
+    Part{"Qt 6", "窗口、打印", "LGPL-3.0"},
+    Part{"cairo", "PDF", "LGPL-2.1，MPL-1.1"},
+    Part{"fontconfig", "找字体", "MIT"},
+    Part{"libxlsxwriter", "写 .xlsx 文件", "BSD-2-Clause"},
+    Part{"zlib", "检查写成的 .xlsx 文件", "Zlib"},
     Part{"fmt", "文字", "MIT"},
     Part{"nlohmann/json", "命令行的输出", "MIT"},
     Part{"CLI11", "命令行的选项", "BSD-3-Clause"},
     Part{"mdbtools", "读 WIN 版的数据库，在另一个程序里", "LGPL-2.0，GPL-2.0"},
-    Part{"SQLite", "同上", "公有领域"},
+    Part{"SQLite", "读 WIN 版的数据库", "公有领域"},
 };
 
 std::string folders(const Workspace& workspace) {
