@@ -6,7 +6,7 @@ jobs=$(nproc 2>/dev/null || echo 2)
 
 tools_to_build="build-essential cmake ninja-build ccache pkg-config git ca-certificates"
 libraries="qt6-base-dev qt6-qpa-plugins libgtest-dev libbenchmark-dev libfmt-dev nlohmann-json3-dev libcli11-dev
-  libsqlite3-dev mdbtools-dev libxlsxwriter-dev zlib1g-dev libxcb1-dev libcairo2-dev libfontconfig-dev"
+  libsqlite3-dev mdbtools-dev libxlsxwriter-dev zlib1g-dev libminizip-dev libxcb1-dev libcairo2-dev libfontconfig-dev"
 fonts_and_words="fonts-arphic-uming fonts-wqy-microhei fonts-liberation qt6-translations-l10n"
 tools_to_test="xvfb xauth openbox poppler-utils cups-daemon cups-client"
 

@@ -17,7 +17,7 @@ constexpr std::array kParts{
     Part{"cairo", "PDF", "LGPL-2.1，MPL-1.1"},
     Part{"fontconfig", "找字体", "MIT"},
     Part{"libxlsxwriter", "写 .xlsx 文件", "BSD-2-Clause"},
-    Part{"zlib", "检查写成的 .xlsx 文件", "Zlib"},
+    Part{"minizip", "检查写成的 .xlsx 文件", "Zlib"},
     Part{"fmt", "文字", "MIT"},
     Part{"nlohmann/json", "命令行的输出", "MIT"},
     Part{"CLI11", "命令行的选项", "BSD-3-Clause"},
