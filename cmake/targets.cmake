@@ -17,10 +17,8 @@ function(triaxlab_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;ENVIRONMENT" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-  if(TRIAXLAB_SANITIZE)
-    # What a test does itself is short, and instrumented code takes long to be optimised.
-    target_compile_options(${name} PRIVATE -O0)
-  endif()
+  # What a test does itself is short, and compiling it is most of what a build from nothing costs.
+  target_compile_options(${name} PRIVATE $<$<OR:$<BOOL:${TRIAXLAB_SANITIZE}>,$<CONFIG:RelWithDebInfo>>:-O0 -g1>)
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} triaxlab_flags GTest::gtest GTest::gmock GTest::gtest_main)
   target_compile_definitions(${name} PRIVATE
     TRIAXLAB_SAMPLES="${PROJECT_SOURCE_DIR}/samples" TRIAXLAB_SOURCE="${PROJECT_SOURCE_DIR}")
