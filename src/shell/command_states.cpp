@@ -12,11 +12,12 @@ namespace triaxlab {
 namespace {
 
 constexpr std::string_view kRatioEnvelope = "QUXIAN2";
+constexpr std::string_view kRecentMenu = "RECENT";
 constexpr std::string_view kLeaveIntervention = "退出干预";
 
 /// While somebody corrects by hand, nothing may take the sample or the page away; tools could change its files.
-constexpr std::array<std::string_view, 7> kOffInIntervention{"NEW0",   "DAKAI",   "SET0",     "SETUPMIDU",
-                                                             "QUXIAN", "RQUXIAN", "SHUJUBIAO"};
+constexpr std::array<std::string_view, 8> kOffInIntervention{"NEW0",      "DAKAI",  "RECENT",  "SET0",
+                                                             "SETUPMIDU", "QUXIAN", "RQUXIAN", "SHUJUBIAO"};
 bool isOffInIntervention(const Command& command) {
   return command.action == Action::StartTool ||
          std::find(kOffInIntervention.begin(), kOffInIntervention.end(), command.name) != kOffInIntervention.end();
@@ -42,6 +43,15 @@ bool isChecked(const Command& command, const CommandContext& context) {
     return context.envelopes.ratioChecked == (command.name == kRatioEnvelope);
   const ToggleByte* const byte = toggleOfCommand(command.name);
   return byte != nullptr && context.toggles.*byte->toggle;
+}
+
+/// A place among the recent projects in which none is yet is no entry.
+void showRecent(const Command& command, std::span<const RecentProject> recent, CommandState& state) {
+  const auto place = static_cast<std::size_t>(command.argument);
+  state.visible = place < recent.size();
+  if (!state.visible) return;
+  state.enabled = recent[place].isAtHand;
+  state.caption = recent[place].fileName;
 }
 
 }  // namespace
@@ -73,6 +83,8 @@ CommandState CommandStates::of(const Command& command, const CommandContext& con
                      .checked = isChecked(command, context),
                      .caption = command.caption};
   if (command.kind == CommandKind::Submenu && !hasEntries(command)) state.visible = false;
+  if (command.name == kRecentMenu) state.enabled = !context.recent.empty();
+  if (command.action == Action::OpenRecent) showRecent(command, context.recent, state);
   if (isPrintAction(command.action) && !context.hasPages(command.action)) state.enabled = false;
   if (command.name == kRatioEnvelope && !context.envelopes.ratioEnabled) state.enabled = false;
   if (command.action == Action::Intervene) {

@@ -8,6 +8,7 @@
 #include "common/settings.h"
 #include "shell/command_table.h"
 #include "shell/document_kinds.h"
+#include "shell/recent_projects.h"
 #include "shell/shell_windows.h"
 #include "store/workspace.h"
 
@@ -26,6 +27,7 @@ struct CommandContext {
   Toggles toggles;
   EnvelopeEntries envelopes;
   InterventionEntry intervention = {};  // of the window on which RZMGANYU acts
+  std::span<const RecentProject> recent = {};
   /// Whether a print command has pages behind it.
   std::function<bool(Action)> hasPages = [](Action) { return true; };
 };

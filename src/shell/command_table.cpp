@@ -9,6 +9,7 @@
 #include "exports/columns.h"
 #include "importers/importer.h"
 #include "shell/document_kinds.h"
+#include "shell/recent_projects.h"
 #include "store/project/project_kinds.h"
 #include "store/settings/source_folders.h"
 #include "store/workspace.h"
@@ -80,6 +81,11 @@ constexpr Command doing(Command command, Action action) {
 /// Its entries are those of the sources of raw data.
 constexpr Name kRawDataMenu = "RZMOPEN";
 
+/// One for each of the projects that were worked on last; the caption is the file in its place.
+constexpr Name kRecentMenu = "RECENT", kRecentCaption = "最近的工程";
+constexpr std::array<Name, RecentProjects::kMost> kRecentCommands{
+    "RECENT1", "RECENT2", "RECENT3", "RECENT4", "RECENT5", "RECENT6", "RECENT7", "RECENT8", "RECENT9", "RECENT10"};
+
 constexpr std::int16_t dialogKind(ProjectKind kind) { return static_cast<std::int16_t>(kind); }
 
 using A = Action;
@@ -99,6 +105,7 @@ constexpr std::array kCommands{
     entry("OK0", "打开K0（X）.TXT", "DAKAI", A::OpenProject, dialogKind(ProjectKind::K0)),
     entry("TK0", "打开TK0（X）.TXT", "DAKAI", A::OpenProject, dialogKind(ProjectKind::TK0)),
     belowLine(entry("OPENNJ", "打开南京数据文件*.SZD", "DAKAI", A::OpenNanjingFile)),
+    submenu(kRecentMenu, kRecentCaption, "RZMFILE"),
     belowLine(withKey(entry("ZMPRINT", "打印", "RZMFILE", A::Print), "Ctrl+P")),
     entry("SAVEASEXCEL", "另存为Excel文件", "RZMFILE", A::SaveAsWorkbook),
     table("SAVEASRESULTS", "成果另存为数据表(CSV、JSON)", TableContent::Results),
@@ -180,6 +187,7 @@ struct Help {
 constexpr std::array kHelp{
     Help{A::NewDocument, "新建一个空的试验数据文件，用键盘录入"},
     Help{A::OpenProject, "从列表中选择一个试验数据文件打开"},
+    Help{A::OpenRecent, "打开最近处理过的工程"},
     Help{A::OpenNanjingFile, "读入南京三轴仪的原始数据文件"},
     Help{A::Print, "打印当前窗口的试验成果"},
     Help{A::PrintSheets, "设置版面并打印三轴试验成果图表"},
@@ -215,11 +223,18 @@ void addImporters(std::vector<Command>& table) {
   }
 }
 
+void addRecentProjects(std::vector<Command>& table) {
+  for (std::size_t i = 0; i < kRecentCommands.size(); ++i)
+    table.push_back(
+        entry(kRecentCommands.at(i), kRecentCaption, kRecentMenu, A::OpenRecent, static_cast<std::int16_t>(i)));
+}
+
 std::vector<Command> wholeTable() {
   std::vector<Command> table;
   for (const Command& command : kCommands) {
     table.push_back(command);
     if (command.name == kRawDataMenu) addImporters(table);
+    if (command.name == kRecentMenu) addRecentProjects(table);
   }
   return table;
 }

@@ -19,6 +19,7 @@ enum class Action : std::uint8_t {
   None,              // a heading
   NewDocument,       // argument: ActiveDocument
   OpenProject,       // argument: openDialogKind
+  OpenRecent,        // argument: its place among the recent projects, from 0
   OpenNanjingFile,   //
   Print,             // the dialog for activeDocument
   PrintSheets,       // target: dialog

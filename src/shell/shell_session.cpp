@@ -21,6 +21,8 @@
 #include "shell/printing.h"
 #include "shell/start_up.h"
 #include "shell/table_export.h"
+#include "store/project/project_number.h"
+#include "store/project/sample_rows.h"
 #include "store/project/save_project.h"
 #include "store/settings/data_folder.h"
 #include "store/settings/text_settings.h"
@@ -56,12 +58,14 @@ struct ShellSession::Work {
 };
 
 ShellSession::ShellSession(Workspace& workspace, Dialogs& dialogs, ShellWindows& windows)
-    : m_workspace(workspace), m_dialogs(dialogs), m_windows(windows) {}
+    : m_workspace(workspace), m_dialogs(dialogs), m_windows(windows), m_recent(workspace.applicationFolder) {
+  m_recent.look(workspace);
+}
 
 CommandState ShellSession::commandState(const Command& command) const {
   const CurveDocument* const curves = m_windows.curveDocument();
   return m_commands.of(command, {m_workspace.settings.toggles, curves ? curves->envelopeEntries() : EnvelopeEntries{},
-                                 interventionEntry(), [this](Action action) {
+                                 interventionEntry(), m_recent.projects(), [this](Action action) {
                                    return printEntryOf(action, m_workspace.activeDocument) != nullptr;
                                  }});
 }
@@ -70,6 +74,7 @@ bool ShellSession::trigger(std::string_view name) {
   static constexpr std::array kWork{
       Work{Action::NewDocument, &ShellSession::newDocument},
       Work{Action::OpenProject, &ShellSession::openProject},
+      Work{Action::OpenRecent, &ShellSession::openRecent},
       Work{Action::Print, &ShellSession::print},
       Work{Action::PrintSheets, &ShellSession::print},
       Work{Action::PrintTK0Curves, &ShellSession::print},
@@ -107,6 +112,32 @@ bool ShellSession::trigger(std::string_view name) {
   if (work != kWork.end()) run([&] { (this->*work->run)(*command); });
   if (!m_ending) m_windows.refresh();
   return true;
+}
+
+std::string ShellSession::title() const {
+  const std::vector<ActiveDocument> loaded = m_windows.loadedDocuments();
+  std::string title(kProgramTitle);
+  if (!loaded.empty())
+    if (const std::string project = projectOnDisplay(loaded.front()); !project.empty()) title += " - " + project;
+  if (!m_workspace.dataFolder.empty()) title += " - " + textOfPath(m_workspace.dataFolder);
+  const bool isChanged = std::ranges::any_of(loaded, [this](ActiveDocument document) {
+    const DocumentWindow* const window = m_windows.document(document);
+    return window != nullptr && window->isChanged();
+  });
+  return isChanged ? title + " *" : title;
+}
+
+std::string ShellSession::projectOnDisplay(ActiveDocument document) const {
+  const DocumentWindow* const window = m_windows.document(document);
+  if (window == nullptr) return {};
+  const SampleRows rows(m_workspace, documentKindOf(document).tests);
+  const std::size_t row = window->sampleRow();
+  return row < rows.size() && rows.isLive(row) ? printableText(rows.projectNo(row)) : std::string();
+}
+
+std::vector<StartSection> ShellSession::startPage() const {
+  return triaxlab::startPage(m_workspace, m_recent.projects(),
+                             [this](const Command& command) { return commandState(command); });
 }
 
 std::array<std::string, 3> ShellSession::statusTexts() const {
@@ -183,6 +214,7 @@ bool ShellSession::save(const DocumentKind& document) {
     m_dialogs.message(kSaveTitle, document.savedMessage, MessageIcon::None);
     showRemarks(report.remarks);
     complete = report.errors.empty();
+    if (complete) noteSavedProjects(document.tests);
     if (const auto failures = report.failures(); !failures.empty())
       throw UserError(fmt::format("{}", fmt::join(failures, "\n")));
   });
@@ -206,20 +238,43 @@ void ShellSession::newDocument(const Command& command) {
   if (mayClose(document)) show(document, triaxlab::newDocument(m_workspace, documentKindOf(document)));
 }
 
+Remarks ShellSession::openFile(ProjectKind kind, std::string_view fileName) {
+  const Remarks remarks = openDocument(m_workspace, kind, fileName, [this](int sampleCount) {
+    RangeDialog range(sampleCount);
+    m_windows.showRangeDialog(range);
+    return range.range();
+  });
+  m_recent.note(kind, fileName, m_workspace.dataFolder);
+  return remarks;
+}
+
+void ShellSession::openRecent(const Command& command) {
+  const RecentProject project = m_recent.projects().at(static_cast<std::size_t>(command.argument));
+  const ActiveDocument document = documentOfTests(project.kind).document;
+  // Somebody may have taken the file away meanwhile.
+  if (mayClose(document) && !run([&] { show(document, openFile(project.kind, project.fileName)); }))
+    m_recent.look(m_workspace);
+}
+
+void ShellSession::noteSavedProjects(ProjectKind kind) {
+  const SampleRows rows(m_workspace, kind);
+  // The first of the table comes to stand in front.
+  for (std::size_t row = rows.size(); row-- > 0;) {
+    if (!rows.isLive(row) || (row > 0 && rows.projectNo(row) == rows.projectNo(row - 1))) continue;
+    const std::string name = projectFileName(infoOf(kind).filePrefix, rows.projectNo(row));
+    if (const auto file = findFile(m_workspace.projectFolder(), name))
+      m_recent.note(kind, textOfPath(file->filename()), m_workspace.dataFolder);
+  }
+}
+
 void ShellSession::openProject(const Command& command) {
   m_workspace.openDialogKind = command.argument;
   const ActiveDocument document = documentOfTests(static_cast<ProjectKind>(command.argument)).document;
   if (!mayClose(document)) return;
-  const auto chooseRange = [&](int sampleCount) {
-    RangeDialog range(sampleCount);
-    m_windows.showRangeDialog(range);
-    return range.range();
-  };
-  BrowserSession browser(
-      m_workspace, m_dialogs,
-      [&](ProjectKind kind, std::string_view name) { return openDocument(m_workspace, kind, name, chooseRange); },
-      {.showSampleList = [&](SampleListSession& list) { m_windows.showSampleList(list); },
-       .showBackups = [&](BackupSession& backups) { m_windows.showBackups(backups); }});
+  BrowserSession browser(m_workspace, m_dialogs,
+                         [this](ProjectKind kind, std::string_view name) { return openFile(kind, name); },
+                         {.showSampleList = [&](SampleListSession& list) { m_windows.showSampleList(list); },
+                          .showBackups = [&](BackupSession& backups) { m_windows.showBackups(backups); }});
   m_windows.showBrowser(browser);
   if (browser.opened())
     show(document, *browser.opened());
@@ -326,6 +381,7 @@ bool ShellSession::useDataFolder(std::string_view typed) {
   const std::vector<ActiveDocument> documents = m_windows.loadedDocuments();
   if (!std::ranges::all_of(documents, [this](ActiveDocument document) { return mayClose(document); })) return false;
   const Remarks remarks = changeDataFolder(m_workspace, folder);
+  m_recent.look(m_workspace);
   for (const ActiveDocument document : documents)
     if (documentKindOf(document).master == document) m_windows.showDocument(document);
   if (!documents.empty()) {

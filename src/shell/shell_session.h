@@ -5,13 +5,16 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "common/user_error.h"
 #include "platform/dialogs.h"
 #include "sessions/dialogs/error_display.h"
 #include "shell/command_states.h"
 #include "shell/document_kinds.h"
+#include "shell/recent_projects.h"
 #include "shell/shell_windows.h"
+#include "shell/start_page.h"
 #include "store/project/project_file.h"
 #include "store/workspace.h"
 
@@ -42,6 +45,14 @@ class ShellSession {
   bool interventionKey();
   /// Some window is being worked on by 干预.
   bool interventionRuns() const { return interventionEntry().running; }
+
+  // The title of the main window
+  /// The program; then, of the document in front, the project; where the data lie; a star while there is something to
+  /// save.
+  std::string title() const;
+
+  /// What can be begun while no document is open.
+  std::vector<StartSection> startPage() const;
 
   // The status bar
   /// 就绪 or the last remark; project; test date.
@@ -81,6 +92,7 @@ class ShellSession {
   void newDocument(const Command& command);
   void openProject(const Command& command);
   void import(const Command& command);
+  void openRecent(const Command& command);
   void openNanjingFile(const Command& command);
   void print(const Command& command);
   void print(const PrintEntry& entry);
@@ -108,6 +120,9 @@ class ShellSession {
   /// of them could not be saved.
   bool useDataFolder(std::string_view folder);
   bool save(const DocumentKind& document);
+  std::string projectOnDisplay(ActiveDocument document) const;
+  Remarks openFile(ProjectKind kind, std::string_view fileName);
+  void noteSavedProjects(ProjectKind kind);
   /// An importer has filled the table of a document: prepares it and shows it.
   void showImport(ActiveDocument document, Remarks remarks);
   void show(ActiveDocument document, const Remarks& remarks);
@@ -120,6 +135,7 @@ class ShellSession {
   Dialogs& m_dialogs;
   ShellWindows& m_windows;
   CommandStates m_commands;
+  RecentProjects m_recent;
   std::string m_remark;
   bool m_ending = false;
 };

@@ -2,10 +2,6 @@
 
 #include <cmath>
 #include <nlohmann/json.hpp>
-#include <span>
-
-#include "common/user_error.h"
-#include "platform/files.h"
 
 namespace triaxlab {
 namespace {
@@ -13,16 +9,10 @@ namespace {
 using Json = nlohmann::json;
 
 constexpr const char* kFileName = "triaxlab-windows.json";
-constexpr std::uint64_t kLargestFile = std::uint64_t{64} * 1024;
 constexpr int kLargestWindow = 100000;  // pixels
 
 constexpr const char *kMainWindow = "mainWindow", *kWidth = "width", *kHeight = "height", *kMaximized = "maximized";
 constexpr const char* kScales = "scales";
-
-bool isMissing(const std::filesystem::path& file) {
-  std::error_code error;
-  return std::filesystem::symlink_status(file, error).type() == std::filesystem::file_type::not_found;
-}
 
 bool isSize(std::int64_t pixels) { return pixels > 0 && pixels <= kLargestWindow; }
 
@@ -40,24 +30,18 @@ std::optional<WindowMemory::MainWindow> mainWindowOf(const Json& kept) {
 
 }  // namespace
 
-WindowMemory::WindowMemory(const std::filesystem::path& applicationFolder) : m_file(applicationFolder / kFileName) {
+WindowMemory::WindowMemory(const std::filesystem::path& applicationFolder) : m_file(applicationFolder, kFileName) {
   read();
 }
 
-void WindowMemory::read() try {
-  const Bytes content = readWholeFile(m_file, kLargestFile);
-  const Json kept = Json::parse(reinterpret_cast<const char*>(content.data()),
-                                reinterpret_cast<const char*>(content.data()) + content.size(), nullptr, false);
-  if (!kept.is_object()) return;
+void WindowMemory::read() {
+  const Json kept = m_file.read();
   // Each value by itself: one that makes no sense doesn't take the others with it.
   m_mainWindow = mainWindowOf(kept.value(kMainWindow, Json()));
   const Json scales = kept.value(kScales, Json());
   if (!scales.is_object()) return;
   for (const auto& [window, scale] : scales.items())
     if (scale.is_number() && scale.get<double>() > 0) m_scales[window] = scale.get<double>();
-} catch (const UserError&) {
-  // Missing at the first start. What is there and can't be read today isn't written over either.
-  m_isOutOfReach = !isMissing(m_file);
 }
 
 void WindowMemory::setMainWindow(MainWindow chosen) {
@@ -80,18 +64,15 @@ void WindowMemory::setScale(std::string_view window, std::optional<double> chose
     m_scales.erase(m_scales.find(window));
 }
 
-void WindowMemory::write() try {
-  if (!m_isChanged || m_isOutOfReach) return;
+void WindowMemory::write() {
+  if (!m_isChanged) return;
   m_isChanged = false;
   Json kept = Json::object();
   if (m_mainWindow)
     kept[kMainWindow] = {
         {kWidth, m_mainWindow->width}, {kHeight, m_mainWindow->height}, {kMaximized, m_mainWindow->maximized}};
   kept[kScales] = m_scales;
-  const std::string text = kept.dump(1) + "\n";
-  writeWholeFile(m_file, std::as_bytes(std::span(text)));
-} catch (const UserError&) {
-  // A folder that nothing can be written to.
+  m_file.write(kept);
 }
 
 }  // namespace triaxlab

@@ -6,11 +6,11 @@
 #include <string>
 #include <string_view>
 
+#include "shell/kept_file.h"
+
 namespace triaxlab {
 
-/// What a person has made of the sizes of the windows, kept from one run to the next in a file of this program's own in
-/// the application folder. It is a convenience and never worth a word: what can't be read or understood counts as not
-/// chosen, and where nothing can be written nothing is kept.
+/// What a person has made of the sizes of the windows, kept from one run to the next.
 class WindowMemory {
  public:
   struct MainWindow {
@@ -32,10 +32,10 @@ class WindowMemory {
  private:
   void read();
 
-  std::filesystem::path m_file;
+  KeptFile m_file;
   std::optional<MainWindow> m_mainWindow;
   std::map<std::string, double, std::less<>> m_scales;
-  bool m_isChanged = false, m_isOutOfReach = false;
+  bool m_isChanged = false;
 };
 
 }  // namespace triaxlab

@@ -34,6 +34,7 @@
 #include "windows/first_place.h"
 #include "windows/help/help_key.h"
 #include "windows/menu_bar.h"
+#include "windows/start_page_view.h"
 
 namespace triaxlab {
 namespace {
@@ -58,9 +59,10 @@ MDIForm1::MDIForm1(Workspace& workspace, Dialogs& dialogs, WindowMemory* memory)
       m_menu(new CommandMenuBar(this, m_shell)),
       m_area(new QMdiArea(this)),
       m_memory(memory),
-      m_frames(new DocumentFrames(m_area, memory)) {
+      m_frames(new DocumentFrames(m_area, memory)),
+      m_startPage(new StartPageView(m_area)) {
   setObjectName("MDIForm1");
-  setWindowTitle(kProgramTitle);
+  setAccessibleName(kProgramTitle);
   setMenuBar(m_menu);
   m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -68,6 +70,7 @@ MDIForm1::MDIForm1(Workspace& workspace, Dialogs& dialogs, WindowMemory* memory)
   makeStatusBar();
   connect(m_menu, &CommandMenuBar::entryShown, this, &MDIForm1::showHelp);
   connect(m_menu->menu("RZMWINDOW"), &QMenu::aboutToShow, this, &MDIForm1::listOpenWindows);
+  connect(m_startPage, &StartPageView::chosen, this, [this](std::string_view command) { m_shell.trigger(command); });
   connect(m_area, &QMdiArea::subWindowActivated, this, &MDIForm1::documentCameToFront);
   new HelpKey(this, [this] { m_shell.trigger("MANUAL"); });
   takeFirstPlace();
@@ -271,12 +274,21 @@ CurveDocument* MDIForm1::curveDocument() { return dynamic_cast<CurveDocument*>(d
 void MDIForm1::refresh() {
   m_menu->refresh();
   refreshStatusBar();
+  setWindowTitle(words(m_shell.title()));
+  refreshStartPage();
   for (const auto& [document, loaded] : m_documents) loaded.refresh();
 }
 
 void MDIForm1::showHelp(const QString& help) {
   if (help.isEmpty()) return refreshStatusBar();
   m_panels[0]->setText(help);
+}
+
+void MDIForm1::refreshStartPage() {
+  if (m_documents.empty())
+    m_startPage->show(m_shell.startPage());
+  else
+    m_startPage->hide();
 }
 
 void MDIForm1::refreshStatusBar() {

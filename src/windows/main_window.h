@@ -23,6 +23,7 @@ namespace triaxlab {
 
 class CommandMenuBar;
 class DocumentFrames;
+class StartPageView;
 class WindowMemory;
 
 /// The main window: menu, status bar, and the document windows as its children.
@@ -72,6 +73,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   /// What the mouse points at, in the first panel; an empty text brings the program's own back.
   void showHelp(const QString& help);
   void refreshStatusBar();
+  void refreshStartPage();
   void takeFirstPlace();
   void rememberSizes();
   bool hasFirstSize() const;
@@ -90,6 +92,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   QMdiArea* m_area;
   WindowMemory* m_memory;
   DocumentFrames* m_frames;
+  StartPageView* m_startPage;
   QSize m_firstSize;  // that it asked the screen for, its frame counted
   std::array<QLabel*, 3> m_panels{};
   QProgressBar* m_progress = nullptr;

@@ -56,7 +56,7 @@ void CommandMenuBar::refresh() {
   for (const Command& command : commandTable()) {
     const CommandState state = m_shell.commandState(command);
     QAction* const action = m_actions.at(command.name);
-    action->setText(words(state.caption));
+    action->setText(words(state.caption).replace('&', "&&"));
     action->setVisible(state.visible);
     action->setEnabled(state.enabled);
     if (action->isCheckable()) action->setChecked(state.checked);

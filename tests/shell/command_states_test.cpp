@@ -20,6 +20,8 @@ bool isOn(const CommandStates& states, std::string_view name, const CommandConte
 bool isShown(const CommandStates& states, std::string_view name) {
   return states.of(*findCommand(name), kUUContext).visible;
 }
+/// The menu of recent projects, or an entry of it.
+bool isRecent(const Command& command) { return command.name.starts_with("RECENT"); }
 
 TEST(CommandStates, AtStartCommandsOnADocumentAreOff) {
   const CommandStates states;
@@ -27,14 +29,34 @@ TEST(CommandStates, AtStartCommandsOnADocumentAreOff) {
                                        "RQUXIAN",  "SHUJUBIAO",     "ZMPRINT",       "SAVEASEXCEL", "RZMPRINT1",
                                        "QUXIAN1",  "QUXIAN2",       "QUXIAN3",       "QUXIAN4",     "QUXIAN5",
                                        "QUXIAN6",  "SAVEASRESULTS", "SAVEASREADINGS"};
-  for (const Command& command : commandTable())
+  for (const Command& command : commandTable()) {
+    if (isRecent(command)) continue;
     EXPECT_EQ(isOn(states, command.name, kCUContext), !off.contains(command.name)) << command.name;
+  }
 }
 
 TEST(CommandStates, AtStartAllButTwoAreShown) {
   const CommandStates states;
-  for (const Command& command : commandTable())
+  for (const Command& command : commandTable()) {
+    if (isRecent(command)) continue;
     EXPECT_EQ(isShown(states, command.name), command.name != "PTK0" && command.name != "RZMYULAN") << command.name;
+  }
+}
+
+TEST(CommandStates, RecentProjectsAreShownAsFarAsThereAreAnyAndOnWhereTheyAreAtHand) {
+  const CommandStates states;
+  CommandContext context = kCUContext;
+  EXPECT_FALSE(isOn(states, "RECENT", context));
+  const std::array recent{RecentProject{ProjectKind::Triaxial, "WKSZP1.txt", "/lab", true},
+                          RecentProject{ProjectKind::K0, "K0P2.txt", "/gone", false}};
+  context.recent = recent;
+  const auto state = [&](std::string_view name) { return states.of(*findCommand(name), context); };
+  EXPECT_TRUE(state("RECENT").enabled);
+  EXPECT_EQ(state("RECENT1"), (CommandState{.caption = "WKSZP1.txt"}));
+  EXPECT_EQ(state("RECENT2"), (CommandState{.enabled = false, .caption = "K0P2.txt"}));
+  EXPECT_FALSE(state("RECENT3").visible);
+  context.intervention.running = true;
+  EXPECT_FALSE(state("RECENT1").enabled) << "nothing takes the sample away";
 }
 
 TEST(CommandStates, TheCurveWindowSwitchesItsCommandsOnAndTheImportersOff) {

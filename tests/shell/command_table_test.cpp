@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "shell/recent_projects.h"
+
 namespace triaxlab {
 namespace {
 
@@ -24,8 +26,8 @@ using Names = std::vector<std::string_view>;
 TEST(CommandTable, TheMenuBarAndItsMenusStandInOrder) {
   EXPECT_EQ(entriesOf(""),
             (Names{"RZMFILE", "RZMOPEN", "RZMEDIT", "RZMVIEW", "RZMPRINT0", "SETUPMIDU", "RZMWINDOW", "RZMHELP"}));
-  EXPECT_EQ(entriesOf("RZMFILE"), (Names{"NEW0", "DAKAI", "ZMPRINT", "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS",
-                                         "ZMSAVE", "SET0", "ZMEXIT"}));
+  EXPECT_EQ(entriesOf("RZMFILE"), (Names{"NEW0", "DAKAI", "RECENT", "ZMPRINT", "SAVEASEXCEL", "SAVEASRESULTS",
+                                         "SAVEASREADINGS", "ZMSAVE", "SET0", "ZMEXIT"}));
   EXPECT_EQ(entriesOf("NEW0"), (Names{"NEW", "NEW1", "NK0"}));
   EXPECT_EQ(entriesOf("DAKAI"), (Names{"ZMOPEN", "ZMOPENOLD", "ZMOPEN0", "OK0", "TK0", "OPENNJ"}));
   EXPECT_EQ(entriesOf("SET0"), (Names{"SHEZHI2", "SHEZHI", "XSHEZHI1", "SHEZHI1", "XSHEZHI2", "SHEZHI3", "XSHEZHI3",
@@ -67,6 +69,7 @@ TEST(CommandTable, CaptionsAreThoseThatTechniciansKnow) {
                                                               {"OK0", "打开K0（X）.TXT"},
                                                               {"TK0", "打开TK0（X）.TXT"},
                                                               {"OPENNJ", "打开南京数据文件*.SZD"},
+                                                              {"RECENT", "最近的工程"},
                                                               {"ZMPRINT", "打印"},
                                                               {"SAVEASEXCEL", "另存为Excel文件"},
                                                               {"SAVEASRESULTS", "成果另存为数据表(CSV、JSON)"},
@@ -126,7 +129,7 @@ TEST(CommandTable, CaptionsAreThoseThatTechniciansKnow) {
     EXPECT_EQ(findCommand(name)->caption, caption) << name;
   }
   // All others are the twelve source folders.
-  EXPECT_EQ(commandTable().size(), captions.size() + 12);
+  EXPECT_EQ(commandTable().size(), captions.size() + 12 + RecentProjects::kMost);
 }
 
 TEST(CommandTable, ToolsHaveTheirProgramAndWindow) {

@@ -78,6 +78,7 @@ TEST_P(EveryCommandOf, DoesSomethingWhenItIsOn) {
   std::size_t pressed = 0;
   for (const Command& command : commandTable()) {
     if (command.kind == CommandKind::Submenu) continue;  // opens its entries
+    if (command.action == Action::OpenRecent) continue;  // what is opened again looks as before
     Desk desk(GetParam());
     if (GetParam() == kForm1) turnPage(desk, command);
     if (const QAction* const entry = desk.action(command.name); !entry->isEnabled() || !entry->isVisible()) continue;

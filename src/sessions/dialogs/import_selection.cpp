@@ -36,12 +36,17 @@ FileQuestion questionFor(const Importer& importer, const std::filesystem::path& 
 
 }  // namespace
 
+std::string importFolder(const Importer& importer, const Workspace& workspace) {
+  if (importer.folderField.width != 0) {
+    const std::string folder = sharedSettings(workspace).readText(importer.folderField);
+    return folder.empty() ? std::string(kUsualSourceFolder) : gbkToUtf8(folder);
+  }
+  return importer.folderInUse != nullptr ? workspace.*importer.folderInUse : workspace.sourceFolder;
+}
+
 ImportSelection::ImportSelection(const Importer& importer, Workspace& workspace)
     : m_importer(importer), m_workspace(workspace), m_sortsAscending(importer.sorts.size(), false) {
-  if (importer.folderInUse != nullptr) workspace.sourceFolder = workspace.*importer.folderInUse;
-  if (importer.folderField.width == 0) return;
-  const std::string folder = sharedSettings(workspace).readText(importer.folderField);
-  workspace.sourceFolder = folder.empty() ? std::string(kUsualSourceFolder) : gbkToUtf8(folder);
+  workspace.sourceFolder = importFolder(importer, workspace);
 }
 
 void ImportSelection::load(Dialogs& dialogs) {

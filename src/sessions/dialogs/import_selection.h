@@ -21,11 +21,14 @@ struct SelectionState {
   bool thirdButton = true;  // Command3 is
 };
 
+/// Where the source looks for its database, by the settings; "c:\qvb" when none is set. UTF-8.
+std::string importFolder(const Importer& importer, const Workspace& workspace);
+
 /// Behind the selection window of every source: which database is open, which of its rows are marked. The window calls
 /// `load` when it is shown, `toggleMark` on a double click, `read` on 处理, and shows `columns`, `cell` and `state`.
 class ImportSelection {
  public:
-  /// Reads the source folder of the settings into the workspace's sourceFolder; "c:\qvb" when it is empty.
+  /// Takes the source folder over into the workspace's sourceFolder.
   ImportSelection(const Importer& importer, Workspace& workspace);
 
   const Importer& importer() const { return m_importer; }

@@ -35,6 +35,8 @@ QString panelTexts(const QStatusBar& bar) {
 }  // namespace
 
 QString controlText(const QWidget* control) {
+  // A title may tell more than what the window is.
+  if (control->isWindow() && !control->accessibleName().isEmpty()) return control->accessibleName();
   if (control->isWindow() || control->windowTitle() != QString()) return control->windowTitle();
   if (const auto* const label = qobject_cast<const QLabel*>(control)) return label->text();
   if (const auto* const edit = qobject_cast<const QLineEdit*>(control)) return edit->text();
