@@ -67,6 +67,8 @@ void RecordEdit::showText(const QString& shown) {
 }
 
 bool RecordEdit::event(QEvent* event) {
+  // The box is gone behind it.
+  if (event->type() == QEvent::DeferredDelete) return QLineEdit::event(event);
   if (event->type() != QEvent::ToolTip) {
     const bool done = QLineEdit::event(event);
     insertFitting();
