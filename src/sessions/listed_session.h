@@ -126,6 +126,8 @@ class ListedSession {
 
   // Unsaved changes
   bool isChanged() const { return m_changed; }
+  /// Also when another window has changed samples.
+  void markChanged() { m_changed = true; }
   /// A save went well.
   virtual void markSaved();
 
@@ -147,7 +149,6 @@ class ListedSession {
   virtual bool isHeld() const { return false; }
 
   Workspace& workspace() const { return m_workspace; }
-  void markChanged() { m_changed = true; }
   /// Draws the sample on display anew.
   void showSample();
   /// What is drawn over the sample has changed, the sample hasn't.

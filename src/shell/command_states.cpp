@@ -16,7 +16,7 @@ constexpr std::string_view kRecentMenu = "RECENT";
 constexpr std::string_view kLeaveIntervention = "退出干预";
 
 /// While somebody corrects by hand, nothing may take the sample or the page away; tools could change its files.
-constexpr std::array<std::string_view, 8> kOffInIntervention{"NEW0",      "DAKAI",  "RECENT",  "SET0",
+constexpr std::array<std::string_view, 9> kOffInIntervention{"NEW0",      "FILLIN", "DAKAI",   "RECENT",   "SET0",
                                                              "SETUPMIDU", "QUXIAN", "RQUXIAN", "SHUJUBIAO"};
 bool isOffInIntervention(const Command& command) {
   return command.action == Action::StartTool ||
@@ -27,9 +27,9 @@ bool isOffInIntervention(const Command& command) {
 constexpr std::string_view kShownOrHidden = "PTK0";
 
 // RZMPRINT1 needs Form1 as the others do, which turns it on.
-constexpr std::array<std::string_view, 12> kOffAtStart{"SAVEASRESULTS", "SAVEASREADINGS", "PEXCEL",    "RZMSAVE",
-                                                       "RZMPRINT",      "QUXIAN",         "RQUXIAN",   "SHUJUBIAO",
-                                                       "ZMPRINT",       "SAVEASEXCEL",    "RZMPRINT1", "PTK0"};
+constexpr std::array<std::string_view, 13> kOffAtStart{
+    "FILLIN",  "SAVEASRESULTS", "SAVEASREADINGS", "PEXCEL",      "RZMSAVE",   "RZMPRINT", "QUXIAN",
+    "RQUXIAN", "SHUJUBIAO",     "ZMPRINT",        "SAVEASEXCEL", "RZMPRINT1", "PTK0"};
 
 std::size_t rowOf(const Command& command) { return static_cast<std::size_t>(&command - commandTable().data()); }
 

@@ -132,6 +132,7 @@ constexpr std::array kCommands{
     entry("RZMSAVE", "保存", "RZMEDIT", A::Save),
     belowLine(entry("RZMGANYU", "干预", "RZMEDIT", A::Intervene)),
     entry("RQUXIAN", "重处理曲线", "RZMEDIT", A::ReprocessCurves),
+    belowLine(withKey(entry("FILLIN", "填写土样资料", "RZMEDIT", A::FillIn), "Ctrl+T")),
 
     submenu("RZMVIEW", "视图"),
     doing(submenu("QUXIAN", "曲线", "RZMVIEW"), A::ShowCurves),
@@ -204,6 +205,7 @@ constexpr std::array kHelp{
     Help{A::ShowDataTable, "显示三轴试验数据表"},
     Help{A::Intervene, "用键盘或鼠标修正当前曲线、包线"},
     Help{A::ReprocessCurves, "取消人工干预，重新计算当前土样"},
+    Help{A::FillIn, "在一张表里填写全部土样的名称、密度、钻孔、深度和地点，打开工程以后能用"},
     Help{A::FillTemplates, "用Excel模板输出或打印"},
     Help{A::FlipToggle, "打开或关闭：{}"},
     Help{A::StartTool, "启动{}"},

@@ -37,6 +37,7 @@ enum class Action : std::uint8_t {
   ShowDataTable,     //
   Intervene,         //
   ReprocessCurves,   //
+  FillIn,            // of the samples of the document in front
   FillTemplates,     //
   FlipToggle,        //
   StartTool,         // target: program; windowTitle

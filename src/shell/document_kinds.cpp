@@ -19,9 +19,9 @@ using Name = std::string_view;
 
 // RZMOPEN is off while a document is open, so that a second raw import can't start over it.
 // RZMGANYU stands in no list: it follows what the document on which it acts has on display.
-constexpr std::array<Name, 11> kForm1Commands{"RZMSAVE",   "RZMPRINT",      "PEXCEL",        "QUXIAN",
-                                              "RQUXIAN",   "SHUJUBIAO",     "ZMPRINT",       "SAVEASEXCEL",
-                                              "RZMPRINT1", "SAVEASRESULTS", "SAVEASREADINGS"};
+constexpr std::array<Name, 12> kForm1Commands{"FILLIN",      "RZMSAVE",   "RZMPRINT",      "PEXCEL",
+                                              "QUXIAN",      "RQUXIAN",   "SHUJUBIAO",     "ZMPRINT",
+                                              "SAVEASEXCEL", "RZMPRINT1", "SAVEASRESULTS", "SAVEASREADINGS"};
 constexpr std::array<Name, 1> kImport{"RZMOPEN"};
 constexpr std::array<Name, 1> kTK0Curves{"PTK0"};
 constexpr std::array<Name, 2> kImportAndTK0Curves{"RZMOPEN", "PTK0"};
@@ -40,12 +40,12 @@ void showTriaxialPage(Workspace& workspace, CurvePage page) {
 
 // ---- Form4, Form6, Form9
 
-constexpr std::array<Name, 7> kForm4Commands{"RZMSAVE",     "RZMPRINT",      "ZMPRINT",       "PEXCEL",
+constexpr std::array<Name, 8> kForm4Commands{"FILLIN", "RZMSAVE",     "RZMPRINT",      "ZMPRINT",
+                                             "PEXCEL", "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS"};
+constexpr std::array<Name, 7> kForm6Commands{"FILLIN",      "RZMSAVE",       "RZMPRINT",      "ZMPRINT",
                                              "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS"};
-constexpr std::array<Name, 6> kForm6Commands{"RZMSAVE",     "RZMPRINT",      "ZMPRINT",
-                                             "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS"};
-constexpr std::array<Name, 7> kForm9Commands{"RZMSAVE",     "RZMPRINT",      "ZMPRINT",       "PTK0",
-                                             "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS"};
+constexpr std::array<Name, 8> kForm9Commands{"FILLIN", "RZMSAVE",     "RZMPRINT",      "ZMPRINT",
+                                             "PTK0",   "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS"};
 
 void reduceUnconfined(Workspace& workspace) {
   reduceAllUnconfinedSamples(workspace.UnconfinedSampleTable.used(), workspace.settings.habits.sensitivityFormat());

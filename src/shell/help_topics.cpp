@@ -23,6 +23,7 @@ constexpr std::array kTopics{
     HelpTopic{"Form14", kLists, "2. 土样列表"},
     HelpTopic{"Form16", kLists, "2. 土样列表"},
     HelpTopic{"Form17", kLists, "2. 土样列表"},
+    HelpTopic{"FILLFORM", kLists, "3. 填写土样资料"},
     HelpTopic{"Form10", "triaxial.md", "4. 保存"},
     HelpTopic{"Form5", "settings.md", "源文件目录"},
     HelpTopic{"HABITSFORM", "settings.md", "实验室习惯"},

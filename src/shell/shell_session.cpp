@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "platform/process.h"
 #include "sessions/dialogs/browser_session.h"
+#include "sessions/dialogs/fill_in_session.h"
 #include "sessions/dialogs/habits_session.h"
 #include "sessions/dialogs/import_selection.h"
 #include "sessions/dialogs/overwrite_session.h"
@@ -92,6 +93,7 @@ bool ShellSession::trigger(std::string_view name) {
       Work{Action::ShowDataTable, &ShellSession::showDataTable},
       Work{Action::Intervene, &ShellSession::intervene},
       Work{Action::ReprocessCurves, &ShellSession::reprocessCurves},
+      Work{Action::FillIn, &ShellSession::fillIn},
       Work{Action::FillTemplates, &ShellSession::fillTemplates},
       Work{Action::SaveAsTable, &ShellSession::saveTable},
       Work{Action::SaveAsWorkbook, &ShellSession::saveWorkbook},
@@ -435,6 +437,14 @@ void ShellSession::intervene(const Command& /*command*/) {
 void ShellSession::reprocessCurves(const Command& command) {
   if (CurveDocument* const curves = m_windows.curveDocument()) curves->reprocess();
   showCurves(command);
+}
+
+void ShellSession::fillIn(const Command& /*command*/) {
+  const DocumentKind& document = documentKindOf(documentKindOf(m_workspace.activeDocument).master);
+  DocumentWindow* const window = m_windows.document(document.document);
+  if (window == nullptr) return showRemarks({"请先打开这些土样的试验窗口。"});
+  FillInSession session(m_workspace, document.tests, window->sampleRow(), [window] { window->markChanged(); });
+  m_windows.showFillIn(session);
 }
 
 void ShellSession::fillTemplates(const Command& /*command*/) {

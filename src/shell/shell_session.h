@@ -103,6 +103,7 @@ class ShellSession {
   void showDataTable(const Command& command);
   void intervene(const Command& command);
   void reprocessCurves(const Command& command);
+  void fillIn(const Command& command);
   void fillTemplates(const Command& command);
   void saveTable(const Command& command);
   void saveWorkbook(const Command& command);

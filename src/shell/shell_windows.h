@@ -17,6 +17,7 @@ namespace triaxlab {
 
 class BackupSession;
 class BrowserSession;
+class FillInSession;
 class ImportSelection;
 class HabitsSession;
 class OverwriteSession;
@@ -39,6 +40,8 @@ class DocumentWindow {
   /// There is something to save.
   virtual bool isChanged() const = 0;
   virtual void markSaved() = 0;
+  /// Another window has changed samples: there is something to save, and what is on display shows it.
+  virtual void markChanged() {}
   /// What is still being typed is stored: a command is about to act on the tables.
   virtual void finishTyping() {}
   /// Second and third panel of the status bar, project and test date of the sample on display; UTF-8.
@@ -66,8 +69,6 @@ struct EnvelopeEntries {
 /// Form1.
 class CurveDocument : public DocumentWindow {
  public:
-  /// Another window has changed the sample on display.
-  virtual void markChanged() = 0;
   virtual void showPage(CurvePage page) = 0;
   virtual EnvelopeEntries envelopeEntries() const = 0;
   /// What was set by hand for the sample on display is forgotten and fitted anew.
@@ -86,6 +87,7 @@ class ShellWindows {
   virtual void showRangeDialog(RangeDialog& dialog) = 0;            // Form21
   virtual void showSourceFolder(SourceFolderSession& session) = 0;  // Form5
   virtual void showHabits(HabitsSession& session) = 0;
+  virtual void showFillIn(FillInSession& session) = 0;
   virtual void showOverwriteDialog(OverwriteSession& session) = 0;  // Form10
   virtual void showPrintDialog(PrintDialogSession& session) = 0;    // SETPRINTFORM and its kin
   virtual void showTemplates(TemplateSession& session) = 0;         // Form24

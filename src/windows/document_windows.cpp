@@ -51,7 +51,6 @@ LoadedDocument makeConsolidationTable(const DocumentHost& host) {
   QObject::connect(form, &Form7::closed, form, [closed = host.closed] { closed(kForm7); });
   QObject::connect(form, &Form7::sampleChanged, form, [&windows] {
     if (CurveDocument* const curves = windows.curveDocument()) curves->markChanged();
-    windows.refresh();
   });
   // Without the curve window nobody would ask about the changes.
   return {form, form, [form, &windows] { form->load(windows.curveDocument()->sampleRow()); },

@@ -239,6 +239,11 @@ void ListedWindow::markSaved() {
   act([&] { m_session->markSaved(); });
 }
 
+void ListedWindow::markChanged() {
+  m_session->markChanged();
+  refresh();
+}
+
 void ListedWindow::finishTyping() {
   act([&] { m_session->finishTyping(); });
 }

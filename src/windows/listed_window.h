@@ -37,6 +37,7 @@ class ListedWindow : public DocumentWidget, public DocumentWindow {
   // DocumentWindow
   bool isChanged() const override { return m_session->isChanged(); }
   void markSaved() override;
+  void markChanged() override;
   void finishTyping() override;
   std::array<std::string, 2> statusPanels() const override { return m_shown.statusPanels; }
 

@@ -21,6 +21,7 @@
 #include "windows/controls/layout.h"
 #include "windows/controls/words.h"
 #include "windows/dialogs/backup_window.h"
+#include "windows/dialogs/fill_in_window.h"
 #include "windows/dialogs/habits_window.h"
 #include "windows/dialogs/importer_window.h"
 #include "windows/dialogs/overwrite_window.h"
@@ -158,6 +159,8 @@ void MDIForm1::showSourceFolder(SourceFolderSession& session) {
 }
 
 void MDIForm1::showHabits(HabitsSession& session) { HabitsWindow(this, session).exec(); }
+
+void MDIForm1::showFillIn(FillInSession& session) { FillInWindow(this, session).exec(); }
 
 void MDIForm1::showOverwriteDialog(OverwriteSession& session) { Form10(this, session).exec(); }
 

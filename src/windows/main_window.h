@@ -51,6 +51,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   void showRangeDialog(RangeDialog& dialog) override;
   void showSourceFolder(SourceFolderSession& session) override;
   void showHabits(HabitsSession& session) override;
+  void showFillIn(FillInSession& session) override;
   void showOverwriteDialog(OverwriteSession& session) override;
   void showPrintDialog(PrintDialogSession& session) override;
   void showTemplates(TemplateSession& session) override;

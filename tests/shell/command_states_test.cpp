@@ -25,10 +25,10 @@ bool isRecent(const Command& command) { return command.name.starts_with("RECENT"
 
 TEST(CommandStates, AtStartCommandsOnADocumentAreOff) {
   const CommandStates states;
-  const std::set<std::string_view> off{"RZMGANYU", "PEXCEL",        "RZMSAVE",       "RZMPRINT",    "QUXIAN",
-                                       "RQUXIAN",  "SHUJUBIAO",     "ZMPRINT",       "SAVEASEXCEL", "RZMPRINT1",
-                                       "QUXIAN1",  "QUXIAN2",       "QUXIAN3",       "QUXIAN4",     "QUXIAN5",
-                                       "QUXIAN6",  "SAVEASRESULTS", "SAVEASREADINGS"};
+  const std::set<std::string_view> off{"RZMGANYU", "PEXCEL",        "RZMSAVE",        "RZMPRINT",    "QUXIAN",
+                                       "RQUXIAN",  "SHUJUBIAO",     "ZMPRINT",        "SAVEASEXCEL", "RZMPRINT1",
+                                       "QUXIAN1",  "QUXIAN2",       "QUXIAN3",        "QUXIAN4",     "QUXIAN5",
+                                       "QUXIAN6",  "SAVEASRESULTS", "SAVEASREADINGS", "FILLIN"};
   for (const Command& command : commandTable()) {
     if (isRecent(command)) continue;
     EXPECT_EQ(isOn(states, command.name, kCUContext), !off.contains(command.name)) << command.name;
@@ -154,8 +154,9 @@ TEST(CommandStates, TogglesShowTheSettings) {
 using NameSet = std::set<std::string_view>;
 
 /// All commands that windows switch, but for RZMGANYU, which follows what a window shows, and PTK0, which is hidden.
-const NameSet kSwitched{"RZMSAVE", "RZMPRINT",    "PEXCEL",    "QUXIAN",  "RQUXIAN",       "SHUJUBIAO",
-                        "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1", "RZMOPEN", "SAVEASRESULTS", "SAVEASREADINGS"};
+const NameSet kSwitched{"RZMSAVE",       "RZMPRINT",       "PEXCEL",      "QUXIAN",    "RQUXIAN",
+                        "SHUJUBIAO",     "ZMPRINT",        "SAVEASEXCEL", "RZMPRINT1", "RZMOPEN",
+                        "SAVEASRESULTS", "SAVEASREADINGS", "FILLIN"};
 const std::array kAllDocuments{kForm1, kForm2, kForm7, kForm4, kForm6, kForm9};
 
 /// Those of them that are on.
@@ -170,10 +171,11 @@ TEST(CommandStates, EachWindowsActivationTurnsItsOwnCommandsOn) {
   const std::map<ActiveDocument, NameSet> on{
       {kForm1,
        {"RZMSAVE", "RZMPRINT", "PEXCEL", "QUXIAN", "RQUXIAN", "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1",
-        "SAVEASRESULTS", "SAVEASREADINGS"}},
-      {kForm4, {"PEXCEL", "RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS"}},
-      {kForm6, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS"}},
-      {kForm9, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS"}},
+        "SAVEASRESULTS", "SAVEASREADINGS", "FILLIN"}},
+      {kForm4,
+       {"PEXCEL", "RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS", "FILLIN"}},
+      {kForm6, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS", "FILLIN"}},
+      {kForm9, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS", "FILLIN"}},
       {kForm2, {"RZMOPEN"}},  // as at start
       {kForm7, {"RZMOPEN"}},
   };
@@ -199,10 +201,11 @@ TEST(CommandStates, EachWindowsClosingTurnsItsOwnCommandsOff) {
   const std::map<ActiveDocument, NameSet> off{
       {kForm1,
        {"RZMSAVE", "PEXCEL", "RZMPRINT", "QUXIAN", "RQUXIAN", "SHUJUBIAO", "ZMPRINT", "SAVEASEXCEL", "RZMPRINT1",
-        "SAVEASRESULTS", "SAVEASREADINGS"}},
-      {kForm4, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "PEXCEL", "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS"}},
-      {kForm6, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS"}},
-      {kForm9, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS"}},
+        "SAVEASRESULTS", "SAVEASREADINGS", "FILLIN"}},
+      {kForm4,
+       {"RZMSAVE", "RZMPRINT", "ZMPRINT", "PEXCEL", "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS", "FILLIN"}},
+      {kForm6, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS", "FILLIN"}},
+      {kForm9, {"RZMSAVE", "RZMPRINT", "ZMPRINT", "SAVEASEXCEL", "SAVEASRESULTS", "SAVEASREADINGS", "FILLIN"}},
       {kForm2, {}},
       {kForm7, {}},
   };

@@ -34,7 +34,7 @@ TEST(CommandTable, TheMenuBarAndItsMenusStandInOrder) {
                                       "TK0SZ", "WINSZ", "WINWCX", "WINSZDAT", "WINWCXDAT"}));
   EXPECT_EQ(entriesOf("RZMOPEN"), (Names{"OWINSZ", "OWINSZDAT", "OLDSZ", "OLDSZ1", "NEWSZ", "NEWSZ2", "RGSZ",
                                          "WUCEXIAN", "XWUCEXIAN", "OWINWCX", "OWINWCXDAT", "k0", "Xk0", "TXk0"}));
-  EXPECT_EQ(entriesOf("RZMEDIT"), (Names{"RZMSAVE", "RZMGANYU", "RQUXIAN"}));
+  EXPECT_EQ(entriesOf("RZMEDIT"), (Names{"RZMSAVE", "RZMGANYU", "RQUXIAN", "FILLIN"}));
   EXPECT_EQ(entriesOf("RZMVIEW"), (Names{"QUXIAN", "SHUJUBIAO"}));
   EXPECT_EQ(entriesOf("QUXIAN"), (Names{"QUXIAN1", "QUXIAN2", "QUXIAN3", "QUXIAN4", "QUXIAN5", "QUXIAN6"}));
   EXPECT_EQ(entriesOf("RZMPRINT0"), (Names{"RZMPRINT", "RZMPRINT1", "PTK0", "PEXCEL", "RZMYULAN"}));
@@ -104,6 +104,7 @@ TEST(CommandTable, CaptionsAreThoseThatTechniciansKnow) {
                                                               {"SHUJUBIAO", "数据表"},
                                                               {"RZMGANYU", "干预"},
                                                               {"RQUXIAN", "重处理曲线"},
+                                                              {"FILLIN", "填写土样资料"},
                                                               {"PEXCEL", "Excel模板输出/打印"},
                                                               {"SENGLISH", "英文版"},
                                                               {"MIDU", "提供密度"},

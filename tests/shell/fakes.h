@@ -13,6 +13,7 @@
 #include "platform/dialogs.h"
 #include "sessions/dialogs/backup_session.h"
 #include "sessions/dialogs/browser_session.h"
+#include "sessions/dialogs/fill_in_session.h"
 #include "sessions/dialogs/habits_session.h"
 #include "sessions/dialogs/import_selection.h"
 #include "sessions/dialogs/overwrite_session.h"
@@ -65,6 +66,7 @@ class FakeWindows : public ShellWindows {
   std::function<void(RangeDialog&)> inRangeDialog = [](RangeDialog&) {};
   std::function<void(SourceFolderSession&)> inSourceFolder = [](SourceFolderSession&) {};
   std::function<void(HabitsSession&)> inHabits = [](HabitsSession&) {};
+  std::function<void(FillInSession&)> inFillIn = [](FillInSession&) {};
   std::function<void(OverwriteSession&)> inOverwriteDialog = [](OverwriteSession&) {};
   std::function<void(PrintDialogSession&)> inPrintDialog = [](PrintDialogSession&) {};
   std::function<void(TemplateSession&)> inTemplates = [](TemplateSession&) {};
@@ -97,6 +99,10 @@ class FakeWindows : public ShellWindows {
   void showHabits(HabitsSession& session) override {
     shown.emplace_back("HABITSFORM");
     inHabits(session);
+  }
+  void showFillIn(FillInSession& session) override {
+    shown.emplace_back("FILLFORM");
+    inFillIn(session);
   }
   void showOverwriteDialog(OverwriteSession& session) override {
     shown.emplace_back("Form10");

@@ -58,8 +58,8 @@ TEST_F(InterventionCommands, ItIsOnForWhatCanBeCorrected) {
 
 TEST_F(InterventionCommands, NothingTakesTheSampleAwayMeanwhile) {
   windows.form1->envelopes.ratioEnabled = true;
-  const auto names = {"NEW",     "NEW0",    "DAKAI",   "ZMOPEN", "QUXIAN", "QUXIAN1",  "QUXIAN2",
-                      "QUXIAN3", "QUXIAN4", "RQUXIAN", "RZMWL",  "SET0",   "SETUPMIDU"};
+  const auto names = {"NEW",     "NEW0",    "DAKAI",   "ZMOPEN", "QUXIAN", "QUXIAN1",   "QUXIAN2",
+                      "QUXIAN3", "QUXIAN4", "RQUXIAN", "RZMWL",  "SET0",   "SETUPMIDU", "FILLIN"};
   for (const char* const name : names) EXPECT_TRUE(state(name).enabled) << name;
   shell.trigger("RZMGANYU");
   for (const char* const name : names) EXPECT_FALSE(state(name).enabled) << name;

@@ -207,5 +207,32 @@ TEST_F(Shell, AMissingToolIsSilent) {
   EXPECT_THAT(windows.raisedTools, ElementsAre("QVB物理试验数据处理")) << "one may run from elsewhere";
 }
 
+// ---- 填写土样资料
+
+TEST_F(Shell, TheTextsOfSamplesAreFilledInForTheDocumentInFront) {
+  openDocument();
+  windows.inFillIn = [this](FillInSession& session) {
+    EXPECT_EQ(session.cell(1, 2), "A-1");
+    EXPECT_FALSE(windows.form1->changed);
+    session.type(1, 3, "clay");
+  };
+  EXPECT_TRUE(shell.trigger("FILLIN"));
+  EXPECT_TRUE(windows.form1->changed);
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].soilName.trimmed(), "clay");
+  windows.inFillIn = [](FillInSession& session) { EXPECT_EQ(session.cell(1, 3), "clay"); };
+  shell.documentActivated(kForm2);
+  windows.take();
+  EXPECT_TRUE(shell.trigger("FILLIN")) << "its table is that of the curve window";
+  EXPECT_THAT(windows.take(), ElementsAre("FILLFORM"));
+}
+
+TEST_F(Shell, WithoutTheWindowThatAsksForASaveNothingIsFilledIn) {
+  shell.documentActivated(kForm4);
+  shell.documentActivated(kForm2);
+  EXPECT_TRUE(shell.trigger("FILLIN"));
+  EXPECT_EQ(windows.take(), std::vector<std::string>());
+  EXPECT_EQ(shell.statusTexts()[0], "请先打开这些土样的试验窗口。");
+}
+
 }  // namespace
 }  // namespace triaxlab

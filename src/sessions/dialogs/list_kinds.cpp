@@ -57,14 +57,15 @@ constexpr SampleListForm kForm13{"Form13", kOtherColumns, kOtherButtons};
 // Files and some titles have the letter O where the menus speak of K0 with the digit.
 constexpr std::array kListKinds{
     ListKind{ProjectKind::Triaxial, "三轴试验数据文件列表", "三轴试验数据表WKSZ(X).TXT ", "打开三轴数据文件",
-             "三轴土样列表", kForm14},
+             "三轴土样列表", kForm14, triaxialSampleTexts},
     ListKind{ProjectKind::OldTriaxial, "三轴试验数据文件列表", "三轴试验数据表KSZ(X).TXT ", "打开三轴数据文件",
-             "三轴土样列表", kForm14},
+             "三轴土样列表", kForm14, triaxialSampleTexts},
     ListKind{ProjectKind::Unconfined, "无侧限试验数据文件列表", "无侧限试验数据表KWCX(X).TXT ", "打开无侧限数据文件",
-             "无侧限土样列表", kForm13},
-    ListKind{ProjectKind::K0, "K0试验数据文件列表", "K0试验数据表KO(X).TXT ", "打开KO数据文件", "K0土样列表", kForm13},
+             "无侧限土样列表", kForm13, locationTexts},
+    ListKind{ProjectKind::K0, "K0试验数据文件列表", "K0试验数据表KO(X).TXT ", "打开KO数据文件", "K0土样列表", kForm13,
+             locationTexts},
     ListKind{ProjectKind::TK0, "TK0试验数据文件列表", "TK0试验数据表TKO(X).TXT ", "打开TKO数据文件", "TK0土样列表",
-             kForm13},
+             kForm13, locationTexts},
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "common/settings.h"
+#include "sessions/sample_texts.h"
 #include "store/project/project_kinds.h"
 #include "store/project/sample_list_order.h"
 
@@ -43,6 +44,7 @@ struct ListKind {
   std::string_view messageTitle;       // of the browser's messages
   std::string_view sampleListCaption;  // of the window with a file's samples
   const SampleListForm& sampleListForm;
+  std::span<const SampleText> (*sampleTexts)();  // what is filled in of its samples
 };
 
 /// std::out_of_range for a number that is none of the kinds.

@@ -13,6 +13,7 @@
 #include "platform/drawing_surface.h"
 #include "sessions/document_fields.h"
 #include "sessions/sample_list.h"
+#include "sessions/sample_texts.h"
 #include "sessions/triaxial/intervention.h"
 #include "sessions/triaxial/page_steps.h"
 #include "sessions/triaxial/result_table.h"
@@ -26,8 +27,8 @@ namespace triaxlab {
 /// The fixed captions of the window; those that settings change are in the state.
 namespace curve_captions {
 inline constexpr const char* kTitle = "三轴试验曲线";
-inline constexpr const char* kSoilName = "土样名称";
-inline constexpr const char* kDensity = "密度";
+using sample_captions::kDensity;
+using sample_captions::kSoilName;
 inline constexpr const char* kStageNumber = "围压级号";                                      // head of the stages
 inline constexpr const char* kStagePressure = "围   压";                                     // over the pressures
 inline constexpr const char* kFailurePoint = "峰值点";                                       // over the strain limits

@@ -2,25 +2,25 @@
 
 #include <stdexcept>
 
+#include "sessions/sample_texts.h"
+
 namespace triaxlab {
 
 EditableField sampleField(Workspace& workspace, const DocumentFields& document, std::size_t row, Input input) {
-  TriaxialSampleRecord& record = workspace.TriaxialSampleTable.at(row);
-  DocumentData& data = workspace.dataOf(ProjectKind::Triaxial);
-  SampleLocation& location = data.SampleDisplayTable.at(row);
+  constexpr ProjectKind kTests = ProjectKind::Triaxial;
   switch (input.name) {
     case InputName::SoilName:
-      return editable(record.soilName);
+      return soilNameField(workspace, row);
     case InputName::Density:
-      return editable(record.density);
+      return densityField(workspace, row);
     case InputName::CellPressure:
-      return editable(record.cellPressure.at(static_cast<std::size_t>(input.index)));
+      return editable(workspace.TriaxialSampleTable.at(row).cellPressure.at(static_cast<std::size_t>(input.index)));
     case InputName::Borehole:
-      return editable(location.boreholeNo);
+      return boreholeField(workspace, kTests, row);
     case InputName::SamplingDepth:
-      return editable(location.samplingDepth);
+      return samplingDepthField(workspace, kTests, row);
     case InputName::SamplingSpot:
-      return editable(location.samplingSpot);
+      return samplingSpotField(workspace, kTests, row);
     case InputName::ProjectName:
       return document.projectName();
     case InputName::DatePart:
@@ -28,7 +28,7 @@ EditableField sampleField(Workspace& workspace, const DocumentFields& document, 
     case InputName::SecondTitleLine:
       return document.secondTitleLine();
     case InputName::ControlledDocNo:
-      return editable(data.controlledDocNo);
+      return editable(workspace.dataOf(kTests).controlledDocNo);
     default:
       throw std::out_of_range("an input over no field of a sample");
   }

@@ -28,7 +28,7 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
-  if (role == Qt::DisplayRole) return m_content.cell(index.row() + 1, index.column());
+  if (role == Qt::DisplayRole || role == Qt::EditRole) return m_content.cell(index.row() + 1, index.column());
   if (role == Qt::TextAlignmentRole) return alignmentOf(index.column());
   if (role == Qt::BackgroundRole && index.column() == 0) return QGuiApplication::palette().brush(QPalette::Button);
   return {};
@@ -41,6 +41,17 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
   return {};
 }
 
+Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
+  const bool isTyped = index.isValid() && m_content.isTyped && m_content.isTyped(index.column());
+  return QAbstractTableModel::flags(index) | (isTyped ? Qt::ItemIsEditable : Qt::NoItemFlags);
+}
+
+bool GridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+  if (role != Qt::EditRole || !index.isValid() || !m_content.type) return false;
+  m_content.type(index.row() + 1, index.column(), value.toString());
+  return true;
+}
+
 int GridModel::alignmentOf(int column) const {
   const bool isCount = column == 0 || m_content.columns.at(static_cast<std::size_t>(column)).isCount;
   return static_cast<int>(isCount ? kNumberAlignment : Qt::AlignLeft | Qt::AlignVCenter);
@@ -51,7 +62,10 @@ void GridModel::contentChanged() {
   endResetModel();
 }
 
-void GridModel::rowChanged(int row) { emit dataChanged(index(row - 1, 0), index(row - 1, columnCount() - 1)); }
+void GridModel::rowsChanged(int first, int last) {
+  if (first > last) return;
+  emit dataChanged(index(first - 1, 0), index(last - 1, columnCount() - 1));
+}
 
 GridView::GridView(QWidget* parent, const GridContent& content)
     : QTableView(parent), m_model(new GridModel(content, this)) {

@@ -18,6 +18,9 @@ struct GridContent {
   std::vector<Column> columns;
   std::function<int()> rowCount;                     // data rows
   std::function<QString(int row, int column)> cell;  // row 1 is the first data row
+  // Of a grid that is typed into.
+  std::function<bool(int column)> isTyped;
+  std::function<void(int row, int column, const QString& text)> type;
 };
 
 class GridModel : public QAbstractTableModel {
@@ -30,9 +33,13 @@ class GridModel : public QAbstractTableModel {
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
   void contentChanged();
-  void rowChanged(int row);
+  void rowChanged(int row) { rowsChanged(row, row); }
+  /// Their texts; the chosen cells stay chosen.
+  void rowsChanged(int first, int last);
 
  private:
   int alignmentOf(int column) const;
@@ -52,6 +59,7 @@ class GridView : public QTableView {
   void setCurrentCell(int row, int column);
   void contentChanged() { m_model->contentChanged(); }
   void rowChanged(int row) { m_model->rowChanged(row); }
+  void textsChanged() { m_model->rowsChanged(1, m_model->rowCount()); }
 
  signals:
   void rowDoubleClicked(int row);

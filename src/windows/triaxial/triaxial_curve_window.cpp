@@ -258,6 +258,11 @@ void Form1::markSaved() {
   refresh();
 }
 
+void Form1::markChanged() {
+  m_session.markChanged();
+  refresh();
+}
+
 void Form1::showPage(CurvePage page) {
   m_session.showPage(static_cast<int>(page));
   refresh();

@@ -24,12 +24,10 @@ class Form1 : public DocumentWidget, public CurveDocument {
   /// Shows the table of the workspace as a window that was just opened.
   void load();
   std::size_t sampleRow() const override { return m_session.sampleRow(); }
-  /// Another window has changed the sample.
-  void markChanged() override { m_session.markChanged(); }
-
   // CurveDocument
   bool isChanged() const override { return m_session.isChanged(); }
   void markSaved() override;
+  void markChanged() override;
   std::array<std::string, 2> statusPanels() const override;
   InterventionEntry interventionEntry() const override;
   void enterIntervention() override;
