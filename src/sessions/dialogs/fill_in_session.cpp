@@ -182,9 +182,8 @@ std::string FillInSession::text(const GridBlock& block) const {
 void FillInSession::undo() {
   if (!canUndo()) return;
   m_remark.clear();
-  const Step& step = m_steps[--m_stepsDone];
-  for (auto change = step.rbegin(); change != step.rend(); ++change)
-    fieldAt(change->row, change->column).store(change->before);
+  // A cell has at most one change in a step, so their order doesn't matter.
+  for (const Change& change : m_steps[--m_stepsDone]) fieldAt(change.row, change.column).store(change.before);
   m_changed();
 }
 
