@@ -1,5 +1,7 @@
 // A line of the readings is one of the consolidation or of the shear of a stage: the phases of a Reading, in this
 // order.
+#include <type_traits>
+
 #include "exports/column_texts.h"
 #include "triaxial/method_names.h"
 #include "triaxial/record.h"
@@ -73,9 +75,9 @@ constexpr std::array kResults{
 template <auto ofConsolidation, auto ofShear>
 std::string byPhase(const TableLine& line, std::size_t number) {
   if (line.reading.phase == kShear) {
-    if constexpr (ofShear != nullptr) return ofShear(line, number);
+    if constexpr (!std::is_null_pointer_v<decltype(ofShear)>) return ofShear(line, number);
   } else {
-    if constexpr (ofConsolidation != nullptr) return ofConsolidation(line, number);
+    if constexpr (!std::is_null_pointer_v<decltype(ofConsolidation)>) return ofConsolidation(line, number);
   }
   return {};
 }

@@ -101,7 +101,7 @@ std::filesystem::path pictureFolder(const Report& report, const PrintJob& job, c
   if (const auto why = whyNoFileName(projectNo))
     throw UserError("打印到图片文件",
                     fmt::format("工程编号“{}”{}，不能作为图片文件夹的名称。", printableText(projectNo), *why));
-  const std::filesystem::path folder = workspace.pictureFolder() / pathFromText(gbkToUtf8(projectNo));
+  std::filesystem::path folder = workspace.pictureFolder() / pathFromText(gbkToUtf8(projectNo));
   refuseLinks(workspace.knownDataFolder(), folder);
   return folder;
 }
