@@ -60,7 +60,7 @@ int runForPerson(const Program& program, const Remarks& remarks) {
     MDIForm1 window(program.workspace, dialogs, &memory);
     const Guard guard(program.application, dialogs, window, program.log);
     window.show();
-    if (!remarks.empty()) window.showRemarks(remarks);
+    window.shell().warn(remarks, startWarnings(program.workspace));
     return QApplication::exec();
   } catch (const UserError& error) {
     showError(dialogs, error);
@@ -80,7 +80,7 @@ int runForScript(const Program& program, const Remarks& remarks, std::vector<Scr
   MDIForm1 window(program.workspace, dialogs);
   const Guard guard(program.application, dialogs, window, program.log);
   window.show();
-  if (!remarks.empty()) window.showRemarks(remarks);
+  window.shell().warn(remarks, startWarnings(program.workspace));
   player.start();
   QApplication::exec();
   return player.finish();

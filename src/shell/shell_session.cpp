@@ -158,6 +158,17 @@ void ShellSession::showRemarks(const Remarks& remarks) {
   m_windows.refresh();
 }
 
+void ShellSession::warn(const Remarks& remarks, const Remarks& beside) {
+  m_warnings = remarks;
+  m_warnings.insert(m_warnings.end(), beside.begin(), beside.end());
+  showRemarks(remarks);
+}
+
+void ShellSession::dismissWarnings() {
+  m_warnings.clear();
+  m_windows.refresh();
+}
+
 void ShellSession::documentActivated(ActiveDocument document) {
   m_workspace.activeDocument = document;
   m_commands.documentActivated(document);
@@ -182,6 +193,7 @@ bool ShellSession::mayClose(ActiveDocument document) {
 void ShellSession::documentClosed(ActiveDocument document) {
   const auto front = static_cast<ActiveDocument>(m_workspace.activeDocument);
   m_commands.documentClosed(document);
+  if (documentKindOf(document).master == document) m_warnings.clear();
   if (documentKindOf(document).leavesNoDocument) m_workspace.activeDocument = kNoDocument;
   // A window in front of the one that closed stays there: nothing else would switch the commands back to it.
   if (front != document && m_windows.document(front) != nullptr) return documentActivated(front);
@@ -214,7 +226,7 @@ bool ShellSession::save(const DocumentKind& document) {
         });
     if (report.isDropped) return;
     m_dialogs.message(kSaveTitle, document.savedMessage, MessageIcon::None);
-    showRemarks(report.remarks);
+    warn(report.remarks);
     complete = report.errors.empty();
     if (complete) noteSavedProjects(document.tests);
     if (const auto failures = report.failures(); !failures.empty())
@@ -230,7 +242,7 @@ bool ShellSession::save(const DocumentKind& document) {
 void ShellSession::show(ActiveDocument document, const Remarks& remarks) {
   m_windows.showDocument(document);
   documentActivated(document);
-  showRemarks(remarks);
+  warn(remarks);
 }
 
 // ---- What the commands do

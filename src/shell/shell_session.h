@@ -60,6 +60,13 @@ class ShellSession {
   /// Shows them in the first panel until the next command.
   void showRemarks(const Remarks& remarks);
 
+  // The bar over the documents
+  /// What nobody may overlook, until it is taken note of, or the next document or save has something else to say.
+  const Remarks& warnings() const { return m_warnings; }
+  /// Warns of the remarks, which the status bar shows as well, and of what it doesn't show.
+  void warn(const Remarks& remarks, const Remarks& beside = {});
+  void dismissWarnings();
+
   // What happens to document windows
   /// A document window came to the front.
   void documentActivated(ActiveDocument document);
@@ -138,6 +145,7 @@ class ShellSession {
   CommandStates m_commands;
   RecentProjects m_recent;
   std::string m_remark;
+  Remarks m_warnings;
   bool m_ending = false;
 };
 

@@ -123,6 +123,25 @@ std::optional<Remarks> startUp(Workspace& workspace, const InstanceCheck& isOnly
   return remarks;
 }
 
+Remarks startWarnings(const Workspace& workspace) {
+  Remarks warnings;
+  if (!workspace.dataFolderProblem.empty()) return warnings;  // which is told as such
+  const std::string data = textOfPath(workspace.dataFolder);
+  if (!folderIsAtHand(workspace.dataFolder))
+    warnings.push_back(
+        fmt::format("数据文件夹“{}”不在：工程列表是空的，也不能保存。请接好移动硬盘或网络盘，"
+                    "或者在 设置 → 实验室习惯 里另选数据文件夹。",
+                    data));
+  if (workspace.dataFolder == workspace.applicationFolder) return warnings;
+  attempt(warnings, [&] {
+    const fs::path beside = fileOrNew(workspace.applicationFolder, "HSZS");
+    if (!listFiles(beside, "", ".txt").empty())
+      warnings.push_back(fmt::format("程序旁边的文件夹“{}”里有工程文件，而现在使用的数据在“{}”里：那些工程不会列出。",
+                                     textOfPath(beside), data));
+  });
+  return warnings;
+}
+
 Remarks lookAtDataFolder(Workspace& workspace, const fs::path& dataFolder) {
   if (!folderExists(dataFolder)) throw UserError(fmt::format("没有文件夹“{}”。", textOfPath(dataFolder)));
   workspace.applicationFolder.clear();

@@ -31,7 +31,11 @@ using InstanceCheck = std::function<bool()>;
 /// Nothing is returned when `isOnlyInstance` says no.
 std::optional<Remarks> startUp(Workspace& workspace, const InstanceCheck& isOnlyInstance);
 
-/// The same for the command line, which minds no other instance.
+/// What a start has to warn a person of that it passes over by itself: the data folder is not there, or projects lie in
+/// the application folder while the program works elsewhere.
+Remarks startWarnings(const Workspace& workspace);
+
+/// `startUp` for the command line, which minds no other instance.
 Remarks startUp(Workspace& workspace);
 
 /// Instead of a start: what is read then is this data folder, as it stands and without any settings. UserError when

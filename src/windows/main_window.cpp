@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QProgressBar>
 #include <QStatusBar>
+#include <QVBoxLayout>
 
 #include "sessions/dialogs/import_selection.h"
 #include "shell/document_kinds.h"
@@ -19,6 +20,7 @@
 #include "windows/controls/cell_keys.h"
 #include "windows/controls/click_label.h"
 #include "windows/controls/layout.h"
+#include "windows/controls/warning_bar.h"
 #include "windows/controls/words.h"
 #include "windows/dialogs/backup_window.h"
 #include "windows/dialogs/fill_in_window.h"
@@ -58,6 +60,7 @@ MDIForm1::MDIForm1(Workspace& workspace, Dialogs& dialogs, WindowMemory* memory)
       m_dialogs(dialogs),
       m_shell(workspace, dialogs, *this),
       m_menu(new CommandMenuBar(this, m_shell)),
+      m_warnings(new WarningBar(this)),
       m_area(new QMdiArea(this)),
       m_memory(memory),
       m_frames(new DocumentFrames(m_area, memory)),
@@ -65,9 +68,7 @@ MDIForm1::MDIForm1(Workspace& workspace, Dialogs& dialogs, WindowMemory* memory)
   setObjectName("MDIForm1");
   setAccessibleName(kProgramTitle);
   setMenuBar(m_menu);
-  m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-  m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-  setCentralWidget(m_area);
+  makeCentre();
   makeStatusBar();
   connect(m_menu, &CommandMenuBar::entryShown, this, &MDIForm1::showHelp);
   connect(m_menu->menu("RZMWINDOW"), &QMenu::aboutToShow, this, &MDIForm1::listOpenWindows);
@@ -110,6 +111,19 @@ bool MDIForm1::hasFirstSize() const {
   // On a smaller screen the window has less than it asked for, and wants it still.
   const QSize now = outerSize(*this);
   return now == m_firstSize || now == m_firstSize.boundedTo(screen()->availableGeometry().size());
+}
+
+void MDIForm1::makeCentre() {
+  m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  auto* const centre = new QWidget(this);
+  auto* const column = new QVBoxLayout(centre);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(m_warnings);
+  column->addWidget(m_area, 1);
+  setCentralWidget(centre);
+  connect(m_warnings, &WarningBar::dismissed, this, [this] { m_shell.dismissWarnings(); });
 }
 
 void MDIForm1::makeStatusBar() {
@@ -278,6 +292,7 @@ void MDIForm1::refresh() {
   m_menu->refresh();
   refreshStatusBar();
   setWindowTitle(words(m_shell.title()));
+  m_warnings->show(m_shell.warnings());
   refreshStartPage();
   for (const auto& [document, loaded] : m_documents) loaded.refresh();
 }

@@ -24,6 +24,7 @@ namespace triaxlab {
 class CommandMenuBar;
 class DocumentFrames;
 class StartPageView;
+class WarningBar;
 class WindowMemory;
 
 /// The main window: menu, status bar, and the document windows as its children.
@@ -70,6 +71,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   void minimizeTool(int process) override;
   void endProgram() override;
 
+  void makeCentre();
   void makeStatusBar();
   /// What the mouse points at, in the first panel; an empty text brings the program's own back.
   void showHelp(const QString& help);
@@ -90,6 +92,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   Dialogs& m_dialogs;
   ShellSession m_shell;
   CommandMenuBar* m_menu;
+  WarningBar* m_warnings;
   QMdiArea* m_area;
   WindowMemory* m_memory;
   DocumentFrames* m_frames;

@@ -38,6 +38,31 @@ class Start : public ::testing::Test {
   Workspace workspace;
 };
 
+// ---- what a person is warned of
+
+TEST_F(Start, NothingIsWarnedOfWhereAllIsInItsPlace) {
+  startUp(workspace);
+  folder.write("HSZS/WKSZP1.txt", "");
+  EXPECT_EQ(startWarnings(workspace), Remarks{});
+}
+
+TEST_F(Start, ProjectsBesideTheProgramAreToldWhenTheDataLieElsewhere) {
+  const TemporaryFolder elsewhere;
+  storeText("qvb.sys", 6999, "9" + elsewhere.path().string());
+  startUp(workspace);
+  EXPECT_EQ(startWarnings(workspace), Remarks{}) << "no project there";
+  fs::create_directory(folder / "HSZS");
+  EXPECT_EQ(startWarnings(workspace), Remarks{}) << "an empty folder";
+  folder.write("HSZS/WKSZP1.txt", "");
+  EXPECT_THAT(startWarnings(workspace), ::testing::ElementsAre(HasSubstr((folder / "HSZS").string())));
+}
+
+TEST_F(Start, ADataFolderThatIsGoneIsWarnedOf) {
+  storeText("qvb.sys", 6999, "9/nowhere/data");
+  startUp(workspace);
+  EXPECT_THAT(startWarnings(workspace), ::testing::ElementsAre(HasSubstr("数据文件夹“/nowhere/data”不在")));
+}
+
 // ---- qvb.sys and the data folder
 
 TEST_F(Start, AnEmptyApplicationFolderGetsItsSettingsAndItsThreeFolders) {

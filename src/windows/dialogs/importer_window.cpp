@@ -7,6 +7,7 @@
 #include "sessions/dialogs/error_display.h"
 #include "windows/controls/grid_view.h"
 #include "windows/controls/layout.h"
+#include "windows/controls/warning_bar.h"
 #include "windows/controls/words.h"
 
 namespace triaxlab {
@@ -15,6 +16,8 @@ namespace {
 constexpr Place kWindow{0, 0, 9000, 7500};
 constexpr Place kFileCount{200, 150, 3000, 300}, kMarkCount{3400, 150, 3500, 300};
 constexpr Place kGrid{200, 540, 8600, 5900};
+/// What is damaged in the index takes the lower part of the grid.
+constexpr Place kGridOverWarnings{200, 540, 8600, 4900}, kWarnings{200, 5480, 8600, 960};
 constexpr Place kRead{1500, 6700, 1400, 450}, kThird{3400, 6700, 1800, 450}, kReturn{5700, 6700, 1400, 450};
 constexpr Place kFirstSort{7300, 6560, 1500, 360}, kSorting{200, 7180, 5000, 300};
 constexpr int kSortPitch = 390;
@@ -39,6 +42,7 @@ ImporterWindow::ImporterWindow(QWidget* parent, ImportSelection& selection, Dial
       m_dialogs(dialogs),
       m_progress(std::move(progress)),
       m_grid(put(new GridView(this, contentOf(selection)), "Grid1", kGrid)),
+      m_warnings(put(new WarningBar(this), "WarningBar", kWarnings)),
       m_fileCount(put(new QLabel(this), "Label1", kFileCount)),
       m_markCount(put(new QLabel(this), "Label2", kMarkCount)) {
   setObjectName(words(selection.importer().form));
@@ -46,6 +50,8 @@ ImporterWindow::ImporterWindow(QWidget* parent, ImportSelection& selection, Dial
   setFixedSize(rectangle(kWindow).size());
   makeButtons();
   makeSorts();
+  connect(m_warnings, &WarningBar::shown, this,
+          [this](bool isThere) { m_grid->setGeometry(rectangle(isThere ? kGridOverWarnings : kGrid)); });
   connect(m_grid, &GridView::rowDoubleClicked, this, &ImporterWindow::toggleMark);
   connect(m_grid, &GridView::enterPressed, m_read, &QPushButton::click);
   load();
@@ -121,6 +127,7 @@ void ImporterWindow::showState() {
   m_fileCount->setText(words(now.label1));
   m_markCount->setText(words(now.label2));
   m_read->setEnabled(now.canRead);
+  m_warnings->show(m_selection.remarks());
   if (m_third != nullptr) m_third->setEnabled(now.thirdButton);
 }
 

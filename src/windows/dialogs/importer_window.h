@@ -13,6 +13,7 @@ class QPushButton;
 namespace triaxlab {
 
 class GridView;
+class WarningBar;
 
 /// The selection window of a raw database: what it holds, which rows are to be read. One window serves all sources; it
 /// carries the name of the source's own (OPENFORM0 and its kin). A selection with nothing open is loaded.
@@ -39,6 +40,7 @@ class ImporterWindow : public SessionDialog {
   Dialogs& m_dialogs;
   Progress m_progress;
   GridView* m_grid;
+  WarningBar* m_warnings;
   QLabel *m_fileCount, *m_markCount;
   QLabel* m_sorting = nullptr;
   QPushButton *m_read = nullptr, *m_third = nullptr;
