@@ -49,6 +49,7 @@ struct Program {
   GuardedApplication& application;
   Workspace& workspace;
   FaultLog& log;
+  InstanceLock& lock;
 };
 
 /// The windows, from start to end, for a person. Somebody who started the program from the desktop sees no standard
@@ -60,6 +61,7 @@ int runForPerson(const Program& program, const Remarks& remarks) {
     MDIForm1 window(program.workspace, dialogs, &memory);
     const Guard guard(program.application, dialogs, window, program.log);
     window.show();
+    program.lock.setCalled([&window] { window.comeToFront(); });
     window.shell().warn(remarks, startWarnings(program.workspace));
     return QApplication::exec();
   } catch (const UserError& error) {
@@ -94,11 +96,14 @@ int run(GuardedApplication& application, const WindowOptions& options, std::vect
   // Said to the very end, when all else is gone.
   static FaultLog log(workspace.applicationFolder);
   noteLastWords(log);
-  const Program program{application, workspace, log};
   InstanceLock lock(workspace.applicationFolder);
+  const Program program{application, workspace, log, lock};
   const std::optional<Remarks> remarks = startUp(workspace, [&lock] { return lock.take(); });
-  // Another copy is running: this one ends without a word.
-  if (!remarks) return 0;
+  // Another copy is running: this one ends without a word, and a person gets that one to see.
+  if (!remarks) {
+    if (!options.script) lock.call();
+    return 0;
+  }
   if (!options.script) return runForPerson(program, *remarks);
   const auto folder = std::filesystem::absolute(*options.script).parent_path();
   return runForScript(program, *remarks, std::move(script), folder);

@@ -2,7 +2,10 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QFile>
+#include <QFileSystemWatcher>
 #include <QStandardPaths>
+#include <utility>
 
 #include "common/user_error.h"
 #include "platform/files.h"
@@ -25,6 +28,23 @@ std::filesystem::path lockFile(const std::filesystem::path& applicationFolder) {
 }  // namespace
 
 InstanceLock::InstanceLock(const std::filesystem::path& applicationFolder) : m_file(lockFile(applicationFolder)) {}
+
+InstanceLock::~InstanceLock() = default;
+
+/// Beside the lock. Each call changes it; what it holds says nothing.
+QString InstanceLock::callFile() const { return QString::fromStdString(textOfPath(m_file)) + ".call"; }
+
+void InstanceLock::call() const {
+  QFile file(callFile());
+  // Where there is none, nobody listens.
+  if (file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::ExistingOnly)) file.write("\n");
+}
+
+void InstanceLock::setCalled(std::function<void()> called) {
+  QFile(callFile()).open(QIODevice::WriteOnly | QIODevice::Truncate);
+  m_calls = std::make_unique<QFileSystemWatcher>(QStringList{callFile()});
+  QObject::connect(m_calls.get(), &QFileSystemWatcher::fileChanged, m_calls.get(), std::move(called));
+}
 
 bool InstanceLock::take() {
   try {

@@ -342,6 +342,14 @@ void MDIForm1::raiseTool(std::string_view windowTitle) { m_toolWindows.raise(win
 
 void MDIForm1::minimizeTool(int process) { m_toolWindows.minimize(process); }
 
+void MDIForm1::comeToFront() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  raise();
+  activateWindow();
+  // A desktop that keeps its front for itself lets others be brought there.
+  raiseTool(utf8(windowTitle()));
+}
+
 void MDIForm1::endProgram() {
   rememberSizes();
   m_help.close();

@@ -36,6 +36,9 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   MDIForm1(Workspace& workspace, Dialogs& dialogs, WindowMemory* memory = nullptr);
   ~MDIForm1() override;
 
+  /// Somebody wants to see it, whatever is in front of it now.
+  void comeToFront();
+
   ShellSession& shell() { return m_shell; }
   /// Shown in the first panel of the status bar until the next command.
   void showRemarks(const Remarks& remarks) { m_shell.showRemarks(remarks); }

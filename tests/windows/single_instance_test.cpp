@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
+#include "lone_application.h"
 #include "played_program.h"
 #include "windows/instance_lock.h"
 
@@ -28,6 +31,21 @@ TEST_F(SingleInstance, ASecondStartEndsInSilenceAndShowsNothing) {
   // The steps in front of the check have run, those behind it have not.
   EXPECT_TRUE(std::filesystem::is_directory(m_program.folder().path() / "PTU"));
   EXPECT_FALSE(std::filesystem::exists(m_program.folder().path() / "HSZS"));
+}
+
+TEST_F(SingleInstance, ASecondStartCallsTheRunningProgram) {
+  makeApplication();
+  InstanceLock running(m_program.folder().path());
+  ASSERT_TRUE(running.take());
+  int calls = 0;
+  running.setCalled([&calls] { ++calls; });
+  const auto wait = [&calls] {
+    for (const QDeadlineTimer end(2000); calls == 0 && !end.hasExpired();)
+      QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+    return calls;
+  };
+  EXPECT_EQ(m_program.start("").status, 0);
+  EXPECT_GT(wait(), 0);
 }
 
 TEST_F(SingleInstance, AnotherApplicationFolderIsAnotherInstance) {
