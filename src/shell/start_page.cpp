@@ -54,6 +54,7 @@ std::string detailOf(const Command& command, const Workspace& workspace, std::sp
 std::vector<StartSection> startPage(const Workspace& workspace, std::span<const RecentProject> recent,
                                     const std::function<CommandState(const Command&)>& stateOf) {
   std::vector<StartSection> sections;
+  sections.reserve(kHeadings.size());
   for (const std::string_view heading : kHeadings) sections.push_back({heading, {}});
   for (const Command& command : commandTable()) {
     const auto* const part = std::ranges::find(kParts, command.action, &Part::action);
