@@ -317,7 +317,9 @@ bool ShellSession::useDataFolder(std::string_view typed) {
     m_windows.raiseDocument(documents.front());
     documentActivated(documents.front());
   }
-  showRemarks(remarks.empty() ? Remarks{"数据现在存放在 " + textOfPath(folder)} : remarks);
+  // What was told of the folder before no longer holds.
+  warn(remarks);
+  if (remarks.empty()) showRemarks({"数据现在存放在 " + textOfPath(folder)});
   return true;
 }
 

@@ -126,7 +126,7 @@ class ShellSession {
   void askForDataFolder();
   /// Goes over to the folder, as chosen or typed, once the loaded documents may be left; they follow. False when one
   /// of them could not be saved.
-  bool useDataFolder(std::string_view folder);
+  bool useDataFolder(std::string_view typed);
   bool save(const DocumentKind& document);
   std::string projectOnDisplay(ActiveDocument document) const;
   Remarks openFile(ProjectKind kind, std::string_view fileName);

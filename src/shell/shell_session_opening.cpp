@@ -28,7 +28,7 @@ void ShellSession::newDocument(const Command& command) {
 }
 
 Remarks ShellSession::openFile(ProjectKind kind, std::string_view fileName) {
-  const Remarks remarks = openDocument(m_workspace, kind, fileName, [this](int sampleCount) {
+  Remarks remarks = openDocument(m_workspace, kind, fileName, [this](int sampleCount) {
     RangeDialog range(sampleCount);
     m_windows.showRangeDialog(range);
     return range.range();

@@ -69,6 +69,12 @@ TEST_F(DataFolderChange, TheNewFolderHoldsForThisRunAndTheNextOnes) {
   EXPECT_THAT(shell.statusTexts()[0], HasSubstr(textOfPath(other)));
 }
 
+TEST_F(DataFolderChange, WhatWasWarnedOfTheFolderBeforeGoes) {
+  shell.warn({}, {"数据文件夹不在"});
+  EXPECT_TRUE(shell.trigger("HABITS"));
+  EXPECT_EQ(shell.warnings(), Remarks{});
+}
+
 TEST_F(DataFolderChange, AFolderThatCannotBeTakenChangesNothing) {
   chosen = other / "gone";
   EXPECT_TRUE(shell.trigger("HABITS"));
