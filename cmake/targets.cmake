@@ -11,14 +11,18 @@ function(triaxlab_library name)
   endif()
 endfunction()
 
+# What a test does itself is short, and compiling it is most of what a build from nothing costs.
+function(triaxlab_compile_fast name)
+  target_compile_options(${name} PRIVATE $<$<OR:$<BOOL:${TRIAXLAB_SANITIZE}>,$<CONFIG:RelWithDebInfo>>:-O0 -g1>)
+endfunction()
+
 # triaxlab_test(NAME SOURCES a_test.cpp ... LINKS libraries [ENVIRONMENT A=b ...])
 # A test program on GoogleTest; each of its tests is one CTest test.
 function(triaxlab_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;ENVIRONMENT" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-  # What a test does itself is short, and compiling it is most of what a build from nothing costs.
-  target_compile_options(${name} PRIVATE $<$<OR:$<BOOL:${TRIAXLAB_SANITIZE}>,$<CONFIG:RelWithDebInfo>>:-O0 -g1>)
+  triaxlab_compile_fast(${name})
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} triaxlab_flags GTest::gtest GTest::gmock GTest::gtest_main)
   target_compile_definitions(${name} PRIVATE
     TRIAXLAB_SAMPLES="${PROJECT_SOURCE_DIR}/samples" TRIAXLAB_SOURCE="${PROJECT_SOURCE_DIR}")
