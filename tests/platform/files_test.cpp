@@ -2,12 +2,10 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <csignal>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -20,6 +18,7 @@
 #include <utility>
 
 #include "common/user_error.h"
+#include "support/full_disk.h"
 #include "support/temporary_folder.h"
 
 namespace triaxlab {
@@ -75,26 +74,6 @@ class OrdinaryUser {
  private:
   static constexpr uid_t kNobody = 65534;
   const bool m_wasRoot = geteuid() == 0;
-};
-
-/// For as long as it lives no file may grow beyond `limit`: a full disk in the small.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t limit) : m_before(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &m_limit);
-    const rlimit small{limit, m_limit.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-  }
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &m_limit);
-    std::signal(SIGXFSZ, m_before);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  rlimit m_limit{};
-  void (*m_before)(int);
 };
 
 class Files : public ::testing::Test {
@@ -305,7 +284,7 @@ TEST_F(Files, AReplacedLinkStaysALink) {
 TEST_F(Files, AFailedReplacementLeavesTheOldFileAndNoRemains) {
   write(folder / "a", "old");
   {
-    const FullDisk full(100);
+    const testing::FullDisk full(100);
     EXPECT_THAT(complaintOf([&] { writeWholeFile(folder / "a", Bytes(101)); }), HasSubstr((folder / "a").string()));
   }
   EXPECT_EQ(contentOf(folder / "a"), "old");

@@ -22,13 +22,15 @@ namespace {
 constexpr const char* kProgram = "triaxlab " TRIAXLAB_VERSION;
 constexpr double kTwipsPerPoint = 20;
 
-/// Where the library's bytes go. An error waits until the library has returned.
+/// Where the library's bytes go. It never hears of an error, which it doesn't survive when not even the first byte can
+/// be written: the error waits until the library has returned, and what it writes meanwhile goes nowhere.
 class PdfFile {
  public:
   explicit PdfFile(const std::filesystem::path& place) : m_file(behindLinks(place)) {}
 
   static cairo_status_t take(void* file, const unsigned char* bytes, unsigned count) {
-    return static_cast<PdfFile*>(file)->write(std::as_bytes(std::span(bytes, count)));
+    static_cast<PdfFile*>(file)->write(std::as_bytes(std::span(bytes, count)));
+    return CAIRO_STATUS_SUCCESS;
   }
   void throwError() const {
     if (m_error) std::rethrow_exception(m_error);
@@ -38,12 +40,10 @@ class PdfFile {
   [[noreturn]] void fail() const { m_file.fail(ENOMEM); }
 
  private:
-  cairo_status_t write(std::span<const std::byte> bytes) try {
-    m_file.write(bytes);
-    return CAIRO_STATUS_SUCCESS;
+  void write(std::span<const std::byte> bytes) try {
+    if (!m_error) m_file.write(bytes);
   } catch (...) {
     m_error = std::current_exception();
-    return CAIRO_STATUS_WRITE_ERROR;
   }
 
   ReplacedFile m_file;

@@ -8,6 +8,7 @@
 
 #include "common/user_error.h"
 #include "platform/pdf_device.h"
+#include "support/full_disk.h"
 #include "support/temporary_folder.h"
 
 namespace triaxlab {
@@ -90,6 +91,18 @@ TEST_F(PdfDevice, NamesTheFileThatCantBeWritten) {
   } catch (const UserError& error) {
     EXPECT_THAT(error.what(), HasSubstr("pages.pdf"));
   }
+}
+
+TEST_F(PdfDevice, ADiskThatTakesNotOneByteIsTold) {
+  folder.write("pages.pdf", "old");
+  const testing::FullDisk disk(0);
+  try {
+    makePages(1, drawText);
+    FAIL() << "no error";
+  } catch (const UserError& error) {
+    EXPECT_THAT(error.what(), HasSubstr("pages.pdf"));
+  }
+  EXPECT_EQ(written(), "old");
 }
 
 TEST_F(PdfDevice, TheSamePagesMakeTheSameBytes) {
