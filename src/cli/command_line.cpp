@@ -190,7 +190,8 @@ void describe(CLI::App& app, Print& print) {
                                                          {"A3", SheetPaper::A3},
                                                          {"wide", SheetPaper::WideForm},
                                                          {"narrow", SheetPaper::NarrowForm}};
-  app.add_option("--paper", print.paper, "A4, A3, wide or narrow")->transform(CLI::CheckedTransformer(kPapers));
+  app.add_option("--paper", print.paper, "A4, A3, wide or narrow")
+      ->transform(CLI::CheckedTransformer(kPapers).description(""));
   app.add_flag("--landscape", print.landscape, "turns the paper of a chart page");
   app.add_option("--copies", print.copies, "copies on a printer")->check(CLI::Range(1, 99));
   CLI::Option_group* const target = app.add_option_group("target", "where the pages go");

@@ -59,6 +59,10 @@ void BackupSession::chooseRow(int row) { m_row = std::clamp(row, 1, std::max(1, 
 bool BackupSession::restore() {
   if (!canRestore()) return false;
   const ProjectCopy& copy = m_copies[static_cast<std::size_t>(m_row - 1)];
+  if (!copy.isReadable) {
+    m_dialogs.message(kCaption, copy.difference, MessageIcon::Exclamation);
+    return false;
+  }
   const std::string question = fmt::format("把“{}”恢复成 {} 的备份吗？\n恢复以后：{}。\n现在的文件先留一份备份。",
                                            m_fileName, copy.time, copy.difference);
   if (!m_dialogs.ask(kCaption, question, MessageIcon::Exclamation)) return false;

@@ -89,7 +89,7 @@ std::string differenceOf(const ReadSamples& copy, const ReadSamples& present) {
 
 ProjectCopy rowOf(const Workspace& workspace, const ProjectKindInfo& info, const std::filesystem::path& path,
                   const BackupCopy& copy, const ReadSamples& present) {
-  ProjectCopy row{copy.name, copy.time, "", ""};
+  ProjectCopy row{copy.name, copy.time, {}, {}};
   try {
     const File file = File::below(workspace.dataFolder, copyPath(path, copy.name), File::Mode::Read);
     const ReadSamples samples(file, info);
@@ -97,6 +97,7 @@ ProjectCopy rowOf(const Workspace& workspace, const ProjectKindInfo& info, const
     row.difference = differenceOf(samples, present);
   } catch (const UserError& error) {
     row.difference = error.what();
+    row.isReadable = false;
   }
   return row;
 }

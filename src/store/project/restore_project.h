@@ -17,6 +17,7 @@ struct ProjectCopy {
   std::string sampleCount;
   /// What a restore would change of the file as it is, or why the copy can't be read.
   std::string difference;
+  bool isReadable = true;
 };
 
 /// The copies of a project file (name without folder), the newest first. UserError: no such file, or the copies can't

@@ -147,6 +147,8 @@ TEST_F(Restore, ADamagedCopyChangesNothing) {
   saveTwice();
   write("HSZS/backup/WKSZP1_20240503-235959-000000.txt", "cut");
   const auto before = snapshot();
+  EXPECT_FALSE(copies().back().isReadable);
+  EXPECT_TRUE(copies().front().isReadable);
   EXPECT_THAT(sentenceOf([&] { restore("WKSZP1_20240503-235959-000000.txt"); }), HasSubstr("WKSZP1"));
   EXPECT_THAT(sentenceOf([&] { restore("WKSZP1_20200101-000000-000000.txt"); }), HasSubstr("WKSZP1_20200101"));
   EXPECT_TRUE(snapshot() == before);
