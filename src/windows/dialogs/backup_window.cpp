@@ -8,6 +8,7 @@
 #include "windows/controls/grid_view.h"
 #include "windows/controls/layout.h"
 #include "windows/controls/words.h"
+#include "windows/dialogs/session_grid.h"
 
 namespace triaxlab {
 namespace {
@@ -15,15 +16,6 @@ namespace {
 constexpr Place kWindow{0, 0, 9600, 4500};
 constexpr Place kHeading{200, 160, 9200, 300}, kCopies{200, 540, 9200, 3000};
 constexpr Place kRestore{5900, 3800, 1650, 450}, kReturn{7750, 3800, 1650, 450};
-
-GridContent contentOf(const BackupSession& session) {
-  GridContent content;
-  for (const GridColumn& column : BackupSession::columns())
-    content.columns.push_back({words(column.heading), column.width, column.isCount});
-  content.rowCount = [&session] { return session.rowCount(); };
-  content.cell = [&session](int row, int column) { return words(session.cell(row, column)); };
-  return content;
-}
 
 }  // namespace
 

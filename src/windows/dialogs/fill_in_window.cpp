@@ -14,6 +14,7 @@
 #include "windows/controls/edit_grid.h"
 #include "windows/controls/layout.h"
 #include "windows/controls/words.h"
+#include "windows/dialogs/session_grid.h"
 
 namespace triaxlab {
 namespace {
@@ -22,12 +23,8 @@ constexpr Place kWindow{0, 0, 14400, 8400};
 constexpr Place kHeading{200, 160, 14000, 300}, kSamples{200, 540, 14000, 6700}, kRemark{200, 7320, 14000, 300};
 constexpr int kButtonY = 7740, kButtonWidth = 1500, kButtonHeight = 450;
 
-GridContent contentOf(FillInSession& session, const std::function<void(int, int, const QString&)>& type) {
-  GridContent content;
-  for (const GridColumn& column : session.columns())
-    content.columns.push_back({words(column.heading), column.width, column.isCount});
-  content.rowCount = [&session] { return session.rowCount(); };
-  content.cell = [&session](int row, int column) { return words(session.cell(row, column)); };
+GridContent typedContentOf(const FillInSession& session, const std::function<void(int, int, const QString&)>& type) {
+  GridContent content = contentOf(session);
   content.isTyped = [&session](int column) { return session.isTyped(column); };
   content.type = type;
   return content;
@@ -50,10 +47,10 @@ FillInWindow::FillInWindow(QWidget* parent, FillInSession& session)
     : SessionDialog(parent),
       m_session(session),
       m_samples(put(new EditGrid(this,
-                                 contentOf(session,
-                                           [this](int row, int column, const QString& text) {
-                                             act([&] { m_session.type(row, column, utf8(text)); });
-                                           }),
+                                 typedContentOf(session,
+                                                [this](int row, int column, const QString& text) {
+                                                  act([&] { m_session.type(row, column, utf8(text)); });
+                                                }),
                                  [&session](int row, int column) { return session.width(row, column); }),
                     "Samples", kSamples)),
       m_remark(put(new QLabel(this), "Remark", kRemark)) {

@@ -9,6 +9,7 @@
 #include "windows/controls/layout.h"
 #include "windows/controls/warning_bar.h"
 #include "windows/controls/words.h"
+#include "windows/dialogs/session_grid.h"
 
 namespace triaxlab {
 namespace {
@@ -22,17 +23,6 @@ constexpr Place kRead{1500, 6700, 1400, 450}, kThird{3400, 6700, 1800, 450}, kRe
 constexpr Place kFirstSort{7300, 6560, 1500, 360}, kSorting{200, 7180, 5000, 300};
 constexpr int kSortPitch = 390;
 constexpr const char* kSortingNow = "正在排序中，请稍候......";
-
-GridContent contentOf(const ImportSelection& selection) {
-  GridContent content;
-  for (const auto& column : selection.columns())
-    content.columns.push_back({words(column.heading), column.width, column.isCount});
-  content.rowCount = [&selection] { return static_cast<int>(selection.rowCount()); };
-  content.cell = [&selection](int row, int column) {
-    return words(selection.cell(static_cast<std::size_t>(row), static_cast<std::size_t>(column)));
-  };
-  return content;
-}
 
 }  // namespace
 

@@ -10,6 +10,7 @@
 #include "windows/controls/grid_view.h"
 #include "windows/controls/layout.h"
 #include "windows/controls/words.h"
+#include "windows/dialogs/session_grid.h"
 
 namespace triaxlab {
 namespace {
@@ -21,15 +22,6 @@ constexpr Place kOpen{200, 6630, 2700, 600}, kSampleList{3100, 6630, 3300, 600};
 constexpr Place kByProject{7200, 6600, 1900, 330}, kByDate{7200, 6960, 1900, 330};
 constexpr Place kBackups{7200, 7320, 1900, 330}, kFilter{6200, 330, 2900, 360};
 constexpr Place kSorting{200, 7350, 5000, 300};
-
-GridContent contentOf(const BrowserSession& session) {
-  GridContent content;
-  for (const auto& column : session.columns())
-    content.columns.push_back({words(column.heading), column.width, column.isCount});
-  content.rowCount = [&session] { return session.rowCount(); };
-  content.cell = [&session](int row, int column) { return words(session.cell(row, column)); };
-  return content;
-}
 
 }  // namespace
 
