@@ -92,7 +92,7 @@ int run(GuardedApplication& application, const WindowOptions& options, std::vect
   Workspace workspace;
   workspace.fixedToday = options.today;
   workspace.applicationFolder =
-      chooseApplicationFolder(options.applicationFolder, executableFolder(), userDataFolder());
+      chooseApplicationFolder(namedApplicationFolder(options.applicationFolder), programParts(), userDataFolder());
   // Said to the very end, when all else is gone.
   static FaultLog log(workspace.applicationFolder);
   noteLastWords(log);

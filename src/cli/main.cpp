@@ -15,6 +15,7 @@
 #include "cli/program.h"
 #include "platform/files.h"
 #include "platform/process.h"
+#include "platform/program_parts.h"
 #include "shell/start_up.h"
 
 namespace triaxlab::cli {
@@ -70,11 +71,11 @@ int readDataFolder(const CommandLine& line, const std::filesystem::path& folder)
 int doWork(const CommandLine& line) {
   const auto* const dataFolder = std::visit(DataFolderOfCommand(), line.command);
   if (dataFolder != nullptr && *dataFolder) return readDataFolder(line, **dataFolder);
-  const std::optional<std::filesystem::path>& folder = line.start.applicationFolder;
+  const auto folder = namedApplicationFolder(line.start.applicationFolder);
   if (folder && !folderExists(*folder)) throw UserError(fmt::format("没有文件夹“{}”。", textOfPath(*folder)));
   Workspace workspace;
   workspace.fixedToday = line.start.today;
-  workspace.applicationFolder = chooseApplicationFolder(folder, executableFolder(), userDataFolder());
+  workspace.applicationFolder = chooseApplicationFolder(folder, programParts(), userDataFolder());
   printRemarks(startUp(workspace));
   // The remarks have told why; what is asked for can't be looked for anywhere else.
   if (!workspace.dataFolderProblem.empty()) return kFailed;
@@ -95,7 +96,7 @@ int runCommandLine(const CommandLine& line) {
 /// Hands a command that prints, or draws PDF or pictures, to the program that has the toolkit for it.
 void handOver(const CommandLine& line, char** argv) {
   const auto* const print = std::get_if<Print>(&line.command);
-  if (print != nullptr && needsToolkit(*print)) becomeProgram(executableFolder() / TRIAXLAB_PAGES_PROGRAM, argv);
+  if (print != nullptr && needsToolkit(*print)) becomeProgram(programParts().helpers / TRIAXLAB_PAGES_PROGRAM, argv);
 }
 #else
 void handOver(const CommandLine& /*line*/, char** /*argv*/) {}

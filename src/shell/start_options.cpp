@@ -14,7 +14,7 @@ CLI::Option* addParsedOption(CLI::App& app, const std::string& name, const std::
 }
 
 void addStartOptions(CLI::App& app, StartOptions& options) {
-  app.add_option("--app", options.applicationFolder, "folder of the settings; by default that of the program")
+  app.add_option("--app", options.applicationFolder, "folder of the settings; by default TRIAXLAB_APP, else that of the program")
       ->type_name("DIR");
   addParsedOption(app, "--today", "YYYY-MM-DD", "the day taken as today", [&options](const std::string& text) {
     options.today = parseIsoDate(text);

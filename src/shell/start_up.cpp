@@ -72,24 +72,39 @@ void attempt(Remarks& remarks, Step step) {
   }
 }
 
+/// Empty when the variable is missing.
+fs::path folderNamedBy(const char* variable) {
+  const char* const value = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe): read before any thread starts
+  return value != nullptr ? value : "";
+}
+
+/// An installation that a laboratory carries about, on a stick or a share, together with its settings.
+bool isPortable(const fs::path& programs) { return findFile(programs, "qvb.sys") || findFile(programs, ".portable"); }
+
+bool takesSettings(const ProgramParts& parts) {
+  return (!parts.isInstalled || isPortable(parts.programs)) && folderIsWritable(parts.programs);
+}
+
 }  // namespace
 
 fs::path userDataFolder() {
-  const auto folderNamedBy = [](const char* variable) -> fs::path {
-    const char* const value = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe): read before any thread starts
-    return value != nullptr ? value : "";
-  };
   const fs::path shared = folderNamedBy("XDG_DATA_HOME");
   return (shared.is_absolute() ? shared : folderNamedBy("HOME") / ".local/share") / "triaxlab";
 }
 
-fs::path chooseApplicationFolder(const std::optional<fs::path>& named, const fs::path& executable,
+std::optional<fs::path> namedApplicationFolder(const std::optional<fs::path>& option) {
+  if (option) return option;
+  const fs::path variable = folderNamedBy("TRIAXLAB_APP");
+  return variable.empty() ? std::nullopt : std::optional(variable);
+}
+
+fs::path chooseApplicationFolder(const std::optional<fs::path>& named, const ProgramParts& parts,
                                  const fs::path& userData) {
   std::error_code ignored;  // what can't be made is told when the settings can't be written
-  fs::path folder = executable;
+  fs::path folder = parts.programs;
   if (named) {
     folder = *named;
-  } else if (!folderIsWritable(executable)) {
+  } else if (!takesSettings(parts)) {
     folder = userData;
     fs::create_directories(folder, ignored);
   }

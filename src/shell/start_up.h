@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "common/user_error.h"
+#include "platform/program_parts.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
@@ -12,11 +13,14 @@ namespace triaxlab {
 /// This user's own data folder for the program; it need not exist.
 std::filesystem::path userDataFolder();
 
-/// The application folder of this run: the one named at the start, else the executable's, else, when that can't be
-/// written (an installed package), the user's own, which is made. Absolute.
+/// The folder that was named for this run: by --app, else by the variable TRIAXLAB_APP.
+std::optional<std::filesystem::path> namedApplicationFolder(const std::optional<std::filesystem::path>& option);
+
+/// The application folder of this run: the one named, else that of the programs, else the user's own, which is made.
+/// That of the programs is none where they are installed for everybody, unless a laboratory has made it one by a
+/// qvb.sys or a file .portable in it, nor where it can't be written. Absolute.
 std::filesystem::path chooseApplicationFolder(const std::optional<std::filesystem::path>& named,
-                                              const std::filesystem::path& executable,
-                                              const std::filesystem::path& userData);
+                                              const ProgramParts& parts, const std::filesystem::path& userData);
 
 /// Asked between making ZMSJ and PTU and everything that follows; false ends the start in silence.
 using InstanceCheck = std::function<bool()>;

@@ -75,6 +75,18 @@ TEST_F(CommandLine, AnApplicationFolderThatIsNotThereIsNamed) {
   EXPECT_FALSE(std::filesystem::exists(missing));
 }
 
+TEST_F(CommandLine, AVariableNamesTheApplicationFolder) {
+  setShell("TRIAXLAB_APP='" + app().string() + "' ", "");
+  EXPECT_EQ(runBare({"init"}).status, 0);
+  EXPECT_TRUE(std::filesystem::exists(app() / "qvb.sys"));
+  EXPECT_EQ(runBare({"--app", (folder / "gone").string(), "init"}).status, 1) << "the option goes first";
+
+  setShell("TRIAXLAB_APP='" + (folder / "gone").string() + "' ", "");
+  const ProgramRun named = runBare({"init"});
+  EXPECT_EQ(named.status, 1);
+  EXPECT_EQ(named.err, "没有文件夹“" + (folder / "gone").string() + "”。\n");
+}
+
 TEST_F(CommandLine, InitMakesSettingsAndFolders) {
   const ProgramRun ran = run({"init"});
   EXPECT_EQ(ran.status, 0);

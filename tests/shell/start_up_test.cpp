@@ -364,25 +364,64 @@ TEST_F(Start, TheOnlyInstanceStartsWhole) {
 
 // ---- The application folder
 
+/// Programs in a folder `bin` of their own, installed or not.
+struct Programs {
+  explicit Programs(bool isInstalled) : parts{folder / "bin", folder / "helpers", folder / "data", isInstalled} {
+    fs::create_directory(parts.programs);
+  }
+  fs::path chosen(const std::optional<fs::path>& named = std::nullopt) const {
+    return chooseApplicationFolder(named, parts, userData);
+  }
+  TemporaryFolder folder;
+  ProgramParts parts;
+  fs::path userData = folder / "home/share/triaxlab";
+};
+
 TEST(ApplicationFolder, ANamedFolderIsTaken) {
-  const TemporaryFolder named, executable;
-  EXPECT_EQ(chooseApplicationFolder(named.path(), executable.path(), "/unused"), named.path());
-  EXPECT_EQ(chooseApplicationFolder(named.path() / "", executable.path(), "/unused"), named.path())
-      << "a slash at the end is no part of the name";
-  EXPECT_EQ(chooseApplicationFolder(fs::path("lab/../lab2"), executable.path(), "/unused"),
-            fs::current_path() / "lab2");
+  const TemporaryFolder named;
+  const Programs programs(false);
+  EXPECT_EQ(programs.chosen(named.path()), named.path());
+  EXPECT_EQ(programs.chosen(named.path() / ""), named.path()) << "a slash at the end is no part of the name";
+  EXPECT_EQ(programs.chosen(fs::path("lab/../lab2")), fs::current_path() / "lab2");
+  EXPECT_FALSE(fs::exists(programs.userData));
 }
 
-TEST(ApplicationFolder, AWritableExecutablesFolderIsTaken) {
-  const TemporaryFolder executable;
-  EXPECT_EQ(chooseApplicationFolder(std::nullopt, executable.path(), "/unused"), executable.path());
+TEST(ApplicationFolder, TheOptionNamesItBeforeTheVariable) {
+  EXPECT_EQ(namedApplicationFolder(std::nullopt), std::nullopt);
+  setenv("TRIAXLAB_APP", "/data/lab", 1);
+  EXPECT_EQ(namedApplicationFolder(std::nullopt), fs::path("/data/lab"));
+  EXPECT_EQ(namedApplicationFolder("/data/other"), fs::path("/data/other"));
+  setenv("TRIAXLAB_APP", "", 1);
+  EXPECT_EQ(namedApplicationFolder(std::nullopt), std::nullopt) << "an empty variable names none";
+  unsetenv("TRIAXLAB_APP");
 }
 
-TEST(ApplicationFolder, OtherwiseTheUsersOwnFolderIsMade) {
-  const TemporaryFolder home;
-  const fs::path userData = home.path() / "share" / "triaxlab";
-  EXPECT_EQ(chooseApplicationFolder(std::nullopt, home.path() / "not there", userData), userData);
-  EXPECT_TRUE(fs::is_directory(userData));
+TEST(ApplicationFolder, AWritableFolderOfThePrograms) {
+  const Programs programs(false);
+  EXPECT_EQ(programs.chosen(), programs.parts.programs);
+  EXPECT_FALSE(fs::exists(programs.userData));
+}
+
+TEST(ApplicationFolder, OfAnInstallationItIsTheUsersOwnWhichIsMade) {
+  const Programs programs(true);
+  EXPECT_EQ(programs.chosen(), programs.userData) << "though its folder could be written";
+  EXPECT_TRUE(fs::is_directory(programs.userData));
+  EXPECT_TRUE(fs::is_empty(programs.parts.programs));
+}
+
+TEST(ApplicationFolder, AnInstallationWithSettingsInItKeepsThem) {
+  for (const char* mark : {"qvb.sys", "QVB.SYS", ".portable"}) {
+    const Programs programs(true);
+    programs.folder.write(fs::path("bin") / mark, "");
+    EXPECT_EQ(programs.chosen(), programs.parts.programs) << mark;
+  }
+}
+
+TEST(ApplicationFolder, WhereThatOfTheProgramsCantBeWrittenItIsTheUsersOwn) {
+  Programs programs(false);
+  programs.parts.programs = programs.folder / "not there";
+  EXPECT_EQ(programs.chosen(), programs.userData);
+  EXPECT_TRUE(fs::is_directory(programs.userData));
 }
 
 TEST(ApplicationFolder, TheUsersOwnFolderFollowsTheDesktopsRule) {

@@ -12,7 +12,7 @@
 #include "platform/captured_run.h"
 #include "platform/files.h"
 #include "platform/jet/row_stream.h"
-#include "platform/process.h"
+#include "platform/program_parts.h"
 
 namespace triaxlab {
 namespace {
@@ -34,7 +34,7 @@ constexpr std::string_view declarationOf(ColumnType type) {
 Bytes runReader(const std::filesystem::path& path, std::span<const JetTable> tables, const JetReader& reader) {
   // Whether the file is there and may be read is told as for every other file.
   const File file(path, File::Mode::Read);
-  const std::filesystem::path program = reader.program.empty() ? executableFolder() / kReaderProgram : reader.program;
+  const std::filesystem::path program = reader.program.empty() ? programParts().helpers / kReaderProgram : reader.program;
   const auto seconds = std::chrono::ceil<std::chrono::seconds>(reader.time).count();
   std::vector<std::string> arguments{path.string(), std::to_string(reader.memoryBytes), std::to_string(seconds)};
   for (const JetTable& table : tables)
