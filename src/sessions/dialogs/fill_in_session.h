@@ -35,7 +35,7 @@ class FillInSession {
   int rowCount() const { return static_cast<int>(m_rows.size()); }
   /// The cell in which typing begins: the first text of the sample on display.
   int firstRow() const { return m_firstRow; }
-  int firstColumn() const { return kNumberColumns; }
+  static int firstColumn() { return kNumberColumns; }
 
   /// UTF-8.
   std::string cell(int row, int column) const;

@@ -18,6 +18,9 @@ struct KeyRow {
   Key key;
   const char* effect;
 };
+// Some compilers don't derive it from an aggregate.
+template <class Key>
+KeyRow(int, Key, const char*) -> KeyRow<Key>;
 
 /// Keys in a cell of a list or table that may leave it.
 inline constexpr std::array kCellKeys{

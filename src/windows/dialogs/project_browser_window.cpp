@@ -34,8 +34,8 @@ OPENFORM::OPENFORM(QWidget* parent, BrowserSession& session)
   setFixedSize(rectangle(kWindow).size());
   makeLabels();
   makeFilter();
-  connect(m_grid, &GridView::rowDoubleClicked, this, &OPENFORM::open);
-  connect(m_grid, &GridView::enterPressed, this, &OPENFORM::open);
+  connect(m_grid, &GridView::rowDoubleClicked, this, &OPENFORM::openProject);
+  connect(m_grid, &GridView::enterPressed, this, &OPENFORM::openProject);
   connect(m_grid->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& cell) {
     if (cell.isValid()) m_session.setCurrentCell(cell.row() + 1, cell.column());
   });
@@ -53,7 +53,7 @@ void OPENFORM::makeLabels() {
     label->setFocusPolicy(Qt::TabFocus);
     return label;
   };
-  connect(clickable("Labelcz", BrowserSession::kOpen, kOpen), &ClickLabel::clicked, this, &OPENFORM::open);
+  connect(clickable("Labelcz", BrowserSession::kOpen, kOpen), &ClickLabel::clicked, this, &OPENFORM::openProject);
   auto* const samples = clickable("Labelsize", BrowserSession::kSampleList, kSampleList);
   samples->setEnabled(m_session.hasSampleLists());
   connect(samples, &ClickLabel::clicked, this,
@@ -82,7 +82,7 @@ void OPENFORM::makeFilter() {
   filter->setClearButtonEnabled(true);
   connect(filter, &QLineEdit::textEdited, this,
           [this](const QString& typed) { act([&] { m_session.setFilter(utf8(typed)); }); });
-  connect(filter, &QLineEdit::returnPressed, this, &OPENFORM::open);
+  connect(filter, &QLineEdit::returnPressed, this, &OPENFORM::openProject);
   connect(new QShortcut(Qt::Key_Down, filter, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, m_grid,
           [this] { m_grid->setFocus(); });
 }
@@ -102,7 +102,7 @@ void OPENFORM::sort(void (BrowserSession::*order)()) {
   m_grid->setFocus();
 }
 
-void OPENFORM::open() {
+void OPENFORM::openProject() {
   actToEnd([this] { return m_session.open(); });
 }
 

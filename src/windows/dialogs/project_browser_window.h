@@ -18,7 +18,7 @@ class OPENFORM : public SessionDialog {
  private:
   void makeLabels();
   void makeFilter();
-  void open();
+  void openProject();
   void sort(void (BrowserSession::*order)());
   void showState() override;
 

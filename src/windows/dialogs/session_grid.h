@@ -13,7 +13,10 @@ GridContent contentOf(const Session& session) {
   for (const auto& column : session.columns())
     content.columns.push_back({words(column.heading), column.width, column.isCount});
   content.rowCount = [&session] { return static_cast<int>(session.rowCount()); };
-  content.cell = [&session](int row, int column) { return words(session.cell(row, column)); };
+  content.cell = [&session](int row, int column) {
+    using Index = decltype(session.rowCount());
+    return words(session.cell(static_cast<Index>(row), static_cast<Index>(column)));
+  };
   return content;
 }
 
