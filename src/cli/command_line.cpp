@@ -45,6 +45,7 @@ bool parseSpan(std::string_view text, Span& span) {
 
 std::vector<std::string> kindNames() {
   std::vector<std::string> names;
+  names.reserve(kProjectKinds.size());
   for (const ProjectKindInfo& info : kProjectKinds) names.emplace_back(info.id);
   return names;
 }
@@ -190,7 +191,8 @@ void describe(CLI::App& app, Print& print) {
                                                          {"A3", SheetPaper::A3},
                                                          {"wide", SheetPaper::WideForm},
                                                          {"narrow", SheetPaper::NarrowForm}};
-  app.add_option("--paper", print.paper, "A4, A3, wide or narrow")
+  app.add_option("--paper", print.paper, "paper of the pages")
+      ->type_name("A4|A3|wide|narrow")
       ->transform(CLI::CheckedTransformer(kPapers).description(""));
   app.add_flag("--landscape", print.landscape, "turns the paper of a chart page");
   app.add_option("--copies", print.copies, "copies on a printer")->check(CLI::Range(1, 99));
@@ -227,7 +229,7 @@ void describe(CLI::App& app, WriteRawWorkbook& workbook) {
   addWorkbookFile(app, workbook.out);
 }
 
-void describe(CLI::App&, Init&) {}
+void describe(CLI::App& /*app*/, Init& /*init*/) {}
 
 // What no option by itself can tell is wrong.
 

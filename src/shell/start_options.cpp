@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
+#include "shell/about.h"
+
 namespace triaxlab {
 
 CLI::Option* addParsedOption(CLI::App& app, const std::string& name, const std::string& form, const std::string& help,
@@ -14,7 +16,9 @@ CLI::Option* addParsedOption(CLI::App& app, const std::string& name, const std::
 }
 
 void addStartOptions(CLI::App& app, StartOptions& options) {
-  app.add_option("--app", options.applicationFolder, "folder of the settings; by default TRIAXLAB_APP, else that of the program")
+  app.set_version_flag("--version", app.get_name() + ' ' + programVersion(""), "Print the version and exit");
+  app.add_option("--app", options.applicationFolder,
+                 "folder of the settings; by default TRIAXLAB_APP, else that of the program")
       ->type_name("DIR");
   addParsedOption(app, "--today", "YYYY-MM-DD", "the day taken as today", [&options](const std::string& text) {
     options.today = parseIsoDate(text);

@@ -23,7 +23,7 @@ struct StartOptions {
   std::optional<Date> today;                               // --today
 };
 
-/// Adds --app and --today. The options outlive the parse.
+/// Adds --version, --app and --today. The options outlive the parse.
 void addStartOptions(CLI::App& app, StartOptions& options);
 
 /// An option whose text goes through `parse`; a text that it refuses is a wrong command line. `form` says what it
@@ -31,8 +31,9 @@ void addStartOptions(CLI::App& app, StartOptions& options);
 CLI::Option* addParsedOption(CLI::App& app, const std::string& name, const std::string& form, const std::string& help,
                              const std::function<bool(const std::string&)>& parse);
 
-/// Reads the command line into what was added. The exit status when there is nothing left to do: the usage was asked
-/// for and printed, or the command line is wrong, which is said on standard error together with the usage.
+/// Reads the command line into what was added. The exit status when there is nothing left to do: the usage or the
+/// version was asked for and printed, or the command line is wrong, which is said on standard error together with the
+/// usage.
 std::optional<int> statusOfParse(CLI::App& app, int argc, const char* const* argv);
 
 }  // namespace triaxlab

@@ -67,6 +67,13 @@ TEST_F(CommandLine, HelpIsNoError) {
   EXPECT_EQ(ran.err, "");
 }
 
+TEST_F(CommandLine, TheVersionIsALine) {
+  const ProgramRun ran = runBare({"--version"});
+  EXPECT_EQ(ran.status, 0);
+  EXPECT_EQ(ran.out, "triaxlab-cli " TRIAXLAB_VERSION "\n");
+  EXPECT_EQ(ran.err, "");
+}
+
 TEST_F(CommandLine, AnApplicationFolderThatIsNotThereIsNamed) {
   const std::string missing = (folder.path() / "missing").string();
   const ProgramRun ran = runBare({"--app", missing, "init"});
