@@ -1,38 +1,30 @@
 #include "windows/controls/appearance.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFont>
 #include <QIcon>
 #include <QLibraryInfo>
-#include <QPainter>
-#include <QPixmap>
-#include <QPolygonF>
 #include <QTranslator>
 
-#include "platform/qt/painter_surface.h"
 #include "windows/controls/layout.h"
 #include "windows/controls/scaled_style.h"
+
+// Outside the namespace, as the toolkit wants it.
+static void openIcons() { Q_INIT_RESOURCE(icons); }
 
 namespace triaxlab {
 namespace {
 
-/// Two Mohr circles under their envelope.
+/// The desktop entry of an installation is a file of this name.
+constexpr const char* kDesktopId = "org.triaxlab.triaxlab";
+
+/// One picture for each size, of which the desktop takes the one that fits.
 QIcon programIcon() {
-  constexpr int kSize = 64;
-  QPixmap picture(kSize, kSize);
-  picture.fill(colourOf(Colour::White));
-  QPainter painter(&picture);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setClipRect(0, 0, kSize, 54);
-  painter.setPen(QPen(colourOf(Colour::LightRed), 3));
-  painter.drawEllipse(QPointF(20, 54), 11, 11);
-  painter.drawEllipse(QPointF(39, 54), 21, 21);
-  painter.setPen(QPen(colourOf(Colour::Blue), 3));
-  painter.drawLine(QPointF(2, 44), QPointF(62, 16));
-  painter.setClipping(false);
-  painter.setPen(QPen(colourOf(Colour::Black), 3));
-  painter.drawPolyline(QPolygonF{{4, 4}, {4, 54}, {62, 54}});
-  return picture;
+  openIcons();
+  QIcon icon;
+  for (const QString& file : QDir(":/icons").entryList()) icon.addFile(":/icons/" + file);
+  return icon;
 }
 
 }  // namespace
@@ -47,6 +39,7 @@ void setAppearance(QApplication& application) {
   font.setPixelSize(pixels(kTypeHeight));
   QApplication::setFont(font);
   QApplication::setWindowIcon(programIcon());
+  QApplication::setDesktopFileName(kDesktopId);  // by which a desktop knows whose windows these are
   auto* const buttons = new QTranslator(&application);
   if (buttons->load("qtbase_zh_CN", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
     QApplication::installTranslator(buttons);
