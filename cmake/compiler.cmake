@@ -20,6 +20,14 @@ if(TRIAXLAB_LTO)
     target_link_options(triaxlab_flags INTERFACE -Werror)
   endif()
 endif()
+if(TRIAXLAB_HARDENED)
+  # What Debian asks of the programs that it ships; position-independent they are by the compiler's own choice. No path
+  # of the machine that built them stays in them.
+  target_compile_options(triaxlab_flags INTERFACE
+    -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong -Wformat -Werror=format-security
+    -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=./build)
+  target_link_options(triaxlab_flags INTERFACE -Wl,-z,relro,-z,now)
+endif()
 if(TRIAXLAB_FUZZ)
   # libFuzzer steers by the branches that an input reaches, so the readers themselves are instrumented.
   target_compile_options(triaxlab_flags INTERFACE -fsanitize=fuzzer-no-link)

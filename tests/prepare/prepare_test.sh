@@ -23,14 +23,8 @@ sed -i 1d "$FAKE/answers"
 PROGRAM
 
 . "$1"
+. "$(dirname "$0")/../support/expect.sh"
 
-failures=0
-# expect WHAT WANTED FOUND
-expect() {
-  [ "$2" = "$3" ] && return
-  printf '%s: wanted\n%s\nfound\n%s\n' "$1" "$2" "$3"
-  failures=$((failures + 1))
-}
 # installing ANSWERS...: what is called when apt-get answers so, and what is said.
 installing() {
   : >"$folder/calls"
