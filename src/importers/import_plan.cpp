@@ -1,5 +1,9 @@
 #include "importers/import_plan.h"
 
+#include <fmt/ranges.h>
+
+#include "store/project/project_number.h"
+
 namespace triaxlab {
 
 void ImportedProjects::addDate(const SourceRow& source) {
@@ -8,6 +12,7 @@ void ImportedProjects::addDate(const SourceRow& source) {
   ProjectDate& date = m_dates.emplace_back();
   SetText(date.projectNo, source.projectNo);
   SetText(date.testDate, source.testDate);
+  note(date);
 }
 
 void ImportedProjects::setDate(const SourceRow& source) {
@@ -17,10 +22,12 @@ void ImportedProjects::setDate(const SourceRow& source) {
                                   [&](const ProjectDate& row) { return row.projectNo == wanted.projectNo; });
   if (known == m_dates.end()) return addDate(source);
   SetText(known->testDate, source.testDate);
+  note(*known);
 }
 
 void ImportedProjects::setOnlyDate(const SourceRow& source) {
   m_dates.clear();
+  m_days.clear();
   addDate(source);
 }
 
@@ -29,6 +36,23 @@ void ImportedProjects::setName(std::string_view projectNo, std::string_view name
   FixedText<sizeof(ProjectDate::projectNo)> inRecords;
   SetText(inRecords, Trim(projectNo));
   m_names.insert_or_assign(std::string(inRecords.trimmed()), std::string(Trim(name)));
+}
+
+void ImportedProjects::note(const ProjectDate& date) {
+  if (date.projectNo.isBlank() || date.testDate.isBlank()) return;
+  std::vector<std::string>& days = m_days[std::string(date.projectNo.trimmed())];
+  if (std::string day = printableText(date.testDate.trimmed()); std::ranges::find(days, day) == days.end())
+    days.push_back(std::move(day));
+}
+
+Remarks ImportedProjects::remarks(const DocumentData& document) const {
+  Remarks remarks;
+  for (const auto& [projectNo, days] : m_days)
+    if (days.size() > 1)
+      remarks.push_back(fmt::format("工程 {} 的试样有 {} 个试验日期（{}），统一印 {}。", printableText(projectNo),
+                                    days.size(), fmt::join(days, "、"),
+                                    printableText(*document.projectTestDate(projectNo))));
+  return remarks;
 }
 
 void ImportedProjects::carryOut(DocumentData& document) const {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <string>
@@ -56,9 +57,14 @@ class ImportedProjects {
   void setName(std::string_view projectNo, std::string_view name);
 
   void carryOut(DocumentData& document) const;
+  /// Which projects were tested on several days, and the one that is printed with all their samples. Pre: carried out.
+  Remarks remarks(const DocumentData& document) const;
 
  private:
+  void note(const ProjectDate& date);
+
   std::vector<ProjectDate> m_dates;
+  std::map<std::string, std::vector<std::string>> m_days;  // of each project, as a sentence shows them
   std::map<std::string, std::string, std::less<>> m_names;
 };
 
@@ -109,6 +115,7 @@ class ImportPlan {
     }
     if constexpr (requires(Record & row) { Target::finish(row); })
       if (m_axes == Axes::Even) std::ranges::for_each(table.used(), Target::finish);
+    std::ranges::move(projects.remarks(document), std::back_inserter(remarks));
     ImportReport report{.sampleRows = m_rowCount, .remarks = std::move(remarks)};
     report.samples =
         static_cast<std::size_t>(std::ranges::count_if(table.used(), [](const Record& row) { return isLive(row); }));

@@ -167,6 +167,15 @@ TEST_F(Gathering, AnImportReplacesTheTablesAndMarksThemAsRaw) {
   EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[100], ProjectDate{});
 }
 
+TEST_F(Gathering, AProjectOfSeveralDaysIsToldWithTheOneThatIsPrinted) {
+  Entry first = newerEntry({at(100, 11)}), second = newerEntry({at(200, 21)}), other = newerEntry({at(100, 31, "S-2")});
+  second.date = "20240422";
+  other.projectNo = "P2";
+  EXPECT_EQ(importAll({first, second, first, other}).remarks,
+            Remarks{"工程 P1 的试样有 2 个试验日期（2024/04/12、2024/04/22），统一印 2024/04/12。"});
+  EXPECT_EQ(importAll({first, other, first}).remarks, Remarks{});
+}
+
 /// As many groups as fit one entry, each a sample of its own.
 Entry crowd(int groups, int firstNumber) {
   std::vector<std::vector<Specimen>> all;

@@ -354,7 +354,8 @@ TEST_F(Qvb98, AProjectHasTheDateOfItsLastRow) {
   other.date = "19990202";
   second.date = "19990303";
   empty.date = "19990404";
-  importAll({first, other, second, empty}, "qvb98");
+  const ImportReport report = importAll({first, other, second, empty}, "qvb98");
+  EXPECT_EQ(report.remarks, Remarks{"工程 P1 的试样有 2 个试验日期（1999/01/01、1999/03/03），统一印 1999/03/03。"});
   EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectTestDate("P1"), "1999/03/03");
   EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).projectTestDate("P2"), "1999/02/02");
   EXPECT_EQ(workspace.dataOf(ProjectKind::Triaxial).ProjectDateTable[0].projectNo.trimmed(), "P1");
