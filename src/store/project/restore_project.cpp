@@ -136,7 +136,7 @@ void putResults(FileUpdate& update, const Workspace& workspace, ProjectKind kind
   }
   summary.finish();
   if (!leftOut.empty())
-    report.errors.push_back(fmt::format("汇总文件已满（9999 个试样），下列试样没有写入：{}", fmt::join(leftOut, "、")));
+    report.errors.push_back(fmt::format("成果文件已满（9999 个试样），下列试样没有写入：{}", fmt::join(leftOut, "、")));
 }
 
 /// A damaged summary file, which belongs to sibling tools as well, doesn't keep the project from being restored.
@@ -155,7 +155,7 @@ void followInSummary(FileUpdate& update, const Workspace& workspace, ProjectKind
     blankDeletedSamples(update, workspace, kind, projectNo, numbers);
     putResults(update, workspace, kind, restored, head.sampleCount, projectNo, report);
   } catch (const DamagedSummary& damage) {
-    report.errors.push_back(std::string(damage.what()) + "它没有改动，项目文件已恢复。");
+    report.errors.push_back(std::string(damage.what()) + "它没有改动，工程文件已恢复。");
   }
 }
 
