@@ -47,4 +47,8 @@ std::optional<std::string> ConsoleDialogs::input(std::string_view, std::string_v
   return std::nullopt;
 }
 
+std::optional<std::size_t> ConsoleDialogs::choose(std::string_view, std::string_view, std::span<const std::string>) {
+  return std::nullopt;
+}
+
 }  // namespace triaxlab::cli

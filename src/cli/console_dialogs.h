@@ -23,6 +23,8 @@ class ConsoleDialogs : public Dialogs {
   std::optional<std::filesystem::path> chooseFile(const FileQuestion& question) override;
   std::optional<std::filesystem::path> chooseFileToSave(const FileQuestion& question) override;
   std::optional<std::string> input(std::string_view title, std::string_view prompt, std::string_view value) override;
+  std::optional<std::size_t> choose(std::string_view title, std::string_view text,
+                                    std::span<const std::string> choices) override;
 };
 
 }  // namespace triaxlab::cli

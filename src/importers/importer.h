@@ -125,6 +125,12 @@ std::span<const Importer* const> importers();
 const Importer* importerOfId(std::string_view id);
 const Importer* importerOfMenuCommand(std::string_view menuCommand);
 
+/// The sources that a file is of by its contents, in the order of the menu: sources share layouts, and then the file's
+/// name decides as far as it can. A damaged file is that of the source whose name it has. UserError: it can't be read.
+std::vector<const Importer*> sourcesOf(const std::filesystem::path& path);
+/// The files in a folder that have the name of some source's, in ascending order.
+std::vector<std::filesystem::path> namesOfSourcesIn(const std::filesystem::path& folder);
+
 /// Reads the index of a raw file. UserError: the file is missing, a folder, unreadable; or it is none of this source,
 /// and then the sentence says which it looks like. An empty file has no rows.
 std::unique_ptr<RawSource> openRawSource(const Importer& importer, const std::filesystem::path& path);

@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <set>
 #include <string>
 
+#include "common/small_letters.h"
 #include "importers/importer.h"
 #include "platform/files.h"
 
@@ -50,6 +53,53 @@ const Importer* find(std::string_view Importer::*column, std::string_view wanted
   return found == kImporters.end() ? nullptr : *found;
 }
 
+/// A file as `recognise` gets it.
+class RawHead {
+ public:
+  explicit RawHead(const std::filesystem::path& path) {
+    const File file(path, File::Mode::Read);
+    m_size = file.size();
+    m_bytes.resize(std::min<std::uint64_t>(m_size, kRecognisedHead));
+    m_bytes.resize(file.readAt(0, m_bytes));
+  }
+  FileHead head() const { return {m_bytes, m_size}; }
+
+ private:
+  Bytes m_bytes;
+  std::uint64_t m_size = 0;
+};
+
+/// What a source calls its files: a name, or a mask with one "*".
+struct NameMask {
+  explicit NameMask(const Importer& importer)
+      : front(importer.defaultFile.substr(0, importer.defaultFile.find('*'))),
+        back(importer.defaultFile.substr(std::min(importer.defaultFile.size(), front.size() + 1))),
+        isWhole(front.size() == importer.defaultFile.size()) {}
+
+  bool fits(const std::filesystem::path& path) const {
+    const std::string name = caseless(textOfPath(path.filename()));
+    if (isWhole) return name == caseless(front);
+    return name.size() >= front.size() + back.size() && name.starts_with(caseless(front)) &&
+           name.ends_with(caseless(back));
+  }
+
+  std::string_view front, back;
+  bool isWhole;
+};
+
+bool hasEnding(const Importer& importer, const std::filesystem::path& path) {
+  const auto ending = [](const std::filesystem::path& name) { return caseless(textOfPath(name.extension())); };
+  return ending(path) == ending(std::filesystem::path(importer.defaultFile));
+}
+
+/// Those of the sources that `fits` takes; all of them when it takes none.
+template <class Fits>
+std::vector<const Importer*> narrowed(const std::vector<const Importer*>& sources, const Fits& fits) {
+  std::vector<const Importer*> fitting;
+  std::ranges::copy_if(sources, std::back_inserter(fitting), fits);
+  return fitting.empty() ? sources : fitting;
+}
+
 /// The source to which the file surely belongs; nothing when there is none.
 const Importer* sureOwner(const FileHead& head) {
   const auto owns = [&](const Importer* importer) {
@@ -62,10 +112,8 @@ const Importer* sureOwner(const FileHead& head) {
 /// A file that may be this source's is refused only when it surely is another's: a damaged database is read as far as
 /// it goes.
 void refuseWrongFile(const Importer& importer, const std::filesystem::path& path) {
-  const File file(path, File::Mode::Read);
-  Bytes bytes(std::min<std::uint64_t>(file.size(), kRecognisedHead));
-  bytes.resize(file.readAt(0, bytes));
-  const FileHead head(bytes, file.size());
+  const RawHead raw(path);
+  const FileHead head = raw.head();
   const Recognition recognition = importer.recognise(head);
   if (recognition == Recognition::Mine) return;
   const Importer* const owner = sureOwner(head);
@@ -83,6 +131,29 @@ const Importer* importerOfId(std::string_view id) { return find(&Importer::id, i
 
 const Importer* importerOfMenuCommand(std::string_view menuCommand) {
   return find(&Importer::menuCommand, menuCommand);
+}
+
+std::vector<const Importer*> sourcesOf(const std::filesystem::path& path) {
+  const RawHead raw(path);
+  const auto hasName = [&path](const Importer* importer) { return NameMask(*importer).fits(path); };
+  std::vector<const Importer*> sure, damaged;
+  for (const Importer* importer : kImporters) {
+    const Recognition recognition = importer->recognise(raw.head());
+    if (recognition == Recognition::Mine) sure.push_back(importer);
+    if (recognition == Recognition::Damaged && hasName(importer)) damaged.push_back(importer);
+  }
+  if (sure.empty()) return damaged;
+  return narrowed(narrowed(sure, [&path](const Importer* importer) { return hasEnding(*importer, path); }), hasName);
+}
+
+std::vector<std::filesystem::path> namesOfSourcesIn(const std::filesystem::path& folder) {
+  std::set<std::filesystem::path> found;
+  for (const Importer* importer : kImporters) {
+    const NameMask mask(*importer);
+    for (const std::string& name : listFiles(folder, mask.front, mask.back))
+      if (mask.fits(pathFromText(name))) found.insert(folder / pathFromText(name));
+  }
+  return {found.begin(), found.end()};
 }
 
 std::unique_ptr<RawSource> openRawSource(const Importer& importer, const std::filesystem::path& path) {

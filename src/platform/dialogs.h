@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -29,6 +31,9 @@ class Dialogs {
   virtual std::optional<std::filesystem::path> chooseFile(const FileQuestion& question) = 0;
   virtual std::optional<std::filesystem::path> chooseFileToSave(const FileQuestion& question) = 0;
   virtual std::optional<std::string> input(std::string_view title, std::string_view prompt, std::string_view value) = 0;
+  /// One of several, the first to begin with; its place, or nothing when the person cancels.
+  virtual std::optional<std::size_t> choose(std::string_view title, std::string_view text,
+                                            std::span<const std::string> choices) = 0;
 };
 
 }  // namespace triaxlab

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -20,7 +21,10 @@
 
 namespace triaxlab {
 
+struct Importer;
+struct Openable;
 struct PrintEntry;
+class ImportSelection;
 
 /// The session behind the main window: what the menu offers, what a command does, which document is active, what a
 /// closing window asks.
@@ -43,6 +47,9 @@ class ShellSession {
   /// F4: leaves the intervention that runs, whichever window is in front, or begins one in the curve window. False when
   /// the key means nothing now.
   bool interventionKey();
+  /// Files and folders were dropped on the main window: what they are is opened as if by its command; of several things
+  /// the person chooses one. What nothing can open is told.
+  void openDropped(const std::vector<std::filesystem::path>& dropped);
   /// Some window is being worked on by 干预.
   bool interventionRuns() const { return interventionEntry().running; }
 
@@ -133,6 +140,12 @@ class ShellSession {
   void noteSavedProjects(ProjectKind kind);
   /// An importer has filled the table of a document: prepares it and shows it.
   void showImport(ActiveDocument document, Remarks remarks);
+  /// Lets the person choose from the open database, or takes all of one that there is nothing to choose from.
+  void importFrom(ImportSelection& selection);
+  void open(const Openable& openable);
+  void openRawFile(const Importer& importer, const std::filesystem::path& path);
+  void openProjectFile(ProjectKind kind, const std::filesystem::path& path);
+  void openDataFolder(const std::filesystem::path& folder);
   void show(ActiveDocument document, const Remarks& remarks);
   void finishTyping();
   /// The document on which 干预 acts: the one where it runs, else that of the window in front.

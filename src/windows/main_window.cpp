@@ -34,6 +34,7 @@
 #include "windows/dialogs/source_folder_window.h"
 #include "windows/dialogs/template_window.h"
 #include "windows/document_frames.h"
+#include "windows/file_drop.h"
 #include "windows/first_place.h"
 #include "windows/help/help_key.h"
 #include "windows/menu_bar.h"
@@ -75,6 +76,7 @@ MDIForm1::MDIForm1(Workspace& workspace, Dialogs& dialogs, WindowMemory* memory)
   connect(m_startPage, &StartPageView::chosen, this, [this](std::string_view command) { m_shell.trigger(command); });
   connect(m_area, &QMdiArea::subWindowActivated, this, &MDIForm1::documentCameToFront);
   new HelpKey(this, [this] { m_shell.trigger("MANUAL"); });
+  new FileDrop(this, [this](const FileDrop::Paths& paths) { m_shell.openDropped(paths); });
   takeFirstPlace();
   refresh();
 }

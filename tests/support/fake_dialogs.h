@@ -1,8 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -14,7 +16,8 @@
 namespace triaxlab::testing {
 
 /// Boxes are noted down as "[title] text", those with a mark as "stop [title] text" or "! [title] text", input boxes
-/// with the value that they show behind " = ". Questions and input boxes are answered from queues.
+/// with the value that they show behind " = ", choices with all of them behind " | ". Questions, input boxes and
+/// choices are answered from queues.
 class FakeDialogs : public Dialogs {
  public:
   std::vector<std::string> shown;
@@ -39,6 +42,17 @@ class FakeDialogs : public Dialogs {
   std::optional<std::string> input(std::string_view title, std::string_view prompt, std::string_view value) override {
     note(title, std::string(prompt) + " = " + std::string(value), MessageIcon::None);
     return next(inputs);
+  }
+  std::optional<std::size_t> choose(std::string_view title, std::string_view text,
+                                    std::span<const std::string> choices) override {
+    std::string line(text);
+    for (const std::string& choice : choices) line += " | " + choice;
+    note(title, line, MessageIcon::None);
+    const auto answer = next(inputs);
+    if (!answer) return std::nullopt;
+    const auto chosen = std::find(choices.begin(), choices.end(), *answer);
+    if (chosen == choices.end()) throw std::logic_error("no such choice: " + *answer);
+    return static_cast<std::size_t>(chosen - choices.begin());
   }
 
   std::vector<std::string> take() { return std::exchange(shown, {}); }

@@ -92,4 +92,17 @@ std::optional<std::string> QtDialogs::input(std::string_view title, std::string_
   return dialog.textValue().toStdString();
 }
 
+std::optional<std::size_t> QtDialogs::choose(std::string_view title, std::string_view text,
+                                             std::span<const std::string> choices) {
+  QStringList entries;
+  for (const std::string& choice : choices) entries << words(choice);
+  QInputDialog dialog(QApplication::activeWindow());
+  dialog.setOption(QInputDialog::UseListViewForComboBoxItems);
+  dialog.setWindowTitle(words(title));
+  dialog.setLabelText(words(text));
+  dialog.setComboBoxItems(entries);
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  return static_cast<std::size_t>(entries.indexOf(dialog.textValue()));
+}
+
 }  // namespace triaxlab

@@ -16,6 +16,12 @@
 namespace triaxlab {
 namespace {
 
+/// The browser's mask of the kind.
+bool hasNameOf(const ProjectKindInfo& info, std::string_view fileName) {
+  const std::string name = caseless(fileName);
+  return name.starts_with(caseless(info.filePrefix)) && name.ends_with(".txt");
+}
+
 constexpr std::size_t kSampleNoOffset = 15;
 
 }  // namespace
@@ -103,10 +109,19 @@ std::vector<SampleIndexEntry> loadSampleIndex(const ReadAt& readAt, std::uint64_
   return index;
 }
 
+std::optional<ProjectKind> kindOfProjectFile(const std::filesystem::path& file) {
+  const std::string name = textOfPath(file.filename());
+  const auto* const info =
+      std::ranges::find_if(kProjectKinds, [&name](const ProjectKindInfo& row) { return hasNameOf(row, name); });
+  if (info == kProjectKinds.end()) return std::nullopt;
+  ProjectHeader header;
+  const bool isWhole = File(file, File::Mode::Read).readAt(0, writableBytesOf(header)) == sizeof header;
+  return isWhole && claimedCount(header.sampleCount.view()) ? std::optional(info->kind) : std::nullopt;
+}
+
 std::filesystem::path findProjectFile(const std::filesystem::path& folder, const ProjectKindInfo& info,
                                       std::string_view fileName) {
-  const std::string name = caseless(fileName);
-  if (!name.starts_with(caseless(info.filePrefix)) || !name.ends_with(".txt"))
+  if (!hasNameOf(info, fileName))
     throw UserError(fmt::format("“{}”不是这类试验的数据文件（{}*.TXT）。", fileName, info.filePrefix));
   const std::optional<std::filesystem::path> path = findFile(folder, fileName);
   if (!path) throw UserError(fmt::format("没有文件“{}”。", textOfPath(folder / pathFromText(fileName))));

@@ -80,6 +80,10 @@ std::vector<SampleIndexEntry> loadSampleIndex(const ReadAt& readAt, std::uint64_
 std::filesystem::path findProjectFile(const std::filesystem::path& folder, const ProjectKindInfo& info,
                                       std::string_view fileName);
 
+/// The kind of a project file, which its name tells; nothing for a file with another name, or without the head of one.
+/// UserError when it can't be read.
+std::optional<ProjectKind> kindOfProjectFile(const std::filesystem::path& file);
+
 struct Workspace;
 /// The same, after the saves that dead programs left were finished. UserError also when one that concerns this file
 /// can't be; of others there is a remark.

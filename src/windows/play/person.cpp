@@ -2,16 +2,21 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QUrl>
 #include <QWheelEvent>
 #include <array>
 #include <utility>
 
 #include "windows/controls/words.h"
+#include "windows/file_drop.h"
 #include "windows/play/script.h"
 
 namespace triaxlab {
@@ -107,6 +112,22 @@ void doubleClickMouse(QWidget* widget, QPoint place) {
   clickMouse(widget, place);
   if (alive) sendMouse(widget, place, QEvent::MouseButtonDblClick, Qt::LeftButton, Qt::LeftButton);
   if (alive) sendMouse(widget, place, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
+}
+
+void dropFile(QWidget* widget, const QString& path) {
+  QMimeData file;
+  file.setUrls({QUrl::fromLocalFile(path)});
+  file.setText(path);  // as file managers do beside it
+  const QPoint place = widget->rect().center();
+  QDragEnterEvent enter(place, Qt::CopyAction | Qt::MoveAction, &file, Qt::LeftButton, Qt::NoModifier);
+  enter.ignore();
+  QApplication::sendEvent(widget, &enter);
+  if (!enter.isAccepted()) throw ScriptError("nothing takes a file there");
+  QDropEvent drop(place, Qt::CopyAction | Qt::MoveAction, &file, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(widget, &drop);
+  // Which takes the file when the drag is over, in front of the next statement.
+  for (FileDrop* const taker : widget->window()->findChildren<FileDrop*>())
+    QCoreApplication::sendPostedEvents(taker, QEvent::MetaCall);
 }
 
 void turnWheel(QWidget* widget, QPointF place, int notches, Qt::KeyboardModifiers modifiers) {

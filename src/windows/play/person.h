@@ -18,6 +18,8 @@ enum class MouseMotion : std::uint8_t { Press, Drag, Move, Release };
 void moveMouse(QWidget* widget, QPointF place, MouseMotion motion);
 void clickMouse(QWidget* widget, QPoint place);
 void doubleClickMouse(QWidget* widget, QPoint place);
+/// Drags a file or folder from elsewhere onto the widget and lets it go. ScriptError when nothing there takes it.
+void dropFile(QWidget* widget, const QString& path);
 /// Notches away from the person are positive.
 void turnWheel(QWidget* widget, QPointF place, int notches, Qt::KeyboardModifiers modifiers);
 

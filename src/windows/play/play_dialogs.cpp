@@ -1,6 +1,8 @@
 #include "windows/play/play_dialogs.h"
 
-#include <fmt/core.h>
+#include <fmt/ranges.h>
+
+#include <algorithm>
 
 #include "windows/play/script.h"
 
@@ -60,6 +62,16 @@ std::optional<std::string> PlayDialogs::input(std::string_view title, std::strin
   const auto answer = take(m_inputs);
   if (!answer) fail("an input box came and no input is queued", noteOf(title, prompt));
   return answer.value_or(std::nullopt);
+}
+
+std::optional<std::size_t> PlayDialogs::choose(std::string_view title, std::string_view text,
+                                               std::span<const std::string> choices) {
+  const std::optional<std::string> answer = input(title, text, {});
+  if (!answer) return std::nullopt;
+  const auto chosen = std::ranges::find(choices, *answer);
+  if (chosen != choices.end()) return static_cast<std::size_t>(chosen - choices.begin());
+  fail("there is no choice " + *answer, noteOf(title, fmt::format("{}", fmt::join(choices, "|"))));
+  return std::nullopt;
 }
 
 }  // namespace triaxlab

@@ -34,6 +34,8 @@ class PlayDialogs : public Dialogs {
   std::optional<std::filesystem::path> chooseFile(const FileQuestion& question) override;
   std::optional<std::filesystem::path> chooseFileToSave(const FileQuestion& question) override;
   std::optional<std::string> input(std::string_view title, std::string_view prompt, std::string_view value) override;
+  std::optional<std::size_t> choose(std::string_view title, std::string_view text,
+                                    std::span<const std::string> choices) override;
 
  private:
   std::optional<Reply> takeReply(std::string_view note);

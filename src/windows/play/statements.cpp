@@ -225,6 +225,14 @@ void input(Arguments& arguments, Stage& stage) {
   stage.dialogs.queueInput(text == "cancel" ? std::nullopt : std::optional(text));
 }
 
+/// `W.C PATH`: the file comes from another program's window.
+void drop(Arguments& arguments, Stage& stage) {
+  QWidget* const widget = eventWidget(reachControl(takeTarget(arguments)));
+  const std::string text = arguments.text();
+  if (text.empty()) throw ScriptError("a path is missing");
+  dropFile(widget, words(textOfPath(pathIn(stage, text))));
+}
+
 // ---- reading
 
 void get(Arguments& arguments, Stage&) {
@@ -325,7 +333,7 @@ struct Statement {
   void (*run)(Arguments&, Stage&);
 };
 
-constexpr std::array<Statement, 25> kStatements{{
+constexpr std::array<Statement, 26> kStatements{{
     {"menu", menu},
     {"click", click},
     {"doubleclick", doubleClick},
@@ -342,6 +350,7 @@ constexpr std::array<Statement, 25> kStatements{{
     {"reply", reply},
     {"file", file},
     {"input", input},
+    {"drop", drop},
     {"get", get},
     {"state", state},
     {"messages", messages},

@@ -28,6 +28,9 @@ class TestDialogs : public Dialogs {
   std::optional<std::string> input(std::string_view, std::string_view, std::string_view) override {
     return std::nullopt;
   }
+  std::optional<std::size_t> choose(std::string_view, std::string_view, std::span<const std::string>) override {
+    return std::nullopt;
+  }
 
   std::optional<std::filesystem::path> answer;
   std::vector<std::string> messages;
