@@ -33,7 +33,7 @@ ReadAt readerOf(const File& file) {
 std::optional<int> claimedCount(std::string_view field) {
   const std::string_view text = Trim(field);
   const std::size_t digit = text.find_first_not_of("+.");
-  if (digit == text.npos || text[digit] < '0' || text[digit] > '9') return std::nullopt;
+  if (digit == std::string_view::npos || text[digit] < '0' || text[digit] > '9') return std::nullopt;
   return static_cast<int>(std::nearbyint(std::min<double>(ParseNumber(text), kLargestSampleCount)));
 }
 
