@@ -15,11 +15,11 @@ execute_process(COMMAND date --utc --date=@${changed_at} +%F OUTPUT_VARIABLE cha
 set(made ${CMAKE_CURRENT_BINARY_DIR})
 set(of_this_day ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=${changed_at} LC_ALL=C.UTF-8)
 
-# zipped(SOURCE NAME DEPENDENCIES...): adds NAME.gz of the build folder to what is made, and leaves it in ${file}.
+# zipped(SOURCE NAME): adds NAME.gz of the build folder to what is made, and leaves it in ${file}.
 set(made_files "")
 macro(zipped source name)
   set(file ${made}/${name}.gz)
-  add_custom_command(OUTPUT ${file} COMMAND gzip -9nc ${source} >${file} DEPENDS ${source} VERBATIM)
+  add_custom_command(OUTPUT ${file} COMMAND sh -c "gzip -9nc \"$1\" >\"$2\"" gzip ${source} ${file} DEPENDS ${source} VERBATIM)
   list(APPEND made_files ${file})
 endmacro()
 
@@ -34,11 +34,7 @@ endforeach()
 
 zipped(${CMAKE_CURRENT_SOURCE_DIR}/changelog changelog)
 foreach(component programs doc)
-  set(folder share/doc/triaxlab)
-  if(component STREQUAL doc)
-    set(folder share/doc/triaxlab-doc)
-  endif()
-  install(FILES ${file} copyright DESTINATION ${folder} COMPONENT ${component})
+  install(FILES ${file} copyright DESTINATION ${texts_of_${component}} COMPONENT ${component})
 endforeach()
 
 configure_file(${id}.metainfo.xml.in ${id}.metainfo.xml @ONLY)
@@ -48,8 +44,9 @@ add_custom_command(OUTPUT ${made}/manual.pdf
   COMMAND ${of_this_day} QT_QPA_PLATFORM=offscreen $<TARGET_FILE:manual_pdf> ${made}/manual.pdf DEPENDS manual_pdf VERBATIM)
 list(APPEND made_files ${made}/manual.pdf)
 install(FILES ${made}/manual.pdf ${PROJECT_SOURCE_DIR}/docs/archives.md ${PROJECT_SOURCE_DIR}/docs/playing-scripts.md
-  DESTINATION share/doc/triaxlab-doc COMPONENT doc)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/formats DESTINATION share/doc/triaxlab-doc COMPONENT doc)
+  DESTINATION ${texts_of_doc} COMPONENT doc)
+install(FILES ${PROJECT_SOURCE_DIR}/samples/README.md DESTINATION ${texts_of_doc} COMPONENT doc RENAME samples.md)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/formats DESTINATION ${texts_of_doc} COMPONENT doc)
 install(FILES doc-base DESTINATION share/doc-base COMPONENT doc RENAME triaxlab-doc.triaxlab-manual)
 
 # All that an installation is made of, and no more of the house than that.
