@@ -9,7 +9,7 @@ libraries="qt6-base-dev qt6-qpa-plugins libgtest-dev libbenchmark-dev libfmt-dev
   libsqlite3-dev mdbtools-dev libxlsxwriter-dev zlib1g-dev libminizip-dev libxcb1-dev libcairo2-dev libfontconfig-dev"
 fonts_and_words="fonts-arphic-uming fonts-wqy-microhei fonts-liberation qt6-translations-l10n"
 tools_to_test="xvfb xauth openbox poppler-utils cups-daemon cups-client bash-completion"
-tools_to_package="dpkg-dev file help2man lintian"
+tools_to_package="appstream desktop-file-utils dpkg-dev file help2man lintian"
 
 say() { printf '%s\n' "$*" >&2; }
 
