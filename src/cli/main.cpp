@@ -129,6 +129,6 @@ int main(int argc, char** argv) {
   std::set_terminate(cli::endWithoutException);
   const int status = cli::runProgram(argc, argv);
   if (cli::outputIsWhole()) return status;
-  cli::printError("结果没有全部写出：标准输出或标准错误不能写。");
+  cli::printError("结果没有全部写出：屏幕或输出文件不能写。");
   return status == kDone ? kFailed : status;
 }

@@ -86,6 +86,7 @@ CommandState CommandStates::of(const Command& command, const CommandContext& con
   if (command.name == kRecentMenu) state.enabled = !context.recent.empty();
   if (command.action == Action::OpenRecent) showRecent(command, context.recent, state);
   if (isPrintAction(command.action) && !context.hasPages(command.action)) state.enabled = false;
+  if (command.action == Action::FitWindow) state.enabled = context.hasDocument;
   if (command.name == kRatioEnvelope && !context.envelopes.ratioEnabled) state.enabled = false;
   if (command.action == Action::Intervene) {
     state.enabled = context.intervention.possible || context.intervention.running;

@@ -28,6 +28,7 @@ struct CommandContext {
   EnvelopeEntries envelopes;
   InterventionEntry intervention = {};  // of the window on which RZMGANYU acts
   std::span<const RecentProject> recent = {};
+  bool hasDocument = true;  // some document window is open
   /// Whether a print command has pages behind it.
   std::function<bool(Action)> hasPages = [](Action) { return true; };
 };

@@ -173,10 +173,12 @@ constexpr std::array kCommands{
     tool("RZMLW", "试验数据文件管理", "RZMWINDOW", "zmlw.exe", "QVB数据文件管理"),
     tool("TIJI", "体积变形摸量", "RZMWINDOW", "zmtj.exe", "QVB体积变形模量试验数据处理"),
     tool("RENGONG", "试验数据人工输入", "RZMWINDOW", "zmlr.exe", "QVB三轴试验数据录入"),
+    belowLine(entry("FITWINDOW", "占满空处", "RZMWINDOW", A::FitWindow)),
 
     submenu("RZMHELP", "帮助"),
     withKey(entry("MANUAL", "手册", "RZMHELP", A::ShowManual), "F1"),
     entry("KEYS", "键盘", "RZMHELP", A::ShowKeys),
+    entry("DEMO", "演示", "RZMHELP", A::StartDemonstration),
     belowLine(entry("ABOUT", "关于", "RZMHELP", A::ShowAbout)),
 };
 
@@ -212,6 +214,8 @@ constexpr std::array kHelp{
     Help{A::StartThisProgram, "本程序正在运行"},
     Help{A::ShowManual, "打开使用手册，翻到当前窗口的一节"},
     Help{A::ShowKeys, "列出当前窗口的全部按键"},
+    Help{A::FitWindow, "让当前的试验窗口占满主窗口里的空处，以后也这样打开"},
+    Help{A::StartDemonstration, "打开演示数据的副本，实验室的文件不动"},
     Help{A::ShowAbout, "版本、正在使用的文件夹、许可"},
 };
 

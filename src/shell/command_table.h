@@ -45,6 +45,8 @@ enum class Action : std::uint8_t {
   ShowManual,        // at the place of the window in front
   ShowKeys,          // of the window in front
   ShowAbout,         //
+  FitWindow,         // the document in front
+  StartDemonstration,
 };
 
 /// One menu command; the rows stand in the order of the menu.

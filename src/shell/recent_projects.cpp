@@ -5,6 +5,8 @@
 
 #include "common/user_error.h"
 #include "platform/files.h"
+#include "store/project/project_number.h"
+#include "store/project/sample_rows.h"
 #include "store/workspace.h"
 
 namespace triaxlab {
@@ -67,6 +69,16 @@ void RecentProjects::note(ProjectKind kind, std::string_view fileName, const std
   m_projects.insert(m_projects.begin(), noted);
   if (m_projects.size() > kMost) m_projects.pop_back();
   write();
+}
+
+void RecentProjects::noteSaved(const Workspace& workspace, ProjectKind tests) {
+  const SampleRows rows(workspace, tests);
+  for (std::size_t row = rows.size(); row-- > 0;) {
+    if (!rows.isLive(row) || (row > 0 && rows.projectNo(row) == rows.projectNo(row - 1))) continue;
+    const std::string name = projectFileName(infoOf(tests).filePrefix, rows.projectNo(row));
+    if (const auto file = findFile(workspace.projectFolder(), name))
+      note(tests, textOfPath(file->filename()), workspace.dataFolder);
+  }
 }
 
 void RecentProjects::look(const Workspace& workspace) {

@@ -35,6 +35,8 @@ class RecentProjects {
   const std::vector<RecentProject>& projects() const { return m_projects; }
   /// Puts the project in front of all others, on the disk as well.
   void note(ProjectKind kind, std::string_view fileName, const std::filesystem::path& dataFolder);
+  /// The same for every project of a table that was saved: the first of the table comes to stand in front.
+  void noteSaved(const Workspace& workspace, ProjectKind tests);
   /// Looks which of them are there in the data folder in use.
   void look(const Workspace& workspace);
 

@@ -62,10 +62,10 @@ ShellSession::ShellSession(Workspace& workspace, Dialogs& dialogs, ShellWindows&
 
 CommandState ShellSession::commandState(const Command& command) const {
   const CurveDocument* const curves = m_windows.curveDocument();
-  return m_commands.of(command, {m_workspace.settings.toggles, curves ? curves->envelopeEntries() : EnvelopeEntries{},
-                                 interventionEntry(), m_recent.projects(), [this](Action action) {
-                                   return printEntryOf(action, m_workspace.activeDocument) != nullptr;
-                                 }});
+  return m_commands.of(command,
+                       {m_workspace.settings.toggles, curves ? curves->envelopeEntries() : EnvelopeEntries{},
+                        interventionEntry(), m_recent.projects(), !m_windows.loadedDocuments().empty(),
+                        [this](Action action) { return printEntryOf(action, m_workspace.activeDocument) != nullptr; }});
 }
 
 bool ShellSession::trigger(std::string_view name) {
@@ -97,6 +97,8 @@ bool ShellSession::trigger(std::string_view name) {
       Work{Action::ShowManual, &ShellSession::showManual},
       Work{Action::ShowKeys, &ShellSession::showKeys},
       Work{Action::ShowAbout, &ShellSession::showAbout},
+      Work{Action::FitWindow, &ShellSession::fitWindow},
+      Work{Action::StartDemonstration, &ShellSession::startDemonstration},
   };
   const Command* const command = findCommand(name);
   if (command == nullptr) return false;
@@ -225,7 +227,7 @@ bool ShellSession::save(const DocumentKind& document) {
     m_dialogs.message(kSaveTitle, document.savedMessage, MessageIcon::None);
     warn(report.remarks);
     complete = report.errors.empty();
-    if (complete) noteSavedProjects(document.tests);
+    if (complete) m_recent.noteSaved(m_workspace, document.tests);
     if (const auto failures = report.failures(); !failures.empty())
       throw UserError(fmt::format("{}", fmt::join(failures, "\n")));
   });
@@ -400,6 +402,8 @@ void ShellSession::saveWorkbook(const Command& /*command*/) {
   writeSamples(m_workspace, form, *file, progress);
   m_dialogs.message(kWorkbookDoneTitle, form.done, MessageIcon::None);
 }
+
+void ShellSession::fitWindow(const Command& /*command*/) { m_windows.fitDocument(); }
 
 void ShellSession::startThisProgram(const Command& command) { showRemarks({commandHelp(command)}); }
 

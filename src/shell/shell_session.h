@@ -129,6 +129,8 @@ class ShellSession {
   void showManual(const Command& command);
   void showKeys(const Command& command);
   void showAbout(const Command& command);
+  void fitWindow(const Command& command);
+  void startDemonstration(const Command& command);
 
   void askForDataFolder();
   /// Goes over to the folder, as chosen or typed, once the loaded documents may be left; they follow. False when one
@@ -137,7 +139,6 @@ class ShellSession {
   bool save(const DocumentKind& document);
   std::string projectOnDisplay(ActiveDocument document) const;
   Remarks openFile(ProjectKind kind, std::string_view fileName);
-  void noteSavedProjects(ProjectKind kind);
   /// An importer has filled the table of a document: prepares it and shows it.
   void showImport(ActiveDocument document, Remarks remarks);
   /// Lets the person choose from the open database, or takes all of one that there is nothing to choose from.

@@ -11,14 +11,14 @@
 #include "common/small_letters.h"
 #include "importers/importer.h"
 #include "platform/files.h"
+#include "platform/program_parts.h"
 #include "sessions/dialogs/browser_session.h"
 #include "sessions/dialogs/import_selection.h"
 #include "sessions/dialogs/range_dialog.h"
+#include "shell/demonstration.h"
 #include "shell/document_operations.h"
 #include "shell/dropped_files.h"
 #include "shell/shell_session.h"
-#include "store/project/project_number.h"
-#include "store/project/sample_rows.h"
 
 namespace triaxlab {
 namespace {
@@ -54,17 +54,6 @@ void ShellSession::openRecent(const Command& command) {
   // Somebody may have taken the file away meanwhile.
   if (mayClose(document) && !run([&] { show(document, openFile(project.kind, project.fileName)); }))
     m_recent.look(m_workspace);
-}
-
-void ShellSession::noteSavedProjects(ProjectKind kind) {
-  const SampleRows rows(m_workspace, kind);
-  // The first of the table comes to stand in front.
-  for (std::size_t row = rows.size(); row-- > 0;) {
-    if (!rows.isLive(row) || (row > 0 && rows.projectNo(row) == rows.projectNo(row - 1))) continue;
-    const std::string name = projectFileName(infoOf(kind).filePrefix, rows.projectNo(row));
-    if (const auto file = findFile(m_workspace.projectFolder(), name))
-      m_recent.note(kind, textOfPath(file->filename()), m_workspace.dataFolder);
-  }
 }
 
 void ShellSession::openProject(const Command& command) {
@@ -115,6 +104,13 @@ void ShellSession::showImport(ActiveDocument document, Remarks remarks) {
   const Remarks more = importedDocument(m_workspace, documentKindOf(document));
   remarks.insert(remarks.end(), more.begin(), more.end());
   show(document, remarks);
+}
+
+void ShellSession::startDemonstration(const Command& /*command*/) {
+  if (isDemonstration(m_workspace.applicationFolder)) return showRemarks({"现在打开的就是演示。"});
+  const std::filesystem::path folder = demonstrationFolder(m_workspace.applicationFolder);
+  prepareDemonstration(folder, programParts().data / "samples");
+  m_windows.startAgain(folder);
 }
 
 // ---- what was dropped on the main window

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -110,6 +111,8 @@ class ShellWindows {
   /// Null when the window isn't loaded.
   virtual DocumentWindow* document(ActiveDocument document) = 0;
   virtual CurveDocument* curveDocument() = 0;
+  /// The document in front takes all the room there is, now and when it opens again.
+  virtual void fitDocument() = 0;
 
   /// Moves ProgressBar1, which is painted at once: no event is handled. It hides when all is done.
   virtual void showProgress(std::size_t done, std::size_t total) = 0;
@@ -120,6 +123,8 @@ class ShellWindows {
   virtual void raiseTool(std::string_view windowTitle) = 0;
   /// Puts the windows of a process, which may still be opening them, away where the desktop can do that.
   virtual void minimizeTool(int process) = 0;
+  /// Starts this program once more, with another application folder.
+  virtual void startAgain(const std::filesystem::path& applicationFolder) = 0;
   /// Ends the process at once; nothing is asked any more.
   virtual void endProgram() = 0;
 };

@@ -24,7 +24,7 @@ struct Part {
 };
 constexpr std::array kParts{
     Part{Action::OpenRecent, 0},      Part{Action::OpenProject, 1}, Part{Action::Import, 2},
-    Part{Action::OpenNanjingFile, 2}, Part{Action::ShowManual, 3},
+    Part{Action::OpenNanjingFile, 2}, Part{Action::ShowManual, 3},  Part{Action::StartDemonstration, 3},
 };
 
 /// Whether there is anything to import where the source looks.
@@ -45,6 +45,7 @@ std::string stateOfSource(const Importer& importer, const Workspace& workspace) 
 std::string detailOf(const Command& command, const Workspace& workspace, std::span<const RecentProject> recent) {
   if (command.action == Action::OpenRecent)
     return textOfPath(recent[static_cast<std::size_t>(command.argument)].dataFolder);
+  if (command.action == Action::StartDemonstration) return commandHelp(command);
   const Importer* const importer = importerOfMenuCommand(command.name);
   return importer != nullptr ? stateOfSource(*importer, workspace) : std::string();
 }

@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "platform/files.h"
+#include "shell/demonstration.h"
 #include "store/safety/file_update.h"
 #include "store/safety/leftovers.h"
 #include "store/safety/save_recovery.h"
@@ -140,6 +141,9 @@ std::optional<Remarks> startUp(Workspace& workspace, const InstanceCheck& isOnly
 
 Remarks startWarnings(const Workspace& workspace) {
   Remarks warnings;
+  if (isDemonstration(workspace.applicationFolder))
+    warnings.push_back(fmt::format("这是演示：里面的试样都是编出来的，放在“{}”里，可以随意改动；实验室的文件不受影响。",
+                                   textOfPath(workspace.applicationFolder)));
   if (!workspace.dataFolderProblem.empty()) return warnings;  // which is told as such
   const std::string data = textOfPath(workspace.dataFolder);
   if (!folderIsAtHand(workspace.dataFolder))

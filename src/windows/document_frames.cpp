@@ -67,6 +67,14 @@ void DocumentFrames::note(const QMdiSubWindow& frame) {
   m_memory->setScale(utf8(frame.widget()->objectName()), takesAll ? std::nullopt : std::optional(scale));
 }
 
+void DocumentFrames::fit(QMdiSubWindow& frame) {
+  frame.showNormal();
+  frame.move(0, 0);
+  if (m_memory == nullptr) return fitFrame(frame);
+  m_memory->setScale(utf8(frame.widget()->objectName()), std::nullopt);
+  settle(frame);
+}
+
 bool DocumentFrames::eventFilter(QObject* watched, QEvent* event) {
   if (watched == m_area && event->type() == QEvent::Resize)
     for (QMdiSubWindow* const frame : m_area->subWindowList())

@@ -26,6 +26,8 @@ class DocumentFrames : public QObject {
   void opened(QMdiSubWindow& frame);
   /// What the person has made of the frame's size since it was given one.
   void note(const QMdiSubWindow& frame);
+  /// Whatever the person made of it: all the room again, and so the next time.
+  void fit(QMdiSubWindow& frame);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
@@ -14,6 +15,7 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include "platform/process.h"
 #include "sessions/dialogs/import_selection.h"
 #include "shell/document_kinds.h"
 #include "shell/window_memory.h"
@@ -288,6 +290,11 @@ DocumentWindow* MDIForm1::document(ActiveDocument document) {
 
 CurveDocument* MDIForm1::curveDocument() { return dynamic_cast<CurveDocument*>(document(kForm1)); }
 
+void MDIForm1::fitDocument() {
+  QMdiSubWindow* const frame = m_area->currentSubWindow();
+  if (frame != nullptr && documentOf(frame) != kNoDocument) m_frames->fit(*frame);
+}
+
 // ---- menu and status bar
 
 void MDIForm1::refresh() {
@@ -343,6 +350,11 @@ void MDIForm1::listOpenWindows() {
 void MDIForm1::raiseTool(std::string_view windowTitle) { m_toolWindows.raise(windowTitle); }
 
 void MDIForm1::minimizeTool(int process) { m_toolWindows.minimize(process); }
+
+void MDIForm1::startAgain(const std::filesystem::path& applicationFolder) {
+  const std::array<std::string, 2> arguments{"--app", applicationFolder.string()};
+  startProgram(QFileInfo(QCoreApplication::applicationFilePath()).filesystemFilePath(), arguments);
+}
 
 void MDIForm1::comeToFront() {
   setWindowState(windowState() & ~Qt::WindowMinimized);

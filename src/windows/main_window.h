@@ -68,10 +68,12 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   std::vector<ActiveDocument> loadedDocuments() const override;
   DocumentWindow* document(ActiveDocument document) override;
   CurveDocument* curveDocument() override;
+  void fitDocument() override;
   void showProgress(std::size_t done, std::size_t total) override;
   void refresh() override;
   void raiseTool(std::string_view windowTitle) override;
   void minimizeTool(int process) override;
+  void startAgain(const std::filesystem::path& applicationFolder) override;
   void endProgram() override;
 
   void makeCentre();

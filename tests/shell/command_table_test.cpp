@@ -40,8 +40,9 @@ TEST(CommandTable, TheMenuBarAndItsMenusStandInOrder) {
   EXPECT_EQ(entriesOf("RZMPRINT0"), (Names{"RZMPRINT", "RZMPRINT1", "PTK0", "PEXCEL", "RZMYULAN"}));
   EXPECT_EQ(entriesOf("SETUPMIDU"), (Names{"SENGLISH", "MIDU", "DYQYDD", "WXCS", "WCX16", "PGCMC", "SAMETY", "HABITS",
                                            "SAZHOU8", "SAZHOU9", "YLLJ"}));
-  EXPECT_EQ(entriesOf("RZMWINDOW"), (Names{"RZMWL", "RZMGJ", "RZMSZ", "RZMZJ", "RZMZB", "RZMLW", "TIJI", "RENGONG"}));
-  EXPECT_EQ(entriesOf("RZMHELP"), (Names{"MANUAL", "KEYS", "ABOUT"}));
+  EXPECT_EQ(entriesOf("RZMWINDOW"),
+            (Names{"RZMWL", "RZMGJ", "RZMSZ", "RZMZJ", "RZMZB", "RZMLW", "TIJI", "RENGONG", "FITWINDOW"}));
+  EXPECT_EQ(entriesOf("RZMHELP"), (Names{"MANUAL", "KEYS", "DEMO", "ABOUT"}));
 }
 
 TEST(CommandTable, CaptionsAreThoseThatTechniciansKnow) {
@@ -55,6 +56,8 @@ TEST(CommandTable, CaptionsAreThoseThatTechniciansKnow) {
                                                               {"RZMWINDOW", "窗口"},
                                                               {"RZMHELP", "帮助"},
                                                               {"MANUAL", "手册"},
+                                                              {"DEMO", "演示"},
+                                                              {"FITWINDOW", "占满空处"},
                                                               {"KEYS", "键盘"},
                                                               {"ABOUT", "关于"},
                                                               {"NEW0", "新建"},

@@ -137,6 +137,8 @@ class FakeWindows : public ShellWindows {
   void refresh() override { ++refreshes; }
   void raiseTool(std::string_view windowTitle) override { raisedTools.emplace_back(windowTitle); }
   void minimizeTool(int process) override { shown.push_back("minimize " + std::to_string(process)); }
+  void fitDocument() override { shown.emplace_back("fit"); }
+  void startAgain(const std::filesystem::path& folder) override { shown.push_back("start " + folder.string()); }
   void endProgram() override { shown.emplace_back("end"); }
 
   std::vector<std::string> take() { return std::exchange(shown, {}); }

@@ -4,10 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <filesystem>
 #include <regex>
 #include <set>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "shell/command_table.h"
 #include "support/manual_files.h"
@@ -91,6 +95,58 @@ TEST(ManualPages, TellOfEveryCommandAndItsShortcut) {
     if (!has(text, command.caption)) untold.insert(command.caption);
     if (!has(text, command.shortcut)) untold.insert(command.shortcut);
   }
+  EXPECT_THAT(untold, IsEmpty());
+}
+
+/// The string literals of a source file, those beside each other as one, as the compiler takes them.
+std::vector<std::string> literalsOf(const std::string& source) {
+  static const std::regex kLiteral(R"re("((?:[^"\\\n]|\\.)*)")re");
+  std::vector<std::string> literals;
+  std::ptrdiff_t end = -1;
+  for (std::sregex_iterator at(source.begin(), source.end(), kLiteral), last; at != last; ++at) {
+    const auto between = source.substr(static_cast<std::size_t>(std::max<std::ptrdiff_t>(end, 0)),
+                                       static_cast<std::size_t>(at->position() - std::max<std::ptrdiff_t>(end, 0)));
+    const bool goesOn = end >= 0 && between.find_first_not_of(" \n") == std::string::npos;
+    if (goesOn)
+      literals.back() += (*at)[1];
+    else
+      literals.push_back((*at)[1]);
+    end = at->position() + at->length();
+  }
+  return literals;
+}
+
+/// What is fixed in a sentence that the program says: between what is put in and the ends of lines.
+std::vector<std::string> fixedParts(const std::string& sentence) {
+  static const std::regex kPutIn(R"re(\{[^}]*\}|\\n|\\")re");
+  std::vector<std::string> parts(std::sregex_token_iterator(sentence.begin(), sentence.end(), kPutIn, -1), {});
+  // Shorter ones tell nothing by themselves: six characters of Chinese.
+  std::erase_if(parts, [](const std::string& part) { return part.size() < 18; });
+  return parts;
+}
+
+bool isSentence(const std::string& text) {
+  return std::ranges::any_of(std::array{"。", "？", "！"}, [&text](const char* mark) { return has(text, mark); });
+}
+
+TEST(ManualPages, TellOfEverySentenceThatTheProgramSays) {
+  const std::string chapter = manualText("messages.md");
+  std::set<std::string> untold;
+  std::size_t said = 0;
+  for (fs::recursive_directory_iterator at(fs::path(TRIAXLAB_SOURCE) / "src"), last; at != last; ++at) {
+    const std::string name = at->path().filename().string();
+    // The licences are no sentence that is said of something.
+    if ((!name.ends_with(".cpp") && !name.ends_with(".h")) || name == "about.cpp") continue;
+    for (const std::string& literal : literalsOf(manualText(at->path().string()))) {
+      if (!isSentence(literal)) continue;
+      ++said;
+      for (std::string part : fixedParts(literal)) {
+        part.erase(0, part.find_first_not_of(' '));
+        if (!has(chapter, part)) untold.insert(name + ": " + part);
+      }
+    }
+  }
+  EXPECT_GT(said, 150U);
   EXPECT_THAT(untold, IsEmpty());
 }
 

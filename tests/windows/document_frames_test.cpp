@@ -126,6 +126,21 @@ TEST_F(Frames, AFrameDrawnOverTheWholeAreaGoesAlongAgain) {
   EXPECT_EQ(memory->scaleOf("Form1"), std::nullopt);
 }
 
+TEST_F(Frames, TheCommandGivesADocumentAllTheRoomAgain) {
+  memory->setScale("Form1", 1);
+  giveArea(1300, 800);
+  press("NEW");
+  QMdiSubWindow* const frame = frameOf(document("Form1"));
+  frame->resize(900, 700);
+  frame->move(200, 100);
+  press("FITWINDOW");
+  expectFilled(*frame, {1300, 800});
+  EXPECT_EQ(frame->pos(), QPoint(0, 0));
+  giveArea(1200, 700);
+  expectFilled(*frame, {1200, 700});
+  EXPECT_EQ(memory->scaleOf("Form1"), std::nullopt);
+}
+
 TEST_F(Frames, TheMainWindowComesBackAsItWasLeft) {
   EXPECT_EQ(window->size(), QSize(1120, 760));
   window->close();

@@ -8,6 +8,8 @@
 #include <QDialog>
 #include <QImage>
 #include <QTimer>
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <filesystem>
 #include <functional>
@@ -78,7 +80,9 @@ TEST_P(EveryCommandOf, DoesSomethingWhenItIsOn) {
   std::size_t pressed = 0;
   for (const Command& command : commandTable()) {
     if (command.kind == CommandKind::Submenu) continue;  // opens its entries
-    if (command.action == Action::OpenRecent) continue;  // what is opened again looks as before
+    // What is opened again, or has all the room already, looks as before; the demonstration is another process.
+    static constexpr std::array kLeaveAll{Action::OpenRecent, Action::FitWindow, Action::StartDemonstration};
+    if (std::ranges::find(kLeaveAll, command.action) != kLeaveAll.end()) continue;
     Desk desk(GetParam());
     if (GetParam() == kForm1) turnPage(desk, command);
     if (const QAction* const entry = desk.action(command.name); !entry->isEnabled() || !entry->isVisible()) continue;

@@ -44,7 +44,7 @@ void offerFilter(QFileDialog& dialog, std::string_view filter) {
     nameFilters << QString("%1(%2)").arg(parts[i], parts[i + 1] == "*.*" ? QString("*") : parts[i + 1]);
   dialog.setNameFilters(nameFilters);
   auto* const list = dialog.findChild<QComboBox*>("fileTypeCombo");
-  for (int i = 0; list != nullptr && i < list->count(); ++i) list->setItemText(i, parts[2 * i]);
+  for (int i = 0; list != nullptr && i < list->count(); ++i) list->setItemText(i, parts[qsizetype{2} * i]);
 }
 
 std::optional<std::filesystem::path> runFileDialog(const FileQuestion& question, QFileDialog::AcceptMode mode) {
