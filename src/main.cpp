@@ -13,6 +13,7 @@
 #include "shell/about.h"
 #include "shell/barrier.h"
 #include "shell/fault_log.h"
+#include "shell/guarded_end.h"
 #include "shell/start_up.h"
 #include "shell/window_memory.h"
 #include "store/workspace.h"
@@ -33,7 +34,7 @@ class Guard {
   Guard(GuardedApplication& application, Dialogs& dialogs, MDIForm1& window, FaultLog& log)
       : m_application(application), m_barrier(dialogs, window.shell(), log) {
     window.shell().onCommand = [&log](std::string_view name) { log.noteCommand(name); };
-    application.onException = [this] { m_barrier.caught(); };
+    application.onException = [this](Occasion occasion) { m_barrier.caught(occasion); };
   }
   Guard(const Guard&) = delete;
   Guard& operator=(const Guard&) = delete;
@@ -52,26 +53,21 @@ struct Program {
   InstanceLock& lock;
 };
 
-/// The windows, from start to end, for a person. Somebody who started the program from the desktop sees no standard
-/// error, so what keeps the windows from coming up is told in a box.
+void tellAtStart(const Program& program, MDIForm1& window, const Remarks& remarks) {
+  window.shell().warn(remarks, startWarnings(program.workspace));
+  window.shell().warnOfFaults(program.log);
+}
+
+/// The windows, from start to end, for a person.
 int runForPerson(const Program& program, const Remarks& remarks) {
   QtDialogs dialogs;
-  try {
-    WindowMemory memory(program.workspace.applicationFolder);
-    MDIForm1 window(program.workspace, dialogs, &memory);
-    const Guard guard(program.application, dialogs, window, program.log);
-    window.show();
-    program.lock.setCalled([&window] { window.comeToFront(); });
-    window.shell().warn(remarks, startWarnings(program.workspace));
-    return QApplication::exec();
-  } catch (const UserError& error) {
-    showError(dialogs, error);
-  } catch (...) {
-    const std::string thrown = thrownText();
-    program.log.write(thrown);
-    dialogs.message(kProgramTitle, fmt::format("程序不能启动（{}）。", thrown), MessageIcon::Stop);
-  }
-  return kFailed;
+  WindowMemory memory(program.workspace.applicationFolder);
+  MDIForm1 window(program.workspace, dialogs, &memory);
+  const Guard guard(program.application, dialogs, window, program.log);
+  window.show();
+  program.lock.setCalled([&window] { window.comeToFront(); });
+  tellAtStart(program, window, remarks);
+  return QApplication::exec();
 }
 
 /// The same for a script, which finds every window in its given size, whatever the person made of it.
@@ -82,20 +78,25 @@ int runForScript(const Program& program, const Remarks& remarks, std::vector<Scr
   MDIForm1 window(program.workspace, dialogs);
   const Guard guard(program.application, dialogs, window, program.log);
   window.show();
-  window.shell().warn(remarks, startWarnings(program.workspace));
+  tellAtStart(program, window, remarks);
   player.start();
   QApplication::exec();
   return player.finish();
 }
 
-int run(GuardedApplication& application, const WindowOptions& options, std::vector<ScriptLine> script) {
+void endWithoutWindows(const char* thrown) {
+  std::fputs("triaxlab: ", stderr);
+  std::fputs(thrown, stderr);
+  std::fputs("\n", stderr);
+}
+
+int run(GuardedApplication& application, const WindowOptions& options, FaultLog& log, std::vector<ScriptLine> script) {
   Workspace workspace;
   workspace.fixedToday = options.today;
   workspace.applicationFolder =
       chooseApplicationFolder(namedApplicationFolder(options.applicationFolder), programParts(), userDataFolder());
-  // Said to the very end, when all else is gone.
-  static FaultLog log(workspace.applicationFolder);
-  noteLastWords(log);
+  log.keepIn(workspace.applicationFolder);
+  guardTheEnd(log, endWithoutWindows);
   InstanceLock lock(workspace.applicationFolder);
   const Program program{application, workspace, log, lock};
   const std::optional<Remarks> remarks = startUp(workspace, [&lock] { return lock.take(); });
@@ -109,16 +110,30 @@ int run(GuardedApplication& application, const WindowOptions& options, std::vect
   return runForScript(program, *remarks, std::move(script), folder);
 }
 
-/// What `work` returns, or `status` when it meets an error that nobody inside could show. What isn't a UserError ends
-/// the process with its last words.
-template <class Work>
-int orStatus(int status, Work&& work) {
+/// Tells of what keeps the windows from coming up. Somebody who started the program from the desktop sees no standard
+/// error; a script has nobody to see a box.
+void tellOfFailedStart(const UserError& error, bool isForPerson) {
+  if (!isForPerson) return fmt::print(stderr, "{}\n", error.what());
+  QtDialogs dialogs;
+  showError(dialogs, error);
+}
+
+int startAndRun(GuardedApplication& application, const WindowOptions& options, std::vector<ScriptLine> script) {
+  // Said to the very end, when all else is gone.
+  static FaultLog log({}, "triaxlab", programVersion(TRIAXLAB_COMMIT));
+  guardTheEnd(log, endWithoutWindows);
+  noteToolkitMessages(log);
+  const bool isForPerson = !options.script;
   try {
-    return work();
+    return run(application, options, log, std::move(script));
   } catch (const UserError& error) {
-    fmt::print(stderr, "{}\n", error.what());
-    return status;
+    tellOfFailedStart(error, isForPerson);
+  } catch (...) {
+    const std::string thrown = thrownText();
+    log.write(thrown);
+    tellOfFailedStart(UserError(std::string(kProgramTitle), fmt::format("程序不能启动（{}）。", thrown)), isForPerson);
   }
+  return kFailed;
 }
 
 }  // namespace
@@ -129,16 +144,17 @@ int main(int argc, char** argv) {
   if (!parsed.options) return parsed.status;
   const WindowOptions& options = *parsed.options;
   std::vector<ScriptLine> script;
-  const int unreadable = orStatus(kWrongCommandLine, [&] {
+  try {
     if (options.script) script = readScript(*options.script);
-    return 0;
-  });
-  if (unreadable != 0) return unreadable;
+  } catch (const UserError& error) {
+    fmt::print(stderr, "{}\n", error.what());
+    return kWrongCommandLine;
+  }
 
   prepareApplication();
   GuardedApplication application(argc, argv);
   restoreNumberLocale();
   setAppearance(application);
   QApplication::setApplicationVersion(QString::fromStdString(programVersion(TRIAXLAB_COMMIT)));
-  return orStatus(kFailed, [&] { return run(application, options, std::move(script)); });
+  return startAndRun(application, options, std::move(script));
 }

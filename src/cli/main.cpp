@@ -16,6 +16,8 @@
 #include "platform/files.h"
 #include "platform/process.h"
 #include "platform/program_parts.h"
+#include "shell/fault_log.h"
+#include "shell/guarded_end.h"
 #include "shell/start_up.h"
 
 namespace triaxlab::cli {
@@ -45,10 +47,35 @@ std::string typedCommand(int argc, char** argv) {
 }
 
 /// Where memory is so short that not even an exception can be made.
-[[noreturn]] void endWithoutException() {
+void endWithoutException(const char* /*thrown*/) {
   printError("程序出错，没有做完，可能是内存不足。请关闭别的程序再试。");
   std::_Exit(kFailed);
 }
+
+/// Faults of this program, which are told in the application folder as soon as there is one.
+class Faults {
+ public:
+  Faults() { guardTheEnd(m_log, endWithoutException); }
+
+  void noteCommand(std::string_view typed) { m_log.noteCommand(typed); }
+  void keepIn(const std::filesystem::path& applicationFolder) {
+    m_log.keepIn(applicationFolder);
+    guardTheEnd(m_log, endWithoutException);
+  }
+  /// Nobody else tells of those of earlier runs, and once is enough.
+  void tellOfEarlier() const {
+    if (m_log.unseen().empty()) return;
+    printError(
+        fmt::format("程序以前运行时出过意外的错误，或者意外中断过，报告在文件“{}”里。", textOfPath(m_log.setAside())));
+  }
+  /// Of the exception that is being handled.
+  void write() const noexcept try { m_log.write(thrownText()); } catch (...) {
+    // Memory is too short for it.
+  }
+
+ private:
+  FaultLog m_log{{}, "triaxlab-cli"};
+};
 
 /// The data folder that a command is to read as it stands.
 struct DataFolderOfCommand {
@@ -68,7 +95,7 @@ int readDataFolder(const CommandLine& line, const std::filesystem::path& folder)
   return run(workspace, line.command);
 }
 
-int doWork(const CommandLine& line) {
+int doWork(const CommandLine& line, Faults& faults) {
   const auto* const dataFolder = std::visit(DataFolderOfCommand(), line.command);
   if (dataFolder != nullptr && *dataFolder) return readDataFolder(line, **dataFolder);
   const auto folder = namedApplicationFolder(line.start.applicationFolder);
@@ -76,18 +103,22 @@ int doWork(const CommandLine& line) {
   Workspace workspace;
   workspace.fixedToday = line.start.today;
   workspace.applicationFolder = chooseApplicationFolder(folder, programParts(), userDataFolder());
+  faults.keepIn(workspace.applicationFolder);
   printRemarks(startUp(workspace));
+  faults.tellOfEarlier();
   // The remarks have told why; what is asked for can't be looked for anywhere else.
   if (!workspace.dataFolderProblem.empty()) return kFailed;
   return run(workspace, line.command);
 }
 
-int runCommandLine(const CommandLine& line) {
+int runCommandLine(const CommandLine& line, Faults& faults) {
   try {
-    return doWork(line);
+    return doWork(line, faults);
   } catch (const std::bad_alloc&) {
+    faults.write();
     return failWithoutMemory(std::visit(FileOfCommand(), line.command));
   } catch (const std::length_error&) {
+    faults.write();
     return failWithoutMemory(std::visit(FileOfCommand(), line.command));
   }
 }
@@ -102,19 +133,22 @@ void handOver(const CommandLine& line, char** argv) {
 void handOver(const CommandLine& /*line*/, char** /*argv*/) {}
 #endif
 
-int runProgram(int argc, char** argv) {
+int runProgram(int argc, char** argv, Faults& faults) {
   try {
+    faults.noteCommand(typedCommand(argc, argv));
     const ParsedCommandLine parsed = parseCommandLine(argc, argv);
     if (!parsed.commandLine) return parsed.status;
     handOver(*parsed.commandLine, argv);
-    return runCommandLine(*parsed.commandLine);
+    return runCommandLine(*parsed.commandLine, faults);
   } catch (const UserError& error) {
     printError(error.what());
   } catch (const std::bad_alloc&) {
     return failWithoutMemory(typedCommand(argc, argv));
   } catch (const std::exception& error) {
+    faults.write();
     printError(fmt::format("程序出错，没有做完：{}", error.what()));
   } catch (...) {
+    faults.write();
     printError("程序出错，没有做完。");
   }
   return kFailed;
@@ -126,8 +160,9 @@ int runProgram(int argc, char** argv) {
 int main(int argc, char** argv) {
   using namespace triaxlab;
   takeFailuresAsErrors();
-  std::set_terminate(cli::endWithoutException);
-  const int status = cli::runProgram(argc, argv);
+  // Said to the very end, when all else is gone.
+  static cli::Faults faults;
+  const int status = cli::runProgram(argc, argv, faults);
   if (cli::outputIsWhole()) return status;
   cli::printError("结果没有全部写出：屏幕或输出文件不能写。");
   return status == kDone ? kFailed : status;

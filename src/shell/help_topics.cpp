@@ -47,6 +47,7 @@ constexpr std::array kTopics{
     HelpTopic{"Form3", kPrinting, "3. 数据表、无侧限、K0 和 TK0 成果"},
     HelpTopic{"Form30", kPrinting, "3. 数据表、无侧限、K0 和 TK0 成果"},
     HelpTopic{"SETPRINTFORM0", kPrinting, "4. TK0 沉降曲线"},
+    HelpTopic{"FaultReport", "safety.md", "数据安全"},
     HelpTopic{"PrintPreview", kPrinting, "5. 预览"},
 };
 

@@ -16,6 +16,7 @@
 #include "sessions/dialogs/workbook_saving.h"
 #include "shell/data_folder_change.h"
 #include "shell/document_operations.h"
+#include "shell/fault_log.h"
 #include "shell/printing.h"
 #include "shell/start_up.h"
 #include "shell/table_export.h"
@@ -31,6 +32,7 @@ namespace triaxlab {
 namespace {
 
 constexpr std::string_view kReady = "就绪";
+constexpr std::string_view kEarlierFaults = "程序以前运行时出过意外的错误，或者意外中断过。请点“查看”看报告。";
 constexpr std::string_view kFileMenu = "RZMFILE";
 
 /// The progress of work that may fail on the way: the bar goes when the work is over.
@@ -163,7 +165,28 @@ void ShellSession::warn(const Remarks& remarks, const Remarks& beside) {
   showRemarks(remarks);
 }
 
+Remarks ShellSession::warnings() const {
+  Remarks warnings = m_warnings;
+  if (m_faults != nullptr) warnings.emplace(warnings.begin(), kEarlierFaults);
+  return warnings;
+}
+
+void ShellSession::warnOfFaults(const FaultLog& log) {
+  if (log.unseen().empty()) return;
+  m_faults = &log;
+  m_windows.refresh();
+}
+
+void ShellSession::showFaultReport() {
+  const FaultLog* const faults = std::exchange(m_faults, nullptr);
+  if (faults == nullptr) return;
+  const std::string report = faults->unseen();
+  m_windows.showFaultReport(report, faults->setAside());
+  m_windows.refresh();
+}
+
 void ShellSession::dismissWarnings() {
+  if (const FaultLog* const faults = std::exchange(m_faults, nullptr)) faults->setAside();
   m_warnings.clear();
   m_windows.refresh();
 }

@@ -21,10 +21,11 @@
 
 namespace triaxlab {
 
+class FaultLog;
+class ImportSelection;
 struct Importer;
 struct Openable;
 struct PrintEntry;
-class ImportSelection;
 
 /// The session behind the main window: what the menu offers, what a command does, which document is active, what a
 /// closing window asks.
@@ -69,10 +70,16 @@ class ShellSession {
 
   // The bar over the documents
   /// What nobody may overlook, until it is taken note of, or the next document or save has something else to say.
-  const Remarks& warnings() const { return m_warnings; }
+  Remarks warnings() const;
   /// Warns of the remarks, which the status bar shows as well, and of what it doesn't show.
   void warn(const Remarks& remarks, const Remarks& beside = {});
   void dismissWarnings();
+  /// Warns of the faults of earlier runs that nobody was shown yet, whatever else there is to say. The log outlives the
+  /// session.
+  void warnOfFaults(const FaultLog& log);
+  /// There is a report of them to look at.
+  bool hasFaultReport() const { return m_faults != nullptr; }
+  void showFaultReport();
 
   // What happens to document windows
   /// A document window came to the front.
@@ -87,6 +94,8 @@ class ShellSession {
   void endProgram();
 
   // For the windows' own buttons and keys
+  /// A document is loaded that could be saved.
+  bool hasDocument() const { return !m_windows.loadedDocuments().empty(); }
   /// Saves the document on which the commands act and shows what the save has to say. False when not all samples could
   /// be written.
   bool save();
@@ -160,6 +169,7 @@ class ShellSession {
   RecentProjects m_recent;
   std::string m_remark;
   Remarks m_warnings;
+  const FaultLog* m_faults = nullptr;  // with reports that nobody was shown
   bool m_ending = false;
 };
 

@@ -101,6 +101,9 @@ class ShellWindows {
   virtual void showKeys() = 0;  // of the window in front
   virtual void showAbout() = 0;
 
+  /// What went wrong in earlier runs, and the file in which it stands.
+  virtual void showFaultReport(const std::string& report, const std::filesystem::path& file) = 0;
+
   /// Loads the document window when it isn't there, shows its table as if freshly loaded, and brings it to the front.
   /// Form2 and Form7 open for the sample that Form1 has on display.
   virtual void showDocument(ActiveDocument document) = 0;

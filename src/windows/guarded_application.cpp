@@ -1,53 +1,61 @@
 #include "windows/guarded_application.h"
 
-#include <fmt/core.h>
-
-#include <cstdio>
-#include <cstdlib>
+#include <QMetaObject>
+#include <algorithm>
+#include <array>
 #include <exception>
 
+#include "platform/last_words.h"
 #include "shell/fault_log.h"
 #include "windows/controls/words.h"
 
 namespace triaxlab {
 namespace {
 
-// The handlers of toolkit and language are plain functions, so what they know can't be handed to them.
-FaultLog* lastWords = nullptr;
+// The handler of the toolkit is a plain function, so what it knows can't be handed to it.
+FaultLog* log = nullptr;
 QtMessageHandler usualHandler = nullptr;
 
 void noteMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-  lastWords->noteMessage(utf8(text));
+  log->noteMessage(utf8(text));
   // The process ends when the usual handler returns.
-  if (type == QtFatalMsg) lastWords->write(utf8(text));
+  if (type == QtFatalMsg && log->write(utf8(text))) withholdLastWords();
   usualHandler(type, context, text);
 }
 
-[[noreturn]] void tellTheEnd() {
-  const std::string thrown = std::current_exception() ? thrownText() : "std::terminate";
-  lastWords->write(thrown);
-  fmt::print(stderr, "triaxlab: {}\n", thrown);
-  std::abort();
+bool isDeed(QEvent::Type type) {
+  static constexpr std::array kDeeds{
+      QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick, QEvent::Wheel,
+      QEvent::KeyPress,         QEvent::Shortcut,           QEvent::ContextMenu,         QEvent::Close};
+  return std::ranges::find(kDeeds, type) != kDeeds.end();
 }
 
 }  // namespace
 
 bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
+  const QEvent::Type type = event->type();
   try {
     return QApplication::notify(receiver, event);
   } catch (...) {
     if (!onException) throw;
-    onException();
+    // No box can be shown while a window is being painted.
+    if (type == QEvent::Paint)
+      throwAgainLater();
+    else
+      onException(isDeed(type) ? Occasion::Deed : Occasion::Itself);
     return false;
   }
 }
 
-void noteLastWords(FaultLog& log) {
-  const bool isInstalled = lastWords != nullptr;
-  lastWords = &log;
-  if (isInstalled) return;
-  usualHandler = qInstallMessageHandler(noteMessage);
-  std::set_terminate(tellTheEnd);
+void GuardedApplication::throwAgainLater() {
+  QMetaObject::invokeMethod(
+      this, [thrown = std::current_exception()] { std::rethrow_exception(thrown); }, Qt::QueuedConnection);
+}
+
+void noteToolkitMessages(FaultLog& to) {
+  const bool isInstalled = log != nullptr;
+  log = &to;
+  if (!isInstalled) usualHandler = qInstallMessageHandler(noteMessage);
 }
 
 }  // namespace triaxlab

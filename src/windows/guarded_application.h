@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <functional>
 
+#include "shell/barrier.h"
+
 namespace triaxlab {
 
 class FaultLog;
@@ -13,13 +15,16 @@ class GuardedApplication : public QApplication {
   using QApplication::QApplication;
 
   /// Called where an exception is being handled; without one the exception goes on.
-  std::function<void()> onException;
+  std::function<void(Occasion)> onException;
 
   bool notify(QObject* receiver, QEvent* event) override;
+
+ private:
+  void throwAgainLater();
 };
 
-/// What the toolkit has to say is noted, and said as before. Where nothing but the end of the process is left, the
-/// report and standard error tell of it. The log outlives the process's last words.
-void noteLastWords(FaultLog& log);
+/// What the toolkit has to say is noted, and said as before; the word with which it ends the process is a fault. The
+/// log outlives the process's last words.
+void noteToolkitMessages(FaultLog& log);
 
 }  // namespace triaxlab

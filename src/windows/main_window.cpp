@@ -38,6 +38,7 @@
 #include "windows/document_frames.h"
 #include "windows/file_drop.h"
 #include "windows/first_place.h"
+#include "windows/help/fault_report_window.h"
 #include "windows/help/help_key.h"
 #include "windows/menu_bar.h"
 #include "windows/start_page_view.h"
@@ -128,6 +129,7 @@ void MDIForm1::makeCentre() {
   column->addWidget(m_area, 1);
   setCentralWidget(centre);
   connect(m_warnings, &WarningBar::dismissed, this, [this] { m_shell.dismissWarnings(); });
+  connect(m_warnings, &WarningBar::reportWanted, this, [this] { m_shell.showFaultReport(); });
 }
 
 void MDIForm1::makeStatusBar() {
@@ -215,6 +217,10 @@ void MDIForm1::showKeys() {
 
 void MDIForm1::showAbout() { m_help.showAbout(this, m_workspace); }
 
+void MDIForm1::showFaultReport(const std::string& report, const std::filesystem::path& file) {
+  FaultReportWindow(this, report, file).exec();
+}
+
 // ---- documents
 
 void MDIForm1::addDocument(ActiveDocument document) {
@@ -301,7 +307,7 @@ void MDIForm1::refresh() {
   m_menu->refresh();
   refreshStatusBar();
   setWindowTitle(words(m_shell.title()));
-  m_warnings->show(m_shell.warnings());
+  m_warnings->show(m_shell.warnings(), m_shell.hasFaultReport());
   refreshStartPage();
   for (const auto& [document, loaded] : m_documents) loaded.refresh();
 }

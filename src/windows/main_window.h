@@ -63,6 +63,7 @@ class MDIForm1 : public QMainWindow, private ShellWindows {
   void showManual() override;
   void showKeys() override;
   void showAbout() override;
+  void showFaultReport(const std::string& report, const std::filesystem::path& file) override;
   void showDocument(ActiveDocument document) override;
   void raiseDocument(ActiveDocument document) override;
   std::vector<ActiveDocument> loadedDocuments() const override;

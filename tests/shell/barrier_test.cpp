@@ -24,17 +24,18 @@ class BarrierTest : public ::testing::Test {
  protected:
   BarrierTest() {
     lab.workspace.TriaxialSampleTable[0] = testing::sample("P1", "A-1");
+    windows.form1.emplace();
     shell.onCommand = [this](std::string_view name) { log.noteCommand(name); };
   }
   template <class Exception>
-  void meet(Exception exception) {
+  void meet(Exception exception, Occasion occasion = Occasion::Deed) {
     try {
       throw exception;
     } catch (...) {
-      barrier.caught();
+      barrier.caught(occasion);
     }
   }
-  void meetFault() { meet(std::out_of_range("no such row")); }
+  void meetFault(Occasion occasion = Occasion::Deed) { meet(std::out_of_range("no such row"), occasion); }
   bool hasReport() const { return fileExists(log.file()); }
   std::string report() const { return lab.folder.read(log.file().filename().string()); }
 
@@ -100,13 +101,40 @@ TEST_F(BarrierTest, AUserErrorIsShownLikeAnyOther) {
   EXPECT_FALSE(hasReport());
 }
 
-TEST_F(BarrierTest, AFaultThatComesBackAtOnceIsToldOnceForEachCommand) {
+TEST_F(BarrierTest, AFaultThatComesBackByItselfIsToldAndWrittenOnceForEachCommand) {
   dialogs.answers = {false, false};
-  for (int i = 0; i < 5; ++i) meetFault();
+  meetFault(Occasion::Itself);
+  const std::string once = report();
+  for (int i = 0; i < 5; ++i) meetFault(Occasion::Itself);
   EXPECT_EQ(dialogs.shown.size(), 2U);
+  EXPECT_EQ(report(), once);
   shell.trigger("RZMFILE");
+  meetFault(Occasion::Itself);
+  EXPECT_EQ(dialogs.shown.size(), 4U);
+}
+
+TEST_F(BarrierTest, WhoTriesAgainIsToldAgain) {
+  dialogs.answers = {false, false};
+  meetFault();
   meetFault();
   EXPECT_EQ(dialogs.shown.size(), 4U);
+}
+
+TEST_F(BarrierTest, WithoutADocumentNoSaveIsOffered) {
+  windows.form1.reset();
+  meetFault();
+  EXPECT_EQ(dialogs.shown.size(), 1U);
+}
+
+TEST_F(BarrierTest, ASaveThatFailsTooIsTold) {
+  windows.inOverwriteDialog = [](OverwriteSession&) { throw std::logic_error("the second"); };
+  lab.workspace.dataOf(ProjectKind::Triaxial).rawImportPending = true;
+  dialogs.answers = {true};
+  meetFault();
+  ASSERT_EQ(dialogs.shown.size(), 3U);
+  EXPECT_THAT(dialogs.shown[2], HasSubstr("保存没有完成（std::logic_error: the second）"));
+  EXPECT_THAT(report(), HasSubstr("the second"));
+  EXPECT_EQ(lab.workspace.TriaxialSampleTable[0].sampleNo.trimmed(), "A-1");
 }
 
 /// Something throws while the box is on the screen.
@@ -127,7 +155,7 @@ TEST_F(BarrierTest, AFaultUnderTheBoxIsOnlyWrittenDown) {
     try {
       throw std::logic_error(words);
     } catch (...) {
-      inTrouble.caught();
+      inTrouble.caught(Occasion::Deed);
     }
   };
   troubled.underTheBox = [&] { fail("second"); };
@@ -144,7 +172,7 @@ TEST_F(BarrierTest, AReportThatCannotBeWrittenIsNotPromised) {
   try {
     throw std::logic_error("words");
   } catch (...) {
-    silent.caught();
+    silent.caught(Occasion::Deed);
   }
   ASSERT_EQ(dialogs.shown.size(), 2U);
   EXPECT_THAT(dialogs.shown[0], Not(HasSubstr("gone")));

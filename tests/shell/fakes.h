@@ -123,6 +123,9 @@ class FakeWindows : public ShellWindows {
   void showManual() override { shown.emplace_back("manual"); }
   void showKeys() override { shown.emplace_back("keys"); }
   void showAbout() override { shown.emplace_back("about"); }
+  void showFaultReport(const std::string& report, const std::filesystem::path& file) override {
+    shown.push_back("report in " + file.filename().string() + ": " + report);
+  }
   void showDocument(ActiveDocument document) override {
     shown.push_back("load " + std::to_string(document));
     if (document == kForm1) form1.emplace();

@@ -34,23 +34,31 @@ WarningBar::WarningBar(QWidget* parent) : QFrame(parent), m_text(new QLabel(this
   m_text->setObjectName("WarningText");
   m_text->setTextFormat(Qt::PlainText);
   m_text->setWordWrap(true);
-  auto* const close = new QPushButton("知道了", this);
-  close->setObjectName("WarningClose");
-  close->setAutoDefault(false);
-  close->setFocusPolicy(Qt::NoFocus);
-  connect(close, &QPushButton::clicked, this, [this] {
+  auto* const row = new QHBoxLayout(this);
+  row->setContentsMargins(8, 3, 3, 3);
+  row->addWidget(m_text, 1);
+  m_report = addButton("WarningReport", "查看");
+  connect(m_report, &QPushButton::clicked, this, &WarningBar::reportWanted);
+  connect(addButton("WarningClose", "知道了"), &QPushButton::clicked, this, [this] {
     hide();
     emit shown(false);
     emit dismissed();
   });
-  auto* const row = new QHBoxLayout(this);
-  row->setContentsMargins(8, 3, 3, 3);
-  row->addWidget(m_text, 1);
-  row->addWidget(close, 0, Qt::AlignTop);
   hide();
 }
 
-void WarningBar::show(const Remarks& remarks) {
+QPushButton* WarningBar::addButton(const char* name, const QString& caption) {
+  auto* const button = new QPushButton(caption, this);
+  button->setObjectName(name);
+  button->setAutoDefault(false);
+  button->setFocusPolicy(Qt::NoFocus);
+  layout()->addWidget(button);
+  layout()->setAlignment(button, Qt::AlignTop);
+  return button;
+}
+
+void WarningBar::show(const Remarks& remarks, bool hasReport) {
+  m_report->setVisible(hasReport);
   if (remarks == m_remarks) return;
   m_remarks = remarks;
   m_text->setText(linesOf(remarks, kMostLines));

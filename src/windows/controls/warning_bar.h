@@ -5,6 +5,7 @@
 #include "common/user_error.h"
 
 class QLabel;
+class QPushButton;
 
 namespace triaxlab {
 
@@ -16,17 +17,22 @@ class WarningBar : public QFrame {
  public:
   explicit WarningBar(QWidget* parent);
 
-  /// The bar is there as long as there are remarks. What was taken note of doesn't come back with the same ones.
-  void show(const Remarks& remarks);
+  /// The bar is there as long as there are remarks. What was taken note of doesn't come back with the same ones. With
+  /// a report it has a button to look at it.
+  void show(const Remarks& remarks, bool hasReport = false);
 
  signals:
   /// The bar came, or went.
   void shown(bool isThere);
   void dismissed();
+  void reportWanted();
 
  private:
   Remarks m_remarks;
+  QPushButton* addButton(const char* name, const QString& caption);
+
   QLabel* m_text;
+  QPushButton* m_report;
 };
 
 }  // namespace triaxlab

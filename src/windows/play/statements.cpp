@@ -28,6 +28,7 @@
 #include "windows/document_frames.h"
 #include "windows/first_place.h"
 #include "windows/play/control_text.h"
+#include "windows/play/fault_statement.h"
 #include "windows/play/find_widget.h"
 #include "windows/play/person.h"
 
@@ -333,7 +334,7 @@ struct Statement {
   void (*run)(Arguments&, Stage&);
 };
 
-constexpr std::array<Statement, 26> kStatements{{
+constexpr auto kStatements = std::to_array<Statement>({
     {"menu", menu},
     {"click", click},
     {"doubleclick", doubleClick},
@@ -360,7 +361,10 @@ constexpr std::array<Statement, 26> kStatements{{
     {"size", size},
     {"fill", fill},
     {"close", close},
-}};
+#ifdef TRIAXLAB_FAULTS
+    {"fault", fault},
+#endif
+});
 
 }  // namespace
 
