@@ -39,17 +39,25 @@ struct Desktop {
   bool hasDocument() const { return !document.empty(); }
 };
 
+/// Most windows open without a database as well.
+std::string databaseOf(std::string_view importer) {
+  if (importer == "OPENFORMWINDAT") return "SZ1.DATX";
+  return importer == "OPENFORMWINWCXDAT" ? "WCX1.DATX" : "cancel";
+}
+
 std::vector<Place> importerWindows() {
   std::vector<Place> places;
   for (const Command& command : commandTable())
     if (command.action == Action::Import)
-      places.push_back({std::string(command.target), fmt::format("file cancel\nmenu {}\n", command.name),
+      places.push_back({std::string(command.target),
+                        fmt::format("file {}\nmenu {}\n", databaseOf(command.target), command.name),
                         fmt::format("close {}\n", command.target)});
   return places;
 }
 
 const std::vector<Desktop>& desktops() {
-  static const std::string list = "menu ZMOPEN\nclick OPENFORM.Labelsize\n", leaveList = "close Form14\n";
+  static const std::string list = "menu ZMOPEN\nclick OPENFORM.Labelsize\n",
+                           leaveList = "close Form14\nclose OPENFORM\n";
   static const std::vector<Desktop> all{
       {"Nothing",
        "",
@@ -60,7 +68,7 @@ const std::vector<Desktop>& desktops() {
         {"Form5", "menu SHEZHI\n", "key Esc\n"},
         {"OPENFORM", "menu ZMOPEN\n", "close OPENFORM\n"},
         {"BACKUPFORM", "menu ZMOPEN\nclick OPENFORM.Backups\n", "click BACKUPFORM.Return\nclose OPENFORM\n"},
-        {"Form13", "menu ZMOPEN0\nclick OPENFORM.Labelsize\n", "close Form13\n"},
+        {"Form13", "menu ZMOPEN0\nclick OPENFORM.Labelsize\n", "close Form13\nclose OPENFORM\n"},
         {"Form14", list, leaveList},
         {"Form16", list + "click Form14.Command4\n", "key Esc\n" + leaveList},
         {"Form17", list + "click Form14.Command8\n", "key Esc\n" + leaveList},
@@ -129,8 +137,9 @@ TEST_P(FaultsOn, AreToldInEveryWindowAndTheProgramGoesOn) {
     if (desktop.hasDocument()) expected += "[QVB三轴试验数据处理] 现在保存数据吗？\n";
   }
   EXPECT_THAT(played.out, StartsWith(expected));
+  const std::string report = program.folder().read(kReport);
   for (const Place& place : desktop.places)
-    EXPECT_THAT(program.folder().read(kReport), HasSubstr("std::logic_error: a fault in " + place.window + "\n"));
+    EXPECT_NE(report.find("std::logic_error: a fault in " + place.window + "\n"), report.npos) << place.window;
 }
 
 INSTANTIATE_TEST_SUITE_P(Desktops, FaultsOn, ::testing::ValuesIn(desktops()),
@@ -141,7 +150,7 @@ TEST(Faults, AreThrownInEveryWindowOfWhichTheManualTells) {
   for (const Desktop& desktop : desktops())
     for (const Place& place : desktop.places) windows.insert(place.window);
   for (const HelpTopic& topic : helpTopics())
-    if (topic.window != "FaultReport") EXPECT_TRUE(windows.contains(topic.window)) << topic.window;
+    EXPECT_TRUE(topic.window == "FaultReport" || windows.contains(topic.window)) << topic.window;
 }
 
 // ---- what is left of it

@@ -68,6 +68,7 @@ TEST(GuardedApplication, TellsTheDeedsOfAPersonFromWhatComesByItself) {
     void mousePressEvent(QMouseEvent* /*event*/) override { throw std::logic_error("pressed"); }
     void mouseMoveEvent(QMouseEvent* /*event*/) override { throw std::logic_error("moved"); }
   } widget;
+  widget.setMouseTracking(true);
   moveMouse(&widget, {1, 1}, MouseMotion::Press);
   moveMouse(&widget, {2, 2}, MouseMotion::Move);
   EXPECT_EQ(met, (std::vector<Occasion>{Occasion::Deed, Occasion::Itself}));
