@@ -52,9 +52,9 @@ void GuardedApplication::throwAgainLater() {
       this, [thrown = std::current_exception()] { std::rethrow_exception(thrown); }, Qt::QueuedConnection);
 }
 
-void noteToolkitMessages(FaultLog& to) {
+void noteToolkitMessages(FaultLog& faults) {
   const bool isInstalled = log != nullptr;
-  log = &to;
+  log = &faults;
   if (!isInstalled) usualHandler = qInstallMessageHandler(noteMessage);
 }
 

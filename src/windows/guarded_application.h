@@ -25,6 +25,6 @@ class GuardedApplication : public QApplication {
 
 /// What the toolkit has to say is noted, and said as before; the word with which it ends the process is a fault. The
 /// log outlives the process's last words.
-void noteToolkitMessages(FaultLog& log);
+void noteToolkitMessages(FaultLog& faults);
 
 }  // namespace triaxlab

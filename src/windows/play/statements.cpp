@@ -44,7 +44,7 @@ void print(const std::string& line) {
 
 // ---- the menu
 
-void menu(Arguments& arguments, Stage&) {
+void menu(Arguments& arguments, Stage& /*stage*/) {
   const std::string name = arguments.word("a menu command");
   arguments.end();
   QAction* const action = findCommandAction(name);
@@ -62,13 +62,13 @@ QWidget* eventWidget(QWidget* control) {
   return area != nullptr ? area->viewport() : control;
 }
 
-void click(Arguments& arguments, Stage&) {
+void click(Arguments& arguments, Stage& /*stage*/) {
   QWidget* const widget = eventWidget(reachControl(takeTarget(arguments)));
   arguments.end();
   clickMouse(widget, widget->rect().center());
 }
 
-void doubleClick(Arguments& arguments, Stage&) {
+void doubleClick(Arguments& arguments, Stage& /*stage*/) {
   QWidget* const widget = eventWidget(reachControl(takeTarget(arguments)));
   arguments.end();
   doubleClickMouse(widget, widget->rect().center());
@@ -93,13 +93,13 @@ Cell takeCell(Arguments& arguments) {
   return {grid, index};
 }
 
-void cell(Arguments& arguments, Stage&) {
+void cell(Arguments& arguments, Stage& /*stage*/) {
   const Cell cell = takeCell(arguments);
   cell.grid->setFocus();
   cell.grid->setCurrentIndex(cell.index);
 }
 
-void doubleClickCell(Arguments& arguments, Stage&) {
+void doubleClickCell(Arguments& arguments, Stage& /*stage*/) {
   const Cell cell = takeCell(arguments);
   doubleClickMouse(cell.grid->viewport(), cell.grid->visualRect(cell.index).center());
 }
@@ -130,7 +130,7 @@ void mouse(Arguments& arguments, Stage& stage) {
   moveMouse(at.canvas, at.place, drags ? MouseMotion::Drag : found->second);
 }
 
-void wheel(Arguments& arguments, Stage&) {
+void wheel(Arguments& arguments, Stage& /*stage*/) {
   const CanvasPlace at = takeCanvasPlace(arguments);
   const int notches = arguments.number("the number of notches");
   const std::string modifier = arguments.isEmpty() ? "" : arguments.word("Ctrl");
@@ -141,13 +141,13 @@ void wheel(Arguments& arguments, Stage&) {
 
 // ---- keyboard
 
-void key(Arguments& arguments, Stage&) {
+void key(Arguments& arguments, Stage& /*stage*/) {
   const KeyStroke stroke = keyStroke(words(arguments.word("a key")));
   arguments.end();
   pressKey(keyTarget(), stroke);
 }
 
-void focus(Arguments& arguments, Stage&) {
+void focus(Arguments& arguments, Stage& /*stage*/) {
   const Target target = takeTarget(arguments);
   QWidget* const control = reachControl(target);
   arguments.end();
@@ -155,7 +155,7 @@ void focus(Arguments& arguments, Stage&) {
   control->setFocus(Qt::OtherFocusReason);
 }
 
-void type(Arguments& arguments, Stage&) {
+void type(Arguments& arguments, Stage& /*stage*/) {
   const Target target = takeTarget(arguments);
   auto* const edit = as<QLineEdit>(reachControl(target), target, "edit control");
   if (!edit->isEnabled() || edit->isReadOnly()) throw ScriptError(fmt::format("{} takes no text", target.spelled()));
@@ -165,7 +165,7 @@ void type(Arguments& arguments, Stage&) {
 
 // ---- bars, lists, boxes
 
-void scroll(Arguments& arguments, Stage&) {
+void scroll(Arguments& arguments, Stage& /*stage*/) {
   const Target target = takeTarget(arguments);
   auto* const bar = as<QScrollBar>(reachControl(target), target, "scroll bar");
   const int value = arguments.number("the value");
@@ -181,7 +181,7 @@ void chooseEntry(QComboBox& list, const QString& text, const Target& target) {
   emit list.activated(entry);
 }
 
-void choose(Arguments& arguments, Stage&) {
+void choose(Arguments& arguments, Stage& /*stage*/) {
   const Target target = takeTarget(arguments);
   QWidget* const control = reachControl(target);
   if (!control->isEnabled()) throw ScriptError(fmt::format("{} is off", target.spelled()));
@@ -190,7 +190,7 @@ void choose(Arguments& arguments, Stage&) {
   as<QRadioButton>(control, target, "list or option button")->click();
 }
 
-void check(Arguments& arguments, Stage&) {
+void check(Arguments& arguments, Stage& /*stage*/) {
   const Target target = takeTarget(arguments);
   auto* const box = as<QAbstractButton>(reachControl(target), target, "check box");
   const std::string state = arguments.word("on or off");
@@ -236,7 +236,7 @@ void drop(Arguments& arguments, Stage& stage) {
 
 // ---- reading
 
-void get(Arguments& arguments, Stage&) {
+void get(Arguments& arguments, Stage& /*stage*/) {
   const Target target = takeTarget(arguments);
   QWidget* const control = findControl(target);
   if (qobject_cast<QTableView*>(control) == nullptr) {
@@ -248,7 +248,7 @@ void get(Arguments& arguments, Stage&) {
   print(fmt::format("{}={}", target.spelled(), onOneLine(utf8(cellText(control, row, column)))));
 }
 
-void state(Arguments& arguments, Stage&) {
+void state(Arguments& arguments, Stage& /*stage*/) {
   const std::string name = arguments.word("a control or menu command");
   arguments.end();
   const auto told = [&name](bool visible, bool enabled, bool checked) {
@@ -266,12 +266,12 @@ void messages(Arguments& arguments, Stage& stage) {
   for (const std::string& note : stage.dialogs.takeNotes()) print(note);
 }
 
-void expect(Arguments& arguments, Stage&) {
+void expect(Arguments& arguments, Stage& /*stage*/) {
   const Target target = takeTarget(arguments);
   const std::string wanted = arguments.text();
   const std::string found = utf8(controlText(findControl(target)));
   if (found != wanted && onOneLine(found) != wanted)
-    throw ScriptError(fmt::format("{} is \"{}\" and not \"{}\"", target.spelled(), onOneLine(found), wanted));
+    throw ScriptError(fmt::format(R"({} is "{}" and not "{}")", target.spelled(), onOneLine(found), wanted));
 }
 
 // ---- pictures
@@ -307,7 +307,7 @@ QWidget* takeWindow(Arguments& arguments) {
 QWidget* frameOf(QWidget* window) { return window->isWindow() ? window : window->parentWidget(); }
 
 /// `W WIDTH HEIGHT`: its inner size, logical pixels.
-void size(Arguments& arguments, Stage&) {
+void size(Arguments& arguments, Stage& /*stage*/) {
   QWidget* const window = takeWindow(arguments);
   const int width = arguments.number("the width"), height = arguments.number("the height");
   arguments.end();
@@ -315,7 +315,7 @@ void size(Arguments& arguments, Stage&) {
   frame->resize(frame->size() - window->size() + QSize(width, height));
 }
 
-void fill(Arguments& arguments, Stage&) {
+void fill(Arguments& arguments, Stage& /*stage*/) {
   QWidget* const window = takeWindow(arguments);
   arguments.end();
   if (auto* const frame = qobject_cast<QMdiSubWindow*>(frameOf(window))) return fitFrame(*frame);
@@ -323,7 +323,7 @@ void fill(Arguments& arguments, Stage&) {
   window->setGeometry(firstPlace(screen, screen.size(), window->windowHandle()->frameMargins()));
 }
 
-void close(Arguments& arguments, Stage&) {
+void close(Arguments& arguments, Stage& /*stage*/) {
   QWidget* const window = takeWindow(arguments);
   arguments.end();
   frameOf(window)->close();
