@@ -10,6 +10,7 @@ libraries="qt6-base-dev qt6-qpa-plugins libgtest-dev libbenchmark-dev libfmt-dev
 fonts_and_words="fonts-arphic-uming fonts-wqy-microhei fonts-liberation qt6-translations-l10n"
 tools_to_test="xvfb xauth openbox poppler-utils cups-daemon cups-client bash-completion"
 tools_to_package="appstream desktop-file-utils dpkg-dev file help2man lintian"
+compiled_along="googletest libfmt-dev nlohmann-json3-dev libcli11-dev"
 
 say() { printf '%s\n' "$*" >&2; }
 

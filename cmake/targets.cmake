@@ -11,6 +11,12 @@ function(triaxlab_library name)
   endif()
 endfunction()
 
+# triaxlab_leaves_out(WHAT LACKING): says aloud what this build does without, and for want of which packages.
+function(triaxlab_leaves_out what)
+  list(JOIN ARGN ", " lacking)
+  message(STATUS "Left out for want of ${lacking}: ${what}")
+endfunction()
+
 # What a test does itself is short, and compiling it is most of what a build from nothing costs.
 function(triaxlab_compile_fast name)
   target_compile_options(${name} PRIVATE $<$<OR:$<BOOL:${TRIAXLAB_SANITIZE}>,$<CONFIG:RelWithDebInfo>>:-O0 -g1>)
@@ -24,8 +30,12 @@ function(triaxlab_test name)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   triaxlab_compile_fast(${name})
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} triaxlab_flags GTest::gtest GTest::gmock GTest::gtest_main)
-  target_compile_definitions(${name} PRIVATE
-    TRIAXLAB_SAMPLES="${PROJECT_SOURCE_DIR}/samples" TRIAXLAB_SOURCE="${PROJECT_SOURCE_DIR}")
+  # Wine shows this machine's files as a drive.
+  set(source ${PROJECT_SOURCE_DIR})
+  if(WIN32)
+    set(source Z:${PROJECT_SOURCE_DIR})
+  endif()
+  target_compile_definitions(${name} PRIVATE TRIAXLAB_SAMPLES="${source}/samples" TRIAXLAB_SOURCE="${source}")
   foreach(source ${ARG_SOURCES})
     # One that depends on a package stands in a generator expression.
     string(REGEX REPLACE "^\\$<.*:(.*)>$" "\\1" source ${source})

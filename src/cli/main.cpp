@@ -162,7 +162,8 @@ int main(int argc, char** argv) {
   takeFailuresAsErrors();
   // Said to the very end, when all else is gone.
   static cli::Faults faults;
-  const int status = cli::runProgram(argc, argv, faults);
+  const auto [count, words] = commandWords(argc, argv);
+  const int status = cli::runProgram(count, words, faults);
   if (cli::outputIsWhole()) return status;
   cli::printError("结果没有全部写出：屏幕或输出文件不能写。");
   return status == kDone ? kFailed : status;

@@ -1,67 +1,35 @@
 #include "common/gbk.h"
 
-#include <iconv.h>
-
 #include <array>
-#include <cerrno>
 #include <cstdint>
 #include <string>
-#include <system_error>
-#include <vector>
 
-#include "common/user_error.h"
+#include "common/gbk_converter.h"
 
 namespace triaxlab {
 namespace {
 
-constexpr char16_t kNoCharacter = 0;
-constexpr unsigned kFirstLead = 0x81, kFirstTrail = 0x40;
-constexpr std::size_t kLeads = 0xFF - 0x81, kTrails = 0xFF - 0x40;
+constexpr char16_t kNoCharacter = GbkConverter::kNoCharacter;
+constexpr unsigned kFirstLead = GbkConverter::kFirstLead, kFirstTrail = GbkConverter::kFirstTrail;
+constexpr std::size_t kLeads = GbkConverter::kLeads, kTrails = GbkConverter::kTrails;
 constexpr char16_t kEuro = 0x20AC;  // what code page 936 has at the single byte 0x80
 
-/// Both directions of the code page. The C library's converter fills them once; records are full of cut and foreign
+/// Both directions of the code page. The system's converter fills them once; records are full of cut and foreign
 /// bytes, at which it would stop, so the texts themselves are converted by the loops below.
 struct CodePage {
   std::array<char16_t, kLeads * kTrails> toUnicode{};
   std::array<std::uint16_t, 0x10000> fromUnicode{};
 
   CodePage() {
-    const iconv_t converter = iconv_open("UTF-16LE", "GBK");
-    if (converter == iconv_t(-1))  // NOLINT(performance-no-int-to-ptr): as POSIX has it
-      throw UserError("系统的 GBK 字符转换不能用：" + std::generic_category().message(errno) + "。");
-    for (unsigned lead = 0; lead < kLeads; ++lead) fillRow(converter, lead);
-    iconv_close(converter);
+    const GbkConverter converter;
+    for (unsigned lead = 0; lead < kLeads; ++lead) {
+      const GbkConverter::Row row(toUnicode.data() + lead * kTrails, kTrails);
+      converter.fillRow(lead, row);
+      for (unsigned trail = 0; trail < kTrails; ++trail)
+        if (row[trail] != kNoCharacter)
+          fromUnicode[row[trail]] = static_cast<std::uint16_t>((kFirstLead + lead) << 8 | (kFirstTrail + trail));
+    }
     fromUnicode[kEuro] = 0x80;
-  }
-
-  /// The characters of one lead byte. The converter takes them at once; at a pair that is no character it stops, and is
-  /// called again behind it. No pair stands for more than one place of UTF-16.
-  void fillRow(iconv_t converter, unsigned lead) {
-    std::array<char, 2 * kTrails> pairs{};
-    for (unsigned trail = 0; trail < kTrails; ++trail) {
-      pairs[2 * trail] = static_cast<char>(kFirstLead + lead);
-      pairs[2 * trail + 1] = static_cast<char>(kFirstTrail + trail);
-    }
-    char* from = pairs.data();
-    std::size_t left = pairs.size();
-    while (left > 0) {
-      const auto first = static_cast<unsigned>(from - pairs.data()) / 2;
-      std::array<unsigned char, 2 * kTrails> characters{};
-      auto* to = reinterpret_cast<char*>(characters.data());
-      std::size_t room = characters.size();
-      iconv(converter, &from, &left, &to, &room);
-      const auto behind = static_cast<unsigned>(from - pairs.data()) / 2;
-      for (unsigned trail = first; trail < behind; ++trail) {
-        const std::size_t at = 2 * std::size_t{trail - first};
-        const auto character = static_cast<char16_t>(characters[at] | characters[at + 1] << 8);
-        toUnicode[lead * kTrails + trail] = character;
-        fromUnicode[character] = static_cast<std::uint16_t>((kFirstLead + lead) << 8 | (kFirstTrail + trail));
-      }
-      if (left == 0) break;
-      from += 2;
-      left -= 2;
-      iconv(converter, nullptr, nullptr, nullptr, nullptr);
-    }
   }
 
   char16_t twoBytes(char lead, char trail) const {

@@ -74,15 +74,14 @@ ScannedNumber scan(std::string_view text) {
 
 /// std::from_chars. LLVM's library lacks it for numbers with a point before its version 20; the C library's conversion
 /// is as exact, asks no locale but the one it is given, and is itself infinite or 0 beyond the range.
-std::errc readDecimal(const std::string& text, auto& value) {
-  const char* const end = text.data() + text.size();
-  if constexpr (requires { std::from_chars(text.data(), end, value); }) {
-    return std::from_chars(text.data(), end, value).ec;
-  } else {
-    static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
-    value = strtod_l(text.c_str(), nullptr, plain);
-    return {};
-  }
+std::errc readDecimal(const std::string& text, double& value) {
+#ifdef __cpp_lib_to_chars
+  return std::from_chars(text.data(), text.data() + text.size(), value).ec;
+#else
+  static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
+  value = strtod_l(text.c_str(), nullptr, plain);
+  return {};
+#endif
 }
 
 /// More digits than a double holds exactly, or a large exponent: left to the library's correctly rounded conversion.

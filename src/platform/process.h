@@ -12,6 +12,14 @@ namespace triaxlab {
 /// The folder of the running executable.
 std::filesystem::path executableFolder();
 
+/// The words of the command line, the name of the program first and a null last, in UTF-8. They last as long as the
+/// program. `count` and `words` are what main was given, where that is not always UTF-8.
+struct CommandWords {
+  int count;
+  char** words;
+};
+CommandWords commandWords(int count, char** words);
+
 /// Called once before anything else: a limit on the size of files and a pipe that nobody reads end no program any more,
 /// but are failures of the call that meets them; and no file that is opened later gets the place of a standard stream
 /// that the caller left closed.

@@ -4,12 +4,12 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <system_error>
 
 #include "platform/files.h"
+#include "platform/folders.h"
 #include "shell/demonstration.h"
 #include "store/safety/file_update.h"
 #include "store/safety/leftovers.h"
@@ -73,12 +73,6 @@ void attempt(Remarks& remarks, Step step) {
   }
 }
 
-/// Empty when the variable is missing.
-fs::path folderNamedBy(const char* variable) {
-  const char* const value = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe): read before any thread starts
-  return value != nullptr ? value : "";
-}
-
 /// An installation that a laboratory carries about, on a stick or a share, together with its settings.
 bool isPortable(const fs::path& programs) { return findFile(programs, "qvb.sys") || findFile(programs, ".portable"); }
 
@@ -88,10 +82,7 @@ bool takesSettings(const ProgramParts& parts) {
 
 }  // namespace
 
-fs::path userDataFolder() {
-  const fs::path shared = folderNamedBy("XDG_DATA_HOME");
-  return (shared.is_absolute() ? shared : folderNamedBy("HOME") / ".local/share") / "triaxlab";
-}
+fs::path userDataFolder() { return personalDataFolder() / "triaxlab"; }
 
 std::optional<fs::path> namedApplicationFolder(const std::optional<fs::path>& option) {
   if (option) return option;

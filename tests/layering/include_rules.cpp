@@ -64,6 +64,7 @@ constexpr std::array kRooms{
 
 constexpr std::array<std::string_view, 4> kKnowQt{"main.cpp", "windows/", "platform/qt/", "cli/page_devices.cpp"};
 constexpr std::array<std::string_view, 2> kKnowTheSystem{"platform/os/", "platform/jet/"};
+constexpr std::array<std::string_view, 2> kKnowWindows{"platform/os/", "common/gbk_converter_windows.cpp"};
 constexpr std::array<std::string_view, 1> kKnowJet{"platform/jet/"};
 constexpr std::array<std::string_view, 1> kKnowWorkbooks{"platform/xls/"};
 constexpr std::array<std::string_view, 1> kKnowCairo{"platform/cairo/"};
@@ -82,6 +83,7 @@ constexpr std::array kDoors{
     Door{"fcntl.h", kKnowTheSystem},
     Door{"dirent.h", kKnowTheSystem},
     Door{"sys/", kKnowTheSystem},
+    Door{"windows.h", kKnowWindows},
     Door{"glib", kKnowJet},
     Door{"mdb", kKnowJet},
     Door{"sqlite3", kKnowJet},

@@ -9,6 +9,7 @@
 
 #include "common/user_error.h"
 #include "support/lock_holder.h"
+#include "support/posix_only.h"
 #include "support/temporary_folder.h"
 
 namespace triaxlab::testing {
@@ -87,6 +88,7 @@ TEST(FileLocks, WhatIsNotThereKeepsNobodyOut) {
 }
 
 TEST(FileLocks, WhatCanNotBeLookedAtIsNotWrittenUnlocked) {
+  POSIX_ONLY("links");
   const TemporaryFolder folder;
   std::filesystem::create_symlink("circle", folder / "circle");
   EXPECT_THROW(takeNow(folder / "circle"), UserError);

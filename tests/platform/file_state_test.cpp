@@ -9,6 +9,7 @@
 
 #include "common/user_error.h"
 #include "platform/files.h"
+#include "support/posix_only.h"
 #include "support/temporary_folder.h"
 
 namespace triaxlab::testing {
@@ -70,6 +71,7 @@ TEST(FileCopies, HoldTheSameBytes) {
 }
 
 TEST(FileCopies, AreMadeByReadingWhereTheSystemDoesNotCopy) {
+  POSIX_ONLY("the folder /proc");
   // The system reports files of /proc as empty and doesn't copy them.
   const TemporaryFolder folder;
   const File from("/proc/self/status", File::Mode::Read);
@@ -79,6 +81,7 @@ TEST(FileCopies, AreMadeByReadingWhereTheSystemDoesNotCopy) {
 }
 
 TEST(FileCopies, OfAFullDiskAreAUserError) {
+  POSIX_ONLY("the device /dev/full");
   const TemporaryFolder folder;
   const File from(folder.write("a.txt", "abc"), File::Mode::Read);
   File full("/dev/full", File::Mode::Update);

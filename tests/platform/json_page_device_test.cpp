@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "common/user_error.h"
+#include "support/posix_only.h"
 #include "support/temporary_folder.h"
 
 namespace triaxlab {
@@ -63,6 +64,7 @@ TEST_F(JsonDeviceTest, WithoutAPageThereIsNoFile) {
 }
 
 TEST_F(JsonDeviceTest, ALinkStaysALink) {
+  POSIX_ONLY("links");
   const fs::path real = folder.write("real.json", "old");
   fs::create_symlink(real, file);
   const auto device = makeJsonDevice(file);

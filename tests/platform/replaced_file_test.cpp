@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "common/user_error.h"
+#include "support/posix_only.h"
 #include "support/temporary_folder.h"
 
 namespace triaxlab {
@@ -43,6 +44,7 @@ TEST(ReplacedFile, OneThatIsDroppedLeavesNothing) {
 }
 
 TEST(ReplacedFile, KeepsThePermissionsOfTheOldOne) {
+  POSIX_ONLY("rights of files");
   const TemporaryFolder folder;
   const fs::path old = folder.write("report.csv", "old");
   fs::permissions(old, fs::perms(0640));

@@ -1,5 +1,6 @@
 #include "common/user_error.h"
 #include "reports/page_fixture.h"
+#include "support/posix_only.h"
 
 namespace triaxlab::testing {
 namespace {
@@ -173,6 +174,7 @@ TEST_F(PictureFolder, IsThatOfTheFirstSamplePrinted) {
 }
 
 TEST_F(PictureFolder, ALinkIsRefusedAsInTheOtherFoldersOfData) {
+  POSIX_ONLY("links");
   sample(0, kUU, "A-1", "P1");
   std::filesystem::create_directories(folder / "outside");
   std::filesystem::create_directories(folder / "PTU");

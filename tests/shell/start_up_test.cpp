@@ -14,6 +14,7 @@
 #include "store/project/save_project.h"
 #include "store/settings/settings_file.h"
 #include "store/settings/toggles.h"
+#include "support/posix_only.h"
 #include "support/temporary_folder.h"
 
 namespace triaxlab {
@@ -190,6 +191,7 @@ TEST_F(Start, SettingsThatCannotBeWrittenAreToldOnceAndTheProgramRunsOnDefaults)
 }
 
 TEST_F(Start, SettingsThatCannotBeReadAreNotNewAndNothingIsSavedToAnotherPlace) {
+  POSIX_ONLY("links");
   const TemporaryFolder data;
   storeText("qvb.sys", 6999, "9" + data.path().string());
   fs::rename(folder.path() / "qvb.sys", folder.path() / "kept");

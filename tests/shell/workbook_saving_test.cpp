@@ -4,6 +4,7 @@
 
 #include "shell/fakes.h"
 #include "shell/lab.h"
+#include "support/packages.h"
 
 namespace triaxlab {
 namespace {
@@ -44,6 +45,7 @@ TEST_F(WorkbookSaving, AsksForTheFileAndSaysThatItStands) {
 }
 
 TEST_F(WorkbookSaving, TheExtensionSaysTheFormat) {
+  NEEDS_XLSX();
   press(kForm1, "a.xlsx");
   EXPECT_THAT(lab.folder.read("a.xlsx"), StartsWith("PK"));
   press(kForm1, "b");

@@ -1,9 +1,13 @@
 #pragma once
 
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#endif
 
 #include <csignal>
 #include <cstdlib>
@@ -12,6 +16,44 @@
 namespace triaxlab::testing {
 
 enum class LockWay { Flock, RecordLock };
+
+#ifdef _WIN32
+
+/// What another program does that holds a file or folder: a lock belongs to the open file there, not to the program.
+class LockHolder {
+ public:
+  LockHolder(const std::filesystem::path& path, LockWay way) : m_file(opened(path, way)) {
+    m_holds = m_file != INVALID_HANDLE_VALUE && (way == LockWay::Flock || lockAll());
+  }
+  LockHolder(const LockHolder&) = delete;
+  LockHolder& operator=(const LockHolder&) = delete;
+  ~LockHolder() { kill(); }
+
+  bool holds() const { return m_holds; }
+  void kill() {
+    if (m_file != INVALID_HANDLE_VALUE) CloseHandle(m_file);
+    m_file = INVALID_HANDLE_VALUE;
+  }
+
+ private:
+  /// Of a folder the hidden file that stands for the right to change it.
+  static HANDLE opened(const std::filesystem::path& path, LockWay way) {
+    const bool isFolder = std::filesystem::is_directory(path);
+    const std::filesystem::path file = isFolder ? path / ".triaxlab-lock" : path;
+    const DWORD shared = way == LockWay::Flock ? 0 : FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    return CreateFileW(file.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, shared, nullptr,
+                       isFolder ? OPEN_ALWAYS : OPEN_EXISTING, isFolder ? FILE_FLAG_DELETE_ON_CLOSE : 0, nullptr);
+  }
+  bool lockAll() const {
+    OVERLAPPED begin{};
+    return LockFileEx(m_file, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, MAXDWORD, MAXDWORD, &begin) != 0;
+  }
+
+  HANDLE m_file;
+  bool m_holds = false;
+};
+
+#else
 
 /// Another program that holds a lock on a file or folder until it is killed, which the destructor does. It knows
 /// nothing of our code.
@@ -56,5 +98,7 @@ class LockHolder {
   pid_t m_child = -1;
   bool m_holds = false;
 };
+
+#endif
 
 }  // namespace triaxlab::testing

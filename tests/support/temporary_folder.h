@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 #include <string_view>
 
@@ -15,9 +15,9 @@ namespace triaxlab::testing {
 class TemporaryFolder {
  public:
   TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "triaxlab-test-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) std::abort();
-    m_path = name;
+    std::random_device lot;
+    do m_path = std::filesystem::temp_directory_path() / ("triaxlab-test-" + std::to_string(lot()));
+    while (!std::filesystem::create_directory(m_path));
   }
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;

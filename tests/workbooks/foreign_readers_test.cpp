@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 
+#include "support/packages.h"
 #include "support/temporary_folder.h"
 #include "workbooks/workbook_forms.h"
 
@@ -12,7 +13,8 @@ namespace {
 using testing::TemporaryFolder;
 
 struct ForeignReaders : ::testing::Test {
-  ForeignReaders() {
+  void SetUp() override {
+    NEEDS_XLSX();
     Workspace workspace;
     TriaxialSampleRecord& record = workspace.TriaxialSampleTable[0];
     SetText(record.projectNo, "0042");

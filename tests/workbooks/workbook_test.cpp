@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "common/user_error.h"
+#include "support/posix_only.h"
 #include "support/temporary_folder.h"
 #include "workbooks/cells.h"
 
@@ -130,6 +131,7 @@ TEST_F(WorkbookFile, AFillThatFailsLeavesTheOldFile) {
 }
 
 TEST_F(WorkbookFile, ALinkIsKeptAndWhatItNamesIsReplaced) {
+  POSIX_ONLY("links");
   folder.write("real.xls", "old");
   fs::create_symlink(folder / "real.xls", folder / "link.xls");
   EXPECT_EQ(refusalOf(folder / "link.xls"), "");

@@ -34,7 +34,8 @@ constexpr std::string_view declarationOf(ColumnType type) {
 Bytes runReader(const std::filesystem::path& path, std::span<const JetTable> tables, const JetReader& reader) {
   // Whether the file is there and may be read is told as for every other file.
   const File file(path, File::Mode::Read);
-  const std::filesystem::path program = reader.program.empty() ? programParts().helpers / kReaderProgram : reader.program;
+  const std::filesystem::path program =
+      reader.program.empty() ? programParts().helpers / kReaderProgram : reader.program;
   const auto seconds = std::chrono::ceil<std::chrono::seconds>(reader.time).count();
   std::vector<std::string> arguments{path.string(), std::to_string(reader.memoryBytes), std::to_string(seconds)};
   for (const JetTable& table : tables)
@@ -210,19 +211,5 @@ JetDatabase& JetDatabase::operator=(JetDatabase&& other) noexcept = default;
 JetDatabase::~JetDatabase() = default;
 
 JetRows JetDatabase::run(std::string_view sql) const { return m_tables->run(sql); }
-
-std::string JetDatabase::quoted(std::string_view value) {
-  std::string inside;
-  for (const char c : value) {
-    inside += c;
-    if (c == '\'') inside += c;
-  }
-  return inside;
-}
-
-std::string JetDatabase::literal(const JetValue& value) {
-  if (value.isNull()) return "null";
-  return value.isText() ? "'" + quoted(value.text()) + "'" : value.text();
-}
 
 }  // namespace triaxlab

@@ -7,8 +7,6 @@
 #include "platform/jet_database.h"
 
 namespace triaxlab {
-namespace {}  // namespace
-
 std::optional<double> JetValue::number() const {
   if (m_kind == Kind::Null) return std::nullopt;
   return m_kind == Kind::Text ? ParseNumber(m_text) : m_number;
@@ -33,6 +31,20 @@ std::size_t JetRows::column(std::string_view name) const {
       std::ranges::find_if(m_columns, [=](const std::string& column) { return isSameName(column, name); });
   if (found == m_columns.end()) throw std::logic_error("no column " + std::string(name) + " in the query");
   return static_cast<std::size_t>(found - m_columns.begin());
+}
+
+std::string JetDatabase::quoted(std::string_view value) {
+  std::string inside;
+  for (const char c : value) {
+    inside += c;
+    if (c == '\'') inside += c;
+  }
+  return inside;
+}
+
+std::string JetDatabase::literal(const JetValue& value) {
+  if (value.isNull()) return "null";
+  return value.isText() ? "'" + quoted(value.text()) + "'" : value.text();
 }
 
 }  // namespace triaxlab

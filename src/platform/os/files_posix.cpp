@@ -1,6 +1,5 @@
 // Files on POSIX systems. Every call that a signal can interrupt is repeated; every failure names the file.
 #include <fcntl.h>
-#include <fmt/core.h>
 #include <linux/fs.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
@@ -13,16 +12,10 @@
 #include <iterator>
 #include <utility>
 
-#include "common/user_error.h"
-#include "platform/files.h"
 #include "platform/os/posix_calls.h"
-#include "platform/replaced_file.h"
 
 namespace triaxlab {
 namespace {
-
-/// The system ends a name at a zero byte, and would reach for another file than the one meant.
-bool holdsZeroByte(const std::filesystem::path& path) { return path.native().find('\0') != std::string::npos; }
 
 /// Errors of copy_file_range after which reading and writing do the same work.
 bool canBeCopiedOtherwise(int error) {
@@ -98,8 +91,6 @@ int openFlags(File::Mode mode) {
 }
 
 }  // namespace
-
-File::File(const std::filesystem::path& path, Mode mode) : File(path, mode, path) {}
 
 File::File(const std::filesystem::path& path, Mode mode, std::filesystem::path knownAs)
     : File(std::move(knownAs), openAt(AT_FDCWD, path, openFlags(mode))) {}
@@ -215,53 +206,12 @@ std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) {
   return std::uint64_t{status.f_bavail} * status.f_frsize;
 }
 
-Bytes readWholeFile(const std::filesystem::path& path, std::uint64_t limit) {
-  const File file(path, File::Mode::Read);
-  const std::uint64_t size = file.size();
-  if (size > limit)
-    throw UserError(fmt::format("文件“{}”太大：{} 字节，最多 {} 字节。", textOfPath(path), size, limit));
-  Bytes content(size);
-  content.resize(file.readAt(0, content));
-  return content;
-}
-
-void refuseLinks(const std::filesystem::path& root, const std::filesystem::path& path) {
-  std::filesystem::path place = root;
-  for (const std::filesystem::path& part : path.lexically_relative(root)) {
-    place /= part;
-    const auto status = statusOf(place, Links::LookAt);
-    if (!status) return;
-    if (S_ISLNK(status->st_mode)) failCall("查看文件", path, kLinkInTheWay);
-  }
-}
-
 std::filesystem::path behindLinks(const std::filesystem::path& path) {
   std::error_code failed;
   std::filesystem::path target = std::filesystem::canonical(path, failed);
   if (!failed) return target;
   if (!meansMissing(failed.value())) failCall("查看文件", path, failed.value());
   return path;
-}
-
-void writeWholeFile(const std::filesystem::path& path, std::span<const std::byte> content) {
-  ReplacedFile file(behindLinks(path));
-  file.write(content);
-  file.finish();
-}
-
-void renameFile(const std::filesystem::path& from, const std::filesystem::path& to) {
-  if (rename(from.c_str(), to.c_str()) != 0) failCall("写入文件", to, errno);
-}
-
-void moveFile(const std::filesystem::path& from, const std::filesystem::path& to) {
-  takePermissions(from, to);
-  if (rename(from.c_str(), to.c_str()) == 0) return;
-  if (errno != EXDEV) failCall("写入文件", to, errno);
-  const File source(from, File::Mode::Read);
-  ReplacedFile copy(to);
-  copy.copyContentOf(source);
-  copy.finish();
-  unlink(from.c_str());
 }
 
 void removeFile(const std::filesystem::path& path) {

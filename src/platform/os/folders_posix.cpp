@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <set>
 #include <string_view>
@@ -34,6 +35,16 @@ bool isVolume(const mntent& mount) {
 }
 
 }  // namespace
+
+fs::path folderNamedBy(const char* variable) {
+  const char* const value = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe): read before any thread starts
+  return value != nullptr ? value : "";
+}
+
+fs::path personalDataFolder() {
+  const fs::path shared = folderNamedBy("XDG_DATA_HOME");
+  return shared.is_absolute() ? shared : folderNamedBy("HOME") / ".local/share";
+}
 
 std::vector<fs::path> mountedVolumes(const fs::path& mountTable) {
   std::set<fs::path> mounted;

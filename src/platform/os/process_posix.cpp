@@ -7,11 +7,9 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
-#include <random>
 #include <string>
 #include <thread>
 #include <vector>
@@ -25,36 +23,6 @@ extern char** environ;  // NOLINT(readability-redundant-declaration): POSIX leav
 
 namespace triaxlab {
 namespace {
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isHexDigit(char c) { return isDigit(c) || (c >= 'a' && c <= 'f'); }
-bool isLetterOrDigit(char c) { return isDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-
-/// Letters and digits of the machine's name.
-std::string machineName() {
-  std::array<char, 256> name{};
-  if (gethostname(name.data(), name.size() - 1) != 0) return "pc";
-  std::string word;
-  constexpr std::size_t kLongest = 24;
-  for (const char c : std::string_view(name.data()))
-    if (word.size() < kLongest && isLetterOrDigit(c)) word += c;
-  return word.empty() ? "pc" : word;
-}
-
-/// Takes what stands behind the last hyphen off `text`; empty when there is no hyphen.
-std::string_view takeLastPart(std::string_view& text) {
-  const std::size_t hyphen = text.rfind('-');
-  if (hyphen == std::string_view::npos) return {};
-  const std::string_view part = text.substr(hyphen + 1);
-  text = text.substr(0, hyphen);
-  return part;
-}
-
-bool consistsOf(std::string_view text, bool (*isRight)(char)) {
-  return !text.empty() && std::all_of(text.begin(), text.end(), isRight);
-}
-
-constexpr std::size_t kLotDigits = 8;
 
 /// The signals that this program takes as errors.
 constexpr std::array kErrorSignals{SIGXFSZ, SIGPIPE};
@@ -108,22 +76,6 @@ bool canBeRun(const std::filesystem::path& file) { return fileExists(file) && ac
 
 }  // namespace
 
-std::string ownName() {
-  // The processes of two machines of one name may have one number.
-  static const std::string ofThisRun =
-      fmt::format("{}-{}-{:0{}x}", machineName(), getpid(), std::random_device{}() & 0xFFFFFFFFU, kLotDigits);
-  static std::atomic<unsigned> count = 0;
-  return fmt::format("{}-{}", ofThisRun, ++count);
-}
-
-bool isOwnName(std::string_view text) {
-  return consistsOf(takeLastPart(text), isDigit) &&  // the count, then the lot, the process, the machine
-         [](std::string_view lot) {
-           return lot.size() == kLotDigits && consistsOf(lot, isHexDigit);
-         }(takeLastPart(text)) &&
-         consistsOf(takeLastPart(text), isDigit) && consistsOf(text, isLetterOrDigit);
-}
-
 std::filesystem::path executableFolder() {
   std::error_code ignored;
   return std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path();
@@ -137,14 +89,7 @@ void takeFailuresAsErrors() {
       return;
 }
 
-std::optional<std::filesystem::path> findProgram(std::span<const std::filesystem::path> folders,
-                                                 std::string_view windowsName) {
-  const std::string_view bare = windowsName.substr(0, windowsName.rfind('.'));
-  for (const std::filesystem::path& folder : folders)
-    for (const std::string_view name : {windowsName, bare})
-      if (auto program = findFile(folder, name)) return program;
-  return std::nullopt;
-}
+CommandWords commandWords(int count, char** words) { return {count, words}; }
 
 int startProgram(const std::filesystem::path& program, std::span<const std::string> arguments, Showing showing) {
   // The tools are known by their Windows names; elsewhere the same name may stand without ".exe".

@@ -85,7 +85,7 @@ void SourceFolderSession::openParent() {
 
 void SourceFolderSession::open(const fs::path& folder) {
   // "/lab/" and "/lab/./" name the folder "/lab".
-  fs::path whole = (folder.is_absolute() ? folder : fs::path("/")).lexically_normal();
+  fs::path whole = (folder.is_absolute() ? folder : m_drives.front()).lexically_normal();
   if (!whole.has_filename() && whole != whole.root_path()) whole = whole.parent_path();
   m_rows.clear();
   fs::path path;

@@ -145,7 +145,7 @@ struct FileUpdate::State {
   /// Its key, which is also its path in the journal.
   const std::string& keyOf(const std::filesystem::path& file) {
     if (file.native() == lastPath.native()) return lastKey;
-    std::string key = textOfPath(file.lexically_relative(dataFolder).generic_string());
+    std::string key = file.lexically_relative(dataFolder).generic_string();
     if (!isSaveJournalPath(key))
       throw UserError(fmt::format("“{}”不在数据文件夹“{}”之内。", textOfPath(file), textOfPath(dataFolder)));
     if (const WaitingSave* const save = recovery.waitingFor(key)) throw UserError(save->sentence);
@@ -332,7 +332,7 @@ Remarks FileUpdate::recover(const std::filesystem::path& dataFolder, std::chrono
   }
   const FileUpdate update(dataFolder, patience);
   if (wanted) {
-    const std::string path = textOfPath(wanted->lexically_relative(dataFolder).generic_string());
+    const std::string path = wanted->lexically_relative(dataFolder).generic_string();
     const WaitingSave* const save = update.m_state->recovery.waitingFor(path);
     if (save && !save->isWritten) throw UserError(save->sentence);
   }

@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "common/user_error.h"
+#include "support/packages.h"
 #include "support/read_sheets.h"
 #include "support/temporary_folder.h"
 
@@ -20,6 +21,10 @@ using testing::TemporaryFolder;
 
 class SheetWriters : public ::testing::TestWithParam<const char*> {
  protected:
+  void SetUp() override {
+    if (file().extension() == ".xlsx") NEEDS_XLSX();
+  }
+
   fs::path file() const { return folder / (std::string("book") + GetParam()); }
 
   /// Writes one sheet of these rows.

@@ -1,8 +1,10 @@
 // Files as a dying disk, another program or a malicious person leave them. Whatever they hold, the workspace changes
 // only when a file was read, a person gets one sentence that names it, and nothing is written outside the data folder.
 
+#ifndef _WIN32
 #include <sys/wait.h>
 #include <unistd.h>
+#endif
 
 #include "store/project/project_file.h"
 #include "store/project/project_list.h"
@@ -233,6 +235,8 @@ TEST_F(DamagedFiles, ADataFolderThatIsAFileIsTold) {
   EXPECT_EQ(std::filesystem::file_size(workspace.dataFolder), 4U);
 }
 
+#ifndef _WIN32
+
 /// Runs `act` in a process of a user who owns nothing here; true when it returned true there.
 template <class Act>
 bool asNobody(Act act) {
@@ -278,6 +282,8 @@ TEST_F(DamagedFiles, AProjectFileThatMayNotBeReadIsTold) {
     return sentenceOf(open).find("KOP1.txt") != std::string::npos;
   }));
 }
+
+#endif
 
 }  // namespace
 }  // namespace triaxlab::testing

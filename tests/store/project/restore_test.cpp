@@ -5,6 +5,7 @@
 #include "store/project/save_project.h"
 #include "store/summary/summary_fixture.h"
 #include "store/summary/summary_record.h"
+#include "support/posix_only.h"
 
 namespace triaxlab::testing {
 namespace {
@@ -134,6 +135,7 @@ TEST_F(Restore, TheOldestOfAllCopiesCanBeRestored) {
 }
 
 TEST_F(Restore, WithoutACopyOfTheFileAsItWasNothingIsRestored) {
+  POSIX_ONLY("links");
   saveTwice();
   std::filesystem::create_directory(data("elsewhere"));
   std::filesystem::rename(data("HSZS/backup"), data("elsewhere/backup"));

@@ -9,6 +9,7 @@
 #include "store/safety/file_update.h"
 #include "store/safety/save_journal.h"
 #include "store/store_fixture.h"
+#include "support/posix_only.h"
 
 namespace triaxlab::testing {
 namespace {
@@ -20,6 +21,7 @@ using ::testing::HasSubstr;
 class Links : public StoreTest {
  protected:
   Links() { std::filesystem::create_directory(folder() / "elsewhere"); }
+  void SetUp() override { POSIX_ONLY("links"); }
 
   static std::string project() {
     return headerBytes({"0001", "P1"}) + triaxialBytes("P1", "A-1") + field("", kEndTextSize);

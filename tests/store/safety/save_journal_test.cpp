@@ -9,6 +9,7 @@
 #include "store/project/save_project.h"
 #include "store/safety/file_update.h"
 #include "store/store_fixture.h"
+#include "support/posix_only.h"
 
 namespace triaxlab::testing {
 namespace {
@@ -203,6 +204,7 @@ TEST_F(SaveJournalTest, AnUnfinishedOneHasNoSayAndIsTakenAway) {
 }
 
 TEST_F(SaveJournalTest, ASaveDoesNotWriteThroughALink) {
+  POSIX_ONLY("links");
   write("precious", "precious");
   std::filesystem::create_symlink(data("precious"), data("journal"));
   FileUpdate update(workspace.dataFolder);

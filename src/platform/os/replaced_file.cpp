@@ -1,8 +1,8 @@
 #include "platform/replaced_file.h"
 
-#include <unistd.h>
+#include <cerrno>
 
-#include "platform/os/posix_calls.h"
+#include "platform/os/calls.h"
 
 namespace triaxlab {
 namespace {
@@ -10,8 +10,9 @@ namespace {
 /// A folder, or a device or pipe that a program has as a file: renaming would fail at the very end, or put a file in
 /// the place of the device.
 const std::filesystem::path& onlyOfFiles(const std::filesystem::path& place) {
-  if (const auto old = statusOf(place); old && !S_ISREG(old->st_mode))
-    failCall("写入文件", place, S_ISDIR(old->st_mode) ? EISDIR : kNoPlainFile);
+  const PathKind old = kindOf(place);
+  if (old == PathKind::Folder) failCall("写入文件", place, EISDIR);
+  if (old == PathKind::Other) failCall("写入文件", place, kNoPlainFile);
   return place;
 }
 
@@ -23,7 +24,7 @@ ReplacedFile::ReplacedFile(const std::filesystem::path& place)
       m_file(File(m_beside, File::Mode::Create, place)) {}
 
 ReplacedFile::~ReplacedFile() {
-  if (m_waits) unlink(m_beside.c_str());
+  if (m_waits) dropFile(m_beside);
 }
 
 void ReplacedFile::write(std::span<const std::byte> bytes) {

@@ -1,0 +1,7 @@
+#include "platform/fault_stack.h"
+
+namespace triaxlab {
+
+std::string stackOfFault() { return {}; }
+
+}  // namespace triaxlab

@@ -1,0 +1,45 @@
+// What is done with whole files, on every system.
+#include <fmt/core.h>
+
+#include <cerrno>
+
+#include "common/user_error.h"
+#include "platform/files.h"
+#include "platform/os/calls.h"
+#include "platform/replaced_file.h"
+
+namespace triaxlab {
+
+File::File(const std::filesystem::path& path, Mode mode) : File(path, mode, path) {}
+
+Bytes readWholeFile(const std::filesystem::path& path, std::uint64_t limit) {
+  const File file(path, File::Mode::Read);
+  const std::uint64_t size = file.size();
+  if (size > limit)
+    throw UserError(fmt::format("文件“{}”太大：{} 字节，最多 {} 字节。", textOfPath(path), size, limit));
+  Bytes content(size);
+  content.resize(file.readAt(0, content));
+  return content;
+}
+
+void writeWholeFile(const std::filesystem::path& path, std::span<const std::byte> content) {
+  ReplacedFile file(behindLinks(path));
+  file.write(content);
+  file.finish();
+}
+
+void renameFile(const std::filesystem::path& from, const std::filesystem::path& to) {
+  if (!renameOver(from, to)) failCall("写入文件", to, EXDEV);
+}
+
+void moveFile(const std::filesystem::path& from, const std::filesystem::path& to) {
+  takePermissions(from, to);
+  if (renameOver(from, to)) return;
+  const File source(from, File::Mode::Read);
+  ReplacedFile copy(to);
+  copy.copyContentOf(source);
+  copy.finish();
+  dropFile(from);
+}
+
+}  // namespace triaxlab
