@@ -72,11 +72,10 @@ KeyStroke characterStroke(const QString& character, Qt::KeyboardModifiers modifi
   return {hasCode ? int{code} : int{Qt::Key_unknown}, modifiers, isText ? character : QString()};
 }
 
-/// Without an active window the toolkit triggers no shortcuts; then it is done here.
+/// The toolkit triggers shortcuts for keys that come from the desktop only. Those of a window behind are out of reach.
 bool triggerShortcut(const QWidget* widget, const KeyStroke& stroke) {
-  if (QApplication::activeWindow() != nullptr) return false;
   const QKeySequence wanted(QKeyCombination(stroke.modifiers, static_cast<Qt::Key>(stroke.key)));
-  for (const QWidget* at = widget; at != nullptr; at = at->parentWidget())
+  for (const QWidget* at = widget; at != nullptr; at = at->isWindow() ? nullptr : at->parentWidget())
     for (QAction* const action : at->findChildren<QAction*>())
       if (action->shortcut() == wanted && action->isEnabled()) {
         action->trigger();
