@@ -111,6 +111,7 @@ void ShellSession::startDemonstration(const Command& /*command*/) {
   const std::filesystem::path folder = demonstrationFolder(m_workspace.applicationFolder);
   prepareDemonstration(folder, programParts().data / "samples");
   m_windows.startAgain(folder);
+  showRemarks({"演示在另一个窗口里打开。"});
 }
 
 // ---- what was dropped on the main window

@@ -16,7 +16,7 @@ constexpr int kMargin = 28, kBetween = 40;  // pixels
 constexpr int kHeadingHeight = 16;
 constexpr QColor kDetailInk(96, 96, 96);
 /// What stands at the right; all else shares the left, which is filled from the top.
-constexpr std::string_view kWideSection = "读入原始数据";
+constexpr std::string_view kWideSection = "读入原始数据，也可以把文件拖进来";
 
 QString captionOf(std::string_view text) { return words(text).replace('&', "&&"); }
 

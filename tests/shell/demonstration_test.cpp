@@ -62,6 +62,7 @@ TEST_F(Demonstration, KeepsWhatSomebodyHasMadeOfIt) {
 TEST_F(Demonstration, IsStartedBesideTheProgram) {
   EXPECT_TRUE(shell.trigger("DEMO"));
   EXPECT_THAT(windows.take(), ElementsAre("start " + folder.string()));
+  EXPECT_EQ(shell.statusTexts()[0], "演示在另一个窗口里打开。");
   lab.workspace.applicationFolder = folder;
   EXPECT_TRUE(shell.trigger("DEMO"));
   EXPECT_THAT(windows.take(), SizeIs(0));

@@ -102,7 +102,7 @@ TEST_F(Shell, TheStartPageTellsWhereThereAreDataToImport) {
   const std::vector<StartSection> page = shell.startPage();
   ASSERT_THAT(page, SizeIs(3)) << "no recent project yet";
   const std::vector<StartEntry>& sources = page[1].entries;
-  EXPECT_EQ(page[1].heading, "读入原始数据");
+  EXPECT_EQ(page[1].heading, "读入原始数据，也可以把文件拖进来");
   const auto datx = std::ranges::find(sources, "OWINSZDAT", &StartEntry::command);
   ASSERT_NE(datx, sources.end());
   EXPECT_EQ(datx->detail, "没有文件夹 /nowhere");
