@@ -177,7 +177,7 @@ constexpr std::array kCommands{
 
     submenu("RZMHELP", "帮助"),
     withKey(entry("MANUAL", "手册", "RZMHELP", A::ShowManual), "F1"),
-    entry("KEYS", "键盘", "RZMHELP", A::ShowKeys),
+    withKey(entry("KEYS", "键盘", "RZMHELP", A::ShowKeys), "Shift+F1"),
     entry("DEMO", "演示", "RZMHELP", A::StartDemonstration),
     belowLine(entry("ABOUT", "关于", "RZMHELP", A::ShowAbout)),
 };

@@ -78,7 +78,8 @@ MDIForm1::MDIForm1(Workspace& workspace, Dialogs& dialogs, WindowMemory* memory)
   connect(m_menu->menu("RZMWINDOW"), &QMenu::aboutToShow, this, &MDIForm1::listOpenWindows);
   connect(m_startPage, &StartPageView::chosen, this, [this](std::string_view command) { m_shell.trigger(command); });
   connect(m_area, &QMdiArea::subWindowActivated, this, &MDIForm1::documentCameToFront);
-  new HelpKey(this, [this] { m_shell.trigger("MANUAL"); });
+  new HelpKey(
+      this, [this] { m_shell.trigger("MANUAL"); }, [this] { m_shell.trigger("KEYS"); });
   new FileDrop(this, [this](const FileDrop::Paths& paths) { m_shell.openDropped(paths); });
   takeFirstPlace();
   refresh();

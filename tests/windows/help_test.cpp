@@ -146,6 +146,16 @@ TEST(PlayHelp, F1OpensTheManualBesideAModalWindowToo) {
   EXPECT_THAT(result.out, HasSubstr("源文件目录"));
 }
 
+TEST(PlayHelp, ADialogTellsItsKeysByShiftF1) {
+  const PlayedProgram program;
+  const PlayResult result =
+      program.play("menu HABITS\nkey Shift+F1\nget Manual.Page\nclose Manual\nclick HABITSFORM.Return\n");
+  EXPECT_EQ(result.errors, "");
+  EXPECT_THAT(result.out, HasSubstr("到这个关键字的值上"));
+  EXPECT_THAT(result.out, HasSubstr("离开，等于 取 消 或 返 回"));
+  EXPECT_EQ(result.out.find("Ctrl+S"), std::string::npos) << "the menu is out of reach";
+}
+
 TEST(PlayHelp, TheKeysAreThoseOfTheWindowInFront) {
   const PlayedProgram program;
   const PlayResult result = program.play(

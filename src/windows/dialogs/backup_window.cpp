@@ -48,6 +48,10 @@ void BackupWindow::restore() {
   actToEnd([this] { return m_session.restore(); });
 }
 
+std::vector<KeyGroup> BackupWindow::keyHelp() const {
+  return {{"备份的列表", {{keyName(Qt::Key_Return), "恢复选中的一份"}}}};
+}
+
 void BackupWindow::showState() { m_copies->setCurrentCell(m_session.currentRow(), 1); }
 
 }  // namespace triaxlab

@@ -132,6 +132,10 @@ void HabitsWindow::reject() {
   if (closes) QDialog::reject();
 }
 
+std::vector<KeyGroup> HabitsWindow::keyHelp() const {
+  return {{"关键字的列表", {{keyName(Qt::Key_Return), "到这个关键字的值上"}}}};
+}
+
 void HabitsWindow::showState() {
   m_files->setCurrentIndex(static_cast<int>(m_session.currentFile()));
   m_fileNote->setText(words(m_session.fileNote()));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sessions/dialogs/habits_session.h"
+#include "windows/controls/key_help.h"
 #include "windows/dialogs/session_dialog.h"
 
 class QCheckBox;
@@ -15,11 +16,13 @@ class GridView;
 
 /// 实验室习惯: the keys of a text settings file in a list, the chosen one beside it with what it does, its value and
 /// how a page looks with it; the data folder below.
-class HabitsWindow : public SessionDialog {
+class HabitsWindow : public SessionDialog, public KeyedWindow {
   Q_OBJECT
 
  public:
   HabitsWindow(QWidget* parent, HabitsSession& session);
+
+  std::vector<KeyGroup> keyHelp() const override;
 
   /// Esc and the corner.
   void reject() override;
