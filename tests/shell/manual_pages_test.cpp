@@ -118,7 +118,7 @@ std::vector<std::string> literalsOf(const std::string& source) {
 
 /// What is fixed in a sentence that the program says: between what is put in and the ends of lines.
 std::vector<std::string> fixedParts(const std::string& sentence) {
-  static const std::regex kPutIn(R"re(\{[^}]*\}|\\n|\\")re");
+  static const std::regex kPutIn(R"re(\{[^}]*\}|%\d|\\n|\\")re");
   std::vector<std::string> parts(std::sregex_token_iterator(sentence.begin(), sentence.end(), kPutIn, -1), {});
   // Shorter ones tell nothing by themselves: six characters of Chinese.
   std::erase_if(parts, [](const std::string& part) { return part.size() < 18; });
