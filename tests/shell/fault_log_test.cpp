@@ -120,6 +120,7 @@ TEST_F(GuardedEnd, AnExceptionThatNobodyCatchesIsReportedOnce) {
   EXPECT_THAT(report(), Not(HasSubstr("SIGABRT")));
 }
 
+#ifndef _WIN32
 TEST_F(GuardedEnd, ASignalLeavesANote) {
   EXPECT_DEATH(
       {
@@ -132,6 +133,7 @@ TEST_F(GuardedEnd, ASignalLeavesANote) {
   EXPECT_THAT(report(), StartsWith("triaxlab 9.8.7，"));
   EXPECT_THAT(report(), EndsWith(" 启动，意外中断\nSIGSEGV\n命令: NEW ZMOPEN\n\n"));
 }
+#endif
 
 TEST_F(GuardedEnd, AnUnwritableFolderIsNoFurtherFault) {
   FaultLog nowhere(folder.path() / "gone", "triaxlab", "9.8.7");
