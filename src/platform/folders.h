@@ -13,7 +13,8 @@ std::vector<std::string> listFolders(const std::filesystem::path& folder);
 /// The folder that a variable of the environment names; empty when the variable is missing.
 std::filesystem::path folderNamedBy(const char* variable);
 
-/// Where the system has programs keep what belongs to the person at the machine.
+/// Where the system has programs keep what belongs to the person at the machine; empty when the environment doesn't
+/// tell it, as that of a service may not.
 std::filesystem::path personalDataFolder();
 
 /// Where a person looks for a disk: "/", then the mounted disks, sticks and shares of the network in ascending order.

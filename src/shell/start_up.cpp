@@ -82,7 +82,10 @@ bool takesSettings(const ProgramParts& parts) {
 
 }  // namespace
 
-fs::path userDataFolder() { return personalDataFolder() / "triaxlab"; }
+fs::path userDataFolder() {
+  const fs::path personal = personalDataFolder();
+  return personal.empty() ? personal : personal / "triaxlab";
+}
 
 std::optional<fs::path> namedApplicationFolder(const std::optional<fs::path>& option) {
   if (option) return option;
@@ -97,6 +100,8 @@ fs::path chooseApplicationFolder(const std::optional<fs::path>& named, const Pro
   if (named) {
     folder = *named;
   } else if (!takesSettings(parts)) {
+    if (userData.empty())
+      throw UserError("不知道设置和数据放在哪里：环境变量 HOME 没有设置。请用 --app 或 TRIAXLAB_APP 指定文件夹。");
     folder = userData;
     fs::create_directories(folder, ignored);
   }

@@ -10,7 +10,7 @@
 
 namespace triaxlab {
 
-/// This user's own data folder for the program; it need not exist.
+/// This user's own data folder for the program; it need not exist. Empty when the environment doesn't tell it.
 std::filesystem::path userDataFolder();
 
 /// The folder that was named for this run: by --app, else by the variable TRIAXLAB_APP.
@@ -18,7 +18,8 @@ std::optional<std::filesystem::path> namedApplicationFolder(const std::optional<
 
 /// The application folder of this run: the one named, else that of the programs, else the user's own, which is made.
 /// That of the programs is none where they are installed for everybody, unless a laboratory has made it one by a
-/// qvb.sys or a file .portable in it, nor where it can't be written. Absolute.
+/// qvb.sys or a file .portable in it, nor where it can't be written. Absolute. UserError when only the user's own is
+/// left and nobody knows it.
 std::filesystem::path chooseApplicationFolder(const std::optional<std::filesystem::path>& named,
                                               const ProgramParts& parts, const std::filesystem::path& userData);
 

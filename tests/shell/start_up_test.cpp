@@ -426,6 +426,13 @@ TEST(ApplicationFolder, WhereThatOfTheProgramsCantBeWrittenItIsTheUsersOwn) {
   EXPECT_TRUE(fs::is_directory(programs.userData));
 }
 
+TEST(ApplicationFolder, WithoutAHomeOneMustBeNamed) {
+  Programs programs(true);
+  programs.userData.clear();
+  EXPECT_THROW(programs.chosen(), UserError);
+  EXPECT_EQ(programs.chosen(programs.folder.path()), programs.folder.path());
+}
+
 TEST(ApplicationFolder, TheUsersOwnFolderFollowsTheDesktopsRule) {
   setenv("XDG_DATA_HOME", "/data/home", 1);
   EXPECT_EQ(userDataFolder(), fs::path("/data/home/triaxlab"));
@@ -434,6 +441,8 @@ TEST(ApplicationFolder, TheUsersOwnFolderFollowsTheDesktopsRule) {
   EXPECT_EQ(userDataFolder(), fs::path("/home/lab/.local/share/triaxlab"));
   unsetenv("XDG_DATA_HOME");
   EXPECT_EQ(userDataFolder(), fs::path("/home/lab/.local/share/triaxlab"));
+  unsetenv("HOME");
+  EXPECT_EQ(userDataFolder(), fs::path());
 }
 
 TEST(ApplicationFolder, TheExecutablesFolderHoldsThisProgram) {

@@ -42,8 +42,10 @@ fs::path folderNamedBy(const char* variable) {
 }
 
 fs::path personalDataFolder() {
-  const fs::path shared = folderNamedBy("XDG_DATA_HOME");
-  return shared.is_absolute() ? shared : folderNamedBy("HOME") / ".local/share";
+  const fs::path home = folderNamedBy("HOME");
+  fs::path shared = folderNamedBy("XDG_DATA_HOME");
+  if (shared.is_absolute()) return shared;
+  return home.is_absolute() ? home / ".local/share" : fs::path();
 }
 
 std::vector<fs::path> mountedVolumes(const fs::path& mountTable) {
