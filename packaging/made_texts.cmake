@@ -13,7 +13,7 @@ execute_process(COMMAND date --utc --date=@${changed_at} +%F OUTPUT_VARIABLE cha
 
 # Two builds of one version differ in nothing, so its texts bear its day and not the day of the build.
 set(made ${CMAKE_CURRENT_BINARY_DIR})
-set(of_this_day ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=${changed_at} LC_ALL=C.UTF-8)
+set(of_this_day ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=${changed_at} LC_ALL=C.UTF-8 "QT_LOGGING_RULES=*.warning=false")
 
 # zipped(SOURCE NAME): adds NAME.gz of the build folder to what is made, and leaves it in ${file}.
 set(made_files "")
