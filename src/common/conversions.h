@@ -11,15 +11,19 @@ namespace triaxlab {
 // what it held, and the next statement runs. These helpers say so in types: a conversion that fails has no value, and
 // `assignIf` leaves the target alone.
 
+/// std::nearbyint without its call: so far from 0 a double has no places for a fraction, and the sum is rounded to the
+/// nearest whole number, ties to even in the default rounding mode, which nobody changes. For magnitudes below 2^51.
+inline double nearestWhole(double value) {
+  constexpr double kNoFractions = 0x1.8p52;
+  return (value + kNoFractions) - kNoFractions;
+}
+
 namespace detail {
 template <class Integer>
 std::optional<Integer> nearest(double value) {
   constexpr double kLowest = std::numeric_limits<Integer>::min(), kHighest = std::numeric_limits<Integer>::max();
   if (!(value > kLowest - 1 && value < kHighest + 1)) return std::nullopt;
-  // std::nearbyint without its call: so far from 0 a double has no places for a fraction, and the sum is rounded to the
-  // nearest whole number, ties to even in the default rounding mode, which nobody changes.
-  constexpr double kNoFractions = 0x1.8p52;
-  const double rounded = (value + kNoFractions) - kNoFractions;
+  const double rounded = nearestWhole(value);
   if (rounded < kLowest || rounded > kHighest) return std::nullopt;
   return static_cast<Integer>(rounded);
 }

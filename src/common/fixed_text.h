@@ -75,7 +75,8 @@ class FixedText {
   bool setShort(double value, NumberFormat format, double& written) {
     if constexpr (detail::kFitsAWord<N>) {
       if (format == NumberFormat::Whole) return detail::writeWholeNumber<N>(m_places.data(), value, written);
-      if (format == NumberFormat::Tenths) return detail::writeTenths<N>(m_places.data(), value, written);
+      if (format == NumberFormat::Tenths) return detail::writeDecimals<N, 10>(m_places.data(), value, written);
+      if (format == NumberFormat::Hundredths) return detail::writeDecimals<N, 100>(m_places.data(), value, written);
     }
     return false;
   }

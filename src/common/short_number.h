@@ -8,12 +8,15 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "common/conversions.h"
+
 namespace triaxlab::detail {
 
-// Nearly every number field of a record holds a number of a few digits behind an optional minus, whole or with one
-// decimal, left-justified and blank-padded. These read and write such a field as one machine word, several times faster
-// than the general ParseNumber and FormatNumber and with the same result. They say false, and change nothing, when the
-// field or the value is of another form, which is then the general functions' business.
+// Nearly every number field of a record holds a number of a few digits behind an optional minus, whole or with a
+// decimal or two, left-justified and blank-padded. These read such a field, if it has no second decimal, and write it
+// as one machine word, several times faster than the general ParseNumber and FormatNumber and with the same result.
+// They say false, and the field stays as it is, when the field or the value is of another form, which is then the
+// general functions' business.
 
 inline constexpr std::uint64_t kEachByte = 0x0101010101010101;
 
@@ -22,7 +25,7 @@ template <std::size_t N>
 inline constexpr bool kFitsAWord = N >= 4 && N < sizeof(std::uint64_t) && std::endian::native == std::endian::little;
 
 template <class Part>
-std::uint64_t loadPart(const char* at) {
+inline std::uint64_t loadPart(const char* at) {
   Part part;
   std::memcpy(&part, at, sizeof part);
   return part;
@@ -31,7 +34,7 @@ std::uint64_t loadPart(const char* at) {
 /// The places with the first as the lowest byte, and blanks behind them. Put together in a register: a copy into a word
 /// in memory would be read back before it is whole there, which stalls.
 template <std::size_t N>
-std::uint64_t loadPlaces(const char* places) {
+inline std::uint64_t loadPlaces(const char* places) {
   static_assert(kFitsAWord<N>);
   std::uint64_t text = kEachByte * ' ' << 8 * N | loadPart<std::uint32_t>(places);
   if constexpr ((N & 2) != 0) text |= loadPart<std::uint16_t>(places + 4) << 32;
@@ -50,7 +53,7 @@ inline double numberOfDigits(std::uint64_t digits) {
 }
 
 template <std::size_t N>
-bool readShortNumber(const char* places, double& value) {
+inline bool readShortNumber(const char* places, double& value) {
   std::uint64_t text = loadPlaces<N>(places);
   if (text == kEachByte * ' ') {
     value = 0;
@@ -84,46 +87,51 @@ extern const std::array<std::uint64_t, kBeyondShort> kShortTexts;
 
 /// A short text in the places of a field.
 template <std::size_t N>
-void storePlaces(char* places, std::uint64_t text, bool negative) {
+inline void storePlaces(char* places, std::uint64_t text, bool negative) {
   static_assert(kFitsAWord<N>);
   if (negative) text = text << 8 | '-';
   std::memcpy(places, &text, N);
 }
 
 /// Writes the value rounded to a whole number of up to four digits, if the field holds them all, and says which number
-/// it was. Near a half the decimal rendering decides, which is the general functions' business.
+/// it was. Half a number goes away from zero. Near a half the decimal rendering decides, which is the general
+/// functions' business.
 template <std::size_t N>
-bool writeWholeNumber(char* places, double value, double& written) {
+inline bool writeWholeNumber(char* places, double value, double& written) {
   static_assert(kFitsAWord<N>);
   constexpr double kMost = 9999, kLeast = N == 4 ? -999 : -kMost;
-  if (!(value >= kLeast && value <= kMost)) return false;
-  auto whole = static_cast<std::int32_t>(value);
-  if (const double fraction = std::fabs(value - whole); fraction != 0) {
-    if (std::fabs(fraction - 0.5) < 0.01) return false;
-    whole = static_cast<std::int32_t>(value + std::copysign(0.5, value));
+  written = nearestWhole(value);
+  if (const double rest = std::fabs(value - written); rest > 0.49) {
+    if (rest != 0.5) return false;
+    written = value + std::copysign(0.5, value);
   }
-  written = whole;
+  if (!(written >= kLeast && written <= kMost)) return false;
+  const auto whole = static_cast<std::int32_t>(written);
   storePlaces<N>(places, kShortTexts[static_cast<std::size_t>(std::abs(whole))], whole < 0);
   return true;
 }
 
-/// The same with one decimal.
-template <std::size_t N>
-bool writeTenths(char* places, double value, double& written) {
-  constexpr double kMost = N == 7 ? 9999.8 : 999.8;  // behind a minus, too
-  const double scaled = std::fabs(value) * 10;
-  if (N < 6 || !(scaled < kMost * 10)) return false;
-  const auto below = static_cast<std::int32_t>(scaled);
-  const double rest = scaled - below;
+/// The same with one decimal or two, of up to five digits: so far the seven digits of a float round as the float does.
+template <std::size_t N, std::int32_t kUnits>
+inline bool writeDecimals(char* places, double value, double& written) {
+  static_assert(kUnits == 10 || kUnits == 100);
+  constexpr double kMost = 99998, kLeast = N == 7 ? -kMost : -9998;  // the point and the minus take a place each
+  const double scaled = value * kUnits;
+  if (N < 6 || !(scaled > kLeast && scaled < kMost)) return false;
+  const double magnitude = std::fabs(scaled);
+  const auto below = static_cast<std::int32_t>(magnitude);
+  const double rest = magnitude - below;
   if (std::fabs(rest - 0.5) < 0.01) return false;
-  const std::int32_t tenths = rest > 0.5 ? below + 1 : below;
-  const bool negative = value < 0 && tenths != 0;
-  written = (negative ? -tenths : tenths) / 10.0;
-  const int whole = tenths / 10;
+  const std::int32_t units = rest > 0.5 ? below + 1 : below;
+  const bool negative = value < 0 && units != 0;
+  written = (negative ? -units : units) / double{kUnits};
+  const std::int32_t whole = units / kUnits;
   const auto digits = 1U + (whole > 9) + (whole > 99) + (whole > 999);
-  // The point and the decimal go into blanks.
-  const std::uint64_t behind = std::uint64_t{'.' - ' '} | static_cast<std::uint64_t>('0' - ' ' + tenths % 10) << 8;
-  storePlaces<N>(places, kShortTexts[static_cast<std::size_t>(whole)] + (behind << 8 * digits), negative);
+  // The decimals as digits behind a 1, which becomes the point; they go into blanks.
+  const std::uint64_t decimals = kShortTexts[static_cast<std::size_t>(kUnits + units % kUnits)] - ('1' - '.');
+  const std::uint64_t text =
+      kShortTexts[static_cast<std::size_t>(whole)] + ((decimals - kEachByte * ' ') << 8 * digits);
+  storePlaces<N>(places, text, negative);
   return true;
 }
 

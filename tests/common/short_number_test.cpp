@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <initializer_list>
 #include <limits>
 #include <random>
 #include <string>
@@ -27,8 +28,9 @@ void expectReadAlike(std::string_view places) {
 
 /// A number written in one word is the text of FormatNumber, cut at the width.
 template <std::size_t N>
-void expectWrittenAlike(double value) {
-  for (const NumberFormat format : {NumberFormat::Whole, NumberFormat::Tenths}) {
+void expectWrittenAlike(double value,
+                        std::initializer_list<NumberFormat> formats = {NumberFormat::Whole, NumberFormat::Tenths}) {
+  for (const NumberFormat format : formats) {
     FixedText<N> field, plain;
     SetText(field, "#######");
     SetText(plain, FormatNumber(value, format));
@@ -97,12 +99,13 @@ TEST(ShortNumber, EveryWholeNumberAroundTheOtherWidths) {
 }
 
 TEST(ShortNumber, ValuesOfAnotherForm) {
+  const auto allFormats = {NumberFormat::Whole, NumberFormat::Tenths, NumberFormat::Hundredths};
   for (const double value : {0.5, -0.5, 0.49999, -0.4, -0.0, 2.5, 99999.5, 999999.5, -9999.5, 1e9, 1e10, -1e10, 1e15,
                              1e16, 1e-300, 2147483647.0, 2147483648.0, -2147483649.0, 1e300}) {
-    expectWrittenAlike<4>(value);
-    expectWrittenAlike<5>(value);
-    expectWrittenAlike<6>(value);
-    expectWrittenAlike<7>(value);
+    expectWrittenAlike<4>(value, allFormats);
+    expectWrittenAlike<5>(value, allFormats);
+    expectWrittenAlike<6>(value, allFormats);
+    expectWrittenAlike<7>(value, allFormats);
   }
 }
 
@@ -110,6 +113,23 @@ TEST(ShortNumber, EveryTenthThatSixPlacesHoldAndWhatLiesBetween) {
   for (int hundredths = -1100100; hundredths <= 1100100; hundredths += 1) {
     expectWrittenAlike<6>(hundredths / 100.0);
     if (hundredths % 7 == 0) expectWrittenAlike<7>(hundredths / 100.0 + 0.004);
+  }
+}
+
+TEST(ShortNumber, EveryHundredthThatSixPlacesHoldAndWhatLiesBetween) {
+  for (int thousandths = -110100; thousandths <= 1010100; thousandths += 1) {
+    expectWrittenAlike<6>(thousandths / 1000.0, {NumberFormat::Hundredths});
+    if (thousandths % 7 == 0) expectWrittenAlike<7>(thousandths / 1000.0 + 0.0004, {NumberFormat::Hundredths});
+  }
+}
+
+TEST(ShortNumber, EveryHalfGoesAwayFromZeroAndItsNeighboursDoNot) {
+  for (int half = -20101; half <= 20101; half += 2) {
+    const double value = half / 2.0;
+    for (const double near : {value, std::nextafter(value, 1e9), std::nextafter(value, -1e9), value + 0.009}) {
+      expectWrittenAlike<4>(near, {NumberFormat::Whole});
+      expectWrittenAlike<6>(near, {NumberFormat::Whole});
+    }
   }
 }
 
@@ -129,6 +149,12 @@ TEST(ShortNumber, AFloatIsWrittenWithItsSevenDigits) {
     expectAlike(std::nextafter(tenths + 0.05F, 0.0F));
     expectAlike(tenths + 0.05F);
     expectAlike(std::nextafter(tenths + 0.05F, 1e9F));
+    if (number % 8 != 0) continue;
+    const float hundredths = tenths / 20;  // to 999.995
+    expectAlike(hundredths);
+    expectAlike(-hundredths);
+    expectAlike(std::nextafter(hundredths + 0.005F, 0.0F));
+    expectAlike(std::nextafter(hundredths + 0.005F, 1e9F));
   }
 }
 
