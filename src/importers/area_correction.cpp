@@ -1,60 +1,6 @@
 #include "importers/area_correction.h"
 
 namespace triaxlab {
-namespace {
-
-std::optional<double> unlessZero(double stress) {
-  if (stress == 0) return std::nullopt;
-  return stress;
-}
-
-/// The stress on the section that a specimen has at a strain, from the stress on its initial section.
-class SectionCorrection {
- public:
-  SectionCorrection(const TriaxialSampleRecord& record, std::size_t slot, DrainedForm form)
-      : m_method(record.testMethod),
-        m_zeroStays(form == DrainedForm::CommonSet),
-        m_initialArea(record.initialArea[slot].number()),
-        m_consolidatedArea(record.consolidatedArea[slot].number()),
-        m_height(record.consolidatedHeight[slot].number()),
-        m_drainedNumerator(m_initialArea) {
-    if (form == DrainedForm::OnInitialArea) return;
-    if (record.shearMode == 2)
-      m_height /= 100;
-    else
-      m_drainedNumerator = m_consolidatedArea;
-  }
-
-  /// Nothing: the reading stays as it is.
-  std::optional<double> operator()(double x, double strain, double drained) const {
-    switch (m_method) {
-      case kUU:
-        return unlessZero(x * (1 - strain));
-      case kCU:
-        if (m_consolidatedArea == 0) return std::nullopt;
-        return unlessZero(x * (1 - strain) * m_initialArea / m_consolidatedArea);
-      case kCD:
-        return drainedStress(x, strain, drained);
-      default:
-        return std::nullopt;
-    }
-  }
-
- private:
-  std::optional<double> drainedStress(double x, double strain, double drained) const {
-    const auto section = drainedSection(m_consolidatedArea, m_height, drained, strain);
-    if (!section) return std::nullopt;
-    const double stress = x * m_drainedNumerator / *section;
-    return m_zeroStays ? unlessZero(stress) : stress;
-  }
-
-  std::uint8_t m_method;
-  bool m_zeroStays;
-  double m_initialArea, m_consolidatedArea, m_height;
-  double m_drainedNumerator;  // the area above the line of a CD test
-};
-
-}  // namespace
 
 double strainOfEarlierStages(const TriaxialSampleRecord& row, std::size_t stage) {
   double strain = 0;
@@ -82,8 +28,40 @@ std::optional<double> drainedSection(double consolidatedArea, double consolidate
   return volume / height;
 }
 
-void correctStressOnInitialSection(TriaxialSampleRecord& record, std::size_t slot, DrainedForm form) {
-  correctForArea(record, slot, SectionCorrection(record, slot, form));
+SectionCorrection::SectionCorrection(const TriaxialSampleRecord& record, std::size_t slot, DrainedForm form)
+    : m_method(record.testMethod),
+      m_zeroStays(form == DrainedForm::CommonSet),
+      m_initialArea(record.initialArea[slot].number()),
+      m_consolidatedArea(record.consolidatedArea[slot].number()),
+      m_height(record.consolidatedHeight[slot].number()),
+      m_drainedNumerator(m_initialArea),
+      m_strains(record, slot) {
+  if (form == DrainedForm::OnInitialArea) return;
+  if (record.shearMode == 2)
+    m_height /= 100;
+  else
+    m_drainedNumerator = m_consolidatedArea;
+}
+
+double SectionCorrection::stress(double reading, std::size_t row, std::int16_t volume) const {
+  if (reading == 0 || row >= kCorrectedRows) return reading;
+  const double strain = m_strains.of(row);
+  const auto unlessZero = [reading](double stress) { return stress != 0 ? stress : reading; };
+  switch (m_method) {
+    case kUU:
+      return unlessZero(reading * (1 - strain));
+    case kCU:
+      if (m_consolidatedArea == 0) return reading;
+      return unlessZero(reading * (1 - strain) * m_initialArea / m_consolidatedArea);
+    case kCD: {
+      const auto section = drainedSection(m_consolidatedArea, m_height, drainedVolume(volume), strain);
+      if (!section) return reading;
+      const double stress = reading * m_drainedNumerator / *section;
+      return m_zeroStays ? unlessZero(stress) : stress;
+    }
+    default:
+      return reading;
+  }
 }
 
 }  // namespace triaxlab

@@ -52,24 +52,8 @@ class RowStrains {
   double m_step, m_used;
 };
 
-/// The volume that a row has drained, whatever its sign.
-inline double drainedVolume(const TriaxialSampleRecord& record, std::size_t row, std::size_t slot) {
-  return std::abs(record.volumeChange[row][slot] / 100.0);
-}
-
-/// Replaces the readings of a slot, rows without one apart, by what `correct(reading, strain, drained volume)` makes of
-/// them, an std::optional<double> in kPa; nothing leaves the row as it is.
-template <class Correct>
-void correctForArea(TriaxialSampleRecord& record, std::size_t slot, Correct&& correct) {
-  const RowStrains strains(record, slot);
-  for (std::size_t row = 0; row < kCorrectedRows; ++row) {
-    FixedText<6>& stress = record.deviatorStress[row][slot];
-    const double reading = stress.number();
-    if (reading == 0) continue;
-    const std::optional<double> corrected = correct(reading, strains.of(row), drainedVolume(record, row, slot));
-    if (corrected) SetNumber(stress, *corrected, NumberFormat::Whole);
-  }
-}
+/// The volume that a reading has drained, whatever its sign.
+inline double drainedVolume(std::int16_t hundredths) { return std::abs(hundredths / 100.0); }
 
 /// How the generations of the apparatus differ in the correction of their CD tests.
 enum class DrainedForm : std::uint8_t {
@@ -78,7 +62,22 @@ enum class DrainedForm : std::uint8_t {
   CommonSet,      // ByShearMode, and a result of 0 leaves the row as it is
 };
 
-/// The correction of stresses that were worked out on the initial section.
-void correctStressOnInitialSection(TriaxialSampleRecord& record, std::size_t slot, DrainedForm form);
+/// The correction of stresses that were worked out on the initial section, each before it goes into its row: no text is
+/// written that would be read and written again.
+class SectionCorrection {
+ public:
+  /// Pre: the slot has its measures, and the slots in front have their readings.
+  SectionCorrection(const TriaxialSampleRecord& record, std::size_t slot, DrainedForm form);
+  /// The stress of a row, kPa, from the reading and the volume that goes with it, 0.01 ml. A reading that can't be
+  /// corrected stays as it is. Words of 16 bits give no stress that isn't finite.
+  double stress(double reading, std::size_t row, std::int16_t volume) const;
+
+ private:
+  std::uint8_t m_method;
+  bool m_zeroStays;
+  double m_initialArea, m_consolidatedArea, m_height;
+  double m_drainedNumerator;  // the area above the line of a CD test
+  RowStrains m_strains;
+};
 
 }  // namespace triaxlab

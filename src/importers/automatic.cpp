@@ -146,8 +146,8 @@ struct CurrentReader {
   static std::int16_t hundredthsOfOlderVolume(std::int16_t word) {
     return static_cast<std::int16_t>(wholeOfTenths(word));
   }
-  static void finish(Record& row, std::size_t slot, bool newerBlock) {
-    correctStressOnInitialSection(row, slot, newerBlock ? DrainedForm::OnInitialArea : DrainedForm::ByShearMode);
+  static SectionCorrection correction(const Record& row, std::size_t slot, bool newerBlock) {
+    return {row, slot, newerBlock ? DrainedForm::OnInitialArea : DrainedForm::ByShearMode};
   }
 };
 
@@ -162,7 +162,10 @@ struct FirstReader {
   static bool hasConsolidatedSize(std::uint8_t /*testMethod*/) { return true; }
   static std::int16_t poreWord(std::int16_t word) { return word; }
   static std::int16_t hundredthsOfOlderVolume(std::int16_t word) { return toInt16(word / 10.0).value_or(0); }
-  static void finish(Record& /*row*/, std::size_t /*slot*/, bool /*newerBlock*/) {}
+  struct NoCorrection {
+    static double stress(double reading, std::size_t /*row*/, std::int16_t /*volume*/) { return reading; }
+  };
+  static NoCorrection correction(const Record& /*row*/, std::size_t /*slot*/, bool /*newerBlock*/) { return {}; }
 };
 
 // ---- the index
@@ -243,14 +246,17 @@ BlockExtent judgeBlock(const AutomaticEntry& entry, const FileHead& head, Eviden
 template <class Reader>
 void fillShear(const AutoSpecimenRecord& raw, bool newerBlock, Record& row, std::size_t slot) {
   const bool unscaledStress = newerBlock && (raw.recordCodeB == 12 || raw.recordCodeB == 13);
+  const auto correction = Reader::correction(row, slot, newerBlock);
   for (std::size_t reading = 1; reading < kImportedShearRows; ++reading) {
     const std::int16_t stress = raw.rawStress[reading], pore = raw.rawPore[reading];
     if (readingOrZero(stress) == 0) continue;
     const std::size_t i = reading - 1;
-    SetNumber(row.deviatorStress[i][slot], unscaledStress ? stress : wholeOfTenths(stress), NumberFormat::Whole);
+    const std::int16_t rawVolume = readingOrZero(raw.rawVolume[reading]);
+    const std::int16_t volume = newerBlock ? rawVolume : Reader::hundredthsOfOlderVolume(rawVolume);
+    const double read = unscaledStress ? stress : wholeOfTenths(stress);
+    SetNumber(row.deviatorStress[i][slot], correction.stress(read, i, volume), NumberFormat::Whole);
     if (pore != kNoReading) wholeOfTenthsInto(row.porePressure[i][slot], Reader::poreWord(pore));
-    const std::int16_t volume = readingOrZero(raw.rawVolume[reading]);
-    row.volumeChange[i][slot] = newerBlock ? volume : Reader::hundredthsOfOlderVolume(volume);
+    row.volumeChange[i][slot] = volume;
   }
 }
 
@@ -260,7 +266,6 @@ void fillSpecimen(const AutoSpecimenRecord& raw, bool newerBlock, Record& row, s
   if (Reader::hasConsolidatedSize(raw.testMethod)) fillFields(raw, row, slot, kConsolidatedSize);
   fillFields(raw, row, slot, Reader::kReadings);
   fillShear<Reader>(raw, newerBlock, row, slot);
-  Reader::finish(row, slot, newerBlock);
 }
 
 // ---- groups of specimens

@@ -37,7 +37,7 @@ struct SampleIdentity {
 /// What imports into the table of a kind of record need of it. A specialisation has
 ///   static constexpr SampleTable<Record> Workspace::*kTable
 /// where its axes are even,
-///   static void finish(Record&)                   writes them once all groups of a row are filled in
+///   static void finish(Record&)                   writes them behind the groups of a row; may be repeated
 /// and, when its sources gather specimens (BySample),
 ///   static void blankAgain(Record&)               blanks what a group that joins a row may have filled
 ///   static void join(const Record& from, Record& into)   the specimens of one record go into the other
@@ -108,13 +108,13 @@ class ImportPlan {
     projects.carryOut(document);
 
     Record joining;
-    // A row is made in the moment when it is filled, while it is at hand: the table is far larger than the caches.
+    // A row is made, filled and finished while it is at hand: the table is far larger than the caches.
     for (std::size_t group = 0; group < m_places.size(); ++group) {
-      fillPlace(group, fill, table[m_places[group].row], joining);
+      const std::size_t row = m_places[group].row;
+      fillPlace(group, fill, table[row], joining);
+      if (group + 1 == m_places.size() || m_places[group + 1].row != row) finish(table[row]);
       tell(progress, group + 1, m_places.size());
     }
-    if constexpr (requires(Record & row) { Target::finish(row); })
-      if (m_axes == Axes::Even) std::ranges::for_each(table.used(), Target::finish);
     std::ranges::move(projects.remarks(document), std::back_inserter(remarks));
     ImportReport report{.sampleRows = m_rowCount, .remarks = std::move(remarks)};
     report.samples =
@@ -141,6 +141,13 @@ class ImportPlan {
       }
     }
     fill(group, row);
+  }
+
+  /// A row to which later groups come back is finished again.
+  void finish([[maybe_unused]] Record& row) const {
+    using Target = ImportTarget<Record>;
+    if constexpr (requires { Target::finish(row); })
+      if (m_axes == Axes::Even) Target::finish(row);
   }
 
   Place placeOf(const SampleIdentity<Record>& identity, Gathering gathering) {

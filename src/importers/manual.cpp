@@ -205,13 +205,15 @@ void fillConsolidatedSize(const Raw& raw, Record& row) {
 
 /// Rows whose stress reads as 0 leave no gap: the later ones move up, pore pressure and volume with them.
 void fillShear(const Raw& raw, Record& row) {
+  const SectionCorrection correction(row, kSlot, DrainedForm::CommonSet);
   std::size_t i = 0;
   for (std::size_t reading = 1; reading < kImportedShearRows; ++reading) {
     const double stress = wholeOfTenths(readingOrZero(raw.rawStress[reading]));
     if (stress == 0) continue;
-    SetNumber(row.deviatorStress[i][kSlot], stress, NumberFormat::Whole);
+    const std::int16_t volume = readingOrZero(raw.rawVolume[reading]);
+    SetNumber(row.deviatorStress[i][kSlot], correction.stress(stress, i, volume), NumberFormat::Whole);
     if (raw.rawPore[reading] != kNoReading) wholeOfTenthsInto(row.porePressure[i][kSlot], raw.rawPore[reading]);
-    row.volumeChange[i][kSlot] = readingOrZero(raw.rawVolume[reading]);
+    row.volumeChange[i][kSlot] = volume;
     ++i;
   }
 }
@@ -238,7 +240,6 @@ struct ManualFormat {
     fillFields(*raw, row, kSlot, kSpecimenFields);
     fillConsolidatedSize(*raw, row);
     fillShear(*raw, row);
-    correctStressOnInitialSection(row, kSlot, DrainedForm::CommonSet);
   }
 };
 

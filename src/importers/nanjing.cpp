@@ -164,7 +164,8 @@ void fillRow(const NanjingSample& sample, TriaxialSampleRecord& row) {
   row.cellPressure[0] = sample.cellPressure;
   if (!sample.readings) return;
   for (std::size_t i = 0; i < kTakenReadings; ++i) {
-    SetNumber(row.deviatorStress[i][0], (*sample.readings)[i] / 100.0, NumberFormat::Tenths);
+    const int tenths = ((*sample.readings)[i] + 5) / 10;  // as the format "0.0" rounds the hundredths
+    SetNumber(row.deviatorStress[i][0], tenths / 10.0, NumberFormat::Tenths);
     row.axialStrain[i][0] = static_cast<float>(static_cast<double>(i) / 10);
   }
 }

@@ -8,7 +8,6 @@
 #include <fmt/core.h>
 
 #include <array>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -241,11 +240,11 @@ void fillPoreAndVolume(const Raw& raw, Record& row, std::size_t slot) {
 /// The load in N as its text to one decimal reads. Its words, tenths of a division and thousandths of a newton, have a
 /// whole product, so it is rounded without the text; only a load that doesn't fit the six places goes through it.
 double loadOf(const Raw& raw, std::size_t reading, FixedText<6>& text) {
-  constexpr double kBeyond = 99999.5, kBeyondNegative = -9999.5;
-  const auto product = static_cast<double>(raw.rawDial[reading] * raw.rawRingCoefficient);
-  const double tenths = std::round(product / 1000);
-  if (tenths > kBeyondNegative && tenths < kBeyond) return tenths / 10;
-  return SetAndRead(text, product / 10000, NumberFormat::Tenths);
+  constexpr int kMost = 99999, kLeast = -9999;
+  const int product = raw.rawDial[reading] * raw.rawRingCoefficient;
+  const int tenths = (product + (product < 0 ? -500 : 500)) / 1000;
+  if (tenths >= kLeast && tenths <= kMost) return tenths / 10.0;
+  return SetAndRead(text, product / 10000.0, NumberFormat::Tenths);
 }
 
 /// Every load becomes a stress, as far as it can be corrected, and so does what an earlier test at this pressure left
@@ -258,7 +257,8 @@ void fillStress(const Raw& raw, Record& row, std::size_t slot) {
     const bool isRead = hasReading(raw, i + 1);
     const double load = isRead ? loadOf(raw, i + 1, stress) : stress.number();
     std::optional<double> corrected;
-    if (load != 0 && i < kCorrectedRows) corrected = correction(load, strains.of(i), drainedVolume(row, i, slot));
+    if (load != 0 && i < kCorrectedRows)
+      corrected = correction(load, strains.of(i), drainedVolume(row.volumeChange[i][slot]));
     if (corrected)
       SetNumber(stress, *corrected, NumberFormat::Whole);
     else if (isRead)

@@ -117,22 +117,22 @@ class RingStress {
   /// Nothing when the load or the section comes to 0.
   std::optional<double> stress(std::int16_t dial, double strain, double drained) const {
     const double load = m_coefficient * dial;
-    const auto area = section(strain, drained);
-    if (load == 0 || !area) return std::nullopt;
-    return quotient(load, *area);
+    if (load == 0) return std::nullopt;
+    return quotient(load, section(strain, drained));
   }
 
  private:
-  std::optional<double> section(double strain, double drained) const {
+  /// 0 where there is none.
+  double section(double strain, double drained) const {
     switch (m_method) {
       case kUU:
-        return quotient(m_initialArea, 1 - strain);
+        return quotient(m_initialArea, 1 - strain).value_or(0);
       case kCU:
-        return quotient(m_consolidatedArea, 1 - strain);
+        return quotient(m_consolidatedArea, 1 - strain).value_or(0);
       case kCD:
-        return drainedSection(m_consolidatedArea, m_consolidatedHeight, drained, strain);
+        return drainedSection(m_consolidatedArea, m_consolidatedHeight, drained, strain).value_or(0);
       default:
-        return std::nullopt;
+        return 0;
     }
   }
 

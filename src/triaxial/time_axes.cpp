@@ -8,10 +8,10 @@
 namespace triaxlab {
 namespace {
 
-std::array<float, kShearRows> evenStrains(double step) {
-  std::array<float, kShearRows> strains{};
+ShearRows<Little<float>> evenStrains(double step) {
+  ShearRows<Little<float>> strains;
   for (std::size_t row = 0; row < kShearRows; ++row)
-    strains[row] = static_cast<float>(static_cast<double>(row + 1) * step);
+    strains[row].fill(static_cast<float>(static_cast<double>(row + 1) * step));
   return strains;
 }
 
@@ -26,19 +26,19 @@ std::int32_t consolidationSeconds(std::size_t row) {
 
 void fillConsolidationTimes(TriaxialSampleRecord& row) {
   for (std::size_t k = 0; k < kImportedConsolidationRows; ++k) {
+    const std::int32_t seconds = consolidationSeconds(k);
     for (std::size_t slot = 0; slot < kStages; ++slot) {
       // The first slot counts as read by its pore pressure alone.
       const bool drained = slot != 0 && row.consolidationVolume[k][slot] != 0;
       const bool isRead = row.consolidationPorePressure[k][slot] != 0 || drained;
-      row.consolidationTime[k][slot] = isRead ? consolidationSeconds(k) : 0;
+      row.consolidationTime[k][slot] = isRead ? seconds : 0;
     }
   }
 }
 
 void FillSampleTimeAxes(TriaxialSampleRecord& row) {
   static const auto narrow = evenStrains(0.2), wide = evenStrains(0.4);
-  const auto& strains = isMultiStage(row) ? narrow : wide;
-  for (std::size_t i = 0; i < kShearRows; ++i) row.axialStrain[i].fill(strains[i]);
+  row.axialStrain = isMultiStage(row) ? narrow : wide;
   fillConsolidationTimes(row);
 }
 
