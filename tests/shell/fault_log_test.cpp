@@ -37,7 +37,7 @@ TEST_F(FaultLogTest, AReportTellsTheVersionAndWhereTheFaultWas) {
   EXPECT_THAT(report(), HasSubstr("triaxlab 9.8.7\nstd::logic_error: words\n"));
   EXPECT_THAT(report(), HasSubstr("位置:\n"));
 #ifndef __SANITIZE_ADDRESS__
-  EXPECT_THAT(report(), HasSubstr("(shell_test+0x"));
+  EXPECT_THAT(report(), HasSubstr("(shell_test"));
 #endif
 }
 
