@@ -30,7 +30,7 @@ void printRemarks(const Remarks& remarks) {
   for (const std::string& remark : remarks) printError(remark);
 }
 
-void ConsoleDialogs::message(std::string_view title, std::string_view text, MessageIcon) {
+void ConsoleDialogs::message(std::string_view title, std::string_view text, MessageIcon /*icon*/) {
   printError(fmt::format("[{}] {}", title, text));
 }
 
@@ -39,15 +39,21 @@ bool ConsoleDialogs::ask(std::string_view title, std::string_view text, MessageI
   return true;
 }
 
-std::optional<std::filesystem::path> ConsoleDialogs::chooseFile(const FileQuestion&) { return std::nullopt; }
-
-std::optional<std::filesystem::path> ConsoleDialogs::chooseFileToSave(const FileQuestion&) { return std::nullopt; }
-
-std::optional<std::string> ConsoleDialogs::input(std::string_view, std::string_view, std::string_view) {
+std::optional<std::filesystem::path> ConsoleDialogs::chooseFile(const FileQuestion& /*question*/) {
   return std::nullopt;
 }
 
-std::optional<std::size_t> ConsoleDialogs::choose(std::string_view, std::string_view, std::span<const std::string>) {
+std::optional<std::filesystem::path> ConsoleDialogs::chooseFileToSave(const FileQuestion& /*question*/) {
+  return std::nullopt;
+}
+
+std::optional<std::string> ConsoleDialogs::input(std::string_view /*title*/, std::string_view /*prompt*/,
+                                                 std::string_view /*value*/) {
+  return std::nullopt;
+}
+
+std::optional<std::size_t> ConsoleDialogs::choose(std::string_view /*title*/, std::string_view /*text*/,
+                                                  std::span<const std::string> /*choices*/) {
   return std::nullopt;
 }
 

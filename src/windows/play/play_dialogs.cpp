@@ -35,13 +35,13 @@ std::optional<PlayDialogs::Reply> PlayDialogs::takeReply(std::string_view note) 
   return reply;
 }
 
-void PlayDialogs::message(std::string_view title, std::string_view text, MessageIcon) {
+void PlayDialogs::message(std::string_view title, std::string_view text, MessageIcon /*icon*/) {
   const std::string note = noteOf(title, text);
   const std::optional<Reply> reply = takeReply(note);
   if (reply && *reply != Reply::OK) fail("the message box has OK alone", note);
 }
 
-bool PlayDialogs::ask(std::string_view title, std::string_view text, MessageIcon) {
+bool PlayDialogs::ask(std::string_view title, std::string_view text, MessageIcon /*icon*/) {
   const std::string note = noteOf(title, text);
   const std::optional<Reply> reply = takeReply(note);
   if (reply && *reply != Reply::Yes && *reply != Reply::No) fail("the message box has Yes and No alone", note);
@@ -58,7 +58,8 @@ std::optional<std::filesystem::path> PlayDialogs::chooseFileToSave(const FileQue
   return chooseFile(question);
 }
 
-std::optional<std::string> PlayDialogs::input(std::string_view title, std::string_view prompt, std::string_view) {
+std::optional<std::string> PlayDialogs::input(std::string_view title, std::string_view prompt,
+                                              std::string_view /*value*/) {
   const auto answer = take(m_inputs);
   if (!answer) fail("an input box came and no input is queued", noteOf(title, prompt));
   return answer.value_or(std::nullopt);
