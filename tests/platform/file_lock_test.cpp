@@ -71,6 +71,7 @@ TEST(FileLocks, WaitUntilTheOtherIsDoneButNoLonger) {
 }
 
 TEST(FileLocks, AFolderIsLockedWithoutATrace) {
+  POSIX_ONLY("locks of folders");
   const TemporaryFolder folder;
   std::optional<FileLock> lock = takeNow(folder.path());
   EXPECT_TRUE(lock && lock->isOn(folder.path()));

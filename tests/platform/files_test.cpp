@@ -118,7 +118,7 @@ TEST_F(Files, ComplaintsNameTheFileAndTheCause) {
       {folder / longName, kTooLong},
   };
   for (const auto& [path, cause] : cases) {
-    const auto names = AllOf(HasSubstr(path.string()), HasSubstr(cause));
+    const auto names = AllOf(HasSubstr(textOfPath(path)), HasSubstr(cause));
     EXPECT_THAT(complaintOf([&] { File(path, File::Mode::Read); }), names);
     EXPECT_THAT(complaintOf([&] { File(path, File::Mode::Update); }), names);
     EXPECT_THAT(complaintOf([&] { readWholeFile(path, 100); }), names);

@@ -38,6 +38,7 @@ TEST(ListFolders, WhatCanNotBeReadIsSaid) {
 }
 
 TEST(MountedVolumes, DisksAndSharesBehindTheRoot) {
+  POSIX_ONLY("tables of mounts");
   const testing::TemporaryFolder folder;
   const fs::path stick = folder / "USB disk";
   fs::create_directory(stick);
@@ -67,6 +68,7 @@ TEST(MountedVolumes, DisksAndSharesBehindTheRoot) {
 }
 
 TEST(MountedVolumes, WithoutATableThereIsTheRoot) {
+  POSIX_ONLY("tables of mounts");
   EXPECT_THAT(mountedVolumes("/no/such/table"), ElementsAre("/"));
   EXPECT_EQ(mountedVolumes().front(), "/");
 }

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "common/user_error.h"
+#include "platform/files.h"
 #include "support/posix_only.h"
 #include "support/temporary_folder.h"
 
@@ -80,7 +81,8 @@ TEST_F(JsonDeviceTest, AFolderThatIsMissingIsToldByName) {
     device->beginPage(kA4);
     FAIL() << "a file in a folder that isn't there";
   } catch (const UserError& error) {
-    EXPECT_NE(std::string(error.what()).find("missing/pages.json”"), std::string::npos) << error.what();
+    EXPECT_NE(std::string(error.what()).find(textOfPath("missing/pages.json") + "”"), std::string::npos)
+        << error.what();
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/posix_only.h"
 #include "support/temporary_folder.h"
 
 namespace triaxlab {
@@ -53,6 +54,7 @@ TEST_F(Folders, OfAnUnpackedProgramAllPartsLieTogether) {
 }
 
 TEST_F(Folders, OfThisBuildTheyLieTogetherAndTheDemonstrationBesideThem) {
+  POSIX_ONLY("programs without an extension");
   const ProgramParts parts = programParts();
   EXPECT_FALSE(parts.isInstalled);
   EXPECT_TRUE(std::filesystem::exists(parts.programs / "platform_test"));

@@ -64,7 +64,7 @@ std::string errorOf(const fs::path& place) {
 
 TEST(ReplacedFile, ErrorsNameTheFileThatThePersonKnows) {
   const TemporaryFolder folder;
-  EXPECT_THAT(errorOf(folder.path() / "missing" / "report.csv"), HasSubstr("missing/report.csv”"));
+  EXPECT_THAT(errorOf(folder.path() / "missing" / "report.csv"), HasSubstr(textOfPath("missing/report.csv") + "”"));
   // A folder in the way: of the file beside, and of the place itself.
   fs::create_directory(folder / "report.csv.new");
   EXPECT_THAT(errorOf(folder / "report.csv"), HasSubstr("report.csv”"));

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <bit>
 #include <cstring>
 #include <filesystem>
 #include <map>
@@ -37,7 +39,8 @@ inline std::string int16Bytes(int value) {
 
 inline std::string floatBytes(float value) {
   std::string bytes(sizeof value, '\0');
-  std::memcpy(bytes.data(), &value, sizeof value);  // the tests run on little-endian machines
+  std::memcpy(bytes.data(), &value, sizeof value);
+  if constexpr (std::endian::native == std::endian::big) std::ranges::reverse(bytes);
   return bytes;
 }
 

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/os/windows_calls.h"
+#include "platform/process.h"
 
 namespace triaxlab {
 namespace {
@@ -137,6 +138,21 @@ bool replaceOpenFile(const std::wstring& from, const std::filesystem::path& to) 
   return SetFileInformationByHandle(file.get(), kOpenRename, wish, static_cast<DWORD>(room.size())) != 0;
 }
 
+/// The last means, for an open file that the system doesn't replace. For a moment nothing has the name; what stood
+/// there has the other one then, also when the machine stops at that moment.
+bool replaceByWayOfAnotherName(const std::wstring& from, const std::wstring& to) {
+  const std::wstring aside = to + L"." + wideOf(ownName());
+  if (MoveFileExW(to.c_str(), aside.c_str(), MOVEFILE_WRITE_THROUGH) == 0) return false;
+  if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH) != 0) {
+    DeleteFileW(aside.c_str());
+    return true;
+  }
+  const DWORD why = GetLastError();
+  MoveFileExW(aside.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH);
+  SetLastError(why);
+  return false;
+}
+
 /// As everywhere else the new file takes the place of one that others still have open. Systems and file servers that
 /// don't know that wish are asked in the older ways.
 bool replaceFile(const std::wstring& from, const std::wstring& to) {
@@ -145,7 +161,9 @@ bool replaceFile(const std::wstring& from, const std::wstring& to) {
   if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) return true;
   const DWORD why = GetLastError();
   if (why != ERROR_ACCESS_DENIED && why != ERROR_SHARING_VIOLATION) return false;
-  if (ReplaceFileW(to.c_str(), from.c_str(), nullptr, 0, nullptr, nullptr) != 0) return true;
+  // Not by ReplaceFile: where it fails, it may have renamed one of the two before.
+  if ((GetFileAttributesW(to.c_str()) & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) == 0)
+    return replaceByWayOfAnotherName(from, to);
   SetLastError(why);
   return false;
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cwchar>
 #include <memory>
 
 namespace triaxlab {
@@ -188,3 +189,20 @@ std::string nameOfMachine() {
 int numberOfProcess() { return static_cast<int>(GetCurrentProcessId()); }
 
 }  // namespace triaxlab
+
+/// In place of the C library's own, which knows no UTF-8: by this function the standard library makes paths of texts,
+/// and texts are UTF-8 in this program. Characters beyond 16 bits are none of a name here.
+extern "C" std::size_t mbrtowc(wchar_t* character, const char* text, std::size_t size, std::mbstate_t* /*state*/) {
+  if (text == nullptr) return 0;
+  if (size == 0) return static_cast<std::size_t>(-2);  // not whole
+  const auto lead = static_cast<unsigned char>(*text);
+  const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : 3;
+  wchar_t decoded = 0;
+  if (length > size) return static_cast<std::size_t>(-2);
+  if (MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text, static_cast<int>(length), &decoded, 1) != 1) {
+    errno = EILSEQ;
+    return static_cast<std::size_t>(-1);
+  }
+  if (character != nullptr) *character = decoded;
+  return decoded == 0 ? 0 : length;
+}
