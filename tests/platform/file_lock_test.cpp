@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "common/user_error.h"
+#include "platform/files.h"
 #include "support/lock_holder.h"
 #include "support/posix_only.h"
 #include "support/temporary_folder.h"
@@ -99,7 +100,7 @@ TEST(FileLocks, ALockedFileThatIsReplacedIsNoLongerLocked) {
   const TemporaryFolder folder;
   const auto file = folder.write("a.txt", "old"), newer = folder.write("b.txt", "new");
   const std::optional<FileLock> lock = takeNow(file);
-  std::filesystem::rename(newer, file);
+  renameFile(newer, file);
   EXPECT_FALSE(lock->isOn(file));
   EXPECT_TRUE(takeNow(file));
 }
@@ -110,7 +111,7 @@ TEST(FileLocks, AFileThatIsReplacedWhileOneWaitsIsLockedInItsNewState) {
   LockHolder other(file, LockWay::RecordLock);
   const auto later = std::async(std::launch::async, [&] {
     std::this_thread::sleep_for(50ms);
-    std::filesystem::rename(newer, file);
+    renameFile(newer, file);
     other.kill();
   });
   const std::optional<FileLock> lock = FileLock::take(file, FileLock::Clock::now() + 60s);

@@ -32,10 +32,12 @@ TEST_F(Files, OfLongPathsAreReadAndWritten) {
 
 TEST_F(Files, AreReplacedAndRemovedWhileTheyAreOpen) {
   write(folder / "a", "old");
-  const File open(folder / "a", File::Mode::Read);
-  writeWholeFile(folder / "a", bytesOfText("new content"));
-  EXPECT_EQ(contentOf(folder / "a"), "new content");
-  EXPECT_EQ(read(open, 0, 10), "old");
+  {
+    const File open(folder / "a", File::Mode::Read);
+    writeWholeFile(folder / "a", bytesOfText("new content"));
+    EXPECT_EQ(contentOf(folder / "a"), "new content");
+    EXPECT_EQ(read(open, 0, 10), "old");
+  }
   EXPECT_THAT(namesIn(folder.path()), ::testing::ElementsAre("a"));
 }
 
