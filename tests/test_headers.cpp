@@ -1,0 +1,1 @@
+// Carries the headers that all tests share; see CMakeLists.txt beside it.
