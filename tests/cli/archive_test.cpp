@@ -1,8 +1,10 @@
 // Commands over many project files, and over a data folder that stays as it is.
 #include <array>
 #include <map>
+#include <regex>
 
 #include "cli/cli_fixture.h"
+#include "support/job_server.h"
 
 namespace triaxlab::testing {
 namespace {
@@ -149,25 +151,58 @@ TEST_F(Archive, ADataFolderIsNotSavedToAndNeedsNoApplicationFolder) {
 
 // ---- Work that is parted
 
-TEST_F(Archive, PartsOfTheWorkGiveWhatOneRunGives) {
-  if (std::system("command -v parallel >/dev/null 2>&1") != 0) GTEST_SKIP() << "GNU parallel isn't installed";
-  std::string names;
-  for (int i = 0; i < 40; ++i) {
-    const std::string name = "WKSZ" + std::to_string(i) + ".txt";
-    fs::copy_file(projectFile(i % 2 == 0 ? "WKSZP1.txt" : "WKSZP2.txt"), projectFile(name));
-    names += name + "\n";
+/// A folder of forty projects, and what one run makes of them.
+class PartedArchive : public Archive {
+ protected:
+  static constexpr int kProjects = 40;
+
+  PartedArchive() {
+    std::string names;
+    for (int i = 0; i < kProjects; ++i) {
+      const std::string name = "WKSZ" + std::to_string(i) + ".txt";
+      fs::copy_file(projectFile(i % 2 == 0 ? "WKSZP1.txt" : "WKSZP2.txt"), projectFile(name));
+      names += name + "\n";
+    }
+    for (const char* const first : {"WKSZP1.txt", "WKSZP2.txt"}) fs::remove(projectFile(first));
+    folder.write("names", names);
+    EXPECT_EQ(std::system((exportTo((folder / "whole.jsonl").string()) + m_input).c_str()), 0);
+    EXPECT_EQ(lineCount(folder.read("whole.jsonl")), static_cast<std::size_t>(kProjects));
   }
-  folder.write("names", names);
-  const auto exported = [this](const std::string& out) {
+  std::string exportTo(const std::string& out) const {
     return "'" TRIAXLAB_CLI "' export triaxial - --data '" + app().string() + "' --format jsonl --out '" + out + "'";
-  };
-  const std::string input = " <'" + (folder / "names").string() + "'";
-  ASSERT_EQ(std::system((exported((folder / "whole.jsonl").string()) + input).c_str()), 0);
-  const std::string parted = "cd '" + folder.path().string() + "' && parallel --will-cite --pipe -N 7 -j 2 \"" +
-                             exported("part-{#}.jsonl") + "\"" + input + " && cat part-?.jsonl >parts.jsonl";
-  ASSERT_EQ(std::system(parted.c_str()), 0);
+  }
+  int runHere(const std::string& command) const {
+    return std::system(("cd '" + folder.path().string() + "' && " + command).c_str());
+  }
+  /// The job that the page on archives shows, for this folder, this program and so many tasks.
+  std::string jobOfThePage(int tasks) const {
+    const std::string page = folder.read(TRIAXLAB_SOURCE "/docs/archives.md");
+    const std::size_t begin = page.find("    #!/bin/sh"), end = page.find("\n\n", begin);
+    std::string job = std::regex_replace(page.substr(begin, end - begin) + "\n", std::regex("(^|\n)    "), "$1");
+    for (const auto& [shown, used] : {std::pair<std::string, std::string>{"0-99", "0-" + std::to_string(tasks - 1)},
+                                      {"% 100", "% " + std::to_string(tasks)},
+                                      {"DATA", app().string()},
+                                      {"triaxlab-cli", TRIAXLAB_CLI}})
+      job = std::regex_replace(job, std::regex(shown), used);
+    return job;
+  }
+  std::string m_input = " <'" + (folder / "names").string() + "'";
+};
+
+TEST_F(PartedArchive, PartsOfTheWorkGiveWhatOneRunGives) {
+  if (std::system("command -v parallel >/dev/null 2>&1") != 0) GTEST_SKIP() << "GNU parallel isn't installed";
+  ASSERT_EQ(runHere("parallel --will-cite --pipe -N 7 -j 2 \"" + exportTo("part-{#}.jsonl") + "\"" + m_input), 0);
+  ASSERT_EQ(runHere("cat part-?.jsonl >parts.jsonl"), 0);
   EXPECT_EQ(folder.read("parts.jsonl"), folder.read("whole.jsonl"));
-  EXPECT_EQ(lineCount(folder.read("whole.jsonl")), 40U);
+}
+
+TEST_F(PartedArchive, AJobArrayGivesWhatOneRunGives) {
+  if (!JobServer::isInstalled()) GTEST_SKIP() << "Slurm isn't installed";
+  const auto job = folder.write("job", jobOfThePage(4));
+  const JobServer server;
+  ASSERT_EQ(JobServer::runToEnd(job, folder.path()), 0);
+  ASSERT_EQ(runHere("cat part-?.jsonl | sort >parts.jsonl && sort whole.jsonl >sorted.jsonl"), 0);
+  EXPECT_EQ(folder.read("parts.jsonl"), folder.read("sorted.jsonl"));
 }
 
 }  // namespace
