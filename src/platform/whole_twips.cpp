@@ -6,8 +6,8 @@
 namespace triaxlab {
 
 int wholeTwips(double value) {
-  constexpr double kEdge = std::numeric_limits<int>::max() / 2;
-  if (!(std::abs(value) <= kEdge)) return value > 0 ? static_cast<int>(kEdge) : -static_cast<int>(kEdge);
+  constexpr int kEdge = std::numeric_limits<int>::max() / 2;
+  if (!(std::abs(value) <= kEdge)) return value > 0 ? kEdge : -kEdge;
   return static_cast<int>(std::lround(value));
 }
 

@@ -41,7 +41,7 @@ constexpr std::string_view kEnglishDate = "{} / {} / {}";
 /// With room for a hand where there is no date.
 std::string reportDateWithRoom(const Workspace& workspace) {
   const bool english = workspace.settings.toggles.english;
-  const std::string date = reportDate(workspace, english ? kEnglishDate : "{} 年 {} 月 {} 日");
+  std::string date = reportDate(workspace, english ? kEnglishDate : "{} 年 {} 月 {} 日");
   if (!date.empty()) return date;
   return english ? "      /    /" : "     年    月    日";
 }

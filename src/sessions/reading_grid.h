@@ -22,7 +22,9 @@ class ReadingGrid {
   int cell() const { return m_cell; }
   /// The row on the first line.
   int top() const { return m_top; }
-  std::size_t rowOf(int cell) const { return static_cast<std::size_t>(cell / m_shape.columns + m_top); }
+  std::size_t rowOf(int cell) const {
+    return static_cast<std::size_t>(cell / m_shape.columns) + static_cast<std::size_t>(m_top);
+  }
   std::size_t columnOf(int cell) const { return static_cast<std::size_t>(cell % m_shape.columns); }
 
   void reset() { *this = ReadingGrid(m_shape); }

@@ -25,8 +25,9 @@ const std::filesystem::path& Workspace::knownDataFolder() const {
 }
 
 std::optional<std::string_view> DocumentData::projectTestDate(std::string_view projectNo) const {
-  const auto row = std::find_if(ProjectDateTable.begin(), ProjectDateTable.end(),
-                                [projectNo](const ProjectDate& date) { return date.projectNo.trimmed() == projectNo; });
+  const auto* const row =
+      std::find_if(ProjectDateTable.begin(), ProjectDateTable.end(),
+                   [projectNo](const ProjectDate& date) { return date.projectNo.trimmed() == projectNo; });
   if (row == ProjectDateTable.end()) return std::nullopt;
   return row->testDate.trimmed();
 }

@@ -48,7 +48,7 @@ void InstanceLock::setCalled(std::function<void()> called) {
 
 bool InstanceLock::take() {
   try {
-    File(m_file, File::Mode::Shared);  // made when it is missing
+    const File made(m_file, File::Mode::Shared);  // when it is missing
     m_lock = FileLock::take(m_file, FileLock::Clock::now());
     return m_lock.has_value();
   } catch (const UserError&) {

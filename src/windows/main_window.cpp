@@ -14,6 +14,7 @@
 #include <QProgressBar>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "platform/process.h"
 #include "sessions/dialogs/import_selection.h"
@@ -285,8 +286,9 @@ QMdiSubWindow* MDIForm1::frameOf(ActiveDocument document) const {
 std::vector<ActiveDocument> MDIForm1::loadedDocuments() const {
   std::vector<ActiveDocument> documents;
   const QList<QMdiSubWindow*> frames = m_area->subWindowList(QMdiArea::StackingOrder);
-  for (auto frame = frames.rbegin(); frame != frames.rend(); ++frame)
-    if (documentOf(*frame) != kNoDocument) documents.push_back(documentOf(*frame));
+  for (const QMdiSubWindow* const frame : frames)
+    if (documentOf(frame) != kNoDocument) documents.push_back(documentOf(frame));
+  std::reverse(documents.begin(), documents.end());
   return documents;
 }
 

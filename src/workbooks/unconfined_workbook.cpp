@@ -84,6 +84,7 @@ void addSample(SheetBlock& block, const Record& record) {
   block.add("试样:", {"原状", "重塑"});
   for (const SpecimenRow& row : kSpecimenRows4) {
     std::vector<SheetCell> cells;
+    cells.reserve(kSpecimens.size());
     for (const Specimen specimen : kSpecimens) cells.push_back(row.cell(record, specimen));
     block.add(row.label, std::move(cells));
   }

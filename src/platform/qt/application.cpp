@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QGuiApplication>
 #include <QLoggingCategory>
+#include <array>
 #include <clocale>
 
 #include "platform/font_substitutes.h"
@@ -36,8 +37,10 @@ PaintingApplication::PaintingApplication() {
   if (QCoreApplication::instance() != nullptr) return;
   silenceToolkit();
   substituteFonts();
-  static char name[] = "triaxlab", option[] = "-platform", platform[] = "offscreen";
-  m_arguments = {name, option, platform, nullptr};
+  static auto name = std::to_array("triaxlab");
+  static auto option = std::to_array("-platform");
+  static auto platform = std::to_array("offscreen");
+  m_arguments = {name.data(), option.data(), platform.data(), nullptr};
   m_argumentCount = 3;
   m_application = std::make_unique<QGuiApplication>(m_argumentCount, m_arguments.data());
   restoreNumberLocale();

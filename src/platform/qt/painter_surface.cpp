@@ -42,7 +42,7 @@ QRectF rectangle(Point corner, Point opposite) { return QRectF(rounded(corner), 
 
 QColor colourOf(Colour colour) {
   const Rgb rgb = rgbOf(colour);
-  return QColor(rgb.red, rgb.green, rgb.blue);
+  return {rgb.red, rgb.green, rgb.blue};
 }
 
 PainterSurface::PainterSurface(QPainter& painter, Medium medium)

@@ -43,6 +43,7 @@ std::string BackupSession::heading() const {
 
 std::vector<GridColumn> BackupSession::columns() {
   std::vector<GridColumn> columns;
+  columns.reserve(kColumns.size());
   for (const CopyColumn& column : kColumns)
     columns.push_back({std::string(column.heading), column.width, column.text == kCount});
   return columns;

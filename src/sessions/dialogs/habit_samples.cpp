@@ -83,6 +83,9 @@ struct SampleRow {
   Member member;
   Sample sample;
 };
+// Some compilers don't derive it from an aggregate.
+template <class Member>
+SampleRow(Member, Sample) -> SampleRow<Member>;
 
 constexpr std::array kFlagSamples{
     SampleRow{&H::wideProjectNo, Sample{headOfPage}},

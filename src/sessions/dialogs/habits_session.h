@@ -95,7 +95,7 @@ class HabitsSession {
   std::string valueShown(std::size_t key) const;
   /// Works out m_toBe.
   void foresee();
-  void saveFile(OpenFile& open);
+  static void saveFile(OpenFile& open);
 
   Workspace& m_workspace;
   Dialogs& m_dialogs;

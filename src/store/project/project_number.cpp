@@ -27,7 +27,7 @@ bool isDeviceName(std::string_view number) {
 /// looked at.
 bool hasSeparator(std::string_view gbk) {
   for (std::size_t at = 0; at < gbk.size(); at += gbkCharacterSize(gbk, at))
-    if (gbkCharacterSize(gbk, at) == 1 && kSeparators.find(gbk[at]) != kSeparators.npos) return true;
+    if (gbkCharacterSize(gbk, at) == 1 && kSeparators.find(gbk[at]) != std::string_view::npos) return true;
   return false;
 }
 

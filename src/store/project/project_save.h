@@ -88,11 +88,11 @@ class ProjectSave {
   void release();
   void findFiles(ChangedFiles& changed);
   void loadFiles();
-  void load(SavedProject& project);
+  void load(SavedProject& saved);
   std::unique_ptr<SummaryUpdate> loadSummary(const std::string& projectNo);
   std::vector<std::optional<FileStamp>> stamps() const;
   void keepCopies();
-  void saveRow(const SaveableRow& row);
+  void saveRow(const SaveableRow& saved);
   const ProjectHeader& lastHeader() const;
   ProjectHeader newHeader(std::string_view projectNo) const;
   void putIntoSummaries();

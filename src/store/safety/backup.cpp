@@ -42,7 +42,8 @@ struct Copy {
 };
 
 bool isTimeText(std::string_view text) {
-  return std::equal(text.begin(), text.end(), kTimePattern.begin(), kTimePattern.end(),
+  return text.size() == kTimePattern.size() &&
+         std::equal(text.begin(), text.end(), kTimePattern.begin(),
                     [](char c, char pattern) { return pattern == '0' ? c >= '0' && c <= '9' : c == pattern; });
 }
 

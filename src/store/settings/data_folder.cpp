@@ -65,7 +65,7 @@ void storeDataFolder(const Workspace& workspace, const fs::path& folder) {
 }
 
 fs::path chosenDataFolder(std::string_view typed) {
-  const fs::path folder = pathFromText(sourceFolderText(typed)).lexically_normal();
+  fs::path folder = pathFromText(sourceFolderText(typed)).lexically_normal();
   if (folder.empty()) throw UserError(kTitle, "没有写数据放在哪个文件夹。");
   if (!folder.is_absolute()) refuse("“{}”不是完整的文件夹名，请从“/”写起。", folder);
   if (!isStorableDataFolder(folder))

@@ -74,7 +74,7 @@ SummaryRecord newSummaryRecord(const Date& today) {
   for (FixedText<1>& flag : record.noFlags) SetText(flag, "1");
   for (FixedText<1>& flag : record.gjFlags) SetText(flag, "1");
   for (FixedText<1>* flag : {&record.gjFlag3, &record.zjFlag}) SetText(*flag, "1");
-  for (FixedText<10>* date : {&record.zjDates[0], &record.zjDates[1], &record.szDate, &record.testDateSz})
+  for (FixedText<10>* date : {&record.zjDates.front(), &record.zjDates.back(), &record.szDate, &record.testDateSz})
     SetText(*date, slashed(today));
   return record;
 }

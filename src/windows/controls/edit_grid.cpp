@@ -112,7 +112,7 @@ void EditGrid::finishTyping() {
 
 KeyGroup EditGrid::keyHelp() { return keyGroup("表格", kLeavingKeys, kTypingKeys, kOwnKeys); }
 
-bool EditGrid::isTyped(const QModelIndex& index) const { return (index.flags() & Qt::ItemIsEditable) != 0; }
+bool EditGrid::isTyped(const QModelIndex& index) { return (index.flags() & Qt::ItemIsEditable) != 0; }
 
 bool EditGrid::move(int rows, int columns) {
   QModelIndex cell = currentIndex();

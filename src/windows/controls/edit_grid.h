@@ -39,7 +39,7 @@ class EditGrid : public GridView {
   /// So many rows down, or typed cells to the right; a row that ends goes on in the next one. False at the ends of the
   /// grid, where it stays.
   bool move(int rows, int columns);
-  bool isTyped(const QModelIndex& index) const;
+  static bool isTyped(const QModelIndex& index);
 };
 
 }  // namespace triaxlab

@@ -70,7 +70,7 @@ FillInWindow::FillInWindow(QWidget* parent, FillInSession& session)
     return work.has_value();
   };
   refresh();
-  m_samples->setCurrentCell(m_session.firstRow(), m_session.firstColumn());
+  m_samples->setCurrentCell(m_session.firstRow(), FillInSession::firstColumn());
   m_samples->setFocus();
 }
 

@@ -20,7 +20,7 @@ class HelpWindows {
   void showManual(QWidget* front);
   /// `common` are the keys that work in every window.
   void showKeys(QWidget* front, const std::vector<KeyGroup>& common);
-  void showAbout(QWidget* front, const Workspace& workspace);
+  static void showAbout(QWidget* front, const Workspace& workspace);
   void close();
 
  private:

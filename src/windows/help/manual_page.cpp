@@ -13,7 +13,7 @@ namespace {
 constexpr int kType = 15;    // pixels
 constexpr int kMargin = 16;  // around the text
 
-QUrl placeOfPage(const QString& file) { return QUrl(kManualFolder + file); }
+QUrl placeOfPage(const QString& file) { return {kManualFolder + file}; }
 
 }  // namespace
 

@@ -19,7 +19,7 @@ class ManualPage : public QTextBrowser {
   /// Shows a text that is no chapter, under a name of its own: one can come back to it.
   void showText(const QString& name, const std::string& markdown);
   /// Marks these words wherever they stand.
-  void mark(const std::vector<std::string>& words);
+  void mark(const std::vector<std::string>& searched);
   /// Comes to the next place behind the heading where this word stands.
   void goToWord(const std::string& word);
 

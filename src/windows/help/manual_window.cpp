@@ -23,7 +23,9 @@ constexpr int kContentsWidth = 280;
 constexpr int kDeepestInContents = 2;  // chapters and their sections
 constexpr const char* kKeyPage = "keys.md";
 
-QString indented(const ManualSection& section) { return QString(2 * (section.level - 1), ' ') + words(section.title); }
+QString indented(const ManualSection& section) {
+  return QString(qsizetype{2} * (section.level - 1), ' ') + words(section.title);
+}
 
 }  // namespace
 

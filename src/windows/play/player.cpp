@@ -39,7 +39,7 @@ bool hasActiveWindow() {
 Player::Player(std::vector<ScriptLine> lines, PlayDialogs& dialogs, std::filesystem::path folder)
     : m_lines(std::move(lines)), m_dialogs(dialogs), m_stage{dialogs, std::move(folder)} {}
 
-void Player::schedule(int milliseconds) { QTimer::singleShot(milliseconds, this, &Player::step); }
+void Player::schedule(int milliseconds) const { QTimer::singleShot(milliseconds, this, &Player::step); }
 
 bool Player::isSettled() {
   ++m_unrest;

@@ -25,13 +25,13 @@ class Player : public QObject {
   int finish();
 
  private:
-  void schedule(int milliseconds);
+  void schedule(int milliseconds) const;
   void step();
   bool isSettled();
   void run(const ScriptLine& line);
   void checkDialogs();
   void fail(const std::string& reason);
-  void leave(int status);
+  static void leave(int status);
 
   std::vector<ScriptLine> m_lines;
   PlayDialogs& m_dialogs;

@@ -160,10 +160,10 @@ void Form7::followRecord(FailureMode mode, bool editable) {
 void Form7::showState() {
   ConsolidationTableState now = m_session.state();
   m_controls.show(now.stage);
-  for (int i = 0; i < kConsolidationCells; ++i) {
-    const auto row = static_cast<std::size_t>(i) / kConsolidationColumns, column = i % kConsolidationColumns;
+  for (std::size_t i = 0; i < m_label1.size(); ++i) {
+    const std::size_t row = i / kConsolidationColumns, column = i % kConsolidationColumns;
     const QString text = now.table ? words(now.table->rows.at(row).at(column)) : QString();
-    ClickLabel* const cell = m_label1.at(static_cast<std::size_t>(i));
+    ClickLabel* const cell = m_label1.at(i);
     if (cell->text() != text) cell->setText(text);
     cell->setVisible(now.table.has_value());
   }

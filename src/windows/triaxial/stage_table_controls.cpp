@@ -41,7 +41,7 @@ StageTableControls::StageTableControls(QWidget* window, const StageTablePlaces& 
   vScroll1->setPageStep(static_cast<int>(kTableRowsShown));
 }
 
-void StageTableControls::show(const StageTableState& now) {
+void StageTableControls::show(const StageTableState& now) const {
   const QSignalBlocker blockedCombo(combo1), blockedBar(vScroll1);
   QStringList stages, before;
   for (const std::string& stage : now.stages) stages << words(stage);
@@ -57,9 +57,9 @@ void StageTableControls::show(const StageTableState& now) {
 }
 
 // Not sent through the application, which would hand what the bar ignores at its end back to the window.
-void StageTableControls::turnWheel(QWheelEvent& event) { vScroll1->event(&event); }
+void StageTableControls::turnWheel(QWheelEvent& event) const { vScroll1->event(&event); }
 
-bool StageTableControls::takesKey(const QKeyEvent& event) {
+bool StageTableControls::takesKey(const QKeyEvent& event) const {
   return scrollByKey(*vScroll1, event, kLineKeys) || scrollByKey(*vScroll1, event, kScrollKeys);
 }
 

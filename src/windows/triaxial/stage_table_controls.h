@@ -26,11 +26,11 @@ struct StageTableControls {
   QComboBox* combo1;
   QScrollBar* vScroll1;
 
-  void show(const StageTableState& now);
+  void show(const StageTableState& now) const;
   /// The wheel scrolls wherever it is turned.
-  void turnWheel(QWheelEvent& event);
+  void turnWheel(QWheelEvent& event) const;
   /// Arrows up and down, PageUp, PageDown, Home and End scroll as well. False for any other key.
-  bool takesKey(const QKeyEvent& event);
+  bool takesKey(const QKeyEvent& event) const;
 };
 
 /// The keys of every such window.

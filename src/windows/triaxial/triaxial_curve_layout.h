@@ -29,7 +29,7 @@ struct CurveControls {
 
   // The list of samples
   std::array<ClickLabel*, kCurveListLines + 1> label5{};
-  std::array<ClickLabel*, 2 * (kCurveListLines + 1)> label1{};
+  std::array<ClickLabel*, std::size_t{2} * (kCurveListLines + 1)> label1{};
   RecordEdit* text1 = nullptr;  // lies over a cell of Label1
   QScrollBar* vScroll1 = nullptr;
 

@@ -356,7 +356,7 @@ void Form1::showStages(const CurveState& now) {
   m_controls.command5->setEnabled(now.consolidationTableEnabled);
 }
 
-void Form1::showTable(const CurveState& now) {
+void Form1::showTable(const CurveState& now) const {
   const auto show = [](const auto& labels, const auto& texts, const auto& before) {
     for (std::size_t i = 0; i < texts.size(); ++i)
       if (texts.at(i) != before.at(i)) labels.at(i)->setText(words(texts.at(i)));

@@ -59,7 +59,7 @@ class Form1 : public DocumentWidget, public CurveDocument {
   /// True when the phase that runs takes the key.
   bool keyInPhase(const QKeyEvent& event);
 
-  void startTyping(RecordEdit* overlay);
+  static void startTyping(RecordEdit* overlay);
   /// Lays a box over a cell and begins to type there.
   void openCell(RecordEdit* overlay, void (CurveSession::*select)(int), int label);
   void tellMouse(std::optional<Point> place);
@@ -70,7 +70,7 @@ class Form1 : public DocumentWidget, public CurveDocument {
   void showList(const CurveState& now);
   void showFields(const CurveState& now);
   void showStages(const CurveState& now);
-  void showTable(const CurveState& now);
+  void showTable(const CurveState& now) const;
   void showIntervention(const CurveState& now);
 
   Dialogs& m_dialogs;

@@ -41,21 +41,21 @@ InterventionControls::InterventionControls(QWidget* window) : frame1(put(new QGr
   frame1->hide();
 }
 
-ClickLabel* InterventionControls::caption(const QString& text, int x, int y, int width) {
+ClickLabel* InterventionControls::caption(const QString& text, int x, int y, int width) const {
   auto* const label = new ClickLabel(frame1, text);
   setPlace(label, {x, y, width, kControlHeight});
   return label;
 }
 
-QRadioButton* InterventionControls::option(const QString& name, const QString& text, int x, int y) {
+QRadioButton* InterventionControls::option(const QString& name, const QString& text, int x, int y) const {
   return put(new QRadioButton(text, frame1), name, {x, y, kStageWidth, kControlHeight});
 }
 
-RecordEdit* InterventionControls::edit(const char* name, int y) {
+RecordEdit* InterventionControls::edit(const char* name, int y) const {
   return put(new RecordEdit(frame1), name, {kFieldX, y, kFieldWidth, kControlHeight});
 }
 
-QPushButton* InterventionControls::button(const char* name, int y) {
+QPushButton* InterventionControls::button(const char* name, int y) const {
   return put(new QPushButton(intervention_captions::kApply, frame1), name, {kButtonX, y, kButtonWidth, kButtonHeight});
 }
 

@@ -35,10 +35,10 @@ struct InterventionControls {
   void makeCurveControls();
   void makeEnvelopeControls();
 
-  ClickLabel* caption(const QString& text, int x, int y, int width);
-  QRadioButton* option(const QString& name, const QString& text, int x, int y);
-  RecordEdit* edit(const char* name, int y);
-  QPushButton* button(const char* name, int y);
+  ClickLabel* caption(const QString& text, int x, int y, int width) const;
+  QRadioButton* option(const QString& name, const QString& text, int x, int y) const;
+  RecordEdit* edit(const char* name, int y) const;
+  QPushButton* button(const char* name, int y) const;
 
   std::vector<QWidget*> m_curveControls;  // all that the curve phase shows
   ClickLabel* m_subject = nullptr;
