@@ -15,7 +15,8 @@
 namespace triaxlab {
 namespace {
 
-constexpr std::array<std::string_view, 4> kHeadings{"最近的工程", "打开工程", "读入原始数据，也可以把文件拖进来", "帮助"};
+constexpr std::array<std::string_view, 4> kHeadings{"最近的工程", "打开工程", "读入原始数据，也可以把文件拖进来",
+                                                    "帮助"};
 
 /// Where the commands of an action stand.
 struct Part {

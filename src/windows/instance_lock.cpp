@@ -48,7 +48,8 @@ void InstanceLock::setCalled(std::function<void()> called) {
 
 bool InstanceLock::take() {
   try {
-    const File made(m_file, File::Mode::Shared);  // when it is missing
+    // Made when it is missing, and closed at once: a file of this process that is closed later takes its lock along.
+    File(m_file, File::Mode::Shared);  // NOLINT(bugprone-unused-raii)
     m_lock = FileLock::take(m_file, FileLock::Clock::now());
     return m_lock.has_value();
   } catch (const UserError&) {

@@ -22,7 +22,7 @@ const WorkbookFormat* formatOf(const std::filesystem::path& file) {
   return found == kFormats.end() ? nullptr : found;
 }
 
-bool isControl(char byte) { return (byte >= 0 && byte < ' ') || byte == 0x7F; }
+bool isControl(char byte) { return static_cast<unsigned char>(byte) < ' ' || byte == 0x7F; }
 
 /// Characters of UTF-16 that the character with this first byte takes: none of a byte that goes on with one.
 std::size_t unitsOf(char byte) {

@@ -81,7 +81,8 @@ std::optional<ProjectHead> oldHead(const File& file, const ProjectKindInfo& info
 
 /// Space for the temporary file, and for another beside the old one where the application folder is on another disk.
 std::uint64_t roomFor(const ProjectKindInfo& info, const ProjectHead& head) {
-  return std::uint64_t{2} * (recordPosition(info.recordSize, static_cast<std::uint32_t>(head.sampleCount)) + kEndTextWidth);
+  return std::uint64_t{2} *
+         (recordPosition(info.recordSize, static_cast<std::uint32_t>(head.sampleCount)) + kEndTextWidth);
 }
 
 /// After a power cut either file may stand; they hold the same samples, so a disk that can't say is no error here.
