@@ -1,7 +1,8 @@
-// What is done with whole files, on every system.
+// What is done with files in the same way on every system.
 #include <fmt/core.h>
 
 #include <cerrno>
+#include <utility>
 
 #include "common/user_error.h"
 #include "platform/files.h"
@@ -11,6 +12,15 @@
 namespace triaxlab {
 
 File::File(const std::filesystem::path& path, Mode mode) : File(path, mode, path) {}
+
+File::File(File&& other) noexcept
+    : m_path(std::move(other.m_path)), m_descriptor(std::exchange(other.m_descriptor, -1)) {}
+
+File& File::operator=(File&& other) noexcept {
+  std::swap(m_path, other.m_path);
+  std::swap(m_descriptor, other.m_descriptor);
+  return *this;
+}
 
 Bytes readWholeFile(const std::filesystem::path& path, std::uint64_t limit) {
   const File file(path, File::Mode::Read);

@@ -117,15 +117,6 @@ File::File(std::filesystem::path path, int descriptor) : m_path(std::move(path))
   failCall("打开文件", m_path, error);
 }
 
-File::File(File&& other) noexcept
-    : m_path(std::move(other.m_path)), m_descriptor(std::exchange(other.m_descriptor, -1)) {}
-
-File& File::operator=(File&& other) noexcept {
-  std::swap(m_path, other.m_path);
-  std::swap(m_descriptor, other.m_descriptor);
-  return *this;
-}
-
 File::~File() {
   if (m_descriptor >= 0) close(m_descriptor);
 }

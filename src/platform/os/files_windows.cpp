@@ -189,15 +189,6 @@ File File::below(const std::filesystem::path& root, std::filesystem::path path, 
 
 File::File(std::filesystem::path path, int descriptor) : m_path(std::move(path)), m_descriptor(descriptor) {}
 
-File::File(File&& other) noexcept
-    : m_path(std::move(other.m_path)), m_descriptor(std::exchange(other.m_descriptor, -1)) {}
-
-File& File::operator=(File&& other) noexcept {
-  std::swap(m_path, other.m_path);
-  std::swap(m_descriptor, other.m_descriptor);
-  return *this;
-}
-
 File::~File() {
   if (m_descriptor >= 0) _close(m_descriptor);
 }
