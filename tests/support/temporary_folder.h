@@ -18,6 +18,8 @@ class TemporaryFolder {
     std::random_device lot;
     do m_path = std::filesystem::temp_directory_path() / ("triaxlab-test-" + std::to_string(lot()));
     while (!std::filesystem::create_directory(m_path));
+    // One person's own: as a runtime folder the toolkit takes no other.
+    std::filesystem::permissions(m_path, std::filesystem::perms::owner_all);
   }
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;

@@ -22,8 +22,6 @@ struct PlayResult {
 class PlayedProgram {
  public:
   PlayedProgram() {
-    // The folder is the runtime folder as well, which the toolkit takes only when it is one person's own.
-    std::filesystem::permissions(m_folder.path(), std::filesystem::perms::owner_all);
     std::filesystem::copy(TRIAXLAB_SAMPLES, m_folder.path(), std::filesystem::copy_options::recursive);
   }
 

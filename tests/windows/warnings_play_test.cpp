@@ -14,13 +14,18 @@ using ::testing::HasSubstr;
 constexpr const char* kThere = "WarningBar: visible enabled not checked\n";
 constexpr const char* kGone = "WarningBar: not visible enabled not checked\n";
 
-TEST(PlayWarnings, AnIncompleteProjectIsToldUntilItIsTakenNoteOf) {
-  const PlayedProgram program;
+/// P1 is saved, and its file then cut in the middle.
+void leaveHalfAProject(const PlayedProgram& program) {
   ASSERT_EQ(
       program.play("menu NEW\ntype Form1.Text1 P1\nkey Right\ntype Form1.Text1 S1\nreply OK\nmenu ZMSAVE\n").errors,
       "");
   const std::string whole = program.folder().read("HSZS/WKSZP1.txt");
   program.folder().write("HSZS/WKSZP1.txt", whole.substr(0, whole.size() / 2));
+}
+
+TEST(PlayWarnings, AnIncompleteProjectIsToldUntilItIsTakenNoteOf) {
+  const PlayedProgram program;
+  ASSERT_NO_FATAL_FAILURE(leaveHalfAProject(program));
   const PlayResult played = program.play(
       "state MDIForm1.WarningBar\nmenu ZMOPEN\nkey Enter\nget MDIForm1.WarningText\nstate MDIForm1.WarningBar\n"
       "click MDIForm1.WarningClose\nstate MDIForm1.WarningBar\n");
@@ -32,11 +37,7 @@ TEST(PlayWarnings, AnIncompleteProjectIsToldUntilItIsTakenNoteOf) {
 
 TEST(PlayWarnings, AWarningGoesWithItsDocument) {
   const PlayedProgram program;
-  ASSERT_EQ(
-      program.play("menu NEW\ntype Form1.Text1 P1\nkey Right\ntype Form1.Text1 S1\nreply OK\nmenu ZMSAVE\n").errors,
-      "");
-  const std::string whole = program.folder().read("HSZS/WKSZP1.txt");
-  program.folder().write("HSZS/WKSZP1.txt", whole.substr(0, whole.size() / 2));
+  ASSERT_NO_FATAL_FAILURE(leaveHalfAProject(program));
   const PlayResult played =
       program.play("menu ZMOPEN\nkey Enter\nstate MDIForm1.WarningBar\nclose Form1\nstate MDIForm1.WarningBar\n");
   EXPECT_EQ(played.out, std::string("MDIForm1.") + kThere + "MDIForm1." + kGone) << played.errors;
