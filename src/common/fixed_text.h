@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include "common/gbk.h"
@@ -54,6 +55,13 @@ class FixedText {
   friend void SetNumber(FixedText& field, double value, NumberFormat format) {
     if (double written = 0; field.setShort(value, format, written)) return;
     if (std::isfinite(value)) SetText(field, FormatNumber(value, format));
+  }
+
+  /// SetNumber of a whole number, which nothing has to round.
+  friend void SetWhole(FixedText& field, std::int32_t value) {
+    if constexpr (detail::kFitsAWord<N>)
+      if (detail::storeWhole<N>(field.m_places.data(), value)) return;
+    SetNumber(field, value, NumberFormat::Whole);
   }
 
   /// SetNumber, and the number that the field reads as afterwards: rounded, and cut at the width.

@@ -93,22 +93,26 @@ inline void storePlaces(char* places, std::uint64_t text, bool negative) {
   std::memcpy(places, &text, N);
 }
 
+/// Writes a whole number of up to four digits, if the field holds them all.
+template <std::size_t N>
+inline bool storeWhole(char* places, std::int32_t whole) {
+  constexpr std::int32_t kMost = kBeyondShort - 1, kLeast = N == 4 ? -999 : -kMost;
+  if (whole < kLeast || whole > kMost) return false;
+  storePlaces<N>(places, kShortTexts[static_cast<std::size_t>(std::abs(whole))], whole < 0);
+  return true;
+}
+
 /// Writes the value rounded to a whole number of up to four digits, if the field holds them all, and says which number
 /// it was. Half a number goes away from zero. Near a half the decimal rendering decides, which is the general
 /// functions' business.
 template <std::size_t N>
 inline bool writeWholeNumber(char* places, double value, double& written) {
-  static_assert(kFitsAWord<N>);
-  constexpr double kMost = 9999, kLeast = N == 4 ? -999 : -kMost;
   written = nearestWhole(value);
   if (const double rest = std::fabs(value - written); rest > 0.49) {
     if (rest != 0.5) return false;
     written = value + std::copysign(0.5, value);
   }
-  if (!(written >= kLeast && written <= kMost)) return false;
-  const auto whole = static_cast<std::int32_t>(written);
-  storePlaces<N>(places, kShortTexts[static_cast<std::size_t>(std::abs(whole))], whole < 0);
-  return true;
+  return std::fabs(written) < kBeyondShort && storeWhole<N>(places, static_cast<std::int32_t>(written));
 }
 
 /// The same with one decimal or two, of up to five digits: so far the seven digits of a float round as the float does.

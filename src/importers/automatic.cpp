@@ -143,9 +143,7 @@ struct CurrentReader {
   static bool isNewerBlock(const AutomaticEntry& entry) { return hasNewerBlock(entry); }
   static bool hasConsolidatedSize(std::uint8_t testMethod) { return testMethod != kUU; }
   static std::int16_t poreWord(std::int16_t word) { return fromSignAndMagnitude(word); }
-  static std::int16_t hundredthsOfOlderVolume(std::int16_t word) {
-    return static_cast<std::int16_t>(wholeOfTenths(word));
-  }
+  static std::int16_t hundredthsOfOlderVolume(std::int16_t word) { return wholeOfTenths(word); }
   static SectionCorrection correction(const Record& row, std::size_t slot, bool newerBlock) {
     return {row, slot, newerBlock ? DrainedForm::OnInitialArea : DrainedForm::ByShearMode};
   }
@@ -205,7 +203,7 @@ constexpr std::size_t groupSize(bool newerBlock) { return newerBlock ? 1 : kStag
 /// A data block as it stands in the file: groups of one specimen (newer) or five (older).
 struct AutomaticBlock {
   bool newer = false;
-  std::vector<AutoSpecimenRecord> specimens;
+  RawRecords<AutoSpecimenRecord> specimens;
   bool isWhole = true;
 };
 
@@ -218,8 +216,7 @@ AutomaticBlock blockOf(const File& file, const AutomaticEntry& entry, bool newer
     groupCount = 0;
     block.isWhole = file.readAt(start, writableBytesOf(groupCount)) == sizeof groupCount;
   }
-  block.specimens.resize(groupCount * groupSize(newerBlock));
-  if (!readRecords(file, start + 1, block.specimens)) block.isWhole = false;
+  if (!readRecords(file, start + 1, groupCount * groupSize(newerBlock), block.specimens)) block.isWhole = false;
   return block;
 }
 
@@ -253,7 +250,7 @@ void fillShear(const AutoSpecimenRecord& raw, bool newerBlock, Record& row, std:
     const std::size_t i = reading - 1;
     const std::int16_t rawVolume = readingOrZero(raw.rawVolume[reading]);
     const std::int16_t volume = newerBlock ? rawVolume : Reader::hundredthsOfOlderVolume(rawVolume);
-    const double read = unscaledStress ? stress : wholeOfTenths(stress);
+    const std::int16_t read = unscaledStress ? stress : wholeOfTenths(stress);
     SetNumber(row.deviatorStress[i][slot], correction.stress(read, i, volume), NumberFormat::Whole);
     if (pore != kNoReading) wholeOfTenthsInto(row.porePressure[i][slot], Reader::poreWord(pore));
     row.volumeChange[i][slot] = volume;

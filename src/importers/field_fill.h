@@ -70,11 +70,9 @@ void fillFields(const Raw& raw, Record& record, std::size_t slot, const std::tup
 inline constexpr auto shownTextInto = [](auto& field, const auto& text) { SetText(field, shownText(text.view())); };
 inline constexpr auto asItStands = [](auto& field, auto word) { field = word; };
 /// A number field; the word is a whole number.
-inline constexpr auto wholeInto = [](FixedText<6>& field, std::int16_t word) {
-  SetNumber(field, word, NumberFormat::Whole);
-};
+inline constexpr auto wholeInto = [](FixedText<6>& field, std::int16_t word) { SetWhole(field, word); };
 inline constexpr auto wholeOfTenthsInto = [](FixedText<6>& field, std::int16_t word) {
-  SetNumber(field, wholeOfTenths(word), NumberFormat::Whole);
+  SetWhole(field, wholeOfTenths(word));
 };
 /// A word of 0 leaves these fields as they are.
 inline constexpr auto hundredthsInto = [](FixedText<6>& field, std::int16_t word) {

@@ -34,7 +34,7 @@ SampleIdentity<Record> recordIdentity(const RawRecord& raw) {
 /// A data block that is specimens one by one.
 template <class RawSpecimen>
 struct SpecimenBlock {
-  std::vector<RawSpecimen> specimens;
+  RawRecords<RawSpecimen> specimens;
   bool isWhole = true;
 };
 

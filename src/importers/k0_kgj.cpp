@@ -130,8 +130,8 @@ struct KgjFormat {
   }
 
   static Block readBlock(const File& file, const Entry& entry) {
-    Block block{std::vector<KgjStationRecord>(entry.entryGroupCount)};
-    block.isWhole = readRecords(file, entry.entryDataOffset.value(), block.specimens);
+    Block block;
+    block.isWhole = readRecords(file, entry.entryDataOffset.value(), entry.entryGroupCount, block.specimens);
     return block;
   }
 

@@ -4,10 +4,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -75,22 +77,44 @@ std::string slashedEntryDate(const FixedText<8>& entryDate);
 /// The sentence for a file that ends in front of what it promises.
 std::string cutShortRemark(const std::filesystem::path& path, std::string_view whatIsMissing);
 
-/// The records from `offset` on; those that the file doesn't have, or not whole, are blank behind its end. True when it
-/// has them all.
+/// Leaves new elements of a vector as the memory was: a file is read over them.
 template <class Record>
-bool readRecords(const File& file, std::uint64_t offset, std::vector<Record>& records) {
+struct NotBlanked : std::allocator<Record> {
+  template <class Other>
+  struct rebind {
+    using other = NotBlanked<Other>;
+  };
+  void construct(Record* /*place*/) const noexcept {}
+};
+
+/// Records as they stand in a file.
+template <class Record>
+using RawRecords = std::vector<Record, NotBlanked<Record>>;
+
+/// `count` records from `offset` on; those that the file doesn't have, or not whole, are blank behind its end. True
+/// when it has them all.
+template <class Record>
+bool readRecords(const File& file, std::uint64_t offset, std::size_t count, RawRecords<Record>& records) {
+  static_assert(std::is_trivially_copyable_v<Record>);
+  records.resize(count);
   const auto bytes = std::as_writable_bytes(std::span(records));
-  return file.readAt(offset, bytes) == bytes.size();
+  const std::size_t got = file.readAt(offset, bytes);
+  const Record blank;
+  for (std::size_t at = got; at < bytes.size();) {
+    const auto rest = bytesOf(blank).subspan(at % sizeof blank);
+    std::ranges::copy(rest, bytes.begin() + static_cast<std::ptrdiff_t>(at));
+    at += rest.size();
+  }
+  return got == bytes.size();
 }
 
 /// The records of a block that begins with a byte that counts them. True when the file has them all.
 template <class Record, class Entry>
-bool readCounted(const File& file, const Entry& entry, std::vector<Record>& records) {
+bool readCounted(const File& file, const Entry& entry, RawRecords<Record>& records) {
   const std::uint64_t start = entry.entryDataOffset.value();
   std::uint8_t count = 0;
   const bool hasCount = file.readAt(start, writableBytesOf(count)) == sizeof count;
-  records.resize(count);
-  return readRecords(file, start + sizeof count, records) && hasCount;
+  return readRecords(file, start + sizeof count, count, records) && hasCount;
 }
 
 /// The entries that the count promises, at most 100, and the file holds. An entry that the end cuts counts.

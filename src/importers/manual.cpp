@@ -137,8 +137,8 @@ ManualBlock blockOf(const File& file, const ManualIndexEntry& entry) {
   const std::int64_t stored = area <= 0 ? 0 : (area + kSize - 1) / kSize;
   const std::int64_t from = std::max<std::int64_t>(first, 0), to = std::min(end, stored);
   if (from < to) {
-    block.specimens.resize(static_cast<std::size_t>(to - from));
-    block.isWhole = readRecords(file, kIndexArea + static_cast<std::uint64_t>(from * kSize), block.specimens);
+    const std::uint64_t begin = kIndexArea + static_cast<std::uint64_t>(from * kSize);
+    block.isWhole = readRecords(file, begin, static_cast<std::size_t>(to - from), block.specimens);
   }
   if (end > first && (first < 0 || end > stored)) block.isWhole = false;
   return block;

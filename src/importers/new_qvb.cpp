@@ -121,8 +121,8 @@ constexpr std::uint64_t kPassedOver = 2;  // bytes in front of the specimens
 
 NewQvbBlock blockOf(const File& file, const NewQvbEntry& entry) {
   NewQvbBlock block;
-  block.specimens.resize(entry.entryTail.specimenCount);
-  block.isWhole = readRecords(file, entry.entryDataOffset.value() + kPassedOver, block.specimens);
+  const std::uint64_t begin = entry.entryDataOffset.value() + kPassedOver;
+  block.isWhole = readRecords(file, begin, entry.entryTail.specimenCount, block.specimens);
   return block;
 }
 

@@ -28,7 +28,7 @@ std::optional<std::string> longSampleNo(const LongSampleNumbers& numbers, std::s
 /// A data block: a byte that counts its groups, the groups, their long sample numbers.
 template <class Group>
 struct NumberedGroups {
-  std::vector<Group> groups;
+  RawRecords<Group> groups;
   LongSampleNumbers longSampleNumbers;
   bool isWhole = true;
 };

@@ -30,9 +30,8 @@ constexpr std::int16_t fromSignAndMagnitude(std::int16_t word) {
 }
 
 /// A word of tenths as the format "0" shows it: half away from zero.
-constexpr double wholeOfTenths(std::int16_t tenths) {
-  const int whole = (tenths + (tenths < 0 ? -5 : 5)) / 10;
-  return whole;
+constexpr std::int16_t wholeOfTenths(std::int16_t tenths) {
+  return static_cast<std::int16_t>((tenths + (tenths < 0 ? -5 : 5)) / 10);
 }
 
 /// A number field of hundredths; a word of 0 leaves it as it is.

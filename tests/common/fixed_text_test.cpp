@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <string>
@@ -142,6 +143,26 @@ TEST(SetNumber, StoresWhatFormatNumberWritesInFieldsOfAnyWidth) {
       ASSERT_TRUE(storesEverywhere(-value));
     }
   ASSERT_TRUE(storesEverywhere(-0.0));
+}
+
+template <std::size_t N>
+void expectWhole(std::int32_t value) {
+  FixedText<N> field;
+  SetText(field, "#######");
+  SetWhole(field, value);
+  ASSERT_EQ(field.view(), stored<N>(std::to_string(value))) << value << " in " << N << " places";
+}
+
+TEST(SetWhole, StoresTheDigitsInFieldsOfAnyWidth) {
+  const auto expectEverywhere = [](std::int32_t value) {
+    expectWhole<3>(value);
+    expectWhole<4>(value);
+    expectWhole<6>(value);
+    expectWhole<7>(value);
+    expectWhole<9>(value);
+  };
+  for (std::int32_t value = -11'000; value <= 11'000; ++value) ASSERT_NO_FATAL_FAILURE(expectEverywhere(value));
+  for (const std::int32_t value : {-32768, 32767, 99999, 100000, -2147483647 - 1, 2147483647}) expectEverywhere(value);
 }
 
 TEST(SetNumber, AValueThatIsNoneIsNotStored) {
