@@ -16,6 +16,8 @@ namespace {
 constexpr std::array kPowersOfTen{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                   1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
+constexpr std::uint64_t kMostExactWhole = std::uint64_t{1} << 53;  // up to here a double holds every whole number
+
 constexpr int kMostDigits = 16;  // of a whole power of ten that is needed below
 
 std::uint64_t wholePowerOfTen(int power) {
@@ -185,11 +187,11 @@ std::string print(const Decimal& magnitude, int decimals, bool negative) {
 
 double ParseNumber(std::string_view text) {
   const ScannedNumber number = scan(text);
-  // Whole numbers up to 15 digits and powers of ten up to 10^22 are exact in a double, so one operation rounds
-  // correctly.
+  // Such whole numbers and powers of ten up to 10^22 are exact in a double, so one operation rounds correctly. No such
+  // number is left to the library: the one for 32 bits does the same by the old arithmetic unit, which rounds twice.
   const int power = number.exponent - number.decimals;
   double value = 0;
-  if (number.digitCount <= 15 && power >= -22 && power <= 22) {
+  if (number.digitCount <= 16 && number.digits <= kMostExactWhole && power >= -22 && power <= 22) {
     value = static_cast<double>(number.digits);
     if (power < 0)
       value /= kPowersOfTen[static_cast<std::size_t>(-power)];
@@ -242,13 +244,12 @@ std::string PlainNumber(double value) {
 }
 
 double ThroughSevenDigits(float value) {
+  if (!std::isfinite(value)) return value;
   const float magnitude = std::fabs(value);
   if (!(magnitude >= kLeastExact && magnitude < kBeyondExact)) {
     std::array<char, 32> text{};
     const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific, 6);
-    double parsed = value;
-    readDecimal({text.data(), end.ptr}, parsed);
-    return parsed;
+    return ParseNumber({text.data(), end.ptr});
   }
   const Decimal decimal = renderSeven(magnitude);
   const double read = static_cast<double>(decimal.digits) / kPowersOfTen[static_cast<std::size_t>(-decimal.power)];

@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 
+#include "common/in_memory.h"
 #include "common/small_letters.h"
 #include "importers/importer.h"
 #include "platform/files.h"
@@ -59,7 +60,7 @@ class RawHead {
   explicit RawHead(const std::filesystem::path& path) {
     const File file(path, File::Mode::Read);
     m_size = file.size();
-    m_bytes.resize(std::min<std::uint64_t>(m_size, kRecognisedHead));
+    m_bytes.resize(inMemory(std::min<std::uint64_t>(m_size, kRecognisedHead)));
     m_bytes.resize(file.readAt(0, m_bytes));
   }
   FileHead head() const { return {m_bytes, m_size}; }

@@ -385,7 +385,7 @@ struct HgjFormat {
   /// Times, and the rows that have them, when a station takes them. Of what the file's end cuts only readings of loaded
   /// stages are missed.
   static void readSeries(const File& file, std::uint64_t place, Block& block, Aids& aids) {
-    std::uint64_t needed = 0;  // bytes of the series
+    std::size_t needed = 0;  // bytes of the series
     const auto takes = [](const HgjStation& station) { return takesSeries(RecordTag<Record>(), station.mode); };
     if (std::ranges::none_of(block.stations, takes)) return;
     if (file.readAt(place, writableBytesOf(block.times)) < sizeof block.times) block.isWhole = false;

@@ -133,13 +133,25 @@ TEST(ParseNumber, WholeNumbersInFields) {
 
 TEST(ParseNumber, NumbersOfAllWidthsAndMagnitudes) {
   std::mt19937_64 random{64};
+  const auto below = [&random](std::size_t end) { return static_cast<std::size_t>(random() % end); };
   for (int i = 0; i < 300'000; ++i) {
-    std::string text(1 + random() % 24, '0');
-    for (char& c : text) c = static_cast<char>('0' + random() % 10);
-    if (random() % 4 != 0) text.insert(random() % (text.size() + 1), 1, '.');
-    if (random() % 2 == 0) text += "E" + std::to_string(static_cast<int>(random() % 700) - 350);
+    std::string text(1 + below(24), '0');
+    for (char& c : text) c = static_cast<char>('0' + below(10));
+    if (below(4) != 0) text.insert(below(text.size() + 1), 1, '.');
+    if (below(2) == 0) text += "E" + std::to_string(static_cast<int>(below(700)) - 350);
     ASSERT_TRUE(readsAsTheSlowWay(text));
   }
+}
+
+TEST(ParseNumber, WhatADoubleHoldsWholeIsRoundedOnce) {
+  std::mt19937_64 random{53};
+  for (int i = 0; i < 100'000; ++i) {
+    const std::string digits = std::to_string((std::uint64_t{1} << 53) - random() % 1'000'000'000'000'000);
+    ASSERT_TRUE(readsAsTheSlowWay(digits + "E" + std::to_string(static_cast<int>(random() % 45) - 22)));
+  }
+  for (const std::string_view digits : {"9007199254740991", "9007199254740992", "9007199254740993"})
+    for (const std::string_view power : {"", "E1", "E-1", "E22", "E-22", "E23", "E-23"})
+      ASSERT_TRUE(readsAsTheSlowWay(std::string(digits).append(power)));
 }
 
 TEST(ParseNumber, LongTextsRoundAsTheirExactDecimal) {

@@ -34,6 +34,31 @@ class OrdinaryUser {
   const bool m_wasRoot = geteuid() == 0;
 };
 
+TEST_F(Files, PlacesBeyondFourGigabytesAreReached) {
+  constexpr std::uint64_t kFar = (std::uint64_t{5} << 30) + 3;  // a hole, which takes no room
+  {
+    File file(folder / "long", File::Mode::Create);
+    file.writeAt(3, bytesOfText("near"));
+    file.writeAt(kFar, bytesOfText("far"));
+    EXPECT_EQ(file.size(), kFar + 3);
+    EXPECT_EQ(file.stamp().size, kFar + 3);
+  }
+  const File file(folder / "long", File::Mode::Read);
+  Bytes read(5);
+  EXPECT_EQ(file.readAt(kFar, read), 3U);
+  EXPECT_EQ(Bytes(read.begin(), read.begin() + 3), bytesOfText("far"));
+  EXPECT_EQ(file.readAt(3, read), 5U);
+  EXPECT_EQ(read, bytesOfText({"near", 5}));
+}
+
+TEST_F(Files, AFileThatNoMemoryHoldsIsTooLargeWhateverTheLimit) {
+  constexpr std::uint64_t kLength = std::uint64_t{5} << 30;
+  if (kLength <= Bytes().max_size()) GTEST_SKIP() << "memory holds whatever a disk does";
+  File(folder / "long", File::Mode::Create).resize(kLength);
+  EXPECT_THAT(complaintOf([&] { readWholeFile(folder / "long", 2 * kLength); }),
+              AllOf(HasSubstr("long"), HasSubstr("太大"), HasSubstr("5368709120 字节")));
+}
+
 TEST_F(Files, WhatMayNotBeReadOrWrittenIsSaid) {
   write(folder / "secret", "old");
   fs::create_directory(folder / "closed");

@@ -4,6 +4,7 @@
 #include <array>
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -58,7 +59,7 @@ TEST(StartProgram, AToolFindsItsSignalsAsEveryProgramDoes) {
   ASSERT_TRUE(appears(folder / "mark"));
   std::signal(SIGPIPE, pipe);
   std::signal(SIGXFSZ, size);
-  const unsigned long ignored = std::stoul(folder.read("mark").substr(std::string("SigIgn:").size()), nullptr, 16);
+  const std::uint64_t ignored = std::stoull(folder.read("mark").substr(std::string("SigIgn:").size()), nullptr, 16);
   const auto isIgnored = [ignored](int signal) { return (ignored >> (signal - 1) & 1) != 0; };
   EXPECT_FALSE(isIgnored(SIGPIPE));
   EXPECT_FALSE(isIgnored(SIGXFSZ));

@@ -1,9 +1,11 @@
 // What is done with files in the same way on every system.
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <utility>
 
+#include "common/in_memory.h"
 #include "common/user_error.h"
 #include "platform/files.h"
 #include "platform/os/calls.h"
@@ -24,10 +26,9 @@ File& File::operator=(File&& other) noexcept {
 
 Bytes readWholeFile(const std::filesystem::path& path, std::uint64_t limit) {
   const File file(path, File::Mode::Read);
-  const std::uint64_t size = file.size();
-  if (size > limit)
-    throw UserError(fmt::format("文件“{}”太大：{} 字节，最多 {} 字节。", textOfPath(path), size, limit));
-  Bytes content(size);
+  const std::uint64_t size = file.size(), most = std::min<std::uint64_t>(limit, Bytes().max_size());
+  if (size > most) throw UserError(fmt::format("文件“{}”太大：{} 字节，最多 {} 字节。", textOfPath(path), size, most));
+  Bytes content(inMemory(size));
   content.resize(file.readAt(0, content));
   return content;
 }

@@ -15,6 +15,7 @@
 #include <numeric>
 #include <vector>
 
+#include "common/in_memory.h"
 #include "common/little.h"
 #include "common/user_error.h"
 #include "platform/files.h"
@@ -146,12 +147,12 @@ void writeCompoundFile(ReplacedFile& file, std::u16string_view streamName,
   if (written > kMostBytes)
     throw UserError(fmt::format("数据太多，文件“{}”放不下。请改用 .xlsx，或分几次输出。", textOfPath(file.place())));
   // Behind the end of the stream's content stand zeros, which nobody reads.
-  const std::size_t size = std::max<std::size_t>(written, kLeastStream);
+  const std::size_t size = std::max(inMemory(written), kLeastStream);
   const Places places(size);
   const Header header = headerOf(places);
   file.write(bytesOf(header));
   for (const auto& part : parts) file.write(part);
-  file.write(Bytes(places.stream * kSectorSize - written));
+  file.write(Bytes(places.stream * kSectorSize - inMemory(written)));
   const Directory directory = directoryOf(streamName, size);
   file.write(bytesOf(directory));
   const std::vector<Word> fat = fatOf(places), difat = difatOf(places);

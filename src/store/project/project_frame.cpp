@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 
+#include "common/in_memory.h"
 #include "common/small_letters.h"
 #include "common/user_error.h"
 #include "store/project/project_number.h"
@@ -74,7 +75,7 @@ HeldRecords heldRecords(std::uint64_t fileSize, std::size_t recordSize, int samp
   const auto claimed = static_cast<std::uint64_t>(sampleCount);
   const std::uint64_t behindHeader = fileSize - std::min<std::uint64_t>(fileSize, sizeof(ProjectHeader));
   const std::uint64_t whole = std::min(claimed, behindHeader / recordSize);
-  return {static_cast<std::size_t>(whole), whole < claimed && behindHeader % recordSize != 0};
+  return {inMemory(whole), whole < claimed && behindHeader % recordSize != 0};
 }
 
 std::string missingSamplesRemark(const std::filesystem::path& file, std::size_t missing,

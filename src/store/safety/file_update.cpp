@@ -7,6 +7,7 @@
 #include <optional>
 #include <utility>
 
+#include "common/in_memory.h"
 #include "common/user_error.h"
 #include "store/safety/passing_file.h"
 #include "store/safety/save_journal.h"
@@ -66,8 +67,8 @@ void cutOut(PendingWrites& writes, std::uint64_t begin, std::uint64_t end) {
       continue;
     }
     write = writes.erase(write);
-    if (at < begin) writes[at] = bytes.first(begin - at);
-    if (itsEnd > end) writes[end] = bytes.subspan(end - at);
+    if (at < begin) writes[at] = bytes.first(inMemory(begin - at));
+    if (itsEnd > end) writes[end] = bytes.subspan(inMemory(end - at));
   }
 }
 
@@ -229,9 +230,11 @@ std::size_t FileUpdate::readAt(const std::filesystem::path& file, std::uint64_t 
   for (; write != writes->end() && write->first < end; ++write) {
     const auto& [at, bytes] = *write;
     const std::uint64_t from = std::max(at, offset), to = std::min(at + bytes.size(), end);
-    if (from < to) std::ranges::copy(bytes.subspan(from - at, to - from), into.subspan(from - offset).begin());
+    if (from >= to) continue;
+    const auto part = bytes.subspan(inMemory(from - at), inMemory(to - from));
+    std::ranges::copy(part, into.subspan(inMemory(from - offset)).begin());
   }
-  return end - offset;
+  return inMemory(end - offset);
 }
 
 void FileUpdate::writeAt(const std::filesystem::path& file, std::uint64_t offset, std::span<const std::byte> from) {

@@ -10,6 +10,7 @@
 #include <limits>
 #include <utility>
 
+#include "common/in_memory.h"
 #include "common/little.h"
 #include "common/small_letters.h"
 #include "common/user_error.h"
@@ -167,9 +168,9 @@ std::optional<SaveJournalHead> plausibleHead(const File& file) {
 
 /// Adds `size` bytes of the file to the checksum.
 bool addData(const File& file, std::uint64_t offset, std::uint64_t size, Checksum& checksum) {
-  Bytes block(std::min<std::uint64_t>(kBlock, size));
+  Bytes block;
   for (std::uint64_t done = 0; done < size; done += block.size()) {
-    block.resize(std::min<std::uint64_t>(kBlock, size - done));
+    block.resize(inMemory(std::min<std::uint64_t>(kBlock, size - done)));
     if (file.readAt(offset + done, block) != block.size()) return false;
     checksum.add(block);
   }
@@ -218,8 +219,8 @@ void SaveJournalSpans::read(std::uint64_t position, std::uint64_t size, const Vi
   if (size == 0) return;
   auto span = std::prev(m_spans.upper_bound(position));
   while (size > 0) {
-    const std::uint64_t inside = position - span->first;
-    const auto part = span->second.subspan(inside, std::min<std::uint64_t>(size, span->second.size() - inside));
+    const std::span<const std::byte> rest = span->second.subspan(inMemory(position - span->first));
+    const auto part = rest.first(inMemory(std::min<std::uint64_t>(size, rest.size())));
     visit(part);
     position += part.size();
     size -= part.size();
@@ -267,7 +268,7 @@ std::optional<FoundSaveJournal> FoundSaveJournal::open(const std::filesystem::pa
   File file = File::below(journal.parent_path(), journal, File::Mode::Read);
   const std::optional<SaveJournalHead> head = plausibleHead(file);
   if (!head) return std::nullopt;
-  Bytes index(head->indexSize);
+  Bytes index(inMemory(head->indexSize));
   const std::uint64_t dataStart = sizeof(SaveJournalHead) + index.size(), dataEnd = dataStart + head->dataSize;
   SaveJournalFoot foot;
   if (file.readAt(sizeof(SaveJournalHead), index) != index.size() || !readObject(file, dataEnd, foot))
@@ -302,9 +303,9 @@ FoundSaveJournal::FoundSaveJournal(File file, std::uint64_t dataStart, std::vect
     : m_file(std::move(file)), m_dataStart(dataStart), m_files(std::move(files)) {}
 
 void FoundSaveJournal::read(std::uint64_t position, std::uint64_t size, const Visitor& visit) const {
-  Bytes block(std::min<std::uint64_t>(kBlock, size));
+  Bytes block;
   for (std::uint64_t done = 0; done < size; done += block.size()) {
-    block.resize(std::min<std::uint64_t>(kBlock, size - done));
+    block.resize(inMemory(std::min<std::uint64_t>(kBlock, size - done)));
     if (m_file.readAt(m_dataStart + position + done, block) != block.size())
       throw UserError(fmt::format("读取文件“{}”失败：它变短了。", textOfPath(m_file.path())));
     visit(block);

@@ -39,7 +39,7 @@ inline constexpr std::array<SummarySection, 12> kSummarySections{{
 inline constexpr std::size_t kMostSummaryRecords = 9999;
 
 /// Offset of record k (from 0) in the file.
-constexpr std::uint64_t summaryPosition(std::size_t k) { return sizeof(SummaryHeader) + k * sizeof(SummaryRecord); }
+constexpr std::uint64_t summaryPosition(std::uint64_t k) { return sizeof(SummaryHeader) + k * sizeof(SummaryRecord); }
 
 struct SummaryHead {
   SummaryHeader header;

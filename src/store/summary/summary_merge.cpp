@@ -8,6 +8,7 @@
 #include <string>
 #include <unordered_map>
 
+#include "common/in_memory.h"
 #include "common/small_letters.h"
 #include "store/project/project_number.h"
 #include "store/summary/summary_frame.h"
@@ -69,11 +70,11 @@ CarriedSummary carriedIn(const SaveJournalFile& journalled, const SaveJournalDat
     data.read(piece.dataPosition, piece.size, [&](std::span<const std::byte> bytes) {
       while (!bytes.empty()) {
         const bool isHeader = at < sizeof(SummaryHeader);
-        const std::size_t k = isHeader ? 0 : (at - sizeof(SummaryHeader)) / sizeof(SummaryRecord);
+        const std::size_t k = isHeader ? 0 : inMemory((at - sizeof(SummaryHeader)) / sizeof(SummaryRecord));
         const std::uint64_t begin = isHeader ? 0 : summaryPosition(k);
         const std::uint64_t end = isHeader ? sizeof(SummaryHeader) : summaryPosition(k + 1);
-        const std::size_t size = std::min<std::uint64_t>(bytes.size(), end - at);
-        (isHeader ? carried.header : carried.records[k]).add(at - begin, bytes.first(size));
+        const std::size_t size = inMemory(std::min<std::uint64_t>(bytes.size(), end - at));
+        (isHeader ? carried.header : carried.records[k]).add(inMemory(at - begin), bytes.first(size));
         bytes = bytes.subspan(size);
         at += size;
       }
@@ -233,10 +234,11 @@ class Merging {
 
   void put(std::uint64_t position, std::span<const std::byte> bytes) {
     const std::uint64_t end = m_standing.size;
-    const std::size_t inside = std::min<std::uint64_t>(bytes.size(), end > position ? end - position : 0);
+    const std::uint64_t before = end > position ? end - position : 0;
+    const std::size_t inside = inMemory(std::min<std::uint64_t>(bytes.size(), before));
     if (inside > 0) addPiece(position, bytes.first(inside));
     if (inside == bytes.size()) return;
-    const std::size_t at = position + inside - end;
+    const std::size_t at = inMemory(position + inside - end);
     m_tail.resize(std::max(m_tail.size(), at + bytes.size() - inside), std::byte{' '});
     std::ranges::copy(bytes.subspan(inside), m_tail.begin() + static_cast<std::ptrdiff_t>(at));
   }

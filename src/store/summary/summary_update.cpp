@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "common/in_memory.h"
 #include "store/summary/summary_file.h"
 #include "store/summary/summary_parts.h"
 #include "store/summary/summary_sections.h"
@@ -74,9 +75,9 @@ void SummaryUpdate::loadFile() {
     m_positions.emplace(sampleNo.trimmed(), k);
   }
   const std::uint64_t size = m_update.size(m_path);
-  const std::size_t whole = (size - sizeof(SummaryHeader)) / sizeof(SummaryRecord);
+  const std::uint64_t whole = (size - sizeof(SummaryHeader)) / sizeof(SummaryRecord);
   if (std::cmp_greater_equal(whole, m_head.sampleCount) || size == summaryPosition(whole)) return;
-  m_cut.emplace(whole, newSummaryRecord(m_workspace.today()));
+  m_cut.emplace(inMemory(whole), newSummaryRecord(m_workspace.today()));
   readAt(summaryPosition(whole), writableBytesOf(m_cut->second));
 }
 
@@ -91,7 +92,7 @@ void SummaryUpdate::completeShortFile() {
   if (m_written || !m_update.exists(m_path)) return;
   const std::uint64_t size = m_update.size(m_path);
   const std::uint64_t claimed = summaryPosition(static_cast<std::size_t>(m_head.sampleCount));
-  if (size < claimed) m_update.writeAt(m_path, size, Bytes(static_cast<std::size_t>(claimed - size), std::byte{' '}));
+  if (size < claimed) m_update.writeAt(m_path, size, Bytes(inMemory(claimed - size), std::byte{' '}));
 }
 
 bool SummaryUpdate::put(const SampleRows& rows, std::size_t row) {

@@ -8,6 +8,7 @@
 #include "importers/k0_builder.h"
 #include "store/settings/settings_file.h"
 #include "support/fake_dialogs.h"
+#include "support/packages.h"
 
 namespace triaxlab::testing {
 namespace {
@@ -342,6 +343,8 @@ TEST_F(Selection, MoreThan999MarksAreRefused) {
 
 class DatabaseAsWorkbook : public Selection {
  protected:
+  void SetUp() override { NEEDS_JET(); }
+
   ImportSelection selection{*importerOfId("win"), workspace};
   FakeDialogs asked;
 };

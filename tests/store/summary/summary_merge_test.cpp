@@ -13,7 +13,7 @@ using ::testing::IsEmpty;
 
 constexpr const char* kSummary = "ZMSJ/KHZP1.txt";
 
-std::uint64_t place(std::size_t k) { return kSummaryHeaderSize + k * kSummaryRecordSize; }
+std::size_t place(std::size_t k) { return kSummaryHeaderSize + k * kSummaryRecordSize; }
 
 /// A record that this system has put: its sequence number and sample number, and c in the section "SZ:".
 std::string filled(std::string record, const std::string& sequenceNo, const std::string& sampleNo,
