@@ -112,7 +112,7 @@ std::filesystem::path fileOrNew(const std::filesystem::path& folder, std::string
 std::vector<std::string> listFiles(const std::filesystem::path& folder, std::string_view prefix,
                                    std::string_view suffix);
 
-/// A stored path text in the system's own spelling: "\" parts folders. The text is UTF-8.
+/// A stored path text in the system's own spelling: "\" parts folders, a drive alone is its root. The text is UTF-8.
 std::filesystem::path pathFromText(std::string_view utf8);
 /// UTF-8, in the system's own spelling.
 std::string textOfPath(const std::filesystem::path& path);

@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "platform/files.h"
 #include "store/safety/backup.h"
 
 namespace triaxlab {
@@ -28,7 +29,7 @@ constexpr std::array kParts{
 std::string folders(const Workspace& workspace) {
   std::string rows;
   const auto add = [&rows](std::string_view use, const std::filesystem::path& folder) {
-    rows += fmt::format("| {} | {} |\n", use, folder.string());
+    rows += fmt::format("| {} | {} |\n", use, textOfPath(folder));
   };
   add("程序文件夹（设置）", workspace.applicationFolder);
   if (!workspace.dataFolderProblem.empty())

@@ -101,7 +101,9 @@ fs::path chooseApplicationFolder(const std::optional<fs::path>& named, const Pro
     folder = *named;
   } else if (!takesSettings(parts)) {
     if (userData.empty())
-      throw UserError("不知道设置和数据放在哪里：环境变量 HOME 没有设置。请用 --app 或 TRIAXLAB_APP 指定文件夹。");
+      throw UserError(
+          fmt::format("不知道设置和数据放在哪里：环境变量 {} 没有设置。请用 --app 或 TRIAXLAB_APP 指定文件夹。",
+                      personalDataVariable()));
     folder = userData;
     fs::create_directories(folder, ignored);
   }

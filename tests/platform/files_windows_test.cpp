@@ -13,6 +13,8 @@ using ::testing::IsEmpty;
 TEST(PathsOfWindows, AreToldWithBackslashes) {
   EXPECT_EQ(textOfPath(pathFromText("c:/lab/实验室\\a")), "c:\\lab\\实验室\\a");
   EXPECT_TRUE(folderExists(pathFromText("c:\\")));
+  EXPECT_EQ(textOfPath(pathFromText("d:")), "d:\\") << "not the folder of that drive in which a program is";
+  EXPECT_EQ(textOfPath(pathFromText("d:a")), "d:a");
   EXPECT_THAT(mountedVolumes(), Contains(fs::path("C:\\")));
 }
 

@@ -275,7 +275,12 @@ void syncFolder(const std::filesystem::path& folder) {
   if (!folder.empty() && !folderExists(folder)) failCall("打开文件夹", folder, ENOENT);
 }
 
-std::filesystem::path pathFromText(std::string_view utf8) { return std::filesystem::path(utf8).make_preferred(); }
+std::filesystem::path pathFromText(std::string_view utf8) {
+  std::filesystem::path path(utf8);
+  // "D:" by itself would be whatever folder of that drive a program has last been in.
+  if (path.has_root_name() && path == path.root_name()) path /= "/";
+  return path.make_preferred();
+}
 
 std::string textOfPath(const std::filesystem::path& path) {
   return std::filesystem::path(path).make_preferred().string();

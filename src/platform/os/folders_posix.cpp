@@ -48,6 +48,10 @@ fs::path personalDataFolder() {
   return home.is_absolute() ? home / ".local/share" : fs::path();
 }
 
+std::string_view personalDataVariable() { return "HOME"; }
+
+std::string_view beginningOfWholeNames() { return "“/”"; }
+
 std::vector<fs::path> mountedVolumes(const fs::path& mountTable) {
   std::set<fs::path> mounted;
   if (const std::unique_ptr<std::FILE, int (*)(std::FILE*)> table{setmntent(mountTable.c_str(), "re"), endmntent}) {

@@ -11,7 +11,11 @@ std::filesystem::path folderNamedBy(const char* variable) {
   return value != nullptr ? value : L"";
 }
 
-std::filesystem::path personalDataFolder() { return folderNamedBy("LOCALAPPDATA"); }
+std::filesystem::path personalDataFolder() { return folderNamedBy(personalDataVariable().data()); }
+
+std::string_view personalDataVariable() { return "LOCALAPPDATA"; }
+
+std::string_view beginningOfWholeNames() { return R"(盘符（如“D:\”）或“\\服务器\共享文件夹”)"; }
 
 std::vector<std::filesystem::path> mountedVolumes(const std::filesystem::path& /*mountTable*/) {
   constexpr DWORD kLetters = 26;

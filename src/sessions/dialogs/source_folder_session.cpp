@@ -87,9 +87,10 @@ void SourceFolderSession::open(const fs::path& folder) {
   // "/lab/" and "/lab/./" name the folder "/lab".
   fs::path whole = (folder.is_absolute() ? folder : m_drives.front()).lexically_normal();
   if (!whole.has_filename() && whole != whole.root_path()) whole = whole.parent_path();
-  m_rows.clear();
-  fs::path path;
-  for (const fs::path& part : whole) m_rows.push_back({path /= part, m_rows.size()});
+  // A root is one row, also where its name has two parts: "C:" and "\\".
+  fs::path path = whole.root_path();
+  m_rows.assign(1, {path, 0});
+  for (const fs::path& part : whole.relative_path()) m_rows.push_back({path /= part, m_rows.size()});
   m_openRow = m_currentRow = m_rows.size() - 1;
   runShowingErrors(m_dialogs, [&] {
     for (const std::string& name : listFolders(whole)) m_rows.push_back({whole / name, m_openRow + 1});

@@ -60,8 +60,8 @@ void TemplateSession::handOver(std::string_view what) {
   runShowingErrors(m_dialogs, [&] {
     const std::filesystem::path& folder = m_workspace.applicationFolder;
     // The fourth place is a blank of no meaning.
-    const std::array<std::string, 5> arguments{std::string(what), std::string(m_kind->code), m_projectFile.string(),
-                                               " ", (m_folder / m_templates[m_current]).string()};
+    const std::array<std::string, 5> arguments{std::string(what), std::string(m_kind->code), projectFile(), " ",
+                                               textOfPath(m_folder / m_templates[m_current])};
     const int process =
         startProgram(findProgram({&folder, 1}, kProgram).value_or(folder / kProgram), arguments, Showing::Behind);
     if (m_started) m_started(process);

@@ -11,6 +11,7 @@
 #include "common/text_number.h"
 #include "common/user_error.h"
 #include "platform/files.h"
+#include "platform/folders.h"
 #include "store/settings/settings_file.h"
 #include "store/settings/source_folders.h"
 
@@ -67,12 +68,14 @@ void storeDataFolder(const Workspace& workspace, const fs::path& folder) {
 fs::path chosenDataFolder(std::string_view typed) {
   fs::path folder = pathFromText(sourceFolderText(typed)).lexically_normal();
   if (folder.empty()) throw UserError(kTitle, "没有写数据放在哪个文件夹。");
-  if (!folder.is_absolute()) refuse("“{}”不是完整的文件夹名，请从“/”写起。", folder);
+  if (!folder.is_absolute())
+    throw UserError(kTitle,
+                    fmt::format("“{}”不是完整的文件夹名，请从{}写起。", textOfPath(folder), beginningOfWholeNames()));
   if (!isStorableDataFolder(folder))
     refuse("文件夹“{}”的名称太长或含有 GBK 以外的字符，不能存入设置文件。请换一个文件夹。", folder);
   if (fileExists(folder)) refuse("“{}”是一个文件，不是文件夹。", folder);
   if (!folderExists(folder)) refuse("没有文件夹“{}”。请先建立它，或者接上它所在的磁盘。", folder);
-  const fs::path whole = fs::weakly_canonical(folder);
+  const fs::path whole = behindLinks(folder);
   if (std::ranges::any_of(whole, isPartOfDataFolder))
     refuse("“{}”在一个数据文件夹的 HSZS、ZMSJ 或 PTU 里面，请选它们上面的文件夹。", folder);
   if (!folderIsWritable(folder)) refuse("文件夹“{}”不能写入，数据不能存放在那里。", folder);

@@ -14,6 +14,7 @@
 #include "platform/files.h"
 #include "shell/lab.h"
 #include "support/fake_dialogs.h"
+#include "support/posix_only.h"
 
 namespace triaxlab {
 namespace {
@@ -48,7 +49,7 @@ class Templates : public ::testing::Test {
       std::this_thread::sleep_for(std::chrono::milliseconds(100));
     return lab.folder.read("note");
   }
-  std::string path(const std::string& below) const { return (lab.folder / below).string(); }
+  std::string path(const std::string& below) const { return textOfPath(lab.folder / below); }
 
   testing::Lab lab;
   testing::FakeDialogs dialogs;
@@ -108,6 +109,7 @@ TEST_F(Templates, AreFilledFromAFileInCapitalsToo) {
 // ---- What the program is given
 
 TEST_F(Templates, GoToTheProgramWithFiveArguments) {
+  POSIX_ONLY("scripts that are programs");
   addTemplate("a.xls");
   addTemplate("b 1.xls");
   writeProgram("ExcelPrinter.exe");
@@ -119,6 +121,7 @@ TEST_F(Templates, GoToTheProgramWithFiveArguments) {
 }
 
 TEST_F(Templates, OfUnconfinedTestsGoWithTheirOwnNumber) {
+  POSIX_ONLY("scripts that are programs");
   SetText(lab.workspace.UnconfinedSampleTable[0].projectNo, "U 7");
   lab.folder.write("Excel模板/无侧限/a.xls", "");
   writeProgram("ExcelPrinter");
@@ -127,6 +130,7 @@ TEST_F(Templates, OfUnconfinedTestsGoWithTheirOwnNumber) {
 }
 
 TEST_F(Templates, TellOfTheProgramThatWasStarted) {
+  POSIX_ONLY("scripts that are programs");
   addTemplate("a.xls");
   std::vector<int> started;
   TemplateSession form(lab.workspace, dialogs, ProjectKind::Triaxial,

@@ -7,12 +7,14 @@
 #include <string>
 
 #include "common/user_error.h"
+#include "platform/folders.h"
 #include "support/posix_only.h"
 #include "support/temporary_folder.h"
 
 namespace triaxlab {
 namespace {
 
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using testing::TemporaryFolder;
 namespace fs = std::filesystem;
@@ -51,19 +53,34 @@ TEST_F(DataFolder, AFolderGetsItsThreeFoldersAndIsStored) {
 TEST_F(DataFolder, FoldersThatAreThereInSmallLettersAreKept) {
   fs::create_directories(path("old/hszs"));
   makeDataFolders(chosenDataFolder(path("old")));
-  EXPECT_FALSE(fs::exists(path("old/HSZS")));
-  EXPECT_TRUE(fs::exists(path("old/ZMSJ")));
+  EXPECT_THAT(listFolders(path("old")), ElementsAre("hszs", "PTU", "ZMSJ"));
 }
 
 TEST_F(DataFolder, WhatIsNoFolderToWriteToIsRefused) {
   folder.write("file", "x");
   EXPECT_THAT(refusal(""), HasSubstr("没有写数据放在哪个文件夹"));
-  EXPECT_THAT(refusal("data"), HasSubstr("不是完整的文件夹名"));
+  EXPECT_EQ(refusal("data"), "“data”不是完整的文件夹名，请从" + std::string(beginningOfWholeNames()) + "写起。");
   EXPECT_THAT(refusal(path("file")), HasSubstr("是一个文件，不是文件夹"));
   EXPECT_THAT(refusal(path("gone")), HasSubstr("没有文件夹"));
   EXPECT_THAT(refusal(path("gone/deeper")), HasSubstr("没有文件夹"));
   EXPECT_THAT(refusal(path(std::string(170, 'x'))), HasSubstr("太长"));
+}
+
+TEST_F(DataFolder, AFolderThatOnlyTheSystemFillsIsRefused) {
+  POSIX_ONLY("the folder /proc");
   EXPECT_THAT(refusal("/proc"), HasSubstr("/proc"));
+}
+
+TEST_F(DataFolder, AFullNameBeginsAsTheSystemHasIt) {
+#ifdef _WIN32
+  // Without a drive it would be a folder of the drive, or in the folder, that the program happens to be in.
+  for (const char* const name : {"\\data", "/data", "d:data", "\\\\server"})
+    EXPECT_THAT(refusal(name), HasSubstr("请从盘符（如“D:\\”）或“\\\\服务器\\共享文件夹”写起")) << name;
+  EXPECT_THAT(refusal("x:\\data"), HasSubstr("没有文件夹“x:\\data”"));
+  EXPECT_EQ(chosenDataFolder("c:\\"), fs::path("c:\\"));
+#else
+  EXPECT_THAT(refusal("c:\\data"), HasSubstr("请从“/”写起"));
+#endif
 }
 
 TEST_F(DataFolder, APartOfADataFolderIsRefused) {
