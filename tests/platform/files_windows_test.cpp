@@ -50,6 +50,19 @@ TEST_F(Files, ADevicesNameIsRefused) {
 TEST_F(Files, TheLockOfAFolderIsGoneWithItsHolder) {
   {
     const auto lock = FileLock::take(folder.path(), FileLock::Clock::now());
+TEST_F(Files, ANameThatIsRemovedIsFreeAtOnce) {
+  write(folder / "a", "old");
+  const auto lock = FileLock::take(folder / "a", FileLock::Clock::now());
+  ASSERT_TRUE(lock && lock->isOn(folder / "a"));
+  const File open(folder / "a", File::Mode::Read);
+  removeFile(folder / "a");
+  EXPECT_FALSE(fileExists(folder / "a"));
+  EXPECT_EQ(stampOf(folder / "a"), std::nullopt);
+  writeWholeFile(folder / "a", bytesOfText("new"));
+  EXPECT_EQ(contentOf(folder / "a"), "new");
+  EXPECT_EQ(read(open, 0, 10), "old");
+}
+
     ASSERT_TRUE(lock);
     EXPECT_FALSE(FileLock::take(folder.path(), FileLock::Clock::now()));
   }

@@ -138,10 +138,13 @@ bool replaceOpenFile(const std::wstring& from, const std::filesystem::path& to) 
   return SetFileInformationByHandle(file.get(), kOpenRename, wish, static_cast<DWORD>(room.size())) != 0;
 }
 
+/// A name beside the file's own that no other file has.
+std::wstring nameBeside(const std::wstring& file) { return file + L"." + wideOf(ownName()); }
+
 /// The last means, for an open file that the system doesn't replace. For a moment nothing has the name; what stood
 /// there has the other one then, also when the machine stops at that moment.
 bool replaceByWayOfAnotherName(const std::wstring& from, const std::wstring& to) {
-  const std::wstring aside = to + L"." + wideOf(ownName());
+  const std::wstring aside = nameBeside(to);
   if (MoveFileExW(to.c_str(), aside.c_str(), MOVEFILE_WRITE_THROUGH) == 0) return false;
   if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH) != 0) {
     DeleteFileW(aside.c_str());
@@ -166,6 +169,16 @@ bool replaceFile(const std::wstring& from, const std::wstring& to) {
     return replaceByWayOfAnotherName(from, to);
   SetLastError(why);
   return false;
+}
+
+/// As everywhere else a name that is removed is free at once, though others have the file open. By itself the system,
+/// and above all a file server, may keep it until the last of them is done, this program with its lock among them.
+bool removeName(const std::wstring& name) {
+  constexpr DWORD kGone = FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT;
+  if (Handle(CreateFileW(name.c_str(), DELETE, 0, nullptr, OPEN_EXISTING, kGone, nullptr)).isOpen()) return true;
+  if (GetLastError() != ERROR_SHARING_VIOLATION) return false;
+  const std::wstring aside = nameBeside(name);
+  return MoveFileExW(name.c_str(), aside.c_str(), MOVEFILE_WRITE_THROUGH) != 0 && DeleteFileW(aside.c_str()) != 0;
 }
 
 }  // namespace
@@ -266,7 +279,7 @@ bool renameOver(const std::filesystem::path& from, const std::filesystem::path& 
 
 void removeFile(const std::filesystem::path& path) {
   const std::wstring name = systemName(path);
-  if (patiently([&] { return DeleteFileW(name.c_str()) != 0; })) return;
+  if (patiently([&] { return removeName(name); })) return;
   if (const int error = lastError(); !meansMissing(error)) failCall("删除文件", path, error);
 }
 
