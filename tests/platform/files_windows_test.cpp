@@ -18,6 +18,13 @@ TEST(PathsOfWindows, AreToldWithBackslashes) {
   EXPECT_THAT(mountedVolumes(), Contains(fs::path("C:\\")));
 }
 
+TEST_F(Files, NamesMayHaveCharactersBeyondSixteenBits) {
+  const std::string name = "土\U00020BB7样\U0001F600";
+  writeWholeFile(folder / name, bytesOfText("content"));
+  EXPECT_EQ(listFiles(folder.path(), "", ""), std::vector<std::string>{name});
+  EXPECT_EQ(textOfPath((folder / name).filename()), name);
+}
+
 TEST_F(Files, OfLongPathsAreReadAndWritten) {
   fs::path deep = folder.path();
   for (int i = 0; i < 20; ++i) {
@@ -43,13 +50,6 @@ TEST_F(Files, AreReplacedAndRemovedWhileTheyAreOpen) {
   EXPECT_THAT(namesIn(folder.path()), ::testing::ElementsAre("a"));
 }
 
-TEST_F(Files, ADevicesNameIsRefused) {
-  EXPECT_THAT(complaintOf([&] { File(folder / "NUL", File::Mode::Shared); }), HasSubstr("它是一个设备或管道"));
-}
-
-TEST_F(Files, TheLockOfAFolderIsGoneWithItsHolder) {
-  {
-    const auto lock = FileLock::take(folder.path(), FileLock::Clock::now());
 TEST_F(Files, ANameThatIsRemovedIsFreeAtOnce) {
   write(folder / "a", "old");
   const auto lock = FileLock::take(folder / "a", FileLock::Clock::now());
@@ -63,6 +63,13 @@ TEST_F(Files, ANameThatIsRemovedIsFreeAtOnce) {
   EXPECT_EQ(read(open, 0, 10), "old");
 }
 
+TEST_F(Files, ADevicesNameIsRefused) {
+  EXPECT_THAT(complaintOf([&] { File(folder / "NUL", File::Mode::Shared); }), HasSubstr("它是一个设备或管道"));
+}
+
+TEST_F(Files, TheLockOfAFolderIsGoneWithItsHolder) {
+  {
+    const auto lock = FileLock::take(folder.path(), FileLock::Clock::now());
     ASSERT_TRUE(lock);
     EXPECT_FALSE(FileLock::take(folder.path(), FileLock::Clock::now()));
   }

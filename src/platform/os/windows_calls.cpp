@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <cwchar>
 #include <memory>
+#include <utility>
 
 namespace triaxlab {
 namespace {
@@ -191,18 +192,28 @@ int numberOfProcess() { return static_cast<int>(GetCurrentProcessId()); }
 }  // namespace triaxlab
 
 /// In place of the C library's own, which knows no UTF-8: by this function the standard library makes paths of texts,
-/// and texts are UTF-8 in this program. Characters beyond 16 bits are none of a name here.
-extern "C" std::size_t mbrtowc(wchar_t* character, const char* text, std::size_t size, std::mbstate_t* /*state*/) {
+/// and texts are UTF-8 in this program. A character beyond 16 bits is two here: the first goes for all its bytes but
+/// the last, and the second waits in the state for that one.
+extern "C" std::size_t mbrtowc(wchar_t* character, const char* text, std::size_t size, std::mbstate_t* state) {
+  constexpr auto kNotWhole = static_cast<std::size_t>(-2), kWrong = static_cast<std::size_t>(-1);
   if (text == nullptr) return 0;
-  if (size == 0) return static_cast<std::size_t>(-2);  // not whole
-  const auto lead = static_cast<unsigned char>(*text);
-  const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : 3;
-  wchar_t decoded = 0;
-  if (length > size) return static_cast<std::size_t>(-2);
-  if (MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text, static_cast<int>(length), &decoded, 1) != 1) {
-    errno = EILSEQ;
-    return static_cast<std::size_t>(-1);
+  if (size == 0) return kNotWhole;
+  if (state != nullptr && *state != 0) {
+    if (character != nullptr) *character = static_cast<wchar_t>(std::exchange(*state, 0));
+    return 1;
   }
-  if (character != nullptr) *character = decoded;
-  return decoded == 0 ? 0 : length;
+  const auto lead = static_cast<unsigned char>(*text);
+  const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+  if (length > size) return kNotWhole;
+  std::array<wchar_t, 2> decoded{};
+  const int count = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text, static_cast<int>(length), decoded.data(),
+                                        static_cast<int>(decoded.size()));
+  const bool isPair = length == 4;
+  if (count != (isPair ? 2 : 1) || (isPair && state == nullptr)) {
+    errno = EILSEQ;
+    return kWrong;
+  }
+  if (character != nullptr) *character = decoded[0];
+  if (isPair) *state = decoded[1];
+  return decoded[0] == 0 ? 0 : isPair ? length - 1 : length;
 }
