@@ -16,6 +16,8 @@ CLI::Option* addParsedOption(CLI::App& app, const std::string& name, const std::
 }
 
 void addStartOptions(CLI::App& app, StartOptions& options) {
+  // A name that begins with a slash is a name on every system.
+  app.allow_windows_style_options(false);
   app.set_version_flag("--version", app.get_name() + ' ' + programVersion(""), "Print the version and exit");
   app.add_option("--app", options.applicationFolder,
                  "folder of the settings; by default TRIAXLAB_APP, else that of the program")

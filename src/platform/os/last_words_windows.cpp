@@ -28,7 +28,8 @@ LONG WINAPI sayAtException(EXCEPTION_POINTERS* thrown) {
   const auto* const known =
       std::ranges::find(kFatalExceptions, thrown->ExceptionRecord->ExceptionCode, &FatalException::code);
   sayLastWords(known != kFatalExceptions.end() ? known->name : "未知的错误");
-  return EXCEPTION_CONTINUE_SEARCH;  // the process ends as it would have
+  // The process ends with the number of the exception, as it would have, but without a box that waits for a person.
+  return EXCEPTION_EXECUTE_HANDLER;
 }
 
 void sayAtAbort(int /*signal*/) { sayLastWords("SIGABRT"); }

@@ -70,9 +70,11 @@ std::filesystem::path executableFolder() {
 void takeFailuresAsErrors() {
   // No box of the system that waits for a person in front of an empty drive.
   SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
-  // What is written comes out as it is, and the console shows it as what it is.
+  // What is written comes out as it is, and the console shows it as what it is; later programs find it as it was.
   for (std::FILE* const stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
+  static const UINT codePage = GetConsoleOutputCP();
   SetConsoleOutputCP(CP_UTF8);
+  std::atexit([] { SetConsoleOutputCP(codePage); });
 }
 
 CommandWords commandWords(int /*count*/, char** /*words*/) {

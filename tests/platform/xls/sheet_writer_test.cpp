@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "common/user_error.h"
+#include "platform/files.h"
 #include "support/packages.h"
 #include "support/read_sheets.h"
 #include "support/temporary_folder.h"
@@ -188,7 +189,7 @@ TEST_P(SheetWriters, AFileInAFolderThatIsNotThereIsNamed) {
     makeSheetWriter(missing);
     FAIL();
   } catch (const UserError& error) {
-    EXPECT_THAT(error.what(), ::testing::HasSubstr(missing.string()));
+    EXPECT_THAT(error.what(), ::testing::HasSubstr(textOfPath(missing)));
   }
   EXPECT_FALSE(fs::exists(folder / "none"));
 }
