@@ -8,6 +8,7 @@
 
 #include "common/user_error.h"
 #include "exports/export_fixture.h"
+#include "platform/files.h"
 
 namespace triaxlab {
 namespace {
@@ -118,7 +119,7 @@ TEST_F(ExportFiles, AreNotBegunWhereNoFileCanBe) {
     } catch (const UserError& error) {
       sentence = error.what();
     }
-    EXPECT_THAT(sentence, HasSubstr("“" + place.string() + "”"));
+    EXPECT_THAT(sentence, HasSubstr("“" + textOfPath(std::filesystem::absolute(place)) + "”"));
   }
 }
 

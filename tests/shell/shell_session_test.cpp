@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "shell/shell_fixture.h"
+#include "support/posix_only.h"
 
 namespace triaxlab {
 namespace {
@@ -196,6 +197,7 @@ bool isStarted(const Lab& lab, ShellSession& shell, const char* file, const char
 }
 
 TEST_F(Shell, AToolIsStartedFromTheApplicationFolder) {
+  POSIX_ONLY("scripts that are programs");
   EXPECT_TRUE(isStarted(lab, shell, "zmgj.exe", "RZMGJ"));
   EXPECT_THAT(windows.raisedTools, ElementsAre("QVB固结（黄土压缩）试验数据处理"));
   EXPECT_TRUE(isStarted(lab, shell, "zmsz8cs", "SAZHOU8")) << "without .exe and in another case";

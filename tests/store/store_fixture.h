@@ -142,7 +142,14 @@ class StoreTest : public ::testing::Test {
   }
   /// Names of the copies that are kept of project files, in ascending order.
   std::vector<std::string> backups() const { return listFiles(data("HSZS/backup"), "", ""); }
-  bool has(const std::string& name) const { return std::filesystem::exists(data(name)); }
+  /// Whether there is a file or folder spelled so, also where the system finds it by another spelling.
+  bool has(const std::string& name) const {
+    const std::filesystem::path path = data(name);
+    if (!std::filesystem::exists(path)) return false;
+    const std::filesystem::directory_iterator beside(path.parent_path());
+    return std::any_of(begin(beside), end(beside),
+                       [&path](const auto& entry) { return entry.path().filename() == path.filename(); });
+  }
 
   TriaxialSampleRecord& row(std::size_t index) { return workspace.TriaxialSampleTable[index]; }
   void setRow(std::size_t index, const std::string& record) { row(index) = recordOf<TriaxialSampleRecord>(record); }

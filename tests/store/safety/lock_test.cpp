@@ -14,6 +14,7 @@ namespace triaxlab::testing {
 namespace {
 
 using ::testing::AllOf;
+using ::testing::AnyOf;
 using ::testing::HasSubstr;
 using ::testing::Not;
 using namespace std::chrono_literals;
@@ -30,14 +31,27 @@ class Locks : public StoreTest {
     setRow(0, triaxialBytes("P1", "S1", 2, "250"));
   }
 
+  static ::testing::Matcher<std::string> isBusy() {
+    const auto waited = AllOf(HasSubstr("另一个程序"), HasSubstr("0.1 秒"));
+#ifdef _WIN32
+    return AnyOf(waited, HasSubstr("它正被别的程序使用"));  // and can't even be opened
+#else
+    return waited;
+#endif
+  }
   void save() { saveProject(workspace, ProjectKind::Triaxial, nullptr); }
   void rewrite() { rewriteProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", std::array{1U, 0U}); }
   void open() { openProject(workspace, ProjectKind::Triaxial, "WKSZP1.txt", nullptr); }
-  /// A sentence that names `file`, and not a byte has changed.
-  template <class Act>
-  void expectRefused(const std::string& file, Act act) {
+  /// While another program holds `held`, each of the acts ends with a sentence that names `told`, and not a byte
+  /// changes.
+  template <class... Acts>
+  void expectRefused(const std::string& held, LockWay way, const std::string& told, Acts... acts) {
     const auto before = snapshot();
-    EXPECT_THAT(sentenceOf(act), AllOf(HasSubstr(file), HasSubstr("另一个程序"), HasSubstr("0.1 秒")));
+    LockHolder other(data(held), way);
+    ASSERT_TRUE(other.holds());
+    for (const std::string& sentence : {sentenceOf(acts)...})
+      EXPECT_THAT(sentence, AllOf(HasSubstr(textOfPath(told)), isBusy()));
+    other.kill();  // where a lock is kept by force, only its holder can read the file
     EXPECT_EQ(snapshot(), before);
   }
   bool folderIsFree() const { return FileLock::take(data("HSZS"), FileLock::Clock::now()).has_value(); }
@@ -45,12 +59,9 @@ class Locks : public StoreTest {
 
 TEST_F(Locks, AFileThatAnotherProgramHoldsIsNamedAndNothingIsWritten) {
   for (const LockWay way : {LockWay::Flock, LockWay::RecordLock})
-    for (const std::string file : {"HSZS/WKSZP1.txt", "ZMSJ/KHZP1.txt"}) {
-      LockHolder other(data(file), way);
-      expectRefused(file, [this] { save(); });
-      expectRefused(file, [this] { rewrite(); });
-      other.kill();
-    }
+    for (const std::string file : {"HSZS/WKSZP1.txt", "ZMSJ/KHZP1.txt"})
+      expectRefused(
+          file, way, file, [this] { save(); }, [this] { rewrite(); });
   const std::string before = read("HSZS/WKSZP1.txt");
   save();
   EXPECT_NE(difference(read("HSZS/WKSZP1.txt"), before), "") << "a program that was killed holds nothing";
@@ -59,34 +70,30 @@ TEST_F(Locks, AFileThatAnotherProgramHoldsIsNamedAndNothingIsWritten) {
 TEST_F(Locks, OneBusyProjectKeepsTheOthersFromBeingSavedAndUpgradedToo) {
   write("HSZS/WKSZP0.txt", headerBytes({"0000", "P0", "", "", "", "", "V1.0"}) + field("", 100));
   setRow(1, triaxialBytes("P0", "S1"));
-  const LockHolder other(data("HSZS/WKSZP1.txt"), LockWay::Flock);
-  expectRefused("HSZS/WKSZP1.txt", [this] { save(); });
+  expectRefused("HSZS/WKSZP1.txt", LockWay::Flock, "HSZS/WKSZP1.txt", [this] { save(); });
 }
 
 TEST_F(Locks, ASaveOfAnotherProgramIsWaitedFor) {
+  expectRefused(
+      "HSZS", LockWay::Flock, "HSZS", [this] { save(); }, [this] { rewrite(); });
   const LockHolder other(data("HSZS"), LockWay::Flock);
-  expectRefused("HSZS", [this] { save(); });
-  expectRefused("HSZS", [this] { rewrite(); });
   open();
   EXPECT_TRUE(isLive(row(1))) << "without a journal an open needs nobody's leave";
 }
 
 TEST_F(Locks, AnUpgradeIsAChange) {
   write("HSZS/WKSZP1.txt", headerBytes({"0000", "P1", "", "", "", "", "V1.0"}) + field("", 100));
-  for (const std::string locked : {"HSZS", "HSZS/WKSZP1.txt"}) {
-    const LockHolder other(data(locked), LockWay::Flock);
-    expectRefused(locked, [this] { open(); });
-    expectRefused(locked, [this] { listSamples(workspace, ProjectKind::Triaxial, "WKSZP1.txt"); });
-  }
+  for (const std::string locked : {"HSZS", "HSZS/WKSZP1.txt"})
+    expectRefused(
+        locked, LockWay::Flock, locked, [this] { open(); },
+        [this] { listSamples(workspace, ProjectKind::Triaxial, "WKSZP1.txt"); });
 }
 
 TEST_F(Locks, AJournalInTheMakingIsLeftToItsProgram) {
   for (const std::string name : {"journal", "journal.new"}) {
     write(name, "not finished yet");
-    LockHolder other(data("HSZS"), LockWay::Flock);
-    expectRefused("HSZS", [this] { open(); });
-    expectRefused("HSZS", [this] { listProjects(workspace, ProjectKind::Triaxial); });
-    other.kill();
+    expectRefused(
+        "HSZS", LockWay::Flock, "HSZS", [this] { open(); }, [this] { listProjects(workspace, ProjectKind::Triaxial); });
     open();
     EXPECT_FALSE(has(name)) << "nobody is going to finish it";
   }
@@ -96,10 +103,9 @@ TEST_F(Locks, ASaveOnAnotherMachineIsWaitedFor) {
   // A share of a network keeps the lock of a folder to the machine; that of a file reaches here.
   for (const LockWay way : {LockWay::Flock, LockWay::RecordLock}) {
     write("triaxlab.lock", "");
+    expectRefused(
+        "triaxlab.lock", way, "data", [this] { save(); }, [this] { rewrite(); });
     LockHolder other(data("triaxlab.lock"), way);
-    ASSERT_TRUE(other.holds());
-    expectRefused("data", [this] { save(); });
-    expectRefused("data", [this] { rewrite(); });
     open();
     other.kill();
     FileUpdate::recover(workspace.dataFolder);

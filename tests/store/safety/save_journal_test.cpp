@@ -140,8 +140,9 @@ TEST_F(SaveJournalTest, AFolderOfThatNameIsNone) {
 TEST_F(SaveJournalTest, ACompleteOneThatCanNotBeAppliedStaysAndIsTold) {
   std::filesystem::create_directory(data("ZMSJ/b"));
   const std::string whole = journalOf({"HSZS/a", "ZMSJ/b"}, 0, "xyz");
-  EXPECT_THAT(FileUpdate::recover(workspace.dataFolder),
-              ::testing::ElementsAre(AllOf(HasSubstr("ZMSJ/b"), HasSubstr("自动写完"), HasSubstr("移到别处"))));
+  EXPECT_THAT(
+      FileUpdate::recover(workspace.dataFolder),
+      ::testing::ElementsAre(AllOf(HasSubstr(textOfPath("ZMSJ/b")), HasSubstr("自动写完"), HasSubstr("移到别处"))));
   EXPECT_EQ(read("journal"), whole);
   std::filesystem::remove(data("ZMSJ/b"));
   recover();
