@@ -184,7 +184,7 @@ TEST_F(ProjectKinds, KoAndT90AreTheResultsOfATK0Sample) {
 TEST_F(ProjectKinds, KoIsTheResultOfAK0Sample) {
   std::string record = names("S1") + std::string(213, ' ');
   record[30] = '\0';
-  for (const std::size_t stage : {0, 1}) {
+  for (const std::size_t stage : {0U, 1U}) {
     record.replace(91 + 6 * stage, 6, field(stage == 0 ? "100" : "200", 6));
     record.replace(151 + 6 * stage, 6, field(stage == 0 ? "60.0" : "110.0", 6));
   }

@@ -45,7 +45,7 @@ TK0SampleRecord steadyPressures() {
   setStage(record.k0, 1, "200", "1.0");
   for (std::size_t row = 1; row <= 6; ++row) {
     record.elapsedSeconds[row] = static_cast<std::int32_t>(60 * row * row);
-    for (const std::size_t stage : {0, 1}) {
+    for (const std::size_t stage : {0U, 1U}) {
       SetText(record.deformationSeries[row][stage], row < 6 ? "0." + std::to_string(row) : "0.52");
       SetText(record.pressureSeries[row][stage], stage == 0 ? "50.0" : "100.0");
     }

@@ -65,7 +65,7 @@ TEST_F(UnconfinedCurves, TheConstantsStandInTheirTable) {
 }
 
 TEST_F(UnconfinedCurves, TwoSamplesStandOnAPage) {
-  for (const std::size_t row : {0, 1, 2}) sample(row, "A-" + std::to_string(row + 1));
+  for (const std::size_t row : {0U, 1U, 2U}) sample(row, "A-" + std::to_string(row + 1));
   const auto pages = print();
   ASSERT_EQ(pages.size(), 2U);
   EXPECT_THAT(textsAt(pages[0].drawing, 1400, 7800), ElementsAre("试样编号:A-2"));

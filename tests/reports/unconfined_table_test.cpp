@@ -166,7 +166,7 @@ TEST_F(UnconfinedTable, TheSampleHasTheLaboratorysWord) {
 }
 
 TEST_F(UnconfinedTable, ASampleHasAPageAndItsNumberInTheWholeJob) {
-  for (const std::size_t row : {0, 1, 2}) sample(row, "A-" + std::to_string(row + 1));
+  for (const std::size_t row : {0U, 1U, 2U}) sample(row, "A-" + std::to_string(row + 1));
   EXPECT_THAT(pageNumbers(print(), 9500, 500), ElementsAre("第  1  页", "第  2  页", "第  3  页"));
   job.scope = PrintScope::Range;
   job.printRangeFrom = job.printRangeTo = 2;

@@ -28,7 +28,7 @@ TEST(DocumentOperations, AnOpenedDocumentIsReduced) {
   lab.writeProject("P1", {sample("P1", "A-1"), sample("P1", "A-2")});
   lab.folder.write("esz.ini", *utf8ToGbkExactly("[工程名称]=[Job]"));
   EXPECT_EQ(openDocument(lab.workspace, ProjectKind::Triaxial, "WKSZP1.txt", kWholeFile), Remarks{});
-  for (const std::size_t row : {0, 1}) {
+  for (const std::size_t row : {0U, 1U}) {
     const TriaxialSampleRecord& record = lab.workspace.TriaxialSampleTable[row];
     EXPECT_EQ(record.failureRadius[0].trimmed(), "30");   // 60 / 2
     EXPECT_EQ(record.failureCentre[0].trimmed(), "130");  // (2 x 100 + 60) / 2
@@ -125,7 +125,7 @@ TEST(DocumentOperations, ASaveOfK0SamplesFitsNothingThatWasNotShown) {
   K0SampleRecord& record = lab.workspace.K0SampleTable[0];
   SetText(record.projectNo, "P1");
   SetText(record.sampleNo, "S-1");
-  for (const std::size_t stage : {0, 1}) {
+  for (const std::size_t stage : {0U, 1U}) {
     SetText(record.axialPressure[stage], stage == 0 ? "100" : "200");
     SetText(record.lateralPressure[stage], stage == 0 ? "50" : "100");
   }

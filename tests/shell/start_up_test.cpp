@@ -315,7 +315,7 @@ TEST_F(Start, EachByteSetsItsOwnToggle) {
 }
 
 TEST_F(Start, OnlyTheByteOneIsOnAndOnlyZeroPrintsCircles) {
-  for (const std::uint32_t position : {198, 1800, 1801, 27002}) storeByte(position, '1');
+  for (const std::uint32_t position : {198U, 1800U, 1801U, 27002U}) storeByte(position, '1');
   startUp(workspace);
   EXPECT_FALSE(workspace.settings.toggles.dotMatrixPrinter) << "the character 1 is not the value 1";
   EXPECT_FALSE(workspace.settings.toggles.mergePressures);

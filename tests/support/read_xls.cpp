@@ -55,7 +55,7 @@ class Container {
     demand(nameAt(directory, 0) == "Root Entry" && u8(directory, 66) == 5, "no root");
     demand(u32(directory, 76) == 1 && u32(directory, 116) == kEnd && u32(directory, 120) == 0, "the root's stream");
     demand(nameAt(directory, 128) == "Workbook" && u8(directory, 128 + 66) == 2, "no stream Workbook");
-    for (const std::size_t link : {68, 72, 76}) demand(u32(directory, 128 + link) == kFree, "a second stream");
+    for (const std::size_t link : {68U, 72U, 76U}) demand(u32(directory, 128 + link) == kFree, "a second stream");
     for (std::size_t entry = 256; entry < directory.size(); entry += 128)
       demand(u8(directory, entry + 66) == 0 && u16(directory, entry + 64) == 0, "an unused entry that is used");
     const std::size_t size = u32(directory, 128 + 120);

@@ -121,8 +121,8 @@ TEST(EffectiveCurves, OtherMethodsAndUnusedStagesHaveNone) {
     TriaxialSampleRecord record = sampleOf(method);
     setStage(record, 0, "100");
     setRow(record, 0, 0, 1, "60", "30");
-    for (const std::size_t stage : {0, 1})
-      for (const std::size_t row : {0, 211}) {
+    for (const std::size_t stage : {0U, 1U})
+      for (const std::size_t row : {0U, 211U}) {
         SetText(record.sigma1Eff[row][stage], "1");
         SetText(record.sigma3Eff[row][stage], "2");
       }

@@ -244,7 +244,7 @@ TEST_F(OneProject, ARowOfAnotherProjectOrTestIsRefused) {
   EXPECT_EQ(selection.state().label2, "选中工程:");
   selection.toggleMark(1, dialogs);
   EXPECT_EQ(selection.state().label2, "选中工程:P1");
-  for (const std::size_t row : {2, 4}) {
+  for (const std::size_t row : {2U, 4U}) {
     selection.toggleMark(row, dialogs);
     EXPECT_FALSE(selection.isMarked(row));
   }

@@ -361,7 +361,8 @@ TEST(ChartLayoutFile, DefaultsStandWithoutAFile) {
   EXPECT_EQ(layout.slot[7], "试验负责人:");
   EXPECT_EQ(layout.slot[8], "日期：");
   EXPECT_EQ(layout.slot[9], "土样编号:");
-  for (const std::size_t empty : {3, 4, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20}) EXPECT_EQ(layout.slot[empty], "");
+  for (const std::size_t empty : {3U, 4U, 10U, 11U, 12U, 13U, 14U, 15U, 16U, 17U, 18U, 19U, 20U})
+    EXPECT_EQ(layout.slot[empty], "");
   EXPECT_EQ(layout.topMarginTwips, 900);
   EXPECT_EQ(layout.bottomMarginTwips, 900);
 }

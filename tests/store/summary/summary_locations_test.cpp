@@ -58,7 +58,7 @@ TEST_F(SummaryLocations, OfSeveralRecordsOfANumberTheLastCounts) {
 }
 
 TEST_F(SummaryLocations, OfSeveralRecordsOfANumberTheFirstGivesTheDepthOfAK0Record) {
-  for (const std::size_t row : {0, 1}) {
+  for (const std::size_t row : {0U, 1U}) {
     SetText(workspace.K0SampleTable[row].projectNo, "P1");
     SetText(workspace.K0SampleTable[row].sampleNo, row == 0 ? "S1" : "S2");
     SetText(workspace.K0SampleTable[row].samplingDepth, "9.9");
