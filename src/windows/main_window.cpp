@@ -361,7 +361,7 @@ void MDIForm1::raiseTool(std::string_view windowTitle) { m_toolWindows.raise(win
 void MDIForm1::minimizeTool(int process) { m_toolWindows.minimize(process); }
 
 void MDIForm1::startAgain(const std::filesystem::path& applicationFolder) {
-  const std::array<std::string, 2> arguments{"--app", applicationFolder.string()};
+  const std::array<std::string, 2> arguments{"--app", textOfPath(applicationFolder)};
   startProgram(QFileInfo(QCoreApplication::applicationFilePath()).filesystemFilePath(), arguments);
 }
 

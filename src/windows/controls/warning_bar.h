@@ -28,9 +28,9 @@ class WarningBar : public QFrame {
   void reportWanted();
 
  private:
-  Remarks m_remarks;
   QPushButton* addButton(const char* name, const QString& caption);
 
+  Remarks m_remarks;
   QLabel* m_text;
   QPushButton* m_report;
 };
