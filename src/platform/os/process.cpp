@@ -5,7 +5,8 @@
 
 #include <algorithm>
 #include <atomic>
-#include <random>
+#include <chrono>
+#include <cstdint>
 
 #include "platform/files.h"
 #include "platform/os/calls.h"
@@ -44,9 +45,9 @@ constexpr std::size_t kLotDigits = 8;
 }  // namespace
 
 std::string ownName() {
-  // The processes of two machines of one name may have one number.
-  static const std::string ofThisRun =
-      fmt::format("{}-{}-{:0{}x}", machineName(), numberOfProcess(), std::random_device{}() & 0xFFFFFFFFU, kLotDigits);
+  // The processes of two machines of one name may have one number. A source of chance may be a file, and fail.
+  static const auto lot = static_cast<std::uint32_t>(std::chrono::steady_clock::now().time_since_epoch().count());
+  static const std::string ofThisRun = fmt::format("{}-{}-{:0{}x}", machineName(), numberOfProcess(), lot, kLotDigits);
   static std::atomic<unsigned> count = 0;
   return fmt::format("{}-{}", ofThisRun, ++count);
 }
