@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "importers/importer.h"
+#include "platform/files.h"
 #include "platform/sheet_writer.h"
 
 namespace triaxlab::cli {
@@ -241,7 +242,7 @@ void check(const T& command, const StartOptions& start) {
   if (command.files.dataFolder && start.applicationFolder) throw CLI::ExcludesError("--data", "--app");
   if constexpr (std::is_same_v<T, Print>) {
     const bool isOneFile = command.files.names.size() == 1 && command.files.names.front() != kStandardInput;
-    if (!isOneFile && !command.out.empty() && command.out.string().find(kNamePlace) == std::string::npos)
+    if (!isOneFile && !command.out.empty() && textOfPath(command.out).find(kNamePlace) == std::string::npos)
       throw CLI::ValidationError("--out", "of many files needs {} for the name of each");
   }
 }

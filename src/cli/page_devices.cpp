@@ -47,7 +47,7 @@ struct Format {
 constexpr std::array kFormats{Format{".pdf", makePdf, true}, Format{".json", makeJson, false}};
 
 const Format* formatOf(const std::filesystem::path& out) {
-  const std::string extension = caseless(out.extension().string());
+  const std::string extension = caseless(textOfPath(out.extension()));
   const auto* const found = std::find_if(kFormats.begin(), kFormats.end(),
                                          [&](const Format& format) { return format.extension == extension; });
   return found == kFormats.end() ? nullptr : found;

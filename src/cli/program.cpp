@@ -16,6 +16,7 @@
 #include "common/gbk.h"
 #include "common/user_error.h"
 #include "exports/export_file.h"
+#include "platform/files.h"
 #include "reports/document_info.h"
 #include "reports/layouts.h"
 #include "reports/send_report.h"
@@ -50,11 +51,11 @@ constexpr std::string_view kShowing = "显示曲线：";
 
 /// Where the pages of a file go: "{}" stands for its name without extension.
 std::filesystem::path placeOf(const std::filesystem::path& out, std::string_view fileName) {
-  std::string place = out.string();
+  std::string place = textOfPath(out);
   const std::string stem(fileName.substr(0, fileName.rfind('.')));
   for (std::size_t at = 0; (at = place.find(kNamePlace, at)) != std::string::npos; at += stem.size())
     place.replace(at, kNamePlace.size(), stem);
-  return place;
+  return pathFromText(place);
 }
 
 class Program {

@@ -26,7 +26,7 @@ std::filesystem::path firstPlace(const Workspace& workspace, ProjectKind tests, 
 }
 
 const TableFormat& formatOf(const std::filesystem::path& file) {
-  if (const TableFormat* const format = tableFormatOfExtension(file.extension().string())) return *format;
+  if (const TableFormat* const format = tableFormatOfExtension(textOfPath(file.extension()))) return *format;
   std::vector<std::string_view> extensions;
   for (const TableFormat& format : tableFormats()) extensions.push_back(format.extension);
   throw UserError(

@@ -37,7 +37,7 @@ Bytes runReader(const std::filesystem::path& path, std::span<const JetTable> tab
   const std::filesystem::path program =
       reader.program.empty() ? programParts().helpers / kReaderProgram : reader.program;
   const auto seconds = std::chrono::ceil<std::chrono::seconds>(reader.time).count();
-  std::vector<std::string> arguments{path.string(), std::to_string(reader.memoryBytes), std::to_string(seconds)};
+  std::vector<std::string> arguments{textOfPath(path), std::to_string(reader.memoryBytes), std::to_string(seconds)};
   for (const JetTable& table : tables)
     arguments.push_back(fmt::format("{}={}", table.name, fmt::join(table.columns, ",")));
 

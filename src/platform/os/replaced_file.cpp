@@ -20,7 +20,7 @@ const std::filesystem::path& onlyOfFiles(const std::filesystem::path& place) {
 
 ReplacedFile::ReplacedFile(const std::filesystem::path& place)
     : m_place(onlyOfFiles(place)),
-      m_beside(place.string() + ".new"),
+      m_beside(std::filesystem::path(place) += ".new"),
       m_file(File(m_beside, File::Mode::Create, place)) {}
 
 ReplacedFile::~ReplacedFile() {

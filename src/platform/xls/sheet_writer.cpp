@@ -4,6 +4,7 @@
 #include <array>
 
 #include "common/small_letters.h"
+#include "platform/files.h"
 #include "platform/xls/xls_writer.h"
 #include "platform/xls/xlsx_writer.h"
 
@@ -18,7 +19,7 @@ constexpr std::array kFormats{WorkbookFormat{".xls", makeXlsWriter}, WorkbookFor
 
 const WorkbookFormat* formatOf(const std::filesystem::path& file) {
   const auto* const found =
-      std::ranges::find(kFormats, caseless(file.extension().string()), &WorkbookFormat::extension);
+      std::ranges::find(kFormats, caseless(textOfPath(file.extension())), &WorkbookFormat::extension);
   return found == kFormats.end() ? nullptr : found;
 }
 
