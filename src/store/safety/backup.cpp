@@ -51,9 +51,9 @@ bool isTimeText(std::string_view text) {
 std::optional<Copy> copyOfName(const std::string& name) {
   if (name.size() < kTimePattern.size() + 1 + kExtensionSize) return std::nullopt;
   const std::size_t extension = name.size() - kExtensionSize, time = extension - kTimePattern.size();
-  Copy copy{name, caseless(name.substr(0, time - 1) + name.substr(extension)), name.substr(time, kTimePattern.size())};
-  if (name[time - 1] != '_' || !isTimeText(copy.time)) return std::nullopt;
-  return copy;
+  const std::string_view timePart = std::string_view(name).substr(time, kTimePattern.size());
+  if (name[time - 1] != '_' || !isTimeText(timePart)) return std::nullopt;
+  return Copy{name, caseless(name.substr(0, time - 1) + name.substr(extension)), std::string(timePart)};
 }
 
 /// A name that sorts behind those of the same project but for a clock that was set back, and that no file has.
