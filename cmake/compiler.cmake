@@ -11,8 +11,6 @@ endif()
 if(TRIAXLAB_SANITIZE)
   target_compile_options(triaxlab_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(triaxlab_flags INTERFACE -fsanitize=address,undefined)
-  # gcc says itself that what it adds for the sanitizers makes this one wrong.
-  target_compile_options(triaxlab_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 if(TRIAXLAB_LTO)
   # Two types or functions of one name, which a linker joins in silence, are found when all is compiled as one.

@@ -8,12 +8,12 @@
 #include <QImage>
 #include <QPageLayout>
 #include <QPdfWriter>
+#include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QUrl>
 #include <cstdio>
-#include <regex>
 
 #include "windows/controls/words.h"
 #include "windows/help/manual_pages.h"
@@ -29,11 +29,10 @@ constexpr double kMargin = 20;
 constexpr double kMillimetresPerInch = 25.4;
 
 /// All chapters, one after the other. On paper a link to another chapter is its words.
-std::string wholeText(const Manual& manual) {
-  static const std::regex kLink(R"(\[([^\]]*)\]\([^)]*\.md\))");
-  std::string text;
-  for (const ManualChapter& chapter : manual.chapters())
-    text += std::regex_replace(chapter.markdown, kLink, "$1") + "\n\n";
+QString wholeText(const Manual& manual) {
+  static const QRegularExpression kLink(R"(\[([^\]]*)\]\([^)]*\.md\))");
+  QString text;
+  for (const ManualChapter& chapter : manual.chapters()) text += words(chapter.markdown).replace(kLink, "\\1") + "\n\n";
   return text;
 }
 
@@ -73,7 +72,7 @@ bool write(const QString& file) {
   QFont type("Noto Sans CJK SC");
   type.setPixelSize(kType);
   document.setDefaultFont(type);
-  document.setMarkdown(words(wholeText(manual)));
+  document.setMarkdown(wholeText(manual));
   addPictures(document);  // a text that is set throws out what was there
   const double margins = 2 * (kMargin / kMillimetresPerInch * kResolution + document.documentMargin());
   typeset(document, static_cast<int>(writer.width() - margins));

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <functional>
 
 #include "windows/controls/click_label.h"
 #include "windows/controls/grid_view.h"
@@ -97,7 +98,7 @@ void OPENFORM::showState() {
 void OPENFORM::sort(void (BrowserSession::*order)()) {
   m_sorting->show();
   m_sorting->repaint();
-  act([this, order] { (m_session.*order)(); });
+  act([this, order] { std::invoke(order, m_session); });
   m_sorting->hide();
   m_grid->setFocus();
 }

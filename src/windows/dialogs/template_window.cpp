@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <functional>
 
 #include "windows/controls/layout.h"
 #include "windows/controls/words.h"
@@ -42,7 +43,7 @@ Form24::Form24(QWidget* parent, TemplateSession& session)
 
 void Form24::makeButton(const char* name, std::string_view caption, int x, void (TemplateSession::*work)()) {
   auto* const button = put(new QPushButton(words(caption), this), name, {x, kButtonY, kButtonWidth, kButtonHeight});
-  connect(button, &QPushButton::clicked, this, [this, work] { act([this, work] { (m_session.*work)(); }); });
+  connect(button, &QPushButton::clicked, this, [this, work] { act([this, work] { std::invoke(work, m_session); }); });
 }
 
 void Form24::showState() {

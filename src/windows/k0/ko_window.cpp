@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <functional>
 #include <utility>
 
 #include "k0/charts/ko_chart.h"
@@ -67,7 +68,7 @@ void KoWindow::makeRest(const KoBesideCharts& places) {
   m_samplingDepth->setObjectName("SamplingDepth");
   const auto button = [this](const char* name, const char* text, Place place, void (KoSession::*step)()) {
     auto* const made = put(new QPushButton(words(text), this), name, place);
-    connect(made, &QPushButton::clicked, this, [this, step] { act([&] { (m_session.*step)(); }); });
+    connect(made, &QPushButton::clicked, this, [this, step] { act([&] { std::invoke(step, m_session); }); });
     return made;
   };
   m_redraw = button("Command1", ko_captions::kRedraw, places.redraw, &KoSession::redraw);

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QWheelEvent>
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -97,7 +98,7 @@ void Form1::openCell(RecordEdit* overlay, void (CurveSession::*select)(int), int
 
 void Form1::connectPages() {
   const auto onClick = [this](QPushButton* button, void (CurveSession::*step)()) {
-    connect(button, &QPushButton::clicked, this, [this, step] { act([&] { (m_session.*step)(); }); });
+    connect(button, &QPushButton::clicked, this, [this, step] { act([&] { std::invoke(step, m_session); }); });
   };
   onClick(m_controls.command3, &CurveSession::previousPage);
   onClick(m_controls.command4, &CurveSession::nextPage);
