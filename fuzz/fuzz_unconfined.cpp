@@ -33,7 +33,7 @@ void walkWholeCurve(const UnconfinedSampleRecord& record, Specimen specimen) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   UnconfinedSampleRecord record;
-  std::memcpy(static_cast<void*>(&record), data, std::min(size, sizeof record));
+  std::copy_n(data, std::min(size, sizeof record), reinterpret_cast<std::uint8_t*>(&record));
   const auto format = static_cast<NumberFormat>(size % 5);
   reduceUnconfinedSample(record, format);
   for (const Specimen specimen : kSpecimens) {
