@@ -217,7 +217,7 @@ void MDIForm1::showKeys() {
   m_help.showKeys(frontWindow(), {menu});
 }
 
-void MDIForm1::showAbout() { m_help.showAbout(this, m_workspace); }
+void MDIForm1::showAbout() { HelpWindows::showAbout(this, m_workspace); }
 
 void MDIForm1::showFaultReport(const std::string& report, const std::filesystem::path& file) {
   FaultReportWindow(this, report, file).exec();
