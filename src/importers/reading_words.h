@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "common/fixed_text.h"
 #include "common/little.h"
 #include "triaxial/time_axes.h"
 
@@ -32,11 +31,6 @@ constexpr std::int16_t fromSignAndMagnitude(std::int16_t word) {
 /// A word of tenths as the format "0" shows it: half away from zero.
 constexpr std::int16_t wholeOfTenths(std::int16_t tenths) {
   return static_cast<std::int16_t>((tenths + (tenths < 0 ? -5 : 5)) / 10);
-}
-
-/// A number field of hundredths; a word of 0 leaves it as it is.
-inline void setHundredths(FixedText<6>& field, std::int16_t hundredths) {
-  if (hundredths != 0) SetNumber(field, hundredths / 100.0, NumberFormat::Hundredths);
 }
 
 }  // namespace triaxlab
