@@ -2,18 +2,18 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <string>
 
 #include "layering/include_rules.h"
+#include "support/file_bytes.h"
 
 namespace triaxlab::layering {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::ElementsAre;
+using triaxlab::testing::fileBytes;
+using ::testing::IsEmpty;
 
 std::vector<SourceFile> filesOfTheHouse() {
   const std::filesystem::path root = std::filesystem::path(TRIAXLAB_SOURCE) / "src";
@@ -21,9 +21,7 @@ std::vector<SourceFile> filesOfTheHouse() {
   for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
     const auto extension = entry.path().extension();
     if (extension != ".h" && extension != ".cpp") continue;
-    std::ifstream in(entry.path(), std::ios::binary);
-    files.push_back({std::filesystem::relative(entry.path(), root).generic_string(),
-                     std::string(std::istreambuf_iterator<char>(in), {})});
+    files.push_back({std::filesystem::relative(entry.path(), root).generic_string(), fileBytes(entry.path())});
   }
   return files;
 }

@@ -3,16 +3,18 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <regex>
 #include <set>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "support/file_bytes.h"
+
 namespace triaxlab::layering {
 namespace {
+
+using triaxlab::testing::fileBytes;
 
 const std::filesystem::path kRoot = TRIAXLAB_SOURCE;
 
@@ -24,16 +26,11 @@ struct Recipe {
   std::set<std::string> files = {};      // of the table
 };
 
-std::string textOf(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
 std::vector<Recipe> recipes() {
   static const std::regex kHeading("### (.*)"), kCount(".*touch(?:es)? (\\d+) files:");
   static const std::regex kSearch("    grep -rlE '(.*)' (.*)"), kRow("\\| `([^`]+)` \\| .+ \\|");
   std::vector<Recipe> found;
-  std::istringstream text(textOf(kRoot / "docs/building.md"));
+  std::istringstream text(fileBytes(kRoot / "docs/building.md"));
   std::smatch match;
   for (std::string line; std::getline(text, line);) {
     if (std::regex_match(line, match, kHeading)) found.push_back({.name = match[1]});
@@ -63,7 +60,7 @@ std::set<std::string> filesThatHave(const std::string& pattern, const std::vecto
   std::set<std::string> found;
   for (const std::string& place : places)
     for (const std::filesystem::path& file : filesBelow(kRoot / place))
-      if (std::regex_search(textOf(file), wanted))
+      if (std::regex_search(fileBytes(file), wanted))
         found.insert(std::filesystem::relative(file, kRoot).generic_string());
   return found;
 }

@@ -28,11 +28,6 @@ inline Bytes bytesOfText(std::string_view text) {
 
 inline void write(const fs::path& path, std::string_view text) { std::ofstream(path, std::ios::binary) << text; }
 
-inline std::string contentOf(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
 inline std::vector<std::string> namesIn(const fs::path& folder) {
   std::vector<std::string> names;
   for (const auto& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename().string());

@@ -90,7 +90,7 @@ TEST_F(Files, WhatMayNotBeReadOrWrittenIsSaid) {
   fs::permissions(folder.path(), fs::perms::owner_all);
   fs::permissions(folder / "closed", fs::perms::owner_all);
   fs::permissions(folder / "secret", fs::perms::owner_all);
-  EXPECT_EQ(contentOf(folder / "secret"), "old");
+  EXPECT_EQ(fileBytes(folder / "secret"), "old");
   EXPECT_THAT(namesIn(folder.path()), ElementsAre("closed", "secret"));
 }
 
@@ -114,11 +114,11 @@ TEST_F(Files, AReplacedFileHasTheNewContentAndTheOldRights) {
   write(folder / "a", "old");
   fs::permissions(folder / "a", fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
   writeWholeFile(folder / "a", bytesOfText("new content"));
-  EXPECT_EQ(contentOf(folder / "a"), "new content");
+  EXPECT_EQ(fileBytes(folder / "a"), "new content");
   EXPECT_EQ(fs::status(folder / "a").permissions(),
             fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
   writeWholeFile(folder / "b", bytesOfText("first"));
-  EXPECT_EQ(contentOf(folder / "b"), "first");
+  EXPECT_EQ(fileBytes(folder / "b"), "first");
   EXPECT_THAT(namesIn(folder.path()), ElementsAre("a", "b"));
 }
 
@@ -128,7 +128,7 @@ TEST_F(Files, AReplacedLinkStaysALink) {
   fs::create_symlink(folder / "server/qvb.sys", folder / "qvb.sys");
   writeWholeFile(folder / "qvb.sys", bytesOfText("new"));
   EXPECT_TRUE(fs::is_symlink(folder / "qvb.sys"));
-  EXPECT_EQ(contentOf(folder / "server/qvb.sys"), "new");
+  EXPECT_EQ(fileBytes(folder / "server/qvb.sys"), "new");
   EXPECT_THAT(namesIn(folder / "server"), ElementsAre("qvb.sys"));
 }
 
@@ -138,7 +138,7 @@ TEST_F(Files, AFailedReplacementLeavesTheOldFileAndNoRemains) {
     const FullDisk full(100);
     EXPECT_THAT(complaintOf([&] { writeWholeFile(folder / "a", Bytes(101)); }), HasSubstr((folder / "a").string()));
   }
-  EXPECT_EQ(contentOf(folder / "a"), "old");
+  EXPECT_EQ(fileBytes(folder / "a"), "old");
   EXPECT_THAT(namesIn(folder.path()), ElementsAre("a"));
 
   fs::create_directory(folder / "folder");
@@ -152,7 +152,7 @@ TEST_F(Files, AMovedFileTakesThePlaceAndTheRightsOfTheOldOne) {
   write(folder / "a", "old");
   fs::permissions(folder / "a", fs::perms::owner_read | fs::perms::group_read);
   moveFile(folder / "a.bak", folder / "a");
-  EXPECT_EQ(contentOf(folder / "a"), "new content");
+  EXPECT_EQ(fileBytes(folder / "a"), "new content");
   EXPECT_EQ(fs::status(folder / "a").permissions(), fs::perms::owner_read | fs::perms::group_read);
   EXPECT_THAT(namesIn(folder.path()), ElementsAre("a"));
 }
@@ -169,7 +169,7 @@ TEST_F(Files, AFileMovesFromOneDiskToAnother) {
   write(from, content);
   write(folder / "a", "old");
   moveFile(from, folder / "a");
-  EXPECT_EQ(contentOf(folder / "a"), content);
+  EXPECT_EQ(fileBytes(folder / "a"), content);
   EXPECT_FALSE(fs::exists(from));
   EXPECT_THAT(namesIn(folder.path()), ElementsAre("a"));
 }

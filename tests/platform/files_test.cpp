@@ -46,22 +46,22 @@ TEST_F(Files, AnImpossiblePlaceIsAnError) {
   const auto beyond = std::numeric_limits<std::uint64_t>::max() - 1;
   EXPECT_THAT(complaintOf([&] { read(file, beyond, 1); }), HasSubstr((folder / "a").string()));
   EXPECT_THAT(complaintOf([&] { file.writeAt(beyond, bytesOfText("x")); }), HasSubstr((folder / "a").string()));
-  EXPECT_EQ(contentOf(folder / "a"), "ab");
+  EXPECT_EQ(fileBytes(folder / "a"), "ab");
 }
 
 TEST_F(Files, WritesInPlaceAndFillsGapsWithZeros) {
   write(folder / "a", "0123");
   File file(folder / "a", File::Mode::Update);
   file.writeAt(1, bytesOfText("XY"));
-  EXPECT_EQ(contentOf(folder / "a"), "0XY3");
+  EXPECT_EQ(fileBytes(folder / "a"), "0XY3");
   file.writeAt(6, bytesOfText("Z"));
-  EXPECT_EQ(contentOf(folder / "a"), std::string("0XY3\0\0Z", 7));
+  EXPECT_EQ(fileBytes(folder / "a"), std::string("0XY3\0\0Z", 7));
   file.writeAt(0, {});
   EXPECT_EQ(file.size(), 7U);
   file.resize(2);
-  EXPECT_EQ(contentOf(folder / "a"), "0X");
+  EXPECT_EQ(fileBytes(folder / "a"), "0X");
   file.resize(4);
-  EXPECT_EQ(contentOf(folder / "a"), std::string("0X\0\0", 4));
+  EXPECT_EQ(fileBytes(folder / "a"), std::string("0X\0\0", 4));
   EXPECT_NO_THROW(file.sync());
 }
 
@@ -72,11 +72,11 @@ TEST_F(Files, ModesTellWhatBecomesOfTheFile) {
 
   write(folder / "kept", "old");
   File(folder / "kept", File::Mode::Shared).writeAt(0, bytesOfText("n"));
-  EXPECT_EQ(contentOf(folder / "kept"), "nld");
+  EXPECT_EQ(fileBytes(folder / "kept"), "nld");
   File(folder / "made", File::Mode::Shared).writeAt(0, bytesOfText("n"));
-  EXPECT_EQ(contentOf(folder / "made"), "n");
+  EXPECT_EQ(fileBytes(folder / "made"), "n");
   File(folder / "kept", File::Mode::Create).writeAt(0, bytesOfText("x"));
-  EXPECT_EQ(contentOf(folder / "kept"), "x");
+  EXPECT_EQ(fileBytes(folder / "kept"), "x");
 }
 
 TEST_F(Files, AFileToReadIsNotWritten) {
@@ -84,7 +84,7 @@ TEST_F(Files, AFileToReadIsNotWritten) {
   File file(folder / "a", File::Mode::Read);
   EXPECT_NE(complaintOf([&] { file.writeAt(0, bytesOfText("new")); }), "");
   EXPECT_NE(complaintOf([&] { file.resize(0); }), "");
-  EXPECT_EQ(contentOf(folder / "a"), "old");
+  EXPECT_EQ(fileBytes(folder / "a"), "old");
 }
 
 TEST_F(Files, AnOpenFileCanBeHandedOn) {
@@ -149,9 +149,9 @@ TEST_F(Files, AMoveThatFailsLeavesBothFiles) {
   EXPECT_THAT(complaintOf([&] { moveFile(folder / "a.bak", folder / "folder"); }),
               HasSubstr((folder / "folder").string()));
   EXPECT_NE(complaintOf([&] { moveFile(folder / "a.bak", folder / "none/a"); }), "");
-  EXPECT_EQ(contentOf(folder / "a.bak"), "new");
+  EXPECT_EQ(fileBytes(folder / "a.bak"), "new");
   EXPECT_NE(complaintOf([&] { moveFile(folder / "none", folder / "a.bak"); }), "");
-  EXPECT_EQ(contentOf(folder / "a.bak"), "new");
+  EXPECT_EQ(fileBytes(folder / "a.bak"), "new");
   EXPECT_THAT(namesIn(folder.path()), ElementsAre("a.bak", "folder"));
 }
 
@@ -159,7 +159,7 @@ TEST_F(Files, RenamesAndRemoves) {
   write(folder / "a", "a");
   write(folder / "b", "b");
   renameFile(folder / "a", folder / "b");
-  EXPECT_EQ(contentOf(folder / "b"), "a");
+  EXPECT_EQ(fileBytes(folder / "b"), "a");
   removeFile(folder / "b");
   EXPECT_NO_THROW(removeFile(folder / "b"));  // what should be gone is gone
   EXPECT_THAT(complaintOf([&] { renameFile(folder / "b", folder / "c"); }), HasSubstr((folder / "c").string()));

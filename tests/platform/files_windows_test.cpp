@@ -44,7 +44,7 @@ TEST_F(Files, AreReplacedAndRemovedWhileTheyAreOpen) {
   {
     const File open(folder / "a", File::Mode::Read);
     writeWholeFile(folder / "a", bytesOfText("new content"));
-    EXPECT_EQ(contentOf(folder / "a"), "new content");
+    EXPECT_EQ(fileBytes(folder / "a"), "new content");
     EXPECT_EQ(read(open, 0, 10), "old");
   }
   EXPECT_THAT(namesIn(folder.path()), ::testing::ElementsAre("a"));
@@ -59,7 +59,7 @@ TEST_F(Files, ANameThatIsRemovedIsFreeAtOnce) {
   EXPECT_FALSE(fileExists(folder / "a"));
   EXPECT_EQ(stampOf(folder / "a"), std::nullopt);
   writeWholeFile(folder / "a", bytesOfText("new"));
-  EXPECT_EQ(contentOf(folder / "a"), "new");
+  EXPECT_EQ(fileBytes(folder / "a"), "new");
   EXPECT_EQ(read(open, 0, 10), "old");
 }
 

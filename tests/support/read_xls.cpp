@@ -4,13 +4,12 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <set>
 #include <stdexcept>
 #include <string_view>
 
 #include "common/text_number.h"
+#include "support/file_bytes.h"
 #include "support/read_sheets.h"
 
 namespace triaxlab::testing {
@@ -418,8 +417,7 @@ class BookReader {
 }  // namespace
 
 std::vector<FoundSheet> readXlsStrictly(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  const std::string bytes{std::istreambuf_iterator<char>(in), {}};
+  const std::string bytes = fileBytes(file);
   const std::string stream = Container(bytes).workbook();
   return BookReader(stream).read();
 }

@@ -3,13 +3,12 @@
 
 #include <cstdint>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <regex>
 #include <stdexcept>
 #include <string_view>
 
 #include "common/text_number.h"
+#include "support/file_bytes.h"
 #include "support/read_sheets.h"
 
 namespace triaxlab::testing {
@@ -122,8 +121,7 @@ FoundSheet sheetOf(const std::string& name, std::string_view part, const std::ve
 }  // namespace
 
 std::vector<FoundSheet> readXlsx(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  const std::map<std::string, std::string> parts = partsOf({std::istreambuf_iterator<char>(in), {}});
+  const std::map<std::string, std::string> parts = partsOf(fileBytes(file));
   const std::vector<std::string> displays = displaysOf(parts.at("xl/styles.xml"));
   std::vector<FoundSheet> sheets;
   eachMatch(parts.at("xl/workbook.xml"), R"re(<sheet name="([^"]*)" sheetId="(\d+)")re", [&](const std::smatch& match) {

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <random>
 #include <string>
 #include <string_view>
+
+#include "support/file_bytes.h"
 
 namespace triaxlab::testing {
 
@@ -40,11 +39,7 @@ class TemporaryFolder {
     std::ofstream(file, std::ios::binary) << bytes;
     return file;
   }
-  std::string read(const std::filesystem::path& name) const {
-    std::ifstream file(m_path / name, std::ios::binary);
-    EXPECT_TRUE(file.is_open()) << name;
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
+  std::string read(const std::filesystem::path& name) const { return fileBytes(m_path / name); }
 
  private:
   std::filesystem::path m_path;

@@ -3,14 +3,13 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "played_program.h"
+#include "support/file_bytes.h"
 #include "support/print_server.h"
 
 namespace triaxlab::testing {
@@ -26,20 +25,14 @@ std::vector<std::string> scriptNames() {
   return names;
 }
 
-std::string contentOf(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  EXPECT_TRUE(file.is_open()) << path;
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 class Script : public ::testing::TestWithParam<std::string> {};
 
 TEST_P(Script, RunsToItsEnd) {
   const std::filesystem::path file = std::filesystem::path(TRIAXLAB_SCRIPTS) / GetParam();
-  const PlayResult result = PlayedProgram().play(contentOf(file.string() + ".play"));
+  const PlayResult result = PlayedProgram().play(fileBytes(file.string() + ".play"));
   EXPECT_EQ(result.errors, "");
   EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(result.out, contentOf(file.string() + ".out"));
+  EXPECT_EQ(result.out, fileBytes(file.string() + ".out"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Windows, Script, ::testing::ValuesIn(scriptNames()),
