@@ -28,16 +28,17 @@ std::optional<double> drainedSection(double consolidatedArea, double consolidate
   return volume / height;
 }
 
-SectionCorrection::SectionCorrection(const TriaxialSampleRecord& record, std::size_t slot, DrainedForm form)
+SectionCorrection::SectionCorrection(const TriaxialSampleRecord& record, std::size_t slot, DrainedForm form,
+                                     std::uint8_t shearMode, const RowStrains& strains)
     : m_method(record.testMethod),
       m_zeroStays(form == DrainedForm::CommonSet),
       m_initialArea(record.initialArea[slot].number()),
       m_consolidatedArea(record.consolidatedArea[slot].number()),
       m_height(record.consolidatedHeight[slot].number()),
       m_drainedNumerator(m_initialArea),
-      m_strains(record, slot) {
+      m_strains(strains) {
   if (form == DrainedForm::OnInitialArea) return;
-  if (record.shearMode == 2)
+  if (shearMode == 2)
     m_height /= 100;
   else
     m_drainedNumerator = m_consolidatedArea;

@@ -20,7 +20,7 @@ inline constexpr std::size_t kCorrectedRows = 50;
 
 /// Strain from one row to the next: 0.2 % when several stages are sheared on one specimen, else 0.4 %. A record of
 /// shearMode 3 has steps of 0.4 % here, although its strain column has steps of 0.2 %.
-inline double shearStep(const TriaxialSampleRecord& record) { return record.shearMode == 2 ? 0.002 : 0.004; }
+inline double shearStep(std::uint8_t shearMode) { return shearMode == 2 ? 0.002 : 0.004; }
 
 /// Strain that the stages before this one have used up: 0.2 % for each row of theirs, up to the first row without
 /// stress. An unused slot in front counts as one row.
@@ -40,11 +40,14 @@ std::optional<DrainedFactors> drainedFactors(std::int16_t initialHeight, std::in
 /// to 0.
 std::optional<double> drainedSection(double consolidatedArea, double consolidatedHeight, double drained, double strain);
 
-/// The strain of each row of a slot. It runs on from the earlier stages of the specimen, but not in a CU test.
+/// The strain of each row of a slot.
 class RowStrains {
  public:
+  /// Of a specimen by itself: it begins at 0.
+  explicit RowStrains(std::uint8_t shearMode) : m_step(shearStep(shearMode)), m_used(0) {}
+  /// It runs on from the earlier stages of the specimen, but not in a CU test.
   RowStrains(const TriaxialSampleRecord& record, std::size_t slot)
-      : m_step(shearStep(record)),
+      : m_step(shearStep(record.shearMode)),
         m_used(record.shearMode == 2 && record.testMethod != kCU ? strainOfEarlierStages(record, slot) : 0) {}
   double of(std::size_t row) const { return static_cast<double>(row + 1) * m_step + m_used; }
 
@@ -67,12 +70,19 @@ enum class DrainedForm : std::uint8_t {
 class SectionCorrection {
  public:
   /// Pre: the slot has its measures, and the slots in front have their readings.
-  SectionCorrection(const TriaxialSampleRecord& record, std::size_t slot, DrainedForm form);
+  SectionCorrection(const TriaxialSampleRecord& record, std::size_t slot, DrainedForm form)
+      : SectionCorrection(record, slot, form, record.shearMode, RowStrains(record, slot)) {}
+  /// Of a specimen by itself, whatever the slots in front of it hold and the record's own shear mode is.
+  SectionCorrection(const TriaxialSampleRecord& record, std::size_t slot, DrainedForm form, std::uint8_t shearMode)
+      : SectionCorrection(record, slot, form, shearMode, RowStrains(shearMode)) {}
   /// The stress of a row, kPa, from the reading and the volume that goes with it, 0.01 ml. A reading that can't be
   /// corrected stays as it is. Words of 16 bits give no stress that isn't finite.
   double stress(double reading, std::size_t row, std::int16_t volume) const;
 
  private:
+  SectionCorrection(const TriaxialSampleRecord& record, std::size_t slot, DrainedForm form, std::uint8_t shearMode,
+                    const RowStrains& strains);
+
   std::uint8_t m_method;
   bool m_zeroStays;
   double m_initialArea, m_consolidatedArea, m_height;

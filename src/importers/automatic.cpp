@@ -111,16 +111,18 @@ constexpr std::uint8_t kValid = 255;
 
 bool hasNewerBlock(const AutomaticEntry& entry) { return entry.entryTail.entryFormat > kLastOlderFormat; }
 
-/// Goes across as it stands whatever reads the file.
+/// Go across as they stand whatever reads the file.
 using Record = TriaxialSampleRecord;
 using Raw = AutoSpecimenRecord;
-constexpr std::tuple kSpecimenFields{
+constexpr std::tuple kIdentityFields{
     Fill{&Raw::recordProjectNo, &Record::projectNo, shownTextInto},
     Fill{&Raw::recordSampleNo, &Record::sampleNo, shownTextInto},
     Fill{&Raw::testMethod, &Record::testMethod, asItStands},
     Fill{&Raw::shearMode, &Record::shearMode, asItStands},
     Fill{&Raw::recordCodeA, &Record::recordCodeA, asItStands},
     Fill{&Raw::recordCodeB, &Record::recordCodeB, asItStands},
+};
+constexpr std::tuple kSpecimenFields{
     Fill{&Raw::rawShearRate, &Record::shearRate, asItStands},
     Fill{&Raw::rawCellPressure, &Record::cellPressure, wholeOfTenthsInto},
     Fill{&Raw::rawInitialHeight, &Record::initialHeight, hundredthsInto},
@@ -135,8 +137,9 @@ constexpr std::tuple kConsolidatedSize{
 /// How the file is read today.
 struct CurrentReader {
   static constexpr auto kGathering = TriaxialImportPlan::Gathering::BySample;
+  static constexpr auto kSampleFields =
+      std::tuple_cat(kIdentityFields, std::tuple(Fill{&Raw::rawStageFlag, &Record::uuAdjustFlag, asItStands}));
   static constexpr std::tuple kReadings{
-      Fill{&Raw::rawStageFlag, &Record::uuAdjustFlag, asItStands},
       Fill{&Raw::rawConsolidationPore, &Record::consolidationPorePressure, readingInto},
       Fill{&Raw::rawConsolidationVolume, &Record::consolidationVolume, signedReadingInto},
   };
@@ -144,14 +147,16 @@ struct CurrentReader {
   static bool hasConsolidatedSize(std::uint8_t testMethod) { return testMethod != kUU; }
   static std::int16_t poreWord(std::int16_t word) { return fromSignAndMagnitude(word); }
   static std::int16_t hundredthsOfOlderVolume(std::int16_t word) { return wholeOfTenths(word); }
-  static SectionCorrection correction(const Record& row, std::size_t slot, bool newerBlock) {
-    return {row, slot, newerBlock ? DrainedForm::OnInitialArea : DrainedForm::ByShearMode};
+  static SectionCorrection correction(const Record& row, std::size_t slot, const Raw& raw, bool newerBlock) {
+    if (newerBlock) return {row, slot, DrainedForm::OnInitialArea, raw.shearMode};
+    return {row, slot, DrainedForm::ByShearMode};
   }
 };
 
 /// How it was read in the first years of the apparatus.
 struct FirstReader {
   static constexpr auto kGathering = TriaxialImportPlan::Gathering::OwnRow;
+  static constexpr auto kSampleFields = kIdentityFields;
   static constexpr std::tuple kReadings{
       Fill{&Raw::rawConsolidationPore, &Record::consolidationPorePressure, readingInto, 21},
       Fill{&Raw::rawConsolidationVolume, &Record::consolidationVolume, readingInto},
@@ -163,7 +168,9 @@ struct FirstReader {
   struct NoCorrection {
     static double stress(double reading, std::size_t /*row*/, std::int16_t /*volume*/) { return reading; }
   };
-  static NoCorrection correction(const Record& /*row*/, std::size_t /*slot*/, bool /*newerBlock*/) { return {}; }
+  static NoCorrection correction(const Record& /*row*/, std::size_t /*slot*/, const Raw& /*raw*/, bool /*newerBlock*/) {
+    return {};
+  }
 };
 
 // ---- the index
@@ -243,7 +250,7 @@ BlockExtent judgeBlock(const AutomaticEntry& entry, const FileHead& head, Eviden
 template <class Reader>
 void fillShear(const AutoSpecimenRecord& raw, bool newerBlock, Record& row, std::size_t slot) {
   const bool unscaledStress = newerBlock && (raw.recordCodeB == 12 || raw.recordCodeB == 13);
-  const auto correction = Reader::correction(row, slot, newerBlock);
+  const auto correction = Reader::correction(row, slot, raw, newerBlock);
   for (std::size_t reading = 1; reading < kImportedShearRows; ++reading) {
     const std::int16_t stress = raw.rawStress[reading], pore = raw.rawPore[reading];
     if (readingOrZero(stress) == 0) continue;
@@ -309,14 +316,27 @@ struct AutomaticFormat {
       const Group group{block.newer, specimens.subspan(at, groupSize(block.newer))};
       const auto identity = identityOf(group);
       if (block.newer && !identity) continue;
-      plan.addGroup(identity.value_or(TriaxialIdentity{}), Reader::kGathering);
+      const auto gathering = block.newer ? TriaxialImportPlan::Gathering::InPlace : Reader::kGathering;
+      plan.addGroup(identity.value_or(TriaxialIdentity{}), gathering);
       groups.push_back(group);
     }
   }
 
   static void fill(const Group& group, Record& row) {
-    for (std::size_t slot = 0; slot < group.slots.size(); ++slot)
-      if (group.hasSpecimen(slot)) fillSpecimen<Reader>(group.slots[slot], group.inNewerBlock, row, slot);
+    if (group.inNewerBlock) return fillOne(group.slots.front(), row);
+    for (std::size_t slot = 0; slot < group.slots.size(); ++slot) {
+      if (!group.hasSpecimen(slot)) continue;
+      fillFields(group.slots[slot], row, slot, Reader::kSampleFields);
+      fillSpecimen<Reader>(group.slots[slot], group.inNewerBlock, row, slot);
+    }
+  }
+
+  /// The first specimen of a sample tells what the sample is.
+  static void fillOne(const Raw& raw, Record& row) {
+    const auto slot = makePlaceForSpecimen(row, wholeOfTenths(raw.rawCellPressure));
+    if (!slot) return;
+    if (row.sampleNo.isBlank()) fillFields(raw, row, *slot, Reader::kSampleFields);
+    fillSpecimen<Reader>(raw, true, row, *slot);
   }
 };
 

@@ -170,18 +170,20 @@ Recognition recogniseManual(const FileHead& head) {
   return evidence.verdict();
 }
 
-// ---- a specimen fills the first slot of a blank row
+// ---- a specimen fills its slot of the row of its sample
 
 using Record = TriaxialSampleRecord;
 using Raw = ManualSpecimenRecord;
-constexpr std::size_t kSlot = 0;
 
-constexpr std::tuple kSpecimenFields{
+/// As the first specimen of the sample tells it.
+constexpr std::tuple kSampleFields{
     Fill{&Raw::recordProjectNo, &Record::projectNo, shownTextInto},
     Fill{&Raw::recordSampleNo, &Record::sampleNo, shownTextInto},
     Fill{&Raw::testMethod, &Record::testMethod, asItStands},
     Fill{&Raw::shearMode, &Record::shearMode, asItStands},
     Fill{&Raw::stageFlag, &Record::uuAdjustFlag, asItStands},
+};
+constexpr std::tuple kSpecimenFields{
     Fill{&Raw::rawShearRate, &Record::shearRate, asItStands},
     Fill{&Raw::rawCellPressure, &Record::cellPressure, wholeInto},
     Fill{&Raw::rawInitialHeight, &Record::initialHeight, hundredthsInto},
@@ -193,27 +195,27 @@ constexpr std::tuple kSpecimenFields{
 
 /// Worked out from the drainage, of UU tests as well. Without an initial volume the stored height stands and the area
 /// stays blank.
-void fillConsolidatedSize(const Raw& raw, Record& row) {
-  if (raw.testMethod != kUU) hundredthsInto(row.consolidatedHeight[kSlot], raw.rawConsolidatedHeight);
+void fillConsolidatedSize(const Raw& raw, Record& row, std::size_t slot) {
+  if (raw.testMethod != kUU) hundredthsInto(row.consolidatedHeight[slot], raw.rawConsolidatedHeight);
   const auto factors = drainedFactors(raw.rawInitialHeight, raw.rawInitialArea, raw.rawDrainage);
   if (!factors) return;
   const double height = raw.rawInitialHeight / 100.0 * factors->height;
   const double area = raw.rawInitialArea / 100.0 * factors->area;
-  if (height != 0) SetNumber(row.consolidatedHeight[kSlot], height, NumberFormat::Hundredths);
-  if (area != 0) SetNumber(row.consolidatedArea[kSlot], area, NumberFormat::Hundredths);
+  if (height != 0) SetNumber(row.consolidatedHeight[slot], height, NumberFormat::Hundredths);
+  if (area != 0) SetNumber(row.consolidatedArea[slot], area, NumberFormat::Hundredths);
 }
 
 /// Rows whose stress reads as 0 leave no gap: the later ones move up, pore pressure and volume with them.
-void fillShear(const Raw& raw, Record& row) {
-  const SectionCorrection correction(row, kSlot, DrainedForm::CommonSet);
+void fillShear(const Raw& raw, Record& row, std::size_t slot) {
+  const SectionCorrection correction(row, slot, DrainedForm::CommonSet, raw.shearMode);
   std::size_t i = 0;
   for (std::size_t reading = 1; reading < kImportedShearRows; ++reading) {
     const double stress = wholeOfTenths(readingOrZero(raw.rawStress[reading]));
     if (stress == 0) continue;
     const std::int16_t volume = readingOrZero(raw.rawVolume[reading]);
-    SetNumber(row.deviatorStress[i][kSlot], correction.stress(stress, i, volume), NumberFormat::Whole);
-    if (raw.rawPore[reading] != kNoReading) wholeOfTenthsInto(row.porePressure[i][kSlot], raw.rawPore[reading]);
-    row.volumeChange[i][kSlot] = volume;
+    SetNumber(row.deviatorStress[i][slot], correction.stress(stress, i, volume), NumberFormat::Whole);
+    if (raw.rawPore[reading] != kNoReading) wholeOfTenthsInto(row.porePressure[i][slot], raw.rawPore[reading]);
+    row.volumeChange[i][slot] = volume;
     ++i;
   }
 }
@@ -225,7 +227,7 @@ struct ManualFormat {
   using Entry = ManualIndexEntry;
   using Block = ManualBlock;
   using Group = const ManualSpecimenRecord*;
-  static constexpr auto kGathering = TriaxialImportPlan::Gathering::BySample;
+  static constexpr auto kGathering = TriaxialImportPlan::Gathering::InPlace;
 
   static std::vector<Entry> readIndex(const File& file, Remarks& remarks) { return indexOf(file, remarks); }
   static SourceRow gridRow(const Entry& entry) { return rowOf(entry); }
@@ -237,9 +239,12 @@ struct ManualFormat {
   }
 
   static void fill(Group raw, Record& row) {
-    fillFields(*raw, row, kSlot, kSpecimenFields);
-    fillConsolidatedSize(*raw, row);
-    fillShear(*raw, row);
+    const auto slot = makePlaceForSpecimen(row, raw->rawCellPressure);
+    if (!slot) return;
+    if (row.sampleNo.isBlank()) fillFields(*raw, row, *slot, kSampleFields);
+    fillFields(*raw, row, *slot, kSpecimenFields);
+    fillConsolidatedSize(*raw, row, *slot);
+    fillShear(*raw, row, *slot);
   }
 };
 

@@ -202,7 +202,7 @@ void fillPoreAndVolume(const Raw& raw, Record& row, std::size_t slot) {
 void fillStress(const QvbGroupRecord& group, Record& row, std::size_t slot) {
   const Raw& raw = group.specimens[slot];
   const double used = row.shearMode == 2 ? strainOfEarlierDials(group, slot) : 0;
-  const double step = shearStep(row);
+  const double step = shearStep(row.shearMode);
   const RingStress ring(raw, row, slot);
   for (std::size_t i = 0; i < kReadings; ++i) {
     if (!hasReading(raw, i)) continue;

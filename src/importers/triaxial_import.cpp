@@ -53,6 +53,17 @@ std::optional<std::size_t> slotForPressure(const TriaxialSampleRecord& row, doub
   return known ? known : slotOfPressure(row, 0);
 }
 
+std::optional<std::size_t> makePlaceForSpecimen(TriaxialSampleRecord& row, double pressure) {
+  static const Record kBlank;
+  constexpr std::size_t kFirst = 0;
+  if (row.sampleNo.isBlank()) return kFirst;
+  if (pressure == 0) return std::nullopt;
+  const auto slot = slotForPressure(row, pressure);
+  const bool wasWritten = slot && !row.cellPressure[*slot].isBlank();
+  if (wasWritten) copySpecimen(kBlank, kFirst, row, *slot);
+  return slot;
+}
+
 // A small part of the record, whose other fields were never touched.
 void ImportTarget<Record>::blankAgain(Record& record) {
   static const Record kBlank;

@@ -12,8 +12,12 @@ namespace triaxlab {
 /// The slot of a row with this cell pressure, kPa, else the first free one; nothing when all five are taken by others.
 std::optional<std::size_t> slotForPressure(const TriaxialSampleRecord& row, double pressure);
 
-/// A group that may join a row fills what lies in front of deviatorStress, and of the readings the first
-/// kImportedShearRows and kImportedConsolidationRows.
+/// The slot of a row that a specimen which is a group of its own goes to, blank where an import writes: of a blank row
+/// the first, else that of its pressure. Nothing for one without a pressure that isn't the first, and for a sixth.
+std::optional<std::size_t> makePlaceForSpecimen(TriaxialSampleRecord& row, double pressure);
+
+/// A group of several specimens that may join a row fills what lies in front of deviatorStress, and of the readings the
+/// first kImportedShearRows and kImportedConsolidationRows.
 template <>
 struct ImportTarget<TriaxialSampleRecord> {
   static constexpr SampleTable<TriaxialSampleRecord> Workspace::*kTable = &Workspace::TriaxialSampleTable;

@@ -167,11 +167,13 @@ TEST_F(StageOffset, ActsWithTheSmallStepAndNotOnCu) {
 }
 
 TEST_F(StageOffset, ASpecimenOfANewerBlockIsCorrectedOnItsOwn) {
-  Specimen second = specimen(kUu, 2);
+  Specimen second = specimen(kUu, 2), third = specimen(kUu, 0);
   second.cellPressure = 2000;
-  importAll({newerEntry({specimen(kUu, 2, readings(3, 10000)), second})});
+  third.cellPressure = 3000;
+  importAll({newerEntry({specimen(kUu, 2, readings(3, 10000)), second, third})});
   EXPECT_EQ(row(0).cellPressure[1].trimmed(), "200");
   EXPECT_EQ(stress(0, 1), "998");
+  EXPECT_EQ(stress(0, 2), "996") << "by the steps of its own shear mode";
 }
 
 }  // namespace

@@ -65,8 +65,13 @@ TEST_F(Gathering, ASpecimenWithoutPressureDoesNotGoOver) {
   EXPECT_EQ(importAll({newerEntry({at(100, 11), at(0, 12)})}).sampleRows, 1U);
   EXPECT_EQ(slots(0), "100:11");
   // As the first of its sample it stays, and its slot counts as free.
-  importAll({newerEntry({at(0, 10), at(100, 11)})});
+  Specimen first = at(0, 10);
+  first.stress = {{1, 100}, {2, 200}};
+  first.initialHeight = 800;
+  importAll({newerEntry({first, at(100, 11)})});
   EXPECT_EQ(slots(0), "100:11");
+  EXPECT_EQ(stress(1), "") << "what takes its slot leaves nothing of it";
+  EXPECT_TRUE(row(0).initialHeight[0].isBlank());
 }
 
 TEST_F(Gathering, SampleProjectAndMethodTellSamplesApart) {
