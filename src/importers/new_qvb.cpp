@@ -226,15 +226,12 @@ void fillConsolidatedSize(const Raw& raw, Record& row, std::size_t slot) {
 bool hasReading(const Raw& raw, std::size_t reading) { return readingOrZero(raw.rawDial[reading]) != 0; }
 
 /// The last dial reading has neither.
-void fillPoreAndVolume(const Raw& raw, Record& row, std::size_t slot) {
-  for (std::size_t reading = 1; reading < kImportedShearRows; ++reading) {
-    if (!hasReading(raw, reading)) continue;
-    const std::size_t i = reading - 1;
-    const bool exists = reading < kPoreWords;
-    if (exists && raw.rawPore[reading] != kNoReading)
-      wholeOfTenthsInto(row.porePressure[i][slot], fromSignAndMagnitude(raw.rawPore[reading]));
-    row.volumeChange[i][slot] = exists ? readingOrZero(raw.rawVolume[reading]) : std::int16_t{0};
-  }
+void fillPoreAndVolume(const Raw& raw, std::size_t reading, Record& row, std::size_t slot) {
+  const std::size_t i = reading - 1;
+  const bool exists = reading < kPoreWords;
+  if (exists && raw.rawPore[reading] != kNoReading)
+    wholeOfTenthsInto(row.porePressure[i][slot], fromSignAndMagnitude(raw.rawPore[reading]));
+  row.volumeChange[i][slot] = exists ? readingOrZero(raw.rawVolume[reading]) : std::int16_t{0};
 }
 
 /// The load in N as its text to one decimal reads. Its words, tenths of a division and thousandths of a newton, have a
@@ -247,15 +244,17 @@ double loadOf(const Raw& raw, std::size_t reading, FixedText<6>& text) {
   return SetAndRead(text, product / 10000.0, NumberFormat::Tenths);
 }
 
-/// Every load becomes a stress, as far as it can be corrected, and so does what an earlier test at this pressure left
-/// in a row that has no reading now.
-void fillStress(const Raw& raw, Record& row, std::size_t slot) {
+/// The readings of the shear phase. Every load becomes a stress, as far as it can be corrected, and so does what an
+/// earlier test at this pressure left in a row that has no reading now.
+void fillShear(const Raw& raw, Record& row, std::size_t slot) {
   const RowStrains strains(row, slot);
   const LoadCorrection correction(row, slot);
-  for (std::size_t i = 0; i + 1 < kImportedShearRows; ++i) {
+  for (std::size_t reading = 1; reading < kImportedShearRows; ++reading) {
+    const std::size_t i = reading - 1;
     FixedText<6>& stress = row.deviatorStress[i][slot];
-    const bool isRead = hasReading(raw, i + 1);
-    const double load = isRead ? loadOf(raw, i + 1, stress) : stress.number();
+    const bool isRead = hasReading(raw, reading);
+    if (isRead) fillPoreAndVolume(raw, reading, row, slot);
+    const double load = isRead ? loadOf(raw, reading, stress) : stress.number();
     std::optional<double> corrected;
     if (load != 0 && i < kCorrectedRows)
       corrected = correction(load, strains.of(i), drainedVolume(row.volumeChange[i][slot]));
@@ -293,8 +292,7 @@ struct NewQvbFormat {
     fillFields(*raw, row, *slot, kSpecimenFields);
     splitShearMode(row);
     fillConsolidatedSize(*raw, row, *slot);
-    fillPoreAndVolume(*raw, row, *slot);
-    fillStress(*raw, row, *slot);
+    fillShear(*raw, row, *slot);
   }
 };
 
