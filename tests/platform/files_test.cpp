@@ -117,11 +117,11 @@ TEST_F(Files, ComplaintsNameTheFileAndTheCause) {
       {folder / "file/below", kBelowAFile},
       {folder / longName, kTooLong},
   };
-  for (const auto& [path, cause] : cases) {
-    const auto names = AllOf(HasSubstr(textOfPath(path)), HasSubstr(cause));
-    EXPECT_THAT(complaintOf([&] { File(path, File::Mode::Read); }), names);
-    EXPECT_THAT(complaintOf([&] { File(path, File::Mode::Update); }), names);
-    EXPECT_THAT(complaintOf([&] { readWholeFile(path, 100); }), names);
+  for (const auto& file : cases) {
+    const auto names = AllOf(HasSubstr(textOfPath(file.path)), HasSubstr(file.cause));
+    EXPECT_THAT(complaintOf([&] { File(file.path, File::Mode::Read); }), names);
+    EXPECT_THAT(complaintOf([&] { File(file.path, File::Mode::Update); }), names);
+    EXPECT_THAT(complaintOf([&] { readWholeFile(file.path, 100); }), names);
   }
   EXPECT_THAT(complaintOf([&] { File(folder / "folder", File::Mode::Create); }), HasSubstr("它是一个文件夹"));
   EXPECT_THAT(complaintOf([&] { File(folder / "folder", File::Mode::Shared); }), HasSubstr("它是一个文件夹"));
