@@ -12,8 +12,8 @@ namespace triaxlab::layering {
 namespace {
 
 using ::testing::ElementsAre;
-using triaxlab::testing::fileBytes;
 using ::testing::IsEmpty;
+using triaxlab::testing::fileBytes;
 
 std::vector<SourceFile> filesOfTheHouse() {
   const std::filesystem::path root = std::filesystem::path(TRIAXLAB_SOURCE) / "src";
