@@ -1,20 +1,28 @@
 #include "platform/thinned_line.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace triaxlab {
 namespace {
 
-/// Of a point from the straight piece between two others.
-double distance(Point point, Point from, Point to) {
-  const double dx = to.x - from.x, dy = to.y - from.y;
-  const double squaredLength = dx * dx + dy * dy;
-  const double along =
-      squaredLength > 0 ? std::clamp(((point.x - from.x) * dx + (point.y - from.y) * dy) / squaredLength, 0.0, 1.0) : 0;
-  return std::hypot(point.x - from.x - along * dx, point.y - from.y - along * dy);
-}
+/// The straight piece between two points.
+class Piece {
+ public:
+  Piece(Point from, Point to)
+      : m_from(from), m_dx(to.x - from.x), m_dy(to.y - from.y), m_squaredLength(m_dx * m_dx + m_dy * m_dy) {}
+
+  double squaredDistance(Point point) const {
+    const double x = point.x - m_from.x, y = point.y - m_from.y;
+    const double along = m_squaredLength > 0 ? std::clamp((x * m_dx + y * m_dy) / m_squaredLength, 0.0, 1.0) : 0;
+    const double dx = x - along * m_dx, dy = y - along * m_dy;
+    return dx * dx + dy * dy;
+  }
+
+ private:
+  Point m_from;
+  double m_dx, m_dy, m_squaredLength;
+};
 
 }  // namespace
 
@@ -28,9 +36,10 @@ std::vector<Point> thinnedLine(std::span<const Point> points, double tolerance) 
   while (!ends.empty()) {
     const std::size_t end = ends.back();
     std::size_t farthest = begin;
-    double most = tolerance;
+    double most = tolerance * tolerance;
+    const Piece piece(points[begin], points[end]);
     for (std::size_t i = begin + 1; i < end; ++i) {
-      const double away = distance(points[i], points[begin], points[end]);
+      const double away = piece.squaredDistance(points[i]);
       if (away > most) most = away, farthest = i;
     }
     if (farthest != begin) {

@@ -68,6 +68,13 @@ void ClickLabel::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) emit doubleClicked();
 }
 
+/// In pixels. A window asks all its labels whenever it is painted, and few have changed.
+int ClickLabel::neededWidth() {
+  if (!m_measured || m_measured->text != text() || m_measured->font != font())
+    m_measured = {.text = text(), .font = font(), .width = fontMetrics().size(0, text()).width()};
+  return m_measured->width;
+}
+
 bool ClickLabel::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip || !toolTip().isEmpty()) return QLabel::event(event);
   const bool condensed = neededWidth() > contentsRect().width();

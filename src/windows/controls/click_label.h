@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QLabel>
 #include <cstdint>
 #include <optional>
@@ -49,11 +50,18 @@ class ClickLabel : public QLabel {
  private:
   void setGround();
   void paintText(QPaintEvent* event);
-  int neededWidth() const { return fontMetrics().size(0, text()).width(); }
+  int neededWidth();
 
   Look m_look;
   bool m_marked = false;
   std::optional<QColor> m_ink;
+
+  struct Measured {
+    QString text;
+    QFont font;
+    int width = 0;
+  };
+  std::optional<Measured> m_measured;  // the text as it was last asked for
 };
 
 }  // namespace triaxlab
