@@ -256,6 +256,17 @@ TEST_F(Manual, SpecimensGatherBySampleAndPressure) {
   EXPECT_EQ(stress(1, 0), "") << "replaced whole";
 }
 
+TEST_F(Manual, TheFirstSpecimenDecidesWhatBelongsToTheSample) {
+  ManualSpecimen second = consolidated(1, 2);
+  second.cellPressure = 200;
+  second.stageFlag = 1;
+  import({consolidated(1, 0), second});
+  EXPECT_EQ(row(0).shearMode, 0);
+  EXPECT_EQ(row(0).uuAdjustFlag, 0);
+  EXPECT_EQ(stress(0, 0), "996");
+  EXPECT_EQ(stress(0, 1), "998") << "by the steps of its own shear mode";
+}
+
 // ---- damage
 
 TEST_F(Manual, AShortFileListsWhatIsThere) {
