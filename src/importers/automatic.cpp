@@ -111,9 +111,10 @@ constexpr std::uint8_t kValid = 255;
 
 bool hasNewerBlock(const AutomaticEntry& entry) { return entry.entryTail.entryFormat > kLastOlderFormat; }
 
-/// Go across as they stand whatever reads the file.
 using Record = TriaxialSampleRecord;
 using Raw = AutoSpecimenRecord;
+
+// These go across as they stand whatever reads the file.
 constexpr std::tuple kIdentityFields{
     Fill{&Raw::recordProjectNo, &Record::projectNo, shownTextInto},
     Fill{&Raw::recordSampleNo, &Record::sampleNo, shownTextInto},

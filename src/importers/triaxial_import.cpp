@@ -12,6 +12,8 @@ namespace {
 
 using Record = TriaxialSampleRecord;
 
+const Record& blank() { return SampleTable<Record>::blank(); }
+
 template <class Rows>
 void copyRows(const Rows& from, std::size_t fromSlot, Rows& into, std::size_t intoSlot, std::size_t count) {
   for (std::size_t row = 0; row < count; ++row) into[row][intoSlot] = from[row][fromSlot];
@@ -54,23 +56,21 @@ std::optional<std::size_t> slotForPressure(const TriaxialSampleRecord& row, doub
 }
 
 std::optional<std::size_t> makePlaceForSpecimen(TriaxialSampleRecord& row, double pressure) {
-  static const Record kBlank;
   constexpr std::size_t kFirst = 0;
   if (row.sampleNo.isBlank()) return kFirst;
   if (pressure == 0) return std::nullopt;
   const auto slot = slotForPressure(row, pressure);
   const bool wasWritten = slot && !row.cellPressure[*slot].isBlank();
-  if (wasWritten) copySpecimen(kBlank, kFirst, row, *slot);
+  if (wasWritten) copySpecimen(blank(), kFirst, row, *slot);
   return slot;
 }
 
 // A small part of the record, whose other fields were never touched.
 void ImportTarget<Record>::blankAgain(Record& record) {
-  static const Record kBlank;
   constexpr std::size_t kHead = offsetof(Record, deviatorStress);
-  std::copy_n(bytesOf(kBlank).begin(), kHead, writableBytesOf(record).begin());
+  std::copy_n(bytesOf(blank()).begin(), kHead, writableBytesOf(record).begin());
   forEachReadingField(
-      [&](auto member, std::size_t count) { std::copy_n((kBlank.*member).begin(), count, (record.*member).begin()); });
+      [&](auto member, std::size_t count) { std::copy_n((blank().*member).begin(), count, (record.*member).begin()); });
 }
 
 void ImportTarget<Record>::join(const Record& from, Record& into) {
